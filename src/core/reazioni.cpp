@@ -1,0 +1,47 @@
+#include "core/reazioni.h"
+
+#include <cstdlib>
+
+#include "core/stato.h"
+
+namespace reazioni {
+
+namespace {
+constexpr int kNessuno = 0;
+constexpr int kRipresaSenzaErrore = 20;
+constexpr int kInterno = 51;
+}  // namespace
+
+bool ignorata(int numero) {
+  return numero == kNessuno || numero == kRipresaSenzaErrore || numero == errore::kFileAssente ||
+         numero == errore::kAccessoPercorso || numero == errore::kNessunRecord;
+}
+
+void segnala(Utente& utente, const QString& prefisso, const Errore& errore) {
+  utente.MsgBox(prefisso + QString::number(errore.numero) + QStringLiteral(" - ") + errore.descrizione,
+                Icona::Critica);
+}
+
+void databaseCorrotto(Utente& utente) {
+  utente.MsgBox(
+      QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. PROCEDURA ABORTITA !!!"),
+      Icona::Critica);
+  varGlobal().FlagAnomalia = 1;
+  utente.Termina();
+  std::abort();  // never reached: the port does not return
+}
+
+QString testoErroreImprevisto(const Errore& errore, const QString& procedura, const QString& modulo) {
+  return QStringLiteral("Error ") + QString::number(errore.numero) + QStringLiteral(" (") + errore.descrizione +
+         QStringLiteral(") in procedure ") + procedura + QStringLiteral(" of Modulo ") + modulo;
+}
+
+void segnalaImprevisto(Utente& utente, const Errore& errore, const QString& procedura, const QString& modulo) {
+  utente.MsgBox(testoErroreImprevisto(errore, procedura, modulo));
+}
+
+Errore daEccezione(const std::exception& eccezione) {
+  return {kInterno, QString::fromLocal8Bit(eccezione.what())};
+}
+
+}  // namespace reazioni

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+#include <functional>
+#include <map>
+
+struct Contesto;
+
+/// The screens of the program by name. Each is one instance, made at its first use, gone when it is unloaded
+/// (closing a screen unloads it), fresh at its next use. Upper layers register their screens here, so that a
+/// lower one can open them by name.
+class Schermate {
+ public:
+  using Fabbrica = std::function<QWidget*(Contesto&)>;
+
+  Schermate() = default;
+  ~Schermate();
+  Schermate(const Schermate&) = delete;
+  Schermate& operator=(const Schermate&) = delete;
+
+  void registra(const QString& nome, Fabbrica fabbrica);
+  bool registrata(const QString& nome) const;
+  /// The instance, made now if there is none. Throws Errore 9 for a name that nobody registered.
+  QWidget& carica(const QString& nome, Contesto& contesto);
+  /// Loads, shows non-modally and brings to the front.
+  QWidget& mostra(const QString& nome, Contesto& contesto);
+  /// Loads a dialog, runs it to its end and unloads it.
+  void mostraModale(const QString& nome, Contesto& contesto);
+  /// The instance if there is one.
+  QWidget* trova(const QString& nome) const;
+  /// Closes and destroys the instance; nothing if there is none.
+  void scarica(const QString& nome);
+  /// In the order in which they were made.
+  void scaricaTutte();
+
+ private:
+  std::map<QString, Fabbrica> fabbriche_;
+  std::vector<std::pair<QString, QPointer<QWidget>>> aperte_;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+struct Contesto;
+
+/// Images to named files in the process's current folder and back, and their way to the till.
+namespace ecrlink {
+
+/// The one file that is cut to its record size; the others are one byte longer than theirs.
+inline constexpr const char* kFilePLU = "plu.bin";
+
+/// Writes `immagine` (record bytes plus one zero byte) under the name `file` and sends it. 0 or a failure
+/// code; every failure has been shown.
+int SendPRGTo_ECR(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto);
+/// Writes the image over the beginning of `file`; only "plu.bin" is cut to the image's upper bound.
+int CreaFileProgrammazione(const QString& file, std::span<const std::uint8_t> immagine, Contesto& contesto);
+/// Cuts an existing file. Throws Errore 53 if it cannot be opened, 5 if it cannot be cut.
+void TagliaFile(const QString& file, std::int64_t lunghezza);
+/// Fills the image from the file's beginning; a shorter file leaves the rest as it was. 0 on success.
+int ReadByteFromFile(std::span<std::uint8_t> immagine, const QString& file, Contesto& contesto);
+
+}  // namespace ecrlink

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+
+struct Contesto;
+class QWidget;
+
+/// The link to the till, the same for all seven link screens, which reach their controls by object name:
+/// `vkTextBoxIP_ECR`, `vkTextBoxLocal_IP`, `CmdInviaModECR`, `Cmd_Avvia`, `Cmd_Esci`, `TextModello`,
+/// `vkTextBoxTipoMacchina`, `TextBitmap`, `TextMMC`, `vkTextBox_VSW`, `vkTextBoxECR`.
+namespace ecrlink {
+
+/// Modes of the communications library.
+enum class Modo : int {
+  EcrInfo = 0,
+  ApriTrasferimento = 1,
+  ChiudiTrasferimento = 2,
+  AzzeraProgrammazione = 3,
+  AzzeraFatture = 4,
+  AzzeraVenduto = 5,
+  Invia = 6,
+  Ricevi = 7,
+  ChiusuraFiscale = 8,
+};
+
+inline constexpr const char* kIndirizzoPredefinito = "192.168.0.20";
+
+/// At the load of a link screen: default address, local addresses, start command off. Returns 0, or -1 when
+/// the computer has no name on the network (told to the person).
+int InitRete(QWidget& schermo, Contesto& contesto);
+/// The click of "Connetti". The outcome is the state of the screen and of IP_ECR.
+void ConnettiECR(QWidget& schermo, Contesto& contesto);
+bool ControllaIP(const QString& testo);
+/// 0 answered, -1 address or echo impossible, another number no answer.
+int PingECR(const QString& indirizzo, Contesto& contesto);
+/// Always 0; missing fields stay empty.
+int ParseInfoECR(const QString& risposta);
+/// 1 if the file is absent (told if `mostra`), 0 if it exists.
+int ControllaFile(const QString& nome, bool mostra, Contesto& contesto);
+
+/// One call of the library at IP_ECR; a code other than 0 is shown. `risposta` takes the whole buffer of 256
+/// characters in modes 0 to 5 and 8. Returns the code; 1 for a mode above 8.
+int ComandoECR(const QString& file, Modo modo, QString& risposta, Contesto& contesto);
+/// The call between an opening and a closing one (mode 8: alone). Returns 0 or 1.
+int avviaECR(const QString& file, Modo modo, Contesto& contesto);
+
+}  // namespace ecrlink

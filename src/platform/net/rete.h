@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <cstdint>
+
+/// What a link screen asks of the network. Virtual so that tests can stand a PC with two addresses, or with
+/// no name, before the screens; the program and the road tests use `reteDiSistema()`.
+class Rete {
+ public:
+  virtual ~Rete() = default;
+  /// Name of this computer; nothing (-1 of the platform) gives "<Error>".
+  virtual QString nomeComputer() = 0;
+  /// The computer's own IPv4 addresses in dotted form, loopback aside; the host name's look-up where there
+  /// are none. `nome` that does not resolve then gives the single entry "<error>".
+  virtual QStringList indirizziLocali(const QString& nome) = 0;
+  /// One echo with the given payload. Returns -1 if the address does not convert or no echo can be sent, 0 if
+  /// it was answered in time, another number if not.
+  virtual int eco(const QString& indirizzo, const QByteArray& dati, int millisecondi) = 0;
+};
+
+Rete& reteDiSistema();

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+
+#include "platform/errore.h"
+#include "platform/store/valore.h"
+
+/// The relational store: SQL texts of the callers' dialect over one file a database.
+/// Every call that fails throws Errore with one of the numbers of errore.h.
+namespace store {
+
+class Connessione;
+class Righe;
+
+/// Rows of a query, read whole at opening, with a current row. An empty set has `fine()` true at once;
+/// reading a field there throws Errore 3021, naming an unknown field 3265.
+class Recordset {
+ public:
+  explicit Recordset(std::shared_ptr<const Righe> righe);
+
+  bool vuoto() const { return RecordCount() == 0; }
+  /// True behind the last row.
+  bool fine() const { return riga_ >= RecordCount(); }
+  /// Moving in an empty set throws Errore 3021.
+  void MoveFirst();
+  void MoveLast();
+  void MoveNext();
+  int RecordCount() const;
+
+  /// Field of the current row by name, letter case aside.
+  Valore campo(const QString& nome) const;
+  Valore campo(int colonna) const;
+  /// Position of a column, to be looked up once before a loop. Throws 3265.
+  int colonna(const QString& nome) const;
+  int colonne() const;
+
+  /// Fast readers by position, no conversion: for loops over thousands of rows. Null throws 94.
+  std::int64_t intero64(int colonna) const;
+  /// UTF-8 bytes of a text; valid as long as the record set.
+  std::string_view utf8(int colonna) const;
+  bool nullo(int colonna) const;
+
+ private:
+  std::shared_ptr<const Righe> righe_;
+  int riga_ = 0;
+};
+
+/// Handle on an open database; copies share it. A default-made handle is closed.
+class Database {
+ public:
+  Database() = default;
+  explicit Database(std::shared_ptr<Connessione> connessione);
+
+  bool aperto() const;
+  QString percorso() const;
+  /// Runs one statement that returns no rows. Returns the number of rows it touched.
+  int Execute(const QString& sql);
+  Recordset OpenRecordset(const QString& sql);
+  /// Closes the file for every copy of the handle. A transaction that a command left open is committed.
+  /// Closing a closed handle throws Errore 3420 no more than once: it does nothing.
+  void Close();
+
+ private:
+  friend class Workspace;
+  Connessione& viva() const;
+  std::shared_ptr<Connessione> connessione_;
+};
+
+/// The default workspace: transactions over every database opened through it.
+///
+/// A begin inside an open transaction of the same command is a savepoint. A transaction that an earlier
+/// command left open is committed by the next command's first begin: `NuovoComando` draws the line.
+class Workspace {
+ public:
+  Workspace();
+  ~Workspace();
+  Workspace(const Workspace&) = delete;
+  Workspace& operator=(const Workspace&) = delete;
+
+  /// Opens an existing database. Throws 3024 (absent), 3343 (not a database, empty included), 3260 (locked
+  /// by another program), 75 (unreadable). A file that cannot be written opens read-only: its statements
+  /// throw 3073.
+  Database OpenDatabase(const QString& percorso);
+
+  void BeginTrans();
+  /// Throws 3034 with no transaction open.
+  void CommitTrans();
+  /// Undoes the innermost transaction. Does nothing more where the store has already undone it by itself;
+  /// throws 3034 with no transaction open.
+  void Rollback();
+  /// Nesting depth, 0 with no transaction open.
+  int livello() const;
+  /// Marks the start of a command entered from the event loop.
+  void NuovoComando();
+
+  /// Undoes every open transaction and closes every database: the end of the process.
+  void Abbandona();
+
+ private:
+  struct Interno;
+  std::unique_ptr<Interno> interno_;
+};
+
+/// Copies a template over `destinazione`, durably and whole or not at all. Throws 53 (no source), 61, 70, 75.
+void CopiaArchivio(const QString& sorgente, const QString& destinazione);
+
+}  // namespace store

@@ -1,0 +1,27 @@
+#pragma once
+
+/// The one busy guard. While an instance lives, keys, clicks, shortcuts and closings that an event pass
+/// would deliver are eaten, so that a transfer cannot be started twice nor its screen closed under it.
+/// Instances nest. Message boxes and file dialogs of the user port suspend the guard while they are open.
+class Occupato {
+ public:
+  Occupato();
+  ~Occupato();
+  Occupato(const Occupato&) = delete;
+  Occupato& operator=(const Occupato&) = delete;
+
+  /// True while some instance lives and none is suspended.
+  static bool attivo();
+
+  /// Lifts the guard for its own life: what the user port holds while a box is open.
+  class Sospeso {
+   public:
+    Sospeso();
+    ~Sospeso();
+    Sospeso(const Sospeso&) = delete;
+    Sospeso& operator=(const Sospeso&) = delete;
+
+   private:
+    int prima_;
+  };
+};
