@@ -1,0 +1,85 @@
+#include "articles/article_database.h"
+
+#include <QDir>
+
+#include "core/contesto.h"
+#include "core/conversioni.h"
+#include "core/reazioni.h"
+#include "core/stato.h"
+#include "platform/store/store.h"
+#include "platform/ui/utente.h"
+
+namespace articles {
+
+namespace {
+
+/// Rows of a query on the open archive.
+store::Recordset interroga(const QString& sql) {
+  return varGlobal().DB_Articoli.OpenRecordset(sql);
+}
+
+/// True if the current row names a till.
+bool rigaAssegnata(const store::Recordset& righe) {
+  return righe.campo(QStringLiteral("NomeCassa")).testo() != QLatin1String(kNonAssegnato);
+}
+
+}  // namespace
+
+QString percorsoModello(const Contesto& contesto) {
+  return QDir(contesto.cartella).filePath(QLatin1String(kModello));
+}
+
+void avvisaModelloAssente(Contesto& contesto) {
+  if (FileEsiste(percorsoModello(contesto))) return;
+  contesto.utente.MsgBox(QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
+                         Icona::Critica, QStringLiteral("ATTENZIONE"));
+}
+
+void NuovoDatabase(const QString& percorso, Contesto& contesto) {
+  store::CopiaArchivio(percorsoModello(contesto), percorso);
+  ApriDatabase(percorso, contesto);
+}
+
+void ApriDatabase(const QString& percorso, Contesto& contesto) {
+  varGlobal().DB_Articoli = contesto.area.OpenDatabase(percorso);
+  varGlobal().NomeDB_Articoli = percorso;
+}
+
+void ChiudiDatabase() {
+  varGlobal().DB_Articoli.Close();
+}
+
+std::int16_t CheckTabVarie(Utente& utente) {
+  const QString prefisso = QStringLiteral("CheckTabVarie ");
+  std::int16_t esito = kFalso;
+  reazioni::prossimaIstruzione(utente, prefisso, [&] {
+    store::Recordset righe = interroga(QStringLiteral("SELECT NomeCassa from TAB_VARIE "));
+    for (; !righe.fine(); righe.MoveNext()) {
+      reazioni::prossimaIstruzione(utente, prefisso, [&] {
+        if (rigaAssegnata(righe)) esito = kVero;
+      });
+    }
+  });
+  return esito;
+}
+
+std::int32_t CalcolaNumArticoli(Utente& utente) {
+  std::int32_t articoli = 0;
+  const auto esito = reazioni::prossimaIstruzione(utente, QStringLiteral("CalcolaNumArticoli "), [&] {
+    articoli = interroga(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI ")).RecordCount();
+  });
+  return esito == reazioni::Esito::Segnalato ? -1 : articoli;
+}
+
+std::int16_t GetCodiceEAN(std::int32_t auto_id, const QString& ean, Utente& utente) {
+  std::int16_t esito = kEanLibero;
+  reazioni::prossimaIstruzione(utente, QStringLiteral("Errore GetCodiceEAN "), [&] {
+    const store::Recordset righe = interroga(
+        QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI where auto_id <>") + QString::number(auto_id) +
+        QStringLiteral(" and Codice_Ean ='") + ean + QStringLiteral("';"));
+    if (!righe.vuoto()) esito = kEanDuplicato;
+  });
+  return esito;
+}
+
+}  // namespace articles
