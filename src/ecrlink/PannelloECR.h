@@ -20,6 +20,10 @@ class PannelloECR : public QWidget {
   /// CmdInviaModECR was clicked.
   void connetti();
 
+ protected:
+  /// Enter in the address box clicks "Connetti".
+  void keyPressEvent(QKeyEvent* evento) override;
+
  private:
   std::unique_ptr<Ui::PannelloECR> ui_;
 };

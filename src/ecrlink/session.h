@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "ecrlink/ecr_info.h"
+
 struct Contesto;
 class QWidget;
 
@@ -33,14 +35,13 @@ void ConnettiECR(QWidget& schermo, Contesto& contesto);
 bool ControllaIP(const QString& testo);
 /// 0 answered, -1 address or echo impossible, another number no answer.
 int PingECR(const QString& indirizzo, Contesto& contesto);
-/// Always 0; missing fields stay empty.
-int ParseInfoECR(const QString& risposta);
 /// 1 if the file is absent (told if `mostra`), 0 if it exists.
 int ControllaFile(const QString& nome, bool mostra, Contesto& contesto);
 
 /// One call of the library at IP_ECR; a code other than 0 is shown. `risposta` takes the whole buffer of 256
-/// characters in modes 0 to 5 and 8. Returns the code; 1 for a mode above 8.
-int ComandoECR(const QString& file, Modo modo, QString& risposta, Contesto& contesto);
+/// characters in modes 0 to 5 and 8. `file` counts in modes 6 and 7 only and comes back, like IP_ECR, as the
+/// library left it. Returns the code; 1, with no call, for a mode above 8.
+int ComandoECR(QString& file, Modo modo, QString& risposta, Contesto& contesto);
 /// The call between an opening and a closing one (mode 8: alone). Returns 0 or 1.
 int avviaECR(const QString& file, Modo modo, Contesto& contesto);
 

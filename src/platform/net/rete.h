@@ -4,11 +4,25 @@
 #include <QStringList>
 #include <cstdint>
 
+/// What the platform's socket layer says of itself when it is started. On POSIX there is nothing to start:
+/// the values of a layer that serves everything.
+struct AvvioRete {
+  bool risponde = true;
+  int versione = 1;
+  int sottoversione = 1;
+  /// How many sockets a process may have.
+  int socket = 32767;
+};
+
 /// What a link screen asks of the network. Virtual so that tests can stand a PC with two addresses, or with
 /// no name, before the screens; the program and the road tests use `reteDiSistema()`.
 class Rete {
  public:
   virtual ~Rete() = default;
+  /// Start and end of the platform's socket layer, around the two look-ups. `chiudi` returns 0 or the
+  /// platform's error code.
+  virtual AvvioRete avvia() { return {}; }
+  virtual int chiudi() { return 0; }
   /// Name of this computer; nothing (-1 of the platform) gives "<Error>".
   virtual QString nomeComputer() = 0;
   /// The computer's own IPv4 addresses in dotted form, loopback aside; the host name's look-up where there

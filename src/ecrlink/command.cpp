@@ -1,0 +1,86 @@
+#include <QByteArray>
+
+#include "core/contesto.h"
+#include "core/conversioni.h"
+#include "core/stato.h"
+#include "ecrlink/session.h"
+#include "platform/ecrcom/libreria.h"
+#include "platform/text/windows1252.h"
+#include "platform/ui/utente.h"
+
+namespace ecrlink {
+
+namespace {
+
+constexpr int kByteRisposta = 256;
+constexpr int kByteErrore = 81;
+constexpr int kFallito = 1;
+
+bool portaFile(Modo modo) {
+  return modo == Modo::Invia || modo == Modo::Ricevi;
+}
+/// A fiscal closure is the one command that runs with no transfer open.
+bool vuoleTrasferimento(Modo modo) {
+  return modo != Modo::ChiusuraFiscale;
+}
+
+void segnalaCodice(std::int16_t codice, Contesto& contesto) {
+  const QByteArray testo = contesto.libreria.ecr_get_err(codice, kByteErrore);
+  contesto.utente.MsgBox(QStringLiteral("Errore nella comunicazione con ECR: ") + windows1252::inTesto(testo),
+                         Icona::Critica);
+}
+
+int comandoSenzaRisposta(Modo modo, Contesto& contesto) {
+  QString nessunFile;
+  QString risposta;
+  return ComandoECR(nessunFile, modo, risposta, contesto);
+}
+
+int staffa(const QString& file, Modo modo, Contesto& contesto) {
+  const bool trasferimento = vuoleTrasferimento(modo);
+  if (trasferimento && comandoSenzaRisposta(Modo::ApriTrasferimento, contesto) != 0) return kFallito;
+  QString nome = file;
+  QString risposta;
+  // No closing call after a failure: the next connection closes what was left open.
+  if (ComandoECR(nome, modo, risposta, contesto) != 0) return kFallito;
+  if (trasferimento && comandoSenzaRisposta(Modo::ChiudiTrasferimento, contesto) != 0) return kFallito;
+  return 0;
+}
+
+}  // namespace
+
+int ComandoECR(QString& file, Modo modo, QString& risposta, Contesto& contesto) {
+  if (modo > Modo::ChiusuraFiscale) return kFallito;
+  QByteArray ip = windows1252::inByte(commonForKora().IP_ECR);
+  QByteArray nome = portaFile(modo) ? windows1252::inByte(file) : QByteArray("");
+  QByteArray buffer(kByteRisposta, ' ');
+  const std::int16_t codice = contesto.libreria.ecr_command(ip, nome, static_cast<int>(modo), buffer);
+  commonForKora().IP_ECR = windows1252::inTesto(ip);
+  if (portaFile(modo))
+    file = windows1252::inTesto(nome);
+  else
+    risposta = windows1252::inTesto(buffer);
+  if (codice != 0) segnalaCodice(codice, contesto);
+  return codice;
+}
+
+int avviaECR(const QString& file, Modo modo, Contesto& contesto) {
+  try {
+    return staffa(file, modo, contesto);
+  } catch (const Errore& errore) {
+    contesto.utente.MsgBox(QStringLiteral("Error ") + QString::number(errore.numero) + QStringLiteral(" (") +
+                           errore.descrizione + QStringLiteral(") nella procedura avviaECR"));
+    return kFallito;
+  }
+}
+
+int ControllaFile(const QString& nome, bool mostra, Contesto& contesto) {
+  if (FileEsiste(nome)) return 0;
+  if (mostra)
+    contesto.utente.MsgBox(
+        QStringLiteral("STATO DELLA CASSA NON CONGRUENTE \r\n") + nome + QStringLiteral(" non presente !!!"),
+        Icona::Nessuna, QStringLiteral("ATTENZIONE"));
+  return 1;
+}
+
+}  // namespace ecrlink

@@ -1,0 +1,71 @@
+#include "core/contesto.h"
+#include "core/stato.h"
+#include "ecrlink/controlli.h"
+#include "ecrlink/session.h"
+#include "platform/net/rete.h"
+#include "platform/ui/utente.h"
+
+namespace ecrlink {
+
+namespace {
+
+constexpr int kVersioneMinima = 1;
+constexpr int kSottoversioneMinima = 1;
+constexpr int kSocketMinimi = 1;
+constexpr int kSenzaNome = -1;
+
+void fine(Contesto& contesto, const QString& motivo) {
+  contesto.utente.MsgBox(motivo);
+  contesto.utente.Termina();
+}
+
+bool versioneServita(const AvvioRete& avvio) {
+  if (avvio.versione != kVersioneMinima) return avvio.versione > kVersioneMinima;
+  return avvio.sottoversione >= kSottoversioneMinima;
+}
+
+void avviaRete(Contesto& contesto) {
+  const AvvioRete avvio = contesto.rete.avvia();
+  if (!avvio.risponde) fine(contesto, QStringLiteral("Winsock.dll is not responding."));
+  if (!versioneServita(avvio))
+    fine(contesto, QStringLiteral("Windows Sockets version %1.%2 is not supported by winsock.dll ")
+                       .arg(avvio.versione)
+                       .arg(avvio.sottoversione));
+  if (avvio.socket < kSocketMinimi)
+    fine(contesto,
+         QStringLiteral("This application requires a minimum of %1 supported sockets.").arg(kSocketMinimi));
+}
+
+void chiudiRete(Contesto& contesto) {
+  const int codice = contesto.rete.chiudi();
+  if (codice != 0) fine(contesto, QStringLiteral("Socket error %1 occurred in Cleanup ").arg(codice));
+}
+
+int mostraIndirizzi(QWidget& schermo, Contesto& contesto) {
+  const QString nome = contesto.rete.nomeComputer().trimmed();
+  if (nome.isEmpty()) {
+    contesto.utente.MsgBox(QStringLiteral("Attenzione problema di connessione di rete per il PC locale!\r\n"
+                                          "Contattare l'amministratore di rete."),
+                           Icona::Critica);
+    return kSenzaNome;
+  }
+  controlli::scrivi(schermo, controlli::kIndirizziLocali,
+                    contesto.rete.indirizziLocali(nome).join(QStringLiteral("\r\n")));
+  return 0;
+}
+
+}  // namespace
+
+int InitRete(QWidget& schermo, Contesto& contesto) {
+  const QString indirizzo = QString::fromLatin1(kIndirizzoPredefinito);
+  commonForKora().IP_ECR = indirizzo;
+  controlli::scrivi(schermo, controlli::kIndirizzo, indirizzo);
+  controlli::abilita(schermo, controlli::kAvvia, false);
+  controlli::abilita(schermo, controlli::kConnetti, true);
+  avviaRete(contesto);
+  const int esito = mostraIndirizzi(schermo, contesto);
+  chiudiRete(contesto);
+  return esito;
+}
+
+}  // namespace ecrlink
