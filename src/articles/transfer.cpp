@@ -1,0 +1,77 @@
+#include "articles/transfer.h"
+
+#include <array>
+#include <span>
+#include <vector>
+
+#include "articles/article_database.h"
+#include "articles/plu_image.h"
+#include "config/immagine.h"
+#include "core/contesto.h"
+#include "core/reazioni.h"
+#include "core/stato.h"
+#include "ecrlink/file_channel.h"
+#include "platform/ui/utente.h"
+
+namespace articles {
+
+namespace {
+
+/// The image as the file channel wants it: one byte longer than the records, which the channel cuts off
+/// again.
+std::vector<std::uint8_t> immagineInvio() {
+  const config::RecordLetto tabella = std::as_const(config::immagineProgrammazione()).blocco(config::kPLU);
+  std::vector<std::uint8_t> immagine(config::kByteArchivioPLU + 1);
+  std::copy(tabella.begin(), tabella.end(), immagine.begin());
+  return immagine;
+}
+
+void leggiMomenti(const store::Recordset& righe, Utente& utente, const QString& prefisso) {
+  for (const QString& colonna : {QStringLiteral("Data_end_update"), QStringLiteral("Data_end_scarico")}) {
+    reazioni::prossimaIstruzione(utente, prefisso,
+                                 [&] { static_cast<void>(scomponiMomento(righe.campo(colonna).testo())); });
+  }
+}
+
+}  // namespace
+
+void RicavaDettagliPC(Utente& utente) {
+  const std::int32_t articoli = CalcolaNumArticoli(utente);
+  if (articoli == 0)
+    utente.MsgBox(QStringLiteral("Attenzione l'archivio degli articoli e' vuoto"), Icona::Esclamazione);
+  if (articoli == -1)
+    utente.MsgBox(QStringLiteral("Errore nella determinazione del numero degli articoli"),
+                  Icona::Esclamazione);
+}
+
+std::int16_t CheckErrTabArticoli(Utente& utente) {
+  std::int16_t esito = kNessunErrato;
+  reazioni::prossimaIstruzione(utente, QStringLiteral("Errore CheckErrTabArticoli "), [&] {
+    const store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
+        QStringLiteral("SELECT Filler from TAB_ARTICOLI where Filler ='ERR';"));
+    if (!righe.vuoto()) esito = kArticoliErrati;
+  });
+  return esito;
+}
+
+Momento scomponiMomento(const QString& testo) {
+  return {testo.mid(0, 4), testo.mid(4, 2),  testo.mid(6, 2),
+          testo.mid(8, 2), testo.mid(10, 2), testo.mid(12, 2)};
+}
+
+void RicavaDettagliECR(Utente& utente) {
+  const QString prefisso = QStringLiteral("RicavaDettagliECR ");
+  reazioni::prossimaIstruzione(utente, prefisso, [&] {
+    store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
+        QStringLiteral("SELECT Num_Articoli_Cassa,Data_end_update,Data_end_scarico from TAB_VARIE"));
+    for (; !righe.fine(); righe.MoveNext()) leggiMomenti(righe, utente, prefisso);
+  });
+}
+
+EsitoInvio InviaArchivio(Contesto& contesto) {
+  if (RiempiPLU(contesto.utente) != 0) return EsitoInvio::NonRiempito;
+  const int esito = ecrlink::SendPRGTo_ECR(immagineInvio(), QLatin1String(ecrlink::kFilePLU), contesto);
+  return esito == 0 ? EsitoInvio::Inviato : EsitoInvio::Fallito;
+}
+
+}  // namespace articles
