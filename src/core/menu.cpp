@@ -1,0 +1,50 @@
+#include "core/menu.h"
+
+#include "core/Form_ATTESA.h"
+#include "core/Form_Provvisoria.h"
+#include "core/contesto.h"
+#include "core/frmAbout.h"
+#include "core/schermate.h"
+#include "core/start.h"
+#include "platform/ui/schermo.h"
+
+namespace {
+
+const QString kMenu = QStringLiteral("start");
+
+struct AreaDiLavoro {
+  const char* nome;
+  const char* titolo;
+};
+
+constexpr AreaDiLavoro kAree[] = {
+    {"Form_Grafica", "Qz Grafica "},
+    {"Form_GestioneMMC", "Gestione Articoli / Venduto"},
+    {"MDIForm_PRG", "Programmazione ECR"},
+    {"Form_GestioneClienti", "Gestione Clienti"},
+    {"Form_Comandi_XONXOFF", " Gestione Comandi Ausiliari ECR"},
+};
+
+}  // namespace
+
+void MostraMenu(Contesto& contesto) {
+  if (contesto.schermate.trova(kMenu) != nullptr) contesto.schermate.mostra(kMenu, contesto);
+}
+
+void registraSchermateCore(Schermate& schermate) {
+  schermate.registra(kMenu, [](Contesto& c) {
+    const QSize misure = schermo::misure();
+    return new start(c, {static_cast<float>(misure.width()), static_cast<float>(misure.height())});
+  });
+  schermate.registra(QStringLiteral("frmAbout"), [](Contesto& c) { return new frmAbout(c); });
+  schermate.registra(QStringLiteral("Form_ATTESA"), [](Contesto&) { return new Form_ATTESA; });
+}
+
+void registraSchermateMancanti(Schermate& schermate) {
+  for (const AreaDiLavoro& area : kAree) {
+    const QString nome = QLatin1String(area.nome);
+    if (schermate.registrata(nome)) continue;
+    const QString titolo = QLatin1String(area.titolo);
+    schermate.registra(nome, [=](Contesto& c) { return new Form_Provvisoria(c, nome, titolo); });
+  }
+}

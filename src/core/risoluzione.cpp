@@ -1,0 +1,32 @@
+#include "core/risoluzione.h"
+
+#include "platform/ui/utente.h"
+
+namespace {
+
+/// The platform's number-to-text conversion leaves a blank for the sign.
+QString conSegno(float numero) {
+  return QLatin1Char(' ') + QString::number(static_cast<int>(numero));
+}
+
+}  // namespace
+
+QString TestoRisoluzione(MisureSchermo misure) {
+  return QStringLiteral("La definizione dello schermo attuale e' ") + conSegno(misure.larghezza) +
+         QStringLiteral(" X ") + conSegno(misure.altezza) +
+         QStringLiteral(
+             ". Per un corretto funzionamento dell'applicazione, è necessaria una risoluzione dello schermo "
+             "di "
+             "almeno 1024 x 768. Scegliendo OK, verrà impostata automaticamente la risoluzione a 1024 x "
+             "768.");
+}
+
+MisureSchermo ControllaRisoluzione(MisureSchermo misure, Utente& utente, const CambioModo& cambia) {
+  if (misure.larghezza >= kMisureMinime.larghezza && misure.altezza >= kMisureMinime.altezza) return misure;
+  const Risposta risposta =
+      utente.MsgBox(TestoRisoluzione(misure), Icona::Nessuna,
+                    QStringLiteral("Impostazione Risoluzione dello schermo"), Pulsanti::OKAnnulla);
+  if (risposta == Risposta::Annulla) return misure;
+  cambia(kMisureMinime.larghezza, kMisureMinime.altezza);
+  return kMisureMinime;
+}

@@ -1,0 +1,106 @@
+#include "core/start.h"
+
+#include <QCloseEvent>
+#include <QTimer>
+
+#include "controls/stile.h"
+#include "core/contesto.h"
+#include "core/reazioni.h"
+#include "core/schermate.h"
+#include "core/stato.h"
+#include "platform/ui/schermo.h"
+#include "ui_start.h"
+
+namespace {
+constexpr int kMarchio = 36;
+constexpr auto kModulo = "start";
+}  // namespace
+
+/// An entry of the menu; empty texts where it has no picture, no screen or no name to leave behind.
+struct start::Voce {
+  const char* etichetta;
+  const char* icona;
+  const char* immagine;
+  const char* schermata;
+  const char* chiamante;
+  bool nasconde;
+};
+
+const start::Voce start::kVoci[] = {
+    {"Label1", "image", "4-1.jpg", "Form_Grafica", "Form_Grafica", true},
+    {"Label2", "scan-barcode", "5-1.jpg", "Form_GestioneMMC", "", true},
+    {"Label3", "sliders-horizontal", "GestioneProgrammazione.jpg", "MDIForm_PRG", "MDIForm_PRG", true},
+    {"Label7", "users", "Clienti.jpg", "Form_GestioneClienti", "", true},
+    {"Label_CMD_XONXOFF", "square-terminal", "", "Form_Comandi_XONXOFF", "", true},
+    {"Label6", "info", "About.jpg", "frmAbout", "", false},
+    {"Label4", "log-out", "", "", "", false},
+};
+
+start::start(Contesto& contesto, MisureSchermo misure)
+    : contesto_(contesto), misure_(misure), ui_(std::make_unique<Ui::start>()) {
+  misure_ = ControllaRisoluzione(misure, contesto_.utente, [this](float l, float a) { ChangeRes(l, a); });
+  ui_->setupUi(this);
+  auto* timer = new QTimer(this);
+  timer->setObjectName(QStringLiteral("Timer1"));
+  ui_->Picture1->setPixmap(stile::icona(QStringLiteral("receipt-euro")).pixmap(kMarchio));
+  for (const Voce& voce : kVoci) collega(voce);
+  carica();
+}
+
+start::~start() = default;
+
+void start::ChangeRes(float larghezza, float altezza) {
+  schermo::cambiaModo(larghezza, altezza);
+}
+
+void start::carica() {
+  ui_->Label1->setFocus();
+  ui_->Label1->impostaAspetto(1);
+}
+
+void start::collega(const Voce& voce) {
+  VoceMenu& scritta = etichetta(voce);
+  scritta.setIcon(stile::icona(QLatin1String(voce.icona)));
+  const QString nome = scritta.objectName();
+  const auto passaSopra = [this, &voce, nome] {
+    reazioni::protetta(contesto_.utente, nome + QStringLiteral("_MouseMove"), QLatin1String(kModulo), [&] {
+      evidenzia(voce);
+      illustra(voce);
+    });
+  };
+  connect(&scritta, &VoceMenu::mosso, this, passaSopra);
+  connect(&scritta, &VoceMenu::raggiunto, this, passaSopra);
+  connect(&scritta, &VoceMenu::clicked, this, [this, &voce, nome] {
+    reazioni::protetta(contesto_.utente, nome + QStringLiteral("_Click"), QLatin1String(kModulo),
+                       [&] { scegli(voce); });
+  });
+}
+
+VoceMenu& start::etichetta(const Voce& voce) {
+  return *findChild<VoceMenu*>(QLatin1String(voce.etichetta));
+}
+
+void start::evidenzia(const Voce& voce) {
+  for (const Voce& altra : kVoci) etichetta(altra).impostaAspetto(&altra == &voce ? 1 : 0);
+}
+
+void start::illustra(const Voce& voce) {
+  const QString nome = QLatin1String(voce.immagine);
+  if (nome.isEmpty()) return;
+  if (!ui_->Image1->carica(contesto_.cartella + QStringLiteral("/Immagini/") + nome))
+    throw Errore{errore::kFileAssente, QStringLiteral("File non trovato")};
+}
+
+void start::scegli(const Voce& voce) {
+  const QString schermata = QLatin1String(voce.schermata);
+  if (schermata.isEmpty()) contesto_.utente.Termina();
+  if (*voce.chiamante != '\0') varGlobal().FormChiamante = QLatin1String(voce.chiamante);
+  contesto_.schermate.carica(schermata, contesto_);
+  contesto_.schermate.mostra(schermata, contesto_);
+  if (voce.nasconde) hide();
+}
+
+void start::closeEvent(QCloseEvent* evento) {
+  evento->accept();
+  contesto_.schermate.scaricaTutte();
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "core/risoluzione.h"
+
+class VoceMenu;
+struct Contesto;
+namespace Ui {
+class start;
+}
+
+/// The picture menu: the first screen, and the one that every workspace comes back to.
+class start : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Checks the display, of `misure` pixels, before the screen is loaded; may ask the person.
+  start(Contesto& contesto, MisureSchermo misure);
+  ~start() override;
+
+  /// The display as read at start or as changed since.
+  MisureSchermo misure() const { return misure_; }
+  /// Changes the display mode where the platform has a call for it.
+  void ChangeRes(float larghezza, float altezza);
+
+ protected:
+  void closeEvent(QCloseEvent* evento) override;
+
+ private:
+  struct Voce;
+  static const Voce kVoci[];
+
+  void carica();
+  void collega(const Voce& voce);
+  VoceMenu& etichetta(const Voce& voce);
+  void evidenzia(const Voce& voce);
+  void illustra(const Voce& voce);
+  void scegli(const Voce& voce);
+
+  Contesto& contesto_;
+  MisureSchermo misure_;
+  std::unique_ptr<Ui::start> ui_;
+};
