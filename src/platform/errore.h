@@ -27,6 +27,9 @@ inline constexpr int kAccessoNegato = 70;
 inline constexpr int kAccessoPercorso = 75;
 inline constexpr int kPercorsoAssente = 76;
 
+// Foreign libraries.
+inline constexpr int kIngressoAssente = 453;
+
 // Store.
 inline constexpr int kNessunRecord = 3021;
 inline constexpr int kChiaveDuplicata = 3022;

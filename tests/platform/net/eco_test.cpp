@@ -1,0 +1,112 @@
+#include "platform/net/eco.h"
+
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "platform/net/rete.h"
+#include "sostegno/cartella_temporanea.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+const QByteArray kDati("hello");
+constexpr int kMillisecondi = 250;
+/// What an ordinary user is on the test machine.
+constexpr uid_t kNessuno = 65534;
+
+eco::Scadenza scadenza(std::chrono::milliseconds attesa = 250ms) {
+  return std::chrono::steady_clock::now() + attesa;
+}
+
+eco::Indirizzo indirizzo(const char* testo) {
+  return eco::converti(QLatin1String(testo)).value();
+}
+
+/// Runs `corpo` in a child that has given up the superuser's rights; its status, 100 for no status.
+int daUtenteQualunque(const std::function<std::optional<int>()>& corpo) {
+  constexpr int kNiente = 100;
+  const pid_t figlio = ::fork();
+  if (figlio == 0) {
+    if (::setgid(kNessuno) != 0 || ::setuid(kNessuno) != 0) ::_exit(kNiente + 1);
+    ::_exit(corpo().value_or(kNiente));
+  }
+  int stato = 0;
+  EXPECT_EQ(::waitpid(figlio, &stato, 0), figlio);
+  return WIFEXITED(stato) ? WEXITSTATUS(stato) : kNiente + 2;
+}
+
+}  // namespace
+
+TEST(Eco, UnIndirizzoCheNonSiConverteDaMenoUnoSenzaTraffico) {
+  for (const char* testo : {"", "300.0.0.1", "999.1.1.x", "0.0.0.0", "0", "255.255.255.255", "a.0.0.1",
+                            "1.2.3.4.5", "127.0.0.1.", "-1", "\xE0.1.1.1"})
+    EXPECT_EQ(reteDiSistema().eco(QString::fromLatin1(testo), kDati, kMillisecondi), -1) << testo;
+}
+
+TEST(Eco, LeFormeBreviEOttaliSiConvertono) {
+  EXPECT_EQ(eco::converti(QStringLiteral("127.1")), ::inet_addr("127.0.0.1"));
+  EXPECT_EQ(eco::converti(QStringLiteral("10.1")), ::inet_addr("10.0.0.1"));
+  EXPECT_EQ(eco::converti(QStringLiteral("0177.0.0.010")), ::inet_addr("127.0.0.8"));
+  EXPECT_EQ(eco::converti(QStringLiteral("0x7f.0.0.1")), ::inet_addr("127.0.0.1"));
+}
+
+TEST(Eco, ChiRispondeDaZero) {
+  EXPECT_EQ(reteDiSistema().eco(QStringLiteral("127.0.61.1"), kDati, kMillisecondi), 0);
+  EXPECT_EQ(reteDiSistema().eco(QStringLiteral("127.1"), kDati, kMillisecondi), 0);
+}
+
+TEST(Eco, LaPresaGrezzaRispondeAlSuperutente) {
+  EXPECT_EQ(eco::perGrezzo(indirizzo("127.0.61.2"), kDati, scadenza()), eco::kRisposto);
+}
+
+TEST(Eco, LaPresaGrezzaSenzaDirittoLasciaIlPostoAllaVoceSeguente) {
+  EXPECT_EQ(daUtenteQualunque([] { return eco::perGrezzo(indirizzo("127.0.61.3"), kDati, scadenza()); }),
+            100);
+}
+
+TEST(Eco, IlProgrammaDelSistemaRispondeAllUtenteQualunque) {
+  EXPECT_EQ(daUtenteQualunque([] { return eco::perPing(indirizzo("127.0.61.4"), kDati, scadenza(5s)); }), 0);
+}
+
+TEST(Eco, UnUtenteQualunqueRiceveLaRispostaPerLaViaCheHa) {
+  EXPECT_EQ(daUtenteQualunque([] { return eco::invia(indirizzo("127.0.61.5"), kDati, scadenza(5s)); }), 0);
+}
+
+TEST(Eco, SenzaIlProgrammaNonCEVia) {
+  EXPECT_EQ(eco::perPing(indirizzo("127.0.61.6"), kDati, scadenza(), QStringLiteral("ping-che-non-esiste")),
+            std::nullopt);
+}
+
+TEST(Eco, UnProgrammaCheTaceEFermatoAllaScadenza) {
+  const CartellaTemporanea cartella;
+  const QString programma = cartella.scrivi(QStringLiteral("muto"), "#!/bin/sh\nexec sleep 30\n");
+  ASSERT_TRUE(QFile::setPermissions(programma, QFile::ReadOwner | QFile::ExeOwner));
+  const auto inizio = std::chrono::steady_clock::now();
+  EXPECT_EQ(eco::perPing(indirizzo("127.0.61.7"), kDati, scadenza(), programma), eco::kScaduto);
+  const auto durata = std::chrono::steady_clock::now() - inizio;
+  EXPECT_GE(durata, 250ms);
+  EXPECT_LT(durata, 5s);
+}
+
+TEST(Eco, IlProgrammaCheNonPuoSpedireNonEUnaVia) {
+  const CartellaTemporanea cartella;
+  const QString programma = cartella.scrivi(QStringLiteral("guasto"), "#!/bin/sh\nexit 2\n");
+  ASSERT_TRUE(QFile::setPermissions(programma, QFile::ReadOwner | QFile::ExeOwner));
+  EXPECT_EQ(eco::perPing(indirizzo("127.0.61.8"), kDati, scadenza(5s), programma), std::nullopt);
+}
+
+TEST(Eco, IlProgrammaRiceveUnTentativoECinqueByte) {
+  const CartellaTemporanea cartella;
+  const QString programma =
+      cartella.scrivi(QStringLiteral("spia"), "#!/bin/sh\necho \"$@\" >detto\nexit 1\n");
+  ASSERT_TRUE(QFile::setPermissions(programma, QFile::ReadOwner | QFile::ExeOwner));
+  EXPECT_EQ(eco::perPing(indirizzo("127.061.1"), kDati, scadenza(5s), programma), eco::kScaduto);
+  EXPECT_EQ(cartella.leggi(QStringLiteral("detto")), "-n -c1 -W1 -s 5 -p 68656c6c6f 127.49.0.1\n");
+}
+
+TEST(Eco, ScadutoIlTempoLaRispostaNonSiAspetta) {
+  EXPECT_EQ(eco::perGrezzo(indirizzo("127.0.61.9"), kDati, scadenza(0ms)), eco::kScaduto);
+}
