@@ -101,7 +101,7 @@ TEST(Eco, IlProgrammaCheNonPuoSpedireNonEUnaVia) {
 TEST(Eco, IlProgrammaRiceveUnTentativoECinqueByte) {
   const CartellaTemporanea cartella;
   const QString programma =
-      cartella.scrivi(QStringLiteral("spia"), "#!/bin/sh\necho \"$@\" >detto\nexit 1\n");
+      cartella.scrivi(QStringLiteral("spia"), "#!/bin/sh\nprintf '%s\\n' \"$*\" >detto\nexit 1\n");
   ASSERT_TRUE(QFile::setPermissions(programma, QFile::ReadOwner | QFile::ExeOwner));
   EXPECT_EQ(eco::perPing(indirizzo("127.061.1"), kDati, scadenza(5s), programma), eco::kScaduto);
   EXPECT_EQ(cartella.leggi(QStringLiteral("detto")), "-n -c1 -W1 -s 5 -p 68656c6c6f 127.49.0.1\n");

@@ -32,7 +32,7 @@ Byte inIp(const Byte& messaggio, std::uint8_t parole = 5) {
 }  // namespace
 
 TEST(PacchettoIcmp, LaRichiestaHaTipoOttoESommaGiusta) {
-  EXPECT_EQ(icmp::richiestaEco(kIo, 1, kDati).toHex(), "080017f51234000168656c6c6f");
+  EXPECT_EQ(icmp::richiestaEco(kIo, 1, kDati).toHex(), "0800a1f81234000168656c6c6f");
 }
 
 TEST(PacchettoIcmp, LaRispostaConGliStessiValoriEAccettata) {
@@ -59,7 +59,7 @@ TEST(PacchettoIcmp, OgniRispostaTroncataERifiutata) {
 }
 
 TEST(PacchettoIcmp, IlMessaggioSegueLIntestazioneAncheConOpzioni) {
-  for (const std::uint8_t parole : {5, 6, 15}) {
+  for (const std::uint8_t parole : std::initializer_list<std::uint8_t>{5, 6, 15}) {
     const Byte pacchetto = inIp(risposta(), parole);
     EXPECT_TRUE(icmp::risponde(icmp::messaggioDi(pacchetto), kIo, 1, kDati)) << int{parole};
   }

@@ -16,7 +16,7 @@ TEST(Windows1252, LaFasciaAltaNonELatin1) {
 }
 
 TEST(Windows1252, ICinqueCodiciNonDefinitiSonoICaratteriDelloStessoNumero) {
-  for (const unsigned char byte : {0x81, 0x8D, 0x8F, 0x90, 0x9D})
+  for (const unsigned char byte : std::initializer_list<unsigned char>{0x81, 0x8D, 0x8F, 0x90, 0x9D})
     EXPECT_EQ(windows1252::carattereDi(byte), char16_t{byte});
 }
 
