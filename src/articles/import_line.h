@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+
+namespace articles {
+
+/// The fields of the line being imported, as they stand in the file.
+struct CampiImport {
+  std::int16_t auto_id = 0;
+  QString Codice_EAN;
+  QString Codice_Articolo;
+  QString Descrizione;
+  QString Prezzo;
+  QString Reparto;
+};
+
+/// Results of `PutArticolo`.
+inline constexpr std::int16_t kRigaSana = 0;
+inline constexpr std::int16_t kSeparatori = 1;
+inline constexpr std::int16_t kEanAssente = 4;
+inline constexpr std::int16_t kArticoloAssente = 5;
+inline constexpr std::int16_t kRepartoAssente = 6;
+inline constexpr std::int16_t kDescrizioneAssente = 7;
+inline constexpr std::int16_t kPosizione = 8;
+
+/// Takes the fields of a line: slot; EAN; code; description; price; department; three that are ignored.
+/// Empty ones take their default. Returns one of the codes above. Throws Errore 13 for a slot that is no
+/// number, 6 for one beyond 16 bits.
+std::int16_t PutArticolo(const QString& riga, CampiImport& campi);
+
+/// `StatoImport` before the first fault.
+inline constexpr std::int16_t kStatoPulito = 1;
+
+/// The UPDATE of the slot up to its last column, texts raw and unescaped. Throws Errore 6 for a price beyond
+/// 32 bits of hundredths.
+QString TestaIstruzione(const CampiImport& campi);
+/// The mark of the row and the condition; nothing once `StatoImport` has passed three faults, so that the
+/// statement fails.
+QString CodaIstruzione(std::int16_t StatoImport, std::int16_t auto_id);
+
+}  // namespace articles

@@ -1,0 +1,249 @@
+#include "workspace/Form_GestioneMMC.h"
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QDir>
+#include <QKeyEvent>
+
+#include "articles/article_database.h"
+#include "articles/import_report.h"
+#include "controls/stile.h"
+#include "core/contesto.h"
+#include "core/conversioni.h"
+#include "core/menu.h"
+#include "core/reazioni.h"
+#include "core/schermate.h"
+#include "core/stato.h"
+#include "ui_Form_GestioneMMC.h"
+#include "workspace/archive_summary.h"
+#include "workspace/coming_screen.h"
+#include "workspace/import_wait.h"
+
+namespace {
+
+constexpr auto kModulo = "Form_GestioneMMC";
+constexpr int kFigura = 40;
+
+FinestraFile finestraArchivio(const QString& titolo, const Contesto& contesto) {
+  return {titolo, QStringLiteral("mdb (*.mdb)|*.mdb"), contesto.cartella};
+}
+
+bool confermaSovrascrittura(const QString& percorso, Utente& utente) {
+  return !FileEsiste(percorso) ||
+         utente.MsgBox(QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icona::Nessuna,
+                       QStringLiteral("ATTENZIONE"), Pulsanti::SiNo) == Risposta::Si;
+}
+
+/// A transaction that an import left open belongs to the archive that is about to be let go.
+void concludiTransazione(store::Workspace& area) {
+  if (area.livello() == 0) return;
+  area.BeginTrans();
+  area.CommitTrans();
+}
+
+QString testoEsito(const articles::EsitoImport& importazione) {
+  using Tipo = articles::EsitoImport::Tipo;
+  switch (importazione.tipo) {
+    case Tipo::Abbandonato:
+      return {};
+    case Tipo::Importato:
+      return QStringLiteral("Importazione: %1 righe lette, %2 errori. %3")
+          .arg(importazione.righe)
+          .arg(importazione.errori)
+          .arg(importazione.dettaglio);
+    case Tipo::Annullato:
+      return QStringLiteral("Importazione annullata: l'archivio è rimasto com'era.");
+    case Tipo::Fallito:
+      return QStringLiteral("Importazione fermata alla riga %1.").arg(importazione.righe + 1);
+    case Tipo::Interrotto:
+      return QStringLiteral("Importazione interrotta dopo %1 righe. %2")
+          .arg(importazione.righe)
+          .arg(importazione.dettaglio);
+  }
+  return {};
+}
+
+}  // namespace
+
+/// What every slot is entered through: nothing leaves it, and a new command begins.
+template <typename Corpo>
+void Form_GestioneMMC::comando(const char* nome, Corpo&& corpo) {
+  reazioni::protetta(contesto_.utente, QLatin1String(nome), QLatin1String(kModulo), [&] {
+    contesto_.area.NuovoComando();
+    corpo();
+  });
+}
+
+/// As above for the commands on files, which fail without a box: only the line at the foot tells.
+template <typename Corpo>
+void Form_GestioneMMC::comandoFile(const char* nome, Corpo&& corpo) {
+  comando(nome, [&] {
+    try {
+      corpo();
+    } catch (const Errore& errore) {
+      esito(errore.descrizione);
+    }
+    aggiorna();
+  });
+}
+
+Form_GestioneMMC::Form_GestioneMMC(Contesto& contesto, articles::Orologio orologio)
+    : contesto_(contesto), orologio_(std::move(orologio)), ui_(std::make_unique<Ui::Form_GestioneMMC>()) {
+  ui_->setupUi(this);
+  vesti();
+  abilitaComandi(false);
+  ui_->mnuImporta->setEnabled(false);
+  aggiorna();
+}
+
+Form_GestioneMMC::~Form_GestioneMMC() = default;
+
+void Form_GestioneMMC::vesti() {
+  ui_->mnuNuovo->setIcon(stile::icona(QStringLiteral("file-plus")));
+  ui_->mnuApri->setIcon(stile::icona(QStringLiteral("folder-open")));
+  ui_->mnuImporta->setIcon(stile::icona(QStringLiteral("file-down")));
+  ui_->mnuClose->setIcon(stile::icona(QStringLiteral("folder-x")));
+  ui_->Cmd_Articoli->setIcon(stile::icona(QStringLiteral("boxes")));
+  ui_->Cmd_Down->setIcon(stile::icona(QStringLiteral("upload")));
+  ui_->Cmd_Upl->setIcon(stile::icona(QStringLiteral("download")));
+  ui_->Cmd_Venduto->setIcon(stile::icona(QStringLiteral("chart-column")));
+  ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("log-out")));
+  ui_->PulsanteNuovo->setDefaultAction(ui_->mnuNuovo);
+  ui_->PulsanteApri->setDefaultAction(ui_->mnuApri);
+  ui_->PulsanteImporta->setDefaultAction(ui_->mnuImporta);
+  ui_->Picture1->setPixmap(stile::icona(QStringLiteral("store")).pixmap(kFigura));
+}
+
+bool Form_GestioneMMC::comandiAbilitati() const {
+  return ui_->Cmd_Articoli->isEnabled();
+}
+
+void Form_GestioneMMC::abilitaComandi(bool abilitati) {
+  for (QWidget* tasto : {ui_->Cmd_Articoli, ui_->Cmd_Down, ui_->Cmd_Upl, ui_->Cmd_Venduto})
+    tasto->setEnabled(abilitati);
+}
+
+void Form_GestioneMMC::esito(const QString& testo) {
+  ui_->LabelEsito->setText(testo);
+}
+
+void Form_GestioneMMC::aggiorna() {
+  const bool aperto = varGlobal().DB_Articoli.aperto();
+  const QString percorso = QDir::toNativeSeparators(varGlobal().NomeDB_Articoli);
+  ui_->LabelArchivio->setText(aperto ? articles::NomeFile(percorso)
+                                     : QStringLiteral("Nessun archivio aperto"));
+  ui_->LabelArchivio->setToolTip(aperto ? percorso : QString());
+  ui_->LabelArticoli->setText(
+      aperto ? workspace::TestoRiepilogo(workspace::Riepiloga())
+             : QStringLiteral("Crea un nuovo archivio oppure aprine uno: i comandi si abilitano da soli."));
+}
+
+void Form_GestioneMMC::nuovo() {
+  articles::avvisaModelloAssente(contesto_);
+  const auto scelto =
+      contesto_.utente.FinestraSalva(finestraArchivio(QStringLiteral("Nuovo Archivio"), contesto_));
+  if (!scelto || scelto->isEmpty() || !confermaSovrascrittura(*scelto, contesto_.utente)) return;
+  concludiTransazione(contesto_.area);
+  articles::NuovoDatabase(*scelto, contesto_);
+  abilitaComandi(true);
+  ui_->mnuImporta->setEnabled(true);
+  esito(QStringLiteral("Archivio creato."));
+}
+
+void Form_GestioneMMC::apri() {
+  const bool prima = comandiAbilitati();
+  abilitaComandi(false);
+  const auto scelto =
+      contesto_.utente.FinestraApri(finestraArchivio(QStringLiteral("Apri Archivio"), contesto_));
+  if (!scelto || scelto->isEmpty()) return abilitaComandi(prima);
+  concludiTransazione(contesto_.area);
+  articles::ApriDatabase(*scelto, contesto_);
+  abilitaComandi(true);
+  ui_->mnuApri->setEnabled(false);
+  ui_->mnuImporta->setEnabled(true);
+  esito(QStringLiteral("Archivio aperto."));
+}
+
+void Form_GestioneMMC::importa() {
+  esito(testoEsito(articles::ImportaArticoli(contesto_, workspace::AttesaDi(*this, contesto_), orologio_)));
+}
+
+void Form_GestioneMMC::on_mnuNuovo_triggered() {
+  comandoFile("mnuNuovo_Click", [this] { nuovo(); });
+}
+
+void Form_GestioneMMC::on_mnuApri_triggered() {
+  comandoFile("mnuApri_Click", [this] { apri(); });
+}
+
+void Form_GestioneMMC::on_mnuImporta_triggered() {
+  comandoFile("mnuImporta_Click", [this] { importa(); });
+}
+
+void Form_GestioneMMC::on_mnuClose_triggered() {
+  comandoFile("mnuClose_Click", [this] {
+    articles::ChiudiDatabase();
+    abilitaComandi(false);
+    ui_->mnuApri->setEnabled(true);
+    ui_->mnuImporta->setEnabled(false);
+    esito({});
+  });
+}
+
+void Form_GestioneMMC::apriSchermata(const char* nome, const QString& titolo) {
+  const QString schermata = QLatin1String(nome);
+  if (contesto_.schermate.registrata(schermata))
+    contesto_.schermate.mostraModale(schermata, contesto_);
+  else
+    workspace::MostraInArrivo(titolo, this);
+  aggiorna();
+}
+
+void Form_GestioneMMC::on_Cmd_Articoli_clicked() {
+  comando("Cmd_Articoli_Click", [this] {
+    apriSchermata("Form_ArchivioArticoli", QStringLiteral(" PLU/ARTICOLI - ") + varGlobal().NomeDB_Articoli);
+  });
+}
+
+void Form_GestioneMMC::on_Cmd_Down_clicked() {
+  comando("Cmd_Down_Click",
+          [this] { apriSchermata("Form_TrasferimentoArticoli", QStringLiteral("Trasferimento Articoli")); });
+}
+
+void Form_GestioneMMC::on_Cmd_Upl_clicked() {
+  comando("Cmd_Upl_Click",
+          [this] { apriSchermata("Form_RicezioneVenduto", QStringLiteral("Ricezione del Venduto")); });
+}
+
+void Form_GestioneMMC::on_Cmd_Venduto_clicked() {
+  comando("Cmd_Venduto_Click",
+          [this] { apriSchermata("Form_ArchivioVenduto", QStringLiteral("Archivio Venduto")); });
+}
+
+void Form_GestioneMMC::on_Cmd_Esci_clicked() {
+  close();
+}
+
+void Form_GestioneMMC::closeEvent(QCloseEvent* evento) {
+  evento->accept();
+  comando("Cmd_Esci_Click", [] { articles::ChiudiDatabase(); });
+  comando("Cmd_Esci_Click", [this] { MostraMenu(contesto_); });
+}
+
+void Form_GestioneMMC::keyPressEvent(QKeyEvent* evento) {
+  if (evento->key() == Qt::Key_Escape) {
+    close();
+    return;
+  }
+  auto* tasto = qobject_cast<QAbstractButton*>(focusWidget());
+  if (tasto && (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)) {
+    tasto->click();
+    return;
+  }
+  QMainWindow::keyPressEvent(evento);
+}
+
+void registraGestioneMMC(Schermate& schermate) {
+  schermate.registra(QStringLiteral("Form_GestioneMMC"),
+                     [](Contesto& contesto) { return new Form_GestioneMMC(contesto); });
+}

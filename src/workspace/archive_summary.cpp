@@ -1,0 +1,35 @@
+#include "workspace/archive_summary.h"
+
+#include <QLocale>
+
+#include "core/stato.h"
+#include "platform/store/store.h"
+
+namespace workspace {
+
+RiepilogoArchivio Riepiloga() {
+  RiepilogoArchivio riepilogo;
+  try {
+    store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
+        QStringLiteral("SELECT Codice_EAN, Descrizione from TAB_ARTICOLI"));
+    const auto scritto = [&righe](int colonna) {
+      return !righe.nullo(colonna) && !righe.utf8(colonna).empty();
+    };
+    riepilogo.posizioni = righe.RecordCount();
+    for (; !righe.fine(); righe.MoveNext())
+      if (scritto(0) || scritto(1)) ++riepilogo.articoli;
+    riepilogo.leggibile = true;
+  } catch (const Errore&) {
+    // Opening an archive checks nothing: the first screen that fills itself from it tells what is wrong.
+  }
+  return riepilogo;
+}
+
+QString TestoRiepilogo(const RiepilogoArchivio& riepilogo) {
+  if (!riepilogo.leggibile) return QStringLiteral("Il contenuto dell'archivio non è leggibile.");
+  const QLocale italiano(QLocale::Italian);
+  return QStringLiteral("%1 articoli in %2 posizioni")
+      .arg(italiano.toString(riepilogo.articoli), italiano.toString(riepilogo.posizioni));
+}
+
+}  // namespace workspace

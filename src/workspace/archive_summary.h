@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+namespace workspace {
+
+/// What the workspace shows of the open archive.
+struct RiepilogoArchivio {
+  /// False for a database without the table of articles, which is found when its first screen opens.
+  bool leggibile = false;
+  int posizioni = 0;
+  /// Slots that bear an EAN or a description.
+  int articoli = 0;
+};
+
+/// Counts the slots of the open archive. Shows nothing and throws nothing.
+RiepilogoArchivio Riepiloga();
+/// The count as a line for the screen, thousands parted.
+QString TestoRiepilogo(const RiepilogoArchivio& riepilogo);
+
+}  // namespace workspace
