@@ -29,7 +29,8 @@ struct Campo {
   std::size_t limite = 0;
 };
 
-/// In order, without overlap, inside a record of `byte` bytes, widths fitting their kinds.
+/// In order, without overlap, inside a record of `byte` bytes, widths fitting their kinds. A text's NUL
+/// stands inside its field, or in the reserve right behind it.
 constexpr bool coerente(std::span<const Campo> campi, std::size_t byte);
 
 using Record = std::span<std::uint8_t>;
@@ -52,8 +53,10 @@ void scriviSenzaSegno(Record record, const Campo& campo, std::uint32_t valore);
 
 constexpr bool coerente(std::span<const Campo> campi, std::size_t byte) {
   std::size_t prossimo = 0;
+  std::size_t fineTesto = 0;
   for (const Campo& campo : campi) {
     if (campo.inizio < prossimo || campo.larghezza == 0) return false;
+    if (campo.inizio < fineTesto && campo.tipo != Tipo::Riservato) return false;
     prossimo = campo.inizio + campo.larghezza;
     switch (campo.tipo) {
       case Tipo::Flag:
@@ -66,12 +69,13 @@ constexpr bool coerente(std::span<const Campo> campi, std::size_t byte) {
         break;
       case Tipo::Testo:
         if (campo.limite == 0) return false;
+        fineTesto = campo.inizio + campo.limite + 1;
         break;
       case Tipo::Riservato:
         break;
     }
   }
-  return prossimo <= byte;
+  return prossimo <= byte && fineTesto <= byte;
 }
 
 }  // namespace config

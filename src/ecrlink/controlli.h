@@ -17,8 +17,9 @@ inline constexpr const char* kBitmap = "TextBitmap";
 inline constexpr const char* kMMC = "TextMMC";
 inline constexpr const char* kVersione = "vkTextBox_VSW";
 inline constexpr const char* kStato = "vkTextBoxECR";
-/// Property of `vkTextBoxECR` with the state's letter, which the style sheet colours.
+/// Properties of `vkTextBoxECR`: the state's letter, and the badge that the style sheet colours.
 inline constexpr const char* kProprietaStato = "statoCassa";
+inline constexpr const char* kProprietaDistintivo = "distintivo";
 
 QWidget& trova(QWidget& schermo, const char* nome);
 QString testo(QWidget& schermo, const char* nome);

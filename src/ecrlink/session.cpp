@@ -8,6 +8,7 @@
 #include "core/stato.h"
 #include "ecrlink/controlli.h"
 #include "ecrlink/ecr_info.h"
+#include "ecrlink/models.h"
 #include "platform/net/rete.h"
 
 namespace ecrlink {
@@ -74,19 +75,22 @@ Passo verificaPresenza(Contesto& contesto) {
   return Passo::Basta;
 }
 
+void distingui(QWidget& schermo, const QString& distintivo) {
+  controlli::contrassegna(schermo, controlli::kStato, controlli::kProprietaDistintivo, distintivo);
+}
+
 void mostraInfo(QWidget& schermo) {
   const EcrInfo& info = commonForKora().ECR_INFO;
   controlli::scrivi(schermo, controlli::kModello, info.InfoTipoMacchina);
   controlli::scrivi(schermo, controlli::kTipoMacchina, info.InfoTipoMacchina);
-  controlli::scrivi(
-      schermo, controlli::kBitmap,
-      info.InfoTipoBitmap == QLatin1String("S") ? QStringLiteral("SMALL") : QStringLiteral("LARGE"));
+  controlli::scrivi(schermo, controlli::kBitmap, nomeDellaClasse(info.InfoTipoBitmap));
   controlli::scrivi(schermo, controlli::kMMC, info.InfoTipoMMC);
   controlli::scrivi(schermo, controlli::kVersione, info.InfoVersioneSW);
   const std::optional<QString> parola = parolaDelloStato(info.InfoStato);
   if (!parola) return;
   controlli::scrivi(schermo, controlli::kStato, *parola);
   controlli::contrassegna(schermo, controlli::kStato, controlli::kProprietaStato, info.InfoStato);
+  distingui(schermo, statoAmmesso(info.InfoStato) ? QStringLiteral("pronto") : QStringLiteral("occupato"));
 }
 
 Passo interroga(QWidget& schermo, Contesto& contesto) {
@@ -123,6 +127,8 @@ void pronto(QWidget& schermo) {
 
 void connetti(QWidget& schermo, Contesto& contesto) {
   if (verificaIndirizzo(schermo, contesto) == Passo::Basta) return;
+  // The word of an earlier connection stays to be read; its colour would tell that it still holds.
+  distingui(schermo, QStringLiteral("neutro"));
   if (verificaPresenza(contesto) == Passo::Basta) return;
   controlli::abilita(schermo, controlli::kConnetti, false);
   controlli::fuoco(schermo, controlli::kEsci);
