@@ -7,8 +7,8 @@
 #include <vector>
 
 /// A cash register that answers on the network, for tests (in process, a thread of its own) and for people
-/// (the program `ecrsim`). Its memory is a folder: `plu.bin` sent to it is `plu.bin` there, and a `venduto.bin`
-/// laid there is what it hands over.
+/// (the program `ecrsim`). Its memory is a folder: `plu.bin` sent to it is `plu.bin` there, and a
+/// `venduto.bin` laid there is what it hands over.
 namespace ecrsim {
 
 /// What goes wrong, once a mode (and a file, if named) is asked for.
@@ -20,7 +20,7 @@ enum class Cosa {
   TaglioDopo,    ///< the work is done, the line is cut before the answer
   FileCorto,
   FileLungo,
-  Spazzatura,    ///< bytes that are no frame
+  Spazzatura,  ///< bytes that are no frame
 };
 
 struct Guasto {

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "ecrcom/presa.h"
+#include "ecrsim/registratore.h"
+
+namespace ecrsim {
+
+/// One connection from its first frame to its end, faults included.
+class Dialogo {
+ public:
+  Dialogo(const ecrcom::Presa& presa, Registratore& registratore)
+      : presa_(presa), registratore_(registratore) {}
+
+  /// Serves frame after frame until the peer goes, sends what is no frame, or a fault cuts the line.
+  void conduci();
+
+ private:
+  bool servi();
+  bool comando(const ecrcom::ByteIntestazione& testa, ecrcom::Trama& trama);
+  bool guasta(const Guasto& guasto, const ecrcom::ByteIntestazione& testa, ecrcom::Trama& trama);
+  bool guastaDati(const Guasto& guasto, ecrcom::Trama& trama);
+  bool tasti(const std::string& sequenza);
+  bool rispondi(std::uint8_t modo, const Risposta& risposta) const;
+  bool manda(ecrcom::Byte byte) const;
+  bool completa(const ecrcom::ByteIntestazione& testa, ecrcom::Trama& trama) const;
+  void aspettaFine() const;
+
+  const ecrcom::Presa& presa_;
+  Registratore& registratore_;
+  bool tastiAperti_ = false;
+};
+
+}  // namespace ecrsim
