@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+#include <deque>
+#include <functional>
+
+class QWidget;
+
+/// Plays a list of steps on the real screens: waits until a step's moment has come, then clicks or types. The
+/// steps go on inside modal loops. A step whose moment does not come in time ends the play.
+class Regista : public QObject {
+  Q_OBJECT
+
+ public:
+  using Quando = std::function<bool()>;
+  using Azione = std::function<void()>;
+
+  Regista();
+  void passo(const QString& nome, Quando quando, Azione azione);
+  /// Runs the event loop until the last step. Returns 0, or 1 if a step failed.
+  int esegui();
+  /// Ends the play as failed.
+  void fallisci(const QString& motivo);
+
+ private:
+  struct Passo {
+    QString nome;
+    Quando quando;
+    Azione azione;
+  };
+
+  void battito();
+  void recita(const Passo& passo);
+
+  std::deque<Passo> passi_;
+  QTimer orologio_;
+  QElapsedTimer attesa_;
+  bool inCorso_ = false;
+  int esito_ = 0;
+};
+
+/// The visible top-level window of that object name, if any.
+QWidget* finestra(const QString& nome);
+/// The visible window's control of that name; fails with std::runtime_error where there is none.
+QWidget& controllo(const QString& finestra, const QString& nome);
+void clicca(const QString& finestra, const QString& nome);
+/// Replaces the text of an input box by keys.
+void digita(const QString& finestra, const QString& nome, const QString& testo);
+/// Opens a menu of the window and clicks one of its entries.
+void scegliVoce(const QString& finestra, const QString& menu, const QString& voce);
+/// Whether a file dialog or a box stands in front.
+bool dialogoFile();
+bool riquadro();
+QString testoRiquadro();
+void rispondiDialogoFile(const QString& percorso);
+/// Clicks the first button of the box in front.
+void chiudiRiquadro();

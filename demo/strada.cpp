@@ -1,0 +1,262 @@
+#include "demo/strada.h"
+
+#include <sqlite3.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLocale>
+#include <QPixmap>
+#include <QWidget>
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <memory>
+
+#include "demo/attese.h"
+
+namespace {
+
+const QString kMenu = QStringLiteral("start");
+const QString kLavoro = QStringLiteral("Form_GestioneMMC");
+const QString kTrasferimento = QStringLiteral("Form_TrasferimentoArticoli");
+const QString kRicezione = QStringLiteral("Form_RicezioneVenduto");
+const QStringList kGiornata{QStringLiteral("--giornata"), QStringLiteral("300"), QStringLiteral("--seme"),
+                            QStringLiteral("2026")};
+
+Regista::Quando visibile(const QString& nome) {
+  return [nome] { return finestra(nome) != nullptr; };
+}
+
+Regista::Quando abilitato(const QString& nomeFinestra, const QString& nome) {
+  return [=] {
+    QWidget* aperta = finestra(nomeFinestra);
+    auto* comando = aperta == nullptr ? nullptr : aperta->findChild<QWidget*>(nome);
+    return comando != nullptr && comando->isEnabled() && QApplication::activeModalWidget() != nullptr;
+  };
+}
+
+std::filesystem::path percorso(const QString& nome) { return QFile::encodeName(nome).toStdString(); }
+
+/// Rows of the sales table by slot, read past the program through a connection of its own.
+struct Archivio {
+  std::map<int, attese::Venduto> venduto;
+  std::map<int, std::pair<std::string, std::string>> codici;
+  int articoli = 0;
+  int righe = 0;
+};
+
+Archivio leggiArchivio(const QString& file) {
+  sqlite3* base = nullptr;
+  if (sqlite3_open_v2(file.toUtf8().constData(), &base, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
+    throw std::runtime_error("archive not readable");
+  const std::unique_ptr<sqlite3, int (*)(sqlite3*)> chiusura(base, sqlite3_close);
+  Archivio archivio;
+  const auto leggi = [&](const char* sql, auto&& riga) {
+    sqlite3_stmt* frase = nullptr;
+    if (sqlite3_prepare_v2(base, sql, -1, &frase, nullptr) != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(base));
+    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> fine(frase, sqlite3_finalize);
+    while (sqlite3_step(frase) == SQLITE_ROW) riga(frase);
+  };
+  const auto testo = [](sqlite3_stmt* frase, int colonna) {
+    const auto* byte = sqlite3_column_text(frase, colonna);
+    return byte == nullptr ? std::string() : std::string(reinterpret_cast<const char*>(byte));
+  };
+  leggi("select count(*) from TAB_ARTICOLI where Descrizione <> ''",
+        [&](sqlite3_stmt* frase) { archivio.articoli = sqlite3_column_int(frase, 0); });
+  leggi("select id_plu, Importo_giornaliero, Tot_giorn_articoli_venduti, sconto_giornaliero, Codice_EAN, "
+        "Codice_Articolo from TAB_VENDUTO",
+        [&](sqlite3_stmt* frase) {
+          const int slot = sqlite3_column_int(frase, 0);
+          archivio.venduto[slot] = {slot, sqlite3_column_int(frase, 1), sqlite3_column_int(frase, 2),
+                                    sqlite3_column_int(frase, 3)};
+          archivio.codici[slot] = {testo(frase, 4), testo(frase, 5)};
+          ++archivio.righe;
+        });
+  return archivio;
+}
+
+QString euro(std::int64_t centesimi) {
+  return QLocale(QLocale::Italian, QLocale::Italy).toString(static_cast<double>(centesimi) / 100.0, 'f', 2);
+}
+
+}  // namespace
+
+Strada::Strada(Luoghi luoghi, CassaEsterna& cassa)
+    : luoghi_(std::move(luoghi)),
+      cassa_(cassa),
+      archivio_(luoghi_.cartella + QStringLiteral("/negozio.mdb")),
+      elenco_(luoghi_.cartella + QStringLiteral("/articoli.csv")) {}
+
+int Strada::percorri() {
+  cassa_.avvia();
+  creaArchivio();
+  importa();
+  trasferisci();
+  vendi();
+  ricevi();
+  torna();
+  return regista_.esegui();
+}
+
+void Strada::creaArchivio() {
+  regista_.passo(QStringLiteral("menu"), visibile(kMenu), [this] {
+    fotografa(kMenu, QStringLiteral("menu"));
+    clicca(kMenu, QStringLiteral("Label2"));
+  });
+  regista_.passo(QStringLiteral("workspace"), visibile(kLavoro), [this] {
+    fotografa(kLavoro, QStringLiteral("gestione-vuota"));
+    cronometro_.start();
+    scegliVoce(kLavoro, QStringLiteral("mnuFile"), QStringLiteral("mnuNuovo"));
+  });
+  regista_.passo(QStringLiteral("save dialog"), dialogoFile, [this] { rispondiDialogoFile(archivio_); });
+}
+
+void Strada::importa() {
+  regista_.passo(
+      QStringLiteral("archive open"),
+      [] {
+        QWidget* lavoro = finestra(kLavoro);
+        auto* comando = lavoro == nullptr ? nullptr : lavoro->findChild<QWidget*>(QStringLiteral("Cmd_Down"));
+        return comando != nullptr && comando->isEnabled();
+      },
+      [this] {
+        riga(QStringLiteral("Archivio creato"), QStringLiteral("negozio.mdb"));
+        fotografa(kLavoro, QStringLiteral("gestione-aperta"));
+        cronometro_.start();
+        scegliVoce(kLavoro, QStringLiteral("mnuFile"), QStringLiteral("mnuImporta"));
+      });
+  regista_.passo(QStringLiteral("open dialog"), dialogoFile, [this] {
+    cronometro_.start();
+    rispondiDialogoFile(elenco_);
+  });
+  attendiRiquadro(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"), QStringLiteral("import"));
+  regista_.passo(QStringLiteral("figures of the import"), [] { return !riquadro(); }, [this] {
+    const std::size_t attesi = attese::leggiElenco(percorso(elenco_)).size();
+    const Archivio archivio = leggiArchivio(archivio_);
+    pretendi(static_cast<std::size_t>(archivio.articoli) == attesi, QStringLiteral("articoli nell'archivio"));
+    riga(QStringLiteral("Articoli importati"), QString::number(archivio.articoli));
+    clicca(kLavoro, QStringLiteral("Cmd_Down"));
+  });
+}
+
+void Strada::collega(const QString& nome, const QString& foto) {
+  regista_.passo(nome, abilitato(nome, QStringLiteral("CmdInviaModECR")), [=, this] {
+    digita(nome, QStringLiteral("vkTextBoxIP_ECR"), cassa_.indirizzo());
+    cronometro_.start();
+    clicca(nome, QStringLiteral("CmdInviaModECR"));
+  });
+  regista_.passo(nome + QStringLiteral(" connected"), abilitato(nome, QStringLiteral("Cmd_Avvia")), [=, this] {
+    riga(QStringLiteral("Cassa collegata"), cassa_.indirizzo());
+    fotografa(nome, foto);
+    cronometro_.start();
+    clicca(nome, QStringLiteral("Cmd_Avvia"));
+  });
+}
+
+void Strada::trasferisci() {
+  collega(kTrasferimento, QStringLiteral("trasferimento"));
+  attendiRiquadro(QStringLiteral("ARCHIVIO DEGLI ARTICOLI CORRETTAMENTE TRASFERITO"),
+                  QStringLiteral("trasferimento-fatto"));
+  regista_.passo(QStringLiteral("figures of the transfer"), abilitato(kTrasferimento, QStringLiteral("Cmd_Esci")),
+                 [this] {
+                   confrontaInvio();
+                   clicca(kTrasferimento, QStringLiteral("Cmd_Esci"));
+                 });
+}
+
+void Strada::confrontaInvio() {
+  const std::string inviati = attese::leggiFile(percorso(cassa_.file(QStringLiteral("plu.bin"))));
+  pretendi(inviati == attese::immaginePLU(attese::leggiElenco(percorso(elenco_))), QStringLiteral("plu.bin"));
+  riga(QStringLiteral("Byte inviati"), QString::number(inviati.size()));
+}
+
+void Strada::vendi() {
+  regista_.passo(
+      QStringLiteral("a day at the till"), [] { return finestra(kTrasferimento) == nullptr; },
+      [this] {
+        cronometro_.start();
+        cassa_.ferma();
+        cassa_.avvia(kGiornata);
+        const QString venduto = cassa_.file(QStringLiteral("venduto.bin"));
+        QFile::remove(luoghi_.cartella + QStringLiteral("/giornata.bin"));
+        QFile::copy(venduto, luoghi_.cartella + QStringLiteral("/giornata.bin"));
+        const auto righe = attese::leggiVenduto(percorso(venduto));
+        pretendi(!righe.empty(), QStringLiteral("una giornata di vendite"));
+        riga(QStringLiteral("Giornata in cassa"), kGiornata.at(1) + QStringLiteral(" scontrini"));
+        clicca(kLavoro, QStringLiteral("Cmd_Upl"));
+      });
+}
+
+void Strada::ricevi() {
+  collega(kRicezione, QStringLiteral("ricezione"));
+  attendiRiquadro(QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
+                  QStringLiteral("ricezione-fatta"));
+  regista_.passo(QStringLiteral("figures of the reception"), abilitato(kRicezione, QStringLiteral("Cmd_Esci")),
+                 [this] {
+                   confrontaVenduto();
+                   clicca(kRicezione, QStringLiteral("Cmd_Esci"));
+                 });
+}
+
+void Strada::confrontaVenduto() {
+  const auto attesi = attese::leggiVenduto(percorso(luoghi_.cartella + QStringLiteral("/giornata.bin")));
+  const auto articoli = attese::leggiElenco(percorso(elenco_));
+  const Archivio archivio = leggiArchivio(archivio_);
+  std::int64_t incasso = 0;
+  for (const attese::Venduto& atteso : attesi) {
+    const auto trovata = archivio.venduto.find(atteso.slot);
+    pretendi(trovata != archivio.venduto.end() && trovata->second == atteso,
+             QStringLiteral("venduto dello slot %1").arg(atteso.slot));
+    const attese::Articolo& articolo = articoli.at(static_cast<std::size_t>(atteso.slot - 1));
+    const auto& [sottoEan, sottoArticolo] = archivio.codici.at(atteso.slot);
+    pretendi(sottoEan == articolo.codice && sottoArticolo == articolo.ean,
+             QStringLiteral("incrocio dei codici dello slot %1").arg(atteso.slot));
+    incasso += atteso.importo;
+  }
+  pretendi(static_cast<std::size_t>(archivio.righe) == attesi.size(), QStringLiteral("numero di righe del venduto"));
+  pretendi(attese::leggiVenduto(percorso(cassa_.file(QStringLiteral("venduto.bin")))).empty(),
+           QStringLiteral("venduto azzerato sulla cassa"));
+  riga(QStringLiteral("Righe di venduto"), QString::number(archivio.righe));
+  riga(QStringLiteral("Incasso in euro"), euro(incasso));
+}
+
+void Strada::torna() {
+  regista_.passo(
+      QStringLiteral("workspace again"), [] { return finestra(kRicezione) == nullptr && finestra(kLavoro) != nullptr; },
+      [] { clicca(kLavoro, QStringLiteral("Cmd_Esci")); });
+  regista_.passo(QStringLiteral("menu again"), visibile(kMenu), [this] {
+    pretendi(finestra(kLavoro) == nullptr, QStringLiteral("la gestione articoli si chiude"));
+    fotografa(kMenu, QStringLiteral("menu-di-nuovo"));
+    std::printf("Immagini delle schermate in %s\n", qPrintable(luoghi_.cartella));
+  });
+}
+
+void Strada::attendiRiquadro(const QString& testo, const QString& foto) {
+  regista_.passo(testo, riquadro, [=, this] {
+    pretendi(testoRiquadro() == testo, QStringLiteral("messaggio \"%1\", non \"%2\"").arg(testo, testoRiquadro()));
+    riga(QStringLiteral("Messaggio"), testo);
+    fotografaRiquadro(foto);
+    chiudiRiquadro();
+  });
+}
+
+void Strada::fotografa(const QString& nomeFinestra, const QString& nome) {
+  const QString file = QStringLiteral("%1/%2-%3.png").arg(luoghi_.cartella).arg(++foto_, 2, 10, QLatin1Char('0')).arg(nome);
+  pretendi(finestra(nomeFinestra)->grab().save(file), QStringLiteral("immagine ") + file);
+}
+
+void Strada::fotografaRiquadro(const QString& nome) {
+  const QString file = QStringLiteral("%1/%2-%3.png").arg(luoghi_.cartella).arg(++foto_, 2, 10, QLatin1Char('0')).arg(nome);
+  pretendi(QApplication::activeModalWidget()->grab().save(file), QStringLiteral("immagine ") + file);
+}
+
+void Strada::riga(const QString& cosa, const QString& valore) {
+  std::printf("%-20s %s  (%.2f s)\n", qPrintable(cosa), qPrintable(valore),
+              static_cast<double>(cronometro_.nsecsElapsed()) / 1e9);
+  std::fflush(stdout);
+}
+
+void Strada::pretendi(bool vero, const QString& cosa) {
+  if (!vero) regista_.fallisci(QStringLiteral("non corrisponde: ") + cosa);
+}
