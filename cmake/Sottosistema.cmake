@@ -12,3 +12,10 @@ function(sottosistema nome)
     target_precompile_headers(${nome} PRIVATE ${ARG_PCH})
   endif()
 endfunction()
+
+# vede_intestazioni(<target> <folder>...)
+# Lets a target include the headers of folders that it does not link: constants and interfaces only. The folders
+# are named for the check of inclusions.
+function(vede_intestazioni bersaglio)
+  target_include_directories(${bersaglio} PUBLIC ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/devices)
+endfunction()

@@ -1,7 +1,7 @@
 # cmake -DRADICE=<tree> -P VerificaInclusioni.cmake
 # Reads every #include under src/ and devices/ and compares it with the link lines: a folder may include itself
-# and what its `sottosistema` names under DIPENDE, directly or on the way down. Boxes and file dialogs stand in
-# platform/ui only, system calls in platform/ and devices/ only.
+# and what its link lines name, directly or on the way down; `vede_intestazioni` names folders whose headers it needs
+# without linking them. Boxes and file dialogs stand in platform/ui only, system calls in platform/ and devices/ only.
 cmake_minimum_required(VERSION 3.25)
 set(errori 0)
 
@@ -20,16 +20,25 @@ foreach(elenco IN LISTS elenchi)
   set(${nome}_cartella ${cartella})
   file(READ ${RADICE}/${elenco} testo)
   string(REGEX REPLACE "#[^\n]*" "" testo "${testo}")
-  string(REGEX MATCHALL "(sottosistema|target_link_libraries|add_library|add_executable)[ \n]*\\([^)]*\\)" chiamate "${testo}")
+  string(REGEX MATCHALL "(sottosistema|target_link_libraries|add_library|add_executable|vede_intestazioni)[ \n]*\\([^)]*\\)"
+         chiamate "${testo}")
   set(${nome}_vede ${nome})
   foreach(chiamata IN LISTS chiamate)
     string(REGEX MATCHALL "[A-Za-z_]+" parole "${chiamata}")
+    list(GET parole 0 comando)
+    list(GET parole 1 bersaglio)
+    if(comando MATCHES "^(sottosistema|add_library)$")
+      set(${bersaglio}_sta_in ${nome})
+    endif()
     list(APPEND ${nome}_parole ${parole})
   endforeach()
 endforeach()
 list(APPEND cartelle tests)
 foreach(nome IN LISTS cartelle)
   foreach(parola IN LISTS ${nome}_parole)
+    if(DEFINED ${parola}_sta_in)
+      set(parola ${${parola}_sta_in})
+    endif()
     if(parola IN_LIST cartelle)
       list(APPEND ${nome}_vede ${parola})
     endif()
