@@ -31,18 +31,31 @@ inline constexpr int kPercorsoAssente = 76;
 inline constexpr int kIngressoAssente = 453;
 
 // Store.
+inline constexpr int kMemoriaEsaurita = 7;
 inline constexpr int kNessunRecord = 3021;
 inline constexpr int kChiaveDuplicata = 3022;
 inline constexpr int kArchivioAssente = 3024;
 inline constexpr int kNessunaTransazione = 3034;
+inline constexpr int kErroreDisco = 3043;
 inline constexpr int kParametroMancante = 3061;
+inline constexpr int kNonEseguibile = 3065;  ///< a query that returns rows handed to Execute
 inline constexpr int kSolaLettura = 3073;
 inline constexpr int kSintassi = 3075;
 inline constexpr int kTabellaAssente = 3078;
+inline constexpr int kCampoAmbiguo = 3079;
+inline constexpr int kFunzioneIgnota = 3085;
 inline constexpr int kTestoDopoLaFine = 3142;
 inline constexpr int kTestoTroppoLungo = 3163;
+inline constexpr int kRecordCollegati = 3200;
+inline constexpr int kRecordPadreAssente = 3201;
+inline constexpr int kSenzaRighe = 3219;  ///< a statement that returns no rows opened as a record set
 inline constexpr int kBloccato = 3260;
 inline constexpr int kCampoAssente = 3265;
+inline constexpr int kValoreObbligatorio = 3314;
+inline constexpr int kRegolaViolata = 3317;
 inline constexpr int kNonDatabase = 3343;
+inline constexpr int kNumeroValori = 3346;  ///< as many values as columns were expected
+inline constexpr int kHandleChiuso = 3420;
+inline constexpr int kConversione = 3421;
 
 }  // namespace errore

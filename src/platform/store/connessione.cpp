@@ -1,0 +1,188 @@
+#include "platform/store/connessione.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+#include "platform/store/aperti.h"
+#include "platform/store/errori_sqlite.h"
+#include "platform/store/righe.h"
+#include "platform/store/schema.h"
+
+namespace store {
+
+namespace {
+
+constexpr std::size_t kPreparateMassime = 64;
+
+/// Puts a prepared statement back at its start whatever happens in between.
+class Ripristino {
+ public:
+  explicit Ripristino(sqlite3_stmt* istruzione) : istruzione_(istruzione) {}
+  ~Ripristino() { sqlite3_reset(istruzione_); }
+  Ripristino(const Ripristino&) = delete;
+  Ripristino& operator=(const Ripristino&) = delete;
+
+ private:
+  sqlite3_stmt* istruzione_;
+};
+
+std::string_view vista(const QByteArray& byte) {
+  return {byte.constData(), static_cast<std::size_t>(byte.size())};
+}
+
+std::string nomeLivello(int livello) {
+  return "livello_" + std::to_string(livello);
+}
+
+}  // namespace
+
+Connessione::Connessione(sqlite3* db, QString percorso, std::shared_ptr<Transazioni> transazioni)
+    : db_(db),
+      percorso_(std::move(percorso)),
+      transazioni_(std::move(transazioni)),
+      istruzioni_(kPreparateMassime) {}
+
+Connessione::~Connessione() {
+  try {
+    chiudi();
+  } catch (const Errore&) {
+    libera();  // the file is left as it was before the transaction
+  }
+}
+
+void Connessione::leggiSchema() {
+  if (!LeggiSchema(db_, dizionario_)) throw ErroreDelMotore(db_, Momento::Apertura);
+}
+
+void Connessione::fallita(const Errore& errore) {
+  if (livello_ > 0 && sqlite3_get_autocommit(db_) != 0) disfatta_ = errore;
+  throw errore;
+}
+
+void Connessione::comando(const std::string& sql) {
+  if (sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    fallita(ErroreDelMotore(db_, Momento::Istruzione));
+}
+
+void Connessione::allinea() {
+  while (livello_ < transazioni_->livello) {
+    comando(livello_ == 0 ? std::string("BEGIN") : "SAVEPOINT " + nomeLivello(livello_ + 1));
+    imposta(livello_ + 1);
+  }
+}
+
+void Connessione::imposta(int livello) noexcept {
+  if (livello_ == 0 && livello > 0) ++transazioni_->partecipanti;
+  if (livello_ > 0 && livello == 0) --transazioni_->partecipanti;
+  livello_ = livello;
+}
+
+sqlite3_stmt* Connessione::prepara(const QByteArray& sorgente, Preparata*& preparata) {
+  Traduci(vista(sorgente), dizionario_, traduzione_);
+  preparata = istruzioni_.prendi(db_, traduzione_.sql);
+  if (preparata == nullptr) fallita(ErroreDiPreparazione(db_, vista(sorgente), dizionario_));
+  lega(preparata->istruzione);
+  return preparata->istruzione;
+}
+
+// The windows on the source stay bound when the call is over; every later use binds all of them anew.
+void Connessione::lega(sqlite3_stmt* istruzione) const {
+  int posto = 0;
+  for (const Parametro& parametro : traduzione_.parametri) {
+    ++posto;
+    switch (parametro.tipo) {
+      case Parametro::Tipo::Intero:
+        sqlite3_bind_int64(istruzione, posto, parametro.intero);
+        break;
+      case Parametro::Tipo::Reale:
+        sqlite3_bind_double(istruzione, posto, parametro.reale);
+        break;
+      case Parametro::Tipo::Testo:
+        sqlite3_bind_text64(istruzione, posto, parametro.testo.data(), parametro.testo.size(), SQLITE_STATIC,
+                            SQLITE_UTF8);
+        break;
+    }
+  }
+}
+
+int Connessione::esegui(const QString& sql) {
+  if (disfatta_) throw *disfatta_;
+  const QByteArray sorgente = sql.toUtf8();
+  Preparata* preparata = nullptr;
+  sqlite3_stmt* const istruzione = prepara(sorgente, preparata);
+  if (sqlite3_column_count(istruzione) > 0)
+    throw Errore{errore::kNonEseguibile, QStringLiteral("Impossibile eseguire una query di selezione.")};
+  allinea();
+  const Ripristino ripristino(istruzione);
+  if (sqlite3_step(istruzione) != SQLITE_DONE) fallita(ErroreDelMotore(db_, Momento::Istruzione));
+  if (traduzione_.definizione) {
+    leggiSchema();
+    return 0;
+  }
+  return sqlite3_changes(db_);
+}
+
+void Connessione::conferma(int livello) {
+  if (disfatta_) throw *disfatta_;
+  if (livello_ < livello) return;
+  if (livello > 1) {
+    comando("RELEASE " + nomeLivello(livello));
+  } else if (sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK) {
+    const Errore errore = ErroreDelMotore(db_, Momento::Istruzione);
+    if (sqlite3_get_autocommit(db_) == 0) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+    disfatta_ = errore;
+    throw errore;
+  }
+  imposta(livello_ - 1);
+}
+
+void Connessione::annulla(int livello) {
+  if (disfatta_) {
+    if (livello == 1) disfatta_.reset();
+    imposta(std::min(livello_, livello - 1));
+    return;
+  }
+  if (livello_ < livello) return;
+  imposta(livello - 1);
+  if (livello == 1) return comando("ROLLBACK");
+  comando("ROLLBACK TO " + nomeLivello(livello));
+  comando("RELEASE " + nomeLivello(livello));
+}
+
+void Connessione::confermaTutto() {
+  if (disfatta_ || livello_ == 0) return;
+  while (livello_ > 0) conferma(livello_);
+}
+
+void Connessione::chiudi() {
+  if (!aperta()) return;
+  try {
+    confermaTutto();
+  } catch (const Errore&) {
+    libera();
+    throw;
+  }
+  libera();
+}
+
+void Connessione::abbandona() noexcept {
+  libera();
+}
+
+// Closing a connection undoes what it has not committed. A transaction that an earlier command left open ends
+// with the last database in it.
+void Connessione::libera() noexcept {
+  if (!aperta()) return;
+  const bool partecipava = livello_ > 0;
+  imposta(0);
+  if (partecipava && transazioni_->partecipanti == 0 && transazioni_->diUnAltroComando())
+    transazioni_->livello = 0;
+  istruzioni_.svuota();
+  aperti::togli(this);
+  sqlite3_close_v2(db_);
+  db_ = nullptr;
+  disfatta_.reset();
+}
+
+}  // namespace store

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+#include <optional>
+
+#include "platform/errore.h"
+#include "platform/store/dialetto.h"
+#include "platform/store/istruzioni.h"
+
+struct sqlite3;
+
+namespace store {
+
+class Righe;
+
+/// A workspace's transaction, shared by its connections.
+struct Transazioni {
+  int livello = 0;
+  /// Counts the commands entered from the event loop, and which of them began the transaction now open.
+  int comando = 0;
+  int comandoIniziale = 0;
+  /// Connections that have entered it.
+  int partecipanti = 0;
+
+  bool diUnAltroComando() const { return comandoIniziale != comando; }
+};
+
+/// One open file. It enters the workspace's transaction at its first statement in it, so that databases
+/// opened behind the begin are in it as well.
+class Connessione {
+ public:
+  /// Takes the handle over.
+  Connessione(sqlite3* db, QString percorso, std::shared_ptr<Transazioni> transazioni);
+  /// Closes as `chiudi` does; a failure has nobody to be told any more.
+  ~Connessione();
+  Connessione(const Connessione&) = delete;
+  Connessione& operator=(const Connessione&) = delete;
+
+  bool aperta() const { return db_ != nullptr; }
+  const QString& percorso() const { return percorso_; }
+  sqlite3* motore() const { return db_; }
+  std::size_t preparate() const { return istruzioni_.quante(); }
+
+  /// Reads the tables; fails with 3343, 3260 or 75 where the file is none of ours, locked or unreadable.
+  void leggiSchema();
+  int esegui(const QString& sql);
+  std::shared_ptr<const Righe> interroga(const QString& sql);
+
+  /// True if the engine has undone the transaction by itself: no statement is taken until it is rolled back.
+  bool disfatta() const { return disfatta_.has_value(); }
+  bool inTransazione() const { return livello_ > 0; }
+  /// Ends the innermost level if this connection has entered it.
+  void conferma(int livello);
+  void annulla(int livello);
+  /// Commits what is open and closes.
+  void chiudi();
+  /// Undoes what is open and closes.
+  void abbandona() noexcept;
+
+ private:
+  sqlite3_stmt* prepara(const QByteArray& sorgente, Preparata*& preparata);
+  void lega(sqlite3_stmt* istruzione) const;
+  void allinea();
+  void comando(const std::string& sql);
+  void confermaTutto();
+  [[noreturn]] void fallita(const Errore& errore);
+  void imposta(int livello) noexcept;
+  void libera() noexcept;
+
+  sqlite3* db_;
+  QString percorso_;
+  std::shared_ptr<Transazioni> transazioni_;
+  Dizionario dizionario_;
+  Istruzioni istruzioni_;
+  Traduzione traduzione_;
+  int livello_ = 0;
+  std::optional<Errore> disfatta_;
+};
+
+/// Opens an existing file. Throws as Workspace::OpenDatabase.
+std::shared_ptr<Connessione> ApriConnessione(const QString& percorso,
+                                             std::shared_ptr<Transazioni> transazioni);
+
+}  // namespace store

@@ -1,0 +1,74 @@
+#include <sqlite3.h>
+
+#include "platform/store/connessione.h"
+#include "platform/store/data_ora.h"
+#include "platform/store/errori_sqlite.h"
+#include "platform/store/righe.h"
+
+namespace store {
+
+namespace {
+
+std::vector<QString> nomi(sqlite3_stmt* istruzione) {
+  std::vector<QString> risultato;
+  for (int i = 0; i < sqlite3_column_count(istruzione); ++i)
+    risultato.push_back(QString::fromUtf8(sqlite3_column_name(istruzione, i)));
+  return risultato;
+}
+
+std::string_view testo(sqlite3_stmt* istruzione, int colonna) {
+  const void* byte = sqlite3_column_text(istruzione, colonna);
+  return {static_cast<const char*>(byte),
+          static_cast<std::size_t>(sqlite3_column_bytes(istruzione, colonna))};
+}
+
+void leggiTesto(Righe& righe, Righe::Cella& cella, std::string_view testo, bool data) {
+  const auto momento = data ? LeggiDataOra(testo) : std::nullopt;
+  righe.scriviTesto(cella, momento ? FormaItaliana(*momento) : testo);
+}
+
+void leggiCella(sqlite3_stmt* istruzione, int colonna, bool data, Righe& righe, Righe::Cella& cella) {
+  switch (sqlite3_column_type(istruzione, colonna)) {
+    case SQLITE_INTEGER:
+      cella.tipo = Righe::Tipo::Intero;
+      cella.intero = sqlite3_column_int64(istruzione, colonna);
+      break;
+    case SQLITE_FLOAT:
+      cella.tipo = Righe::Tipo::Reale;
+      cella.reale = sqlite3_column_double(istruzione, colonna);
+      break;
+    case SQLITE_NULL:
+      break;
+    default:
+      leggiTesto(righe, cella, testo(istruzione, colonna), data);
+      break;
+  }
+}
+
+}  // namespace
+
+std::shared_ptr<const Righe> Connessione::interroga(const QString& sql) {
+  const QByteArray sorgente = sql.toUtf8();
+  Preparata* preparata = nullptr;
+  sqlite3_stmt* const istruzione = prepara(sorgente, preparata);
+  if (sqlite3_column_count(istruzione) == 0)
+    throw Errore{errore::kSenzaRighe,
+                 QStringLiteral("Operazione non valida: l'istruzione non restituisce record.")};
+  if (!disfatta_) allinea();
+  const auto righe = std::make_shared<Righe>(nomi(istruzione));
+  int esito = SQLITE_ROW;
+  while ((esito = sqlite3_step(istruzione)) == SQLITE_ROW) {
+    Righe::Cella* const celle = righe->nuovaRiga();
+    for (int i = 0; i < righe->colonne(); ++i)
+      leggiCella(istruzione, i, preparata->colonneData[static_cast<std::size_t>(i)], *righe, celle[i]);
+  }
+  if (esito == SQLITE_DONE) {
+    sqlite3_reset(istruzione);
+    return righe;
+  }
+  const Errore errore = ErroreDelMotore(db_, Momento::Istruzione);
+  sqlite3_reset(istruzione);
+  fallita(errore);
+}
+
+}  // namespace store

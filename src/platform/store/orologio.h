@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QDateTime>
+#include <functional>
+
+namespace store {
+
+/// What the dialect's DATE() reads: local time.
+using Orologio = std::function<QDateTime()>;
+
+/// Puts another clock in place, for the whole process; an empty one brings the system's back.
+void ImpostaOrologio(Orologio orologio);
+QDateTime AdessoLocale();
+
+}  // namespace store
