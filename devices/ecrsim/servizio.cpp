@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <system_error>
-#include <utility>
 
 #include "ecrsim/dialogo.h"
 
@@ -17,22 +16,24 @@ using ecrcom::Presa;
 
 constexpr std::uint32_t kReteLocale = 127;
 constexpr int kCoda = 64;
-/// Pause before the next try when the process has no descriptor left.
-constexpr std::chrono::milliseconds kRespiro{10};
-/// How long the other side of a connection that has ended may take to close its own end.
+/// How long a connection that has ended may still be read away.
 constexpr std::chrono::milliseconds kCongedo{1000};
 
 [[noreturn]] void fallisci(int errore, const std::string& indirizzo) {
   throw std::system_error(errore, std::generic_category(), "ecrsim " + indirizzo);
 }
 
+in_addr indirizzoLocale(const std::string& testo) {
+  const std::optional<in_addr> indirizzo = ecrcom::indirizzo(testo);
+  if (!indirizzo || ntohl(indirizzo->s_addr) >> 24U != kReteLocale) fallisci(EADDRNOTAVAIL, testo);
+  return *indirizzo;
+}
+
 Presa ascolta(const std::string& testo) {
-  const std::optional<in_addr> indirizzo = indirizzoLocale(testo);
-  if (!indirizzo) fallisci(EADDRNOTAVAIL, testo);
   sockaddr_in dove{};
   dove.sin_family = AF_INET;
   dove.sin_port = htons(ecrcom::kPorta);
-  dove.sin_addr = *indirizzo;
+  dove.sin_addr = indirizzoLocale(testo);
   Presa presa(socket(AF_INET, SOCK_STREAM, 0));
   if (!presa.aperta()) fallisci(errno, testo);
   const int si = 1;
@@ -43,11 +44,6 @@ Presa ascolta(const std::string& testo) {
 }
 
 }  // namespace
-
-std::optional<in_addr> indirizzoLocale(const std::string& testo) {
-  const std::optional<in_addr> indirizzo = ecrcom::indirizzo(testo);
-  return indirizzo && ntohl(indirizzo->s_addr) >> 24U == kReteLocale ? indirizzo : std::nullopt;
-}
 
 Servizio::Servizio(const std::string& indirizzo, Registratore& registratore)
     : registratore_(registratore), ascolto_(ascolta(indirizzo)), filo_([this] { accetta(); }) {}
@@ -67,18 +63,23 @@ Servizio::~Servizio() {
 void Servizio::accetta() {
   while (ecrcom::attendi(ascolto_, POLLIN, std::nullopt) == ecrcom::Esito::Fatto) {
     const int descrittore = accept(ascolto_.descrittore(), nullptr, nullptr);
-    if (descrittore < 0 && (errno == EMFILE || errno == ENFILE)) std::this_thread::sleep_for(kRespiro);
+    const int errore = errno;
     const std::lock_guard guardia(serratura_);
-    Presa presa(descrittore);
-    if (chiude_) return;
+    if (chiude_) {
+      if (descrittore >= 0) Presa(descrittore).chiudi();
+      return;
+    }
     raccogli();
-    if (presa.aperta()) accogli(std::move(presa));
+    if (descrittore >= 0)
+      accogli(descrittore);
+    else if (errore == EINVAL || errore == EBADF)
+      return;
   }
 }
 
-void Servizio::accogli(Presa presa) {
+void Servizio::accogli(int descrittore) {
   Collegamento& nuovo = collegamenti_.emplace_back();
-  nuovo.presa = std::move(presa);
+  nuovo.presa = Presa(descrittore);
   try {
     nuovo.filo = std::thread([this, &nuovo] { servi(nuovo); });
   } catch (const std::system_error&) {
@@ -88,7 +89,7 @@ void Servizio::accogli(Presa presa) {
 
 void Servizio::servi(Collegamento& collegamento) {
   Dialogo(collegamento.presa, registratore_).conduci();
-  collegamento.presa.congeda(ecrcom::fra(kCongedo));
+  ::shutdown(collegamento.presa.descrittore(), SHUT_WR);
   const std::lock_guard guardia(serratura_);
   collegamento.presa.chiudi();
   collegamento.finito = true;

@@ -2,7 +2,6 @@
 
 #include <list>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <thread>
 
@@ -10,9 +9,6 @@
 #include "ecrsim/registratore.h"
 
 namespace ecrsim {
-
-/// The address of a dotted text if it is 127.x.y.z, else nothing.
-std::optional<in_addr> indirizzoLocale(const std::string& testo);
 
 /// The till's line: listens at an address, one thread for each connection.
 class Servizio {
@@ -32,7 +28,7 @@ class Servizio {
   };
 
   void accetta();
-  void accogli(ecrcom::Presa presa);
+  void accogli(int descrittore);
   void servi(Collegamento& collegamento);
   /// Joins the threads that have ended.
   void raccogli();

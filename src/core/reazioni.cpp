@@ -26,7 +26,7 @@ void databaseCorrotto(Utente& utente) {
   utente.MsgBox(
       QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. PROCEDURA ABORTITA !!!"),
       Icona::Critica);
-  varGlobal().FlagAnomalia = 1;
+  varGlobal().FlagAnomalia = kVero;
   utente.Termina();
   std::abort();  // never reached: the port does not return
 }

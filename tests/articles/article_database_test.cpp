@@ -1,0 +1,273 @@
+#include "articles/article_database.h"
+
+#include <gmock/gmock.h>
+
+#include <QFile>
+
+#include "articles/bottega.h"
+#include "articles/plu_image.h"
+#include "articles/transfer.h"
+#include "core/reazioni.h"
+
+namespace {
+
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+
+const QString kGrave =
+    QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. PROCEDURA ABORTITA !!!");
+
+/// The number of the failure of a call, 0 for none.
+template <typename Chiamata>
+int numeroDi(Chiamata&& chiamata) {
+  try {
+    chiamata();
+  } catch (const Errore& errore) {
+    return errore.numero;
+  }
+  return 0;
+}
+
+/// The one box of a failure: prefix, number and some description behind it, critical.
+void attendiErrore(Bottega& bottega, const QString& prefisso, int numero) {
+  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  ASSERT_EQ(visti.size(), 1U);
+  EXPECT_TRUE(visti[0].testo.startsWith(prefisso + QString::number(numero) + QStringLiteral(" - ")))
+      << visti[0].testo.toStdString();
+  EXPECT_EQ(visti[0].icona, Icona::Critica);
+  EXPECT_EQ(visti[0].pulsanti, Pulsanti::OK);
+}
+
+// New, open, close.
+
+TEST(ArchivioArticoli, IlNuovoArchivioHaLeCinquemilaPosizioniDelModello) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where ID_Position <> '' ")), 5000);
+  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT NomeCassa from TAB_VARIE ")),
+            QStringLiteral("NON_ASSEGNATO"));
+  EXPECT_EQ(varGlobal().NomeDB_Articoli, bottega.cartella.file(QStringLiteral("archivio.mdb")));
+  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+}
+
+TEST(ArchivioArticoli, IlNuovoArchivioSopraUnoEsistenteNePerdeGliArticoli) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
+  articles::ChiudiDatabase();
+  bottega.apriArchivio();
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Descrizione ='PANE'")), 0);
+}
+
+TEST(ArchivioArticoli, SenzaModelloLaCopiaFallisceENullaSiApre) {
+  Bottega bottega;
+  bottega.contesto.cartella = bottega.cartella.percorso();
+  EXPECT_EQ(numeroDi([&] { bottega.apriArchivio(); }), errore::kFileAssente);
+  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+  EXPECT_FALSE(QFile::exists(bottega.cartella.file(QStringLiteral("archivio.mdb"))));
+}
+
+TEST(ArchivioArticoli, IlModelloAssenteSiDiceSottoAttenzione) {
+  Bottega bottega;
+  articles::avvisaModelloAssente(bottega.contesto);
+  EXPECT_THAT(bottega.utente.prendiRiquadri(), IsEmpty());
+  bottega.contesto.cartella = bottega.cartella.percorso();
+  articles::avvisaModelloAssente(bottega.contesto);
+  EXPECT_THAT(bottega.utente.prendiRiquadri(),
+              ElementsAreArray(
+                  {Riquadro{QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
+                            Icona::Critica, QStringLiteral("ATTENZIONE"), Pulsanti::OK}}));
+}
+
+TEST(ArchivioArticoli, UnFileDiTestoConEstensioneMdbNonSiApre) {
+  Bottega bottega;
+  const QString file = bottega.cartella.scrivi(QStringLiteral("testo.mdb"), "una lista della spesa\r\n");
+  EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errore::kNonDatabase);
+  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("testo.mdb")), QByteArray("una lista della spesa\r\n"));
+}
+
+TEST(ArchivioArticoli, UnFileVuotoNonDiventaUnArchivio) {
+  Bottega bottega;
+  const QString file = bottega.cartella.scrivi(QStringLiteral("vuoto.mdb"), {});
+  EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errore::kNonDatabase);
+  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("vuoto.mdb")), QByteArray());
+}
+
+TEST(ArchivioArticoli, UnArchivioAssenteNonSiApreENonNasce) {
+  Bottega bottega;
+  const QString file = bottega.cartella.file(QStringLiteral("assente.mdb"));
+  EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errore::kArchivioAssente);
+  EXPECT_FALSE(QFile::exists(file));
+}
+
+TEST(ArchivioArticoli, UnAperturaFallitaLasciaApertoLArchivioDiPrima) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  const QString file = bottega.cartella.scrivi(QStringLiteral("testo.mdb"), "testo");
+  EXPECT_NE(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), 0);
+  EXPECT_TRUE(varGlobal().NomeDB_Articoli.endsWith(QStringLiteral("archivio.mdb")));
+  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), 5000);
+}
+
+TEST(ArchivioArticoli, UnDatabaseDAltroGenereSiApreETerminaIlProgrammaAlPrimoRiempimento) {
+  Bottega bottega;
+  bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
+  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_THROW(articles::RiempiPLU(bottega.utente), ProgrammaTerminato);
+  EXPECT_TRUE(bottega.utente.terminato());
+  EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
+  EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAreArray(riquadri({kGrave}, Icona::Critica)));
+}
+
+TEST(ArchivioArticoli, ChiudereSenzaArchivioNonFaNulla) {
+  Bottega bottega;
+  EXPECT_EQ(numeroDi([] { articles::ChiudiDatabase(); }), 0);
+  bottega.apriArchivio();
+  articles::ChiudiDatabase();
+  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+}
+
+// CheckTabVarie.
+
+TEST(CheckTabVarie, IlModelloNonEAssegnato) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  EXPECT_EQ(articles::CheckTabVarie(bottega.utente), 0);
+}
+
+TEST(CheckTabVarie, UnaTabellaVuotaContaComeNonAssegnata) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  bottega.esegui(QStringLiteral("Delete  from TAB_VARIE"));
+  EXPECT_EQ(articles::CheckTabVarie(bottega.utente), 0);
+}
+
+TEST(CheckTabVarie, UnaRigaAssegnataFraTanteBasta) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  bottega.esegui(QStringLiteral("INSERT INTO TAB_VARIE (NomeCassa) Values ('CASSA 1');"));
+  bottega.esegui(QStringLiteral("INSERT INTO TAB_VARIE (NomeCassa) Values ('NON_ASSEGNATO');"));
+  EXPECT_EQ(articles::CheckTabVarie(bottega.utente), -1);
+}
+
+TEST(CheckTabVarie, UnNomeNulloSiDiceELeAltreRigheContano) {
+  Bottega bottega;
+  bottega.apriVuoto({QStringLiteral("CREATE TABLE TAB_VARIE (NomeCassa TEXT)"),
+                     QStringLiteral("INSERT INTO TAB_VARIE VALUES (NULL), ('CASSA 1')")});
+  EXPECT_EQ(articles::CheckTabVarie(bottega.utente), -1);
+  attendiErrore(bottega, QStringLiteral("CheckTabVarie "), errore::kNullo);
+}
+
+TEST(CheckTabVarie, SenzaTabellaDiceIlNumeroERestituisceQuelCheAveva) {
+  Bottega bottega;
+  bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
+  EXPECT_EQ(articles::CheckTabVarie(bottega.utente), 0);
+  attendiErrore(bottega, QStringLiteral("CheckTabVarie "), errore::kTabellaAssente);
+  EXPECT_FALSE(bottega.utente.terminato());
+}
+
+// CalcolaNumArticoli.
+
+TEST(CalcolaNumArticoli, LePosizioniSenzaDatiContano) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), 5000);
+}
+
+TEST(CalcolaNumArticoli, NessunaRigaDaZero) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI"));
+  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), 0);
+}
+
+TEST(CalcolaNumArticoli, SenzaTabellaDiceIlNumeroEDaMenoUno) {
+  Bottega bottega;
+  bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
+  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), -1);
+  attendiErrore(bottega, QStringLiteral("CalcolaNumArticoli "), errore::kTabellaAssente);
+}
+
+TEST(CalcolaNumArticoli, SenzaColonnaDiceIlNumeroEDaMenoUno) {
+  Bottega bottega;
+  bottega.apriVuoto({QStringLiteral("CREATE TABLE TAB_ARTICOLI (a INTEGER)")});
+  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), -1);
+  attendiErrore(bottega, QStringLiteral("CalcolaNumArticoli "), errore::kParametroMancante);
+}
+
+// GetCodiceEAN.
+
+class GetCodiceEAN : public testing::Test {
+ protected:
+  GetCodiceEAN() {
+    bottega.apriArchivio();
+    bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN ='80012345' WHERE auto_id =7"));
+  }
+  std::int16_t chiedi(int slot, const QString& ean) {
+    return articles::GetCodiceEAN(slot, ean, bottega.utente);
+  }
+
+  Bottega bottega;
+};
+
+TEST_F(GetCodiceEAN, UnAltraRigaConLoStessoEanDa124) {
+  EXPECT_EQ(chiedi(8, QStringLiteral("80012345")), 124);
+}
+
+TEST_F(GetCodiceEAN, LaRigaStessaNonConta) {
+  EXPECT_EQ(chiedi(7, QStringLiteral("80012345")), 123);
+}
+
+TEST_F(GetCodiceEAN, UnEanCheNessunoPortaDa123) {
+  EXPECT_EQ(chiedi(8, QStringLiteral("999")), 123);
+}
+
+TEST_F(GetCodiceEAN, UnApostrofoRompeLoStatementESiDice) {
+  EXPECT_EQ(chiedi(8, QStringLiteral("80'1")), 123);
+  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  ASSERT_EQ(visti.size(), 1U);
+  EXPECT_TRUE(visti[0].testo.startsWith(QStringLiteral("Errore GetCodiceEAN 30")))
+      << visti[0].testo.toStdString();
+  EXPECT_EQ(visti[0].icona, Icona::Critica);
+}
+
+// The shared reaction to failures, one row a test.
+
+class ReazioneComune : public testing::TestWithParam<int> {};
+
+TEST_P(ReazioneComune, IlNumeroSiPassaOltreInSilenzio) {
+  UtenteCopione utente;
+  const auto fallisce = [] { throw Errore{GetParam(), QStringLiteral("descrizione")}; };
+  EXPECT_EQ(reazioni::prossimaIstruzione(utente, QStringLiteral("P "), fallisce), reazioni::Esito::Ignorato);
+  EXPECT_EQ(reazioni::prossimaIstruzioneRiempimento(utente, QStringLiteral("P "), fallisce),
+            reazioni::Esito::Ignorato);
+  EXPECT_THAT(utente.prendiRiquadri(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Numeri, ReazioneComune, testing::Values(0, 20, 53, 75, 3021));
+
+TEST(ReazioneComuneAgliErrori, OgniAltroNumeroSiDiceConPrefissoEDescrizione) {
+  UtenteCopione utente;
+  const auto fallisce = [] { throw Errore{3260, QStringLiteral("bloccato")}; };
+  EXPECT_EQ(reazioni::prossimaIstruzione(utente, QStringLiteral("P "), fallisce), reazioni::Esito::Segnalato);
+  EXPECT_THAT(utente.prendiRiquadri(),
+              ElementsAreArray(riquadri({QStringLiteral("P 3260 - bloccato")}, Icona::Critica)));
+}
+
+TEST(ReazioneComuneAgliErrori, LaTabellaAssenteTerminaIlProgrammaSoloNeiRiempimenti) {
+  azzeraStato();
+  UtenteCopione utente;
+  const auto fallisce = [] { throw Errore{errore::kTabellaAssente, QStringLiteral("assente")}; };
+  EXPECT_EQ(reazioni::prossimaIstruzione(utente, QStringLiteral("P "), fallisce), reazioni::Esito::Segnalato);
+  EXPECT_FALSE(utente.terminato());
+  EXPECT_THROW(reazioni::prossimaIstruzioneRiempimento(utente, QStringLiteral("P "), fallisce),
+               ProgrammaTerminato);
+  EXPECT_TRUE(utente.terminato());
+  EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
+  EXPECT_THAT(utente.prendiRiquadri(),
+              ElementsAreArray(riquadri({QStringLiteral("P 3078 - assente"), kGrave}, Icona::Critica)));
+  azzeraStato();
+}
+
+}  // namespace

@@ -1,0 +1,104 @@
+#include "articles/schermo_guidato.h"
+
+#include <sys/resource.h>
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QTest>
+#include <array>
+#include <csignal>
+
+namespace {
+
+void imbucaClic(QWidget& widget) {
+  const QPointF centro = widget.rect().center();
+  const QPointF sulloSchermo = widget.mapToGlobal(centro);
+  for (const QEvent::Type tipo : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+    QCoreApplication::postEvent(
+        &widget,
+        new QMouseEvent(tipo, centro, sulloSchermo, Qt::LeftButton,
+                        tipo == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
+}
+
+bool corrisponde(const Riquadro& visto, const Riquadro& atteso) {
+  if (!atteso.testo.endsWith(QLatin1Char('*'))) return visto == atteso;
+  return visto.testo.startsWith(atteso.testo.chopped(1)) && visto.icona == atteso.icona &&
+         visto.titolo == atteso.titolo && visto.pulsanti == atteso.pulsanti;
+}
+
+}  // namespace
+
+SchermoGuidato::SchermoGuidato(Bottega& bottega, const QString& nome)
+    : finestra_(&bottega.schermate.mostra(nome, bottega.contesto)) {}
+
+bool SchermoGuidato::vivo() const {
+  return finestra_ && finestra_->isVisible();
+}
+
+QString SchermoGuidato::testo(const QString& nome) const {
+  return controllo(nome).property("text").toString();
+}
+
+void SchermoGuidato::clic(const QString& nome) const {
+  QTest::mouseClick(&controllo(nome), Qt::LeftButton);
+}
+
+void SchermoGuidato::tasto(Qt::Key tasto) const {
+  QWidget* dove = finestra_->focusWidget();
+  QTest::keyClick(dove ? dove : finestra_.data(), tasto);
+}
+
+void SchermoGuidato::scriviIndirizzo(const QString& indirizzo) const {
+  auto& casella = controllo<QLineEdit>(QStringLiteral("vkTextBoxIP_ECR"));
+  casella.selectAll();
+  QTest::keyClicks(&casella, indirizzo);
+}
+
+void SchermoGuidato::connetti(Cassa& cassa) const {
+  scriviIndirizzo(cassa.indirizzo());
+  clic(QStringLiteral("CmdInviaModECR"));
+}
+
+void SchermoGuidato::impazienza() const {
+  imbucaClic(controllo(QStringLiteral("Cmd_Avvia")));
+  imbucaClic(controllo(QStringLiteral("Cmd_Esci")));
+  QCoreApplication::postEvent(finestra_, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+  QCoreApplication::postEvent(finestra_, new QCloseEvent);
+}
+
+void attendi(Bottega& bottega, const std::vector<Riquadro>& attesi) {
+  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  ASSERT_EQ(visti.size(), attesi.size()) << testing::PrintToString(visti);
+  for (std::size_t i = 0; i < visti.size(); ++i)
+    EXPECT_TRUE(corrisponde(visti[i], attesi[i]))
+        << testing::PrintToString(visti[i]) << " in place of " << testing::PrintToString(attesi[i]);
+}
+
+Riquadro riquadro(const QString& testo, Icona icona) {
+  return {testo, icona, {}, Pulsanti::OK};
+}
+
+std::string nomeGuasto(int modo, ecrsim::Cosa cosa) {
+  static constexpr std::array kNomi{"Codice",     "Silenzio",  "TaglioPrima", "TaglioDentro",
+                                    "TaglioDopo", "FileCorto", "FileLungo",   "Spazzatura"};
+  return "Modo" + std::to_string(modo) + kNomi.at(static_cast<std::size_t>(cosa));
+}
+
+DiscoPieno::DiscoPieno(unsigned long byte) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limite{};
+  EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &limite), 0);
+  prima_ = limite.rlim_cur;
+  limite.rlim_cur = byte;
+  EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limite), 0);
+}
+
+DiscoPieno::~DiscoPieno() {
+  rlimit limite{};
+  getrlimit(RLIMIT_FSIZE, &limite);
+  limite.rlim_cur = prima_;
+  EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limite), 0);
+}

@@ -1,0 +1,474 @@
+#include "sales/Form_RicezioneVenduto.h"
+
+#include <gmock/gmock.h>
+#include <sqlite3.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProgressBar>
+#include <QRadioButton>
+#include <QTest>
+#include <algorithm>
+
+#include "articles/article_database.h"
+#include "articles/bottega.h"
+#include "articles/schermo_guidato.h"
+
+namespace {
+
+using testing::Each;
+
+const QString kSchermo = QStringLiteral("Form_RicezioneVenduto");
+const QString kAvvia = QStringLiteral("Cmd_Avvia");
+const QString kEsci = QStringLiteral("Cmd_Esci");
+const QString kConnetti = QStringLiteral("CmdInviaModECR");
+const QString kBarra = QStringLiteral("vkBar1");
+const QString kGlobale = QStringLiteral("vkOptionButtonGlobale");
+const QString kReset = QStringLiteral("vkOptionButtonReset");
+const QString kFile = QStringLiteral("venduto.bin");
+const QByteArray kZeri(60000, '\0');
+
+const Riquadro kRicevuto =
+    riquadro(QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
+             Icona::Esclamazione);
+const Riquadro kAzzerato =
+    riquadro(QStringLiteral("ARCHIVIO DEL VENDUTO AZZERATO CORRETTAMENTE SULLA CASSA"), Icona::Esclamazione);
+const Riquadro kComunicazione =
+    riquadro(QStringLiteral("Errore nella comunicazione con ECR: *"), Icona::Critica);
+const Riquadro kErroreDati =
+    riquadro(QStringLiteral("Errore nell'invio richiesta dati del venduto"), Icona::Esclamazione);
+const Riquadro kErroreReset =
+    riquadro(QStringLiteral("Errore nell'invio richiesta reset dati del venduto"), Icona::Esclamazione);
+const Riquadro kErrore =
+    riquadro(QStringLiteral("Errore durante la trasmissione/ricezione. "), Icona::Esclamazione);
+
+Riquadro caricamento(const QString& numero) {
+  return riquadro(QStringLiteral("Errore nel caricamento dati nella TAB_VENDUTO n° ") + numero,
+                  Icona::Critica);
+}
+
+class RicezioneVenduto : public testing::Test {
+ protected:
+  RicezioneVenduto() { registraRicezioneVenduto(bottega.schermate); }
+
+  SchermoGuidato pronto() {
+    if (!varGlobal().DB_Articoli.aperto()) bottega.apriArchivio();
+    SchermoGuidato schermo(bottega, kSchermo);
+    schermo.connetti(cassa);
+    EXPECT_TRUE(schermo.abilitato(kAvvia));
+    return schermo;
+  }
+  int venduti() { return bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO")); }
+  int chiamate(int modo) {
+    const auto tutte = cassa->chiamate();
+    return static_cast<int>(std::ranges::count(tutte, modo, &ecrsim::Chiamata::modo));
+  }
+  /// Another database, opened by its bare tables.
+  void apriSenzaVenduto() {
+    bottega.apriVuoto(
+        {QStringLiteral("CREATE TABLE TAB_ARTICOLI (auto_id INTEGER PRIMARY KEY, Codice_EAN TEXT)")});
+  }
+
+  Bottega bottega;
+  Cassa cassa;
+};
+
+TEST_F(RicezioneVenduto, AllAperturaLeDueOpzioniSonoScritteEAvviaESpento) {
+  bottega.apriArchivio();
+  const SchermoGuidato schermo(bottega, kSchermo);
+  EXPECT_EQ(schermo.finestra().windowTitle(), QStringLiteral("Ricezione del Venduto"));
+  EXPECT_EQ(schermo.testo(QStringLiteral("LabelOpzioni")),
+            QStringLiteral("Scegliere una delle seguenti opzioni :"));
+  EXPECT_EQ(schermo.testo(kGlobale), QStringLiteral("Ricezione intero Archivio del Venduto"));
+  EXPECT_EQ(schermo.testo(kReset), QStringLiteral("Cancellazione archivio Venduto della Cassa"));
+  EXPECT_TRUE(schermo.controllo<QRadioButton>(kGlobale).isChecked());
+  EXPECT_EQ(schermo.testo(QStringLiteral("vkTextBoxIP_ECR")), QStringLiteral("192.168.0.20"));
+  EXPECT_EQ(schermo.testo(kConnetti), QStringLiteral("Connetti"));
+  EXPECT_FALSE(schermo.abilitato(kAvvia));
+  EXPECT_EQ(schermo.finestra().focusWidget()->objectName(), QStringLiteral("vkTextBoxIP_ECR"));
+}
+
+TEST_F(RicezioneVenduto, UnaRigaPerOgniSlotVendutoEPoiLaCassaEAzzerata) {
+  cassa.venduto({{0, 1250, 3, -50}, {41, 990, 1, 0}, {4999, 100, 2, 10}});
+  const SchermoGuidato schermo = pronto();
+  scriviArticoli(bottega, articoliDiProva(50));
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 3);
+  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Importo_giornaliero from TAB_VENDUTO where id_plu = 42")),
+            QStringLiteral("990"));
+  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Codice_EAN from TAB_VENDUTO where id_plu = 42")),
+            QStringLiteral("A42"));
+  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Codice_Articolo from TAB_VENDUTO where id_plu = 42")),
+            articoliDiProva(50).at(41).ean);
+  EXPECT_TRUE(cassa.byte(kFile) == kZeri);
+  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_TRUE(schermo.abilitato(kAvvia));
+  EXPECT_TRUE(schermo.abilitato(kEsci));
+  EXPECT_FALSE(schermo.abilitato(kConnetti));
+}
+
+TEST_F(RicezioneVenduto, LaBarraHaIlNumeroDelloSlotEdEUnPassaggioPerSlot) {
+  cassa.venduto({});
+  const SchermoGuidato schermo = pronto();
+  std::vector<int> valori;
+  const auto& barra = schermo.controllo<QProgressBar>(kBarra);
+  bottega.utente.alPassaggio = [&] { valori.push_back(barra.value()); };
+  schermo.clic(kAvvia);
+  bottega.utente.alPassaggio = nullptr;
+  attendi(bottega, {kRicevuto});
+  ASSERT_GE(valori.size(), 5000U);
+  for (int i = 0; i < 5000; ++i) ASSERT_EQ(valori[static_cast<std::size_t>(i)], i);
+  EXPECT_EQ(barra.minimum(), 0);
+  EXPECT_EQ(barra.maximum(), 5000);
+}
+
+TEST_F(RicezioneVenduto, UnFileDiSoliZeriNonScriveRigheEAzzeraLaCassa) {
+  cassa.venduto({});
+  const SchermoGuidato schermo = pronto();
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 0);
+  EXPECT_EQ(chiamate(5), 1);
+}
+
+TEST_F(RicezioneVenduto, UnoSlotDiSoliResiSiSaltaEIlSuoImportoSiPerde) {
+  cassa.venduto({{3, -500, -2, 0}, {4, 300, 0, 0}});
+  const SchermoGuidato schermo = pronto();
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 0);
+  EXPECT_TRUE(cassa.byte(kFile) == kZeri);
+}
+
+TEST_F(RicezioneVenduto, UnaSecondaRicezioneNelGiornoAggiungeUnaRigaAccantoAllAltra) {
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  schermo.clic(kAvvia);
+  cassa.venduto({{0, 250, 2, 0}});
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto, kRicevuto});
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO where id_plu = 1")), 2);
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO where Importo_giornaliero = 250")), 1);
+}
+
+TEST_F(RicezioneVenduto, SeLAzzeramentoFalliscePoiSiMemorizzanoDiNuovoLeStesseVendite) {
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  ecrsim::Guasto guasto;
+  guasto.modo = 5;
+  cassa->guasti({guasto});
+  schermo.clic(kAvvia);
+  attendi(bottega, {kComunicazione, kErroreReset, kErrore});
+  EXPECT_FALSE(schermo.vivo());
+  EXPECT_EQ(venduti(), 1);
+  cassa->guasti({});
+  const SchermoGuidato ancora = pronto();
+  ancora.clic(kAvvia);
+  attendi(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 2);
+}
+
+TEST_F(RicezioneVenduto, UnoSlotSenzaArticoloNonDaRigheELeSueVenditeSiPerdono) {
+  cassa.venduto({{0, 100, 1, 0}, {9, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id = 10"));
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 1);
+  EXPECT_TRUE(cassa.byte(kFile) == kZeri);
+}
+
+TEST_F(RicezioneVenduto, CinquemilaSlotVendutiDannoCinquemilaRighe) {
+  std::vector<Venduto> tutti;
+  for (int i = 0; i < 5000; ++i) tutti.push_back({i, i, 1 + i % 9, i % 3});
+  cassa.venduto(tutti);
+  const SchermoGuidato schermo = pronto();
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 5000);
+  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT SUM(Importo_giornaliero) from TAB_VENDUTO")),
+            QStringLiteral("12497500"));
+}
+
+TEST_F(RicezioneVenduto, NonScriveIlMomentoInTabVarie) {
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  const QString prima = bottega.valore(QStringLiteral("SELECT Data_end_scarico from TAB_VARIE"));
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto});
+  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Data_end_scarico from TAB_VARIE")), prima);
+}
+
+// Clear only.
+
+TEST_F(RicezioneVenduto, LaSolaCancellazioneAzzeraLaCassaSenzaPrendereNulla) {
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  schermo.clic(kReset);
+  ASSERT_TRUE(schermo.controllo<QRadioButton>(kReset).isChecked());
+  schermo.clic(kAvvia);
+  attendi(bottega, {kAzzerato});
+  EXPECT_EQ(venduti(), 0);
+  EXPECT_EQ(chiamate(7), 0);
+  EXPECT_TRUE(cassa.byte(kFile) == kZeri);
+  EXPECT_TRUE(schermo.abilitato(kAvvia));
+  EXPECT_TRUE(schermo.abilitato(kEsci));
+}
+
+TEST_F(RicezioneVenduto, LaSolaCancellazioneFallitaSiDiceELoSchermoSiChiude) {
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  schermo.clic(kReset);
+  ecrsim::Guasto guasto;
+  guasto.modo = 5;
+  cassa->guasti({guasto});
+  schermo.clic(kAvvia);
+  attendi(bottega, {kComunicazione, kErroreReset, kErrore});
+  EXPECT_FALSE(schermo.vivo());
+  EXPECT_FALSE(cassa.byte(kFile) == kZeri);
+}
+
+// The file whatever it holds.
+
+TEST_F(RicezioneVenduto, UnFileCortoValeZeroDietroLaSuaFine) {
+  cassa.metti(kFile, archivioVenduto({{0, 100, 1, 0}, {1, 200, 2, 0}}).left(20004));
+  const SchermoGuidato schermo = pronto();
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 1);
+}
+
+TEST_F(RicezioneVenduto, UnFileLungoSiLeggeFinoAiSuoiSessantamilaByte) {
+  cassa.metti(kFile, archivioVenduto({{4999, 100, 1, 7}}) + QByteArray(5000, '\x7F'));
+  const SchermoGuidato schermo = pronto();
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 1);
+  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT sconto_giornaliero from TAB_VENDUTO")),
+            QStringLiteral("7"));
+}
+
+TEST_F(RicezioneVenduto, SenzaFileSullaCassaNonSiMemorizzaQuelloDiIeri) {
+  const SchermoGuidato schermo = pronto();
+  bottega.cartella.scrivi(kFile, archivioVenduto({{0, 100, 1, 0}}));
+  QFile::remove(cassa.file(kFile));
+  ecrsim::Guasto guasto;
+  guasto.modo = 7;
+  guasto.codice = 9;
+  cassa->guasti({guasto});
+  schermo.clic(kAvvia);
+  attendi(bottega, {kComunicazione, kErroreDati, kErrore});
+  EXPECT_FALSE(schermo.vivo());
+  EXPECT_EQ(venduti(), 0);
+  EXPECT_EQ(chiamate(5), 0);
+}
+
+TEST_F(RicezioneVenduto, SeIlFileNonSiPuoScrivereSulPcLaCassaTieneLeVendite) {
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  ASSERT_TRUE(QDir().mkdir(bottega.cartella.file(kFile)));
+  schermo.clic(kAvvia);
+  attendi(bottega, {kComunicazione, kErroreDati, kErrore});
+  EXPECT_EQ(chiamate(5), 0);
+  EXPECT_FALSE(cassa.byte(kFile) == kZeri);
+}
+
+// A store that refuses.
+
+TEST_F(RicezioneVenduto, SenzaTabellaSiAnnullaELaCassaTieneLeVendite) {
+  apriSenzaVenduto();
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  schermo.clic(kAvvia);
+  attendi(bottega, {caricamento(QStringLiteral("3078\n*"))});
+  EXPECT_TRUE(schermo.vivo());
+  EXPECT_FALSE(schermo.abilitato(kAvvia));
+  EXPECT_TRUE(schermo.abilitato(kEsci));
+  EXPECT_EQ(chiamate(5), 0);
+  EXPECT_FALSE(cassa.byte(kFile) == kZeri);
+  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_FALSE(bottega.utente.terminato());
+}
+
+TEST_F(RicezioneVenduto, UnaRigaRifiutataAMetaAnnullaAnchQuellePrima) {
+  cassa.venduto({{0, 100, 1, 0}, {1, 100, 1, 0}, {2, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  bottega.esegui(QStringLiteral("CREATE UNIQUE INDEX solo_uno ON TAB_VENDUTO (Importo_giornaliero)"));
+  schermo.clic(kAvvia);
+  attendi(bottega, {caricamento(QStringLiteral("3022\n*"))});
+  EXPECT_EQ(venduti(), 0);
+  EXPECT_EQ(chiamate(5), 0);
+  EXPECT_EQ(bottega.area.livello(), 0);
+}
+
+TEST_F(RicezioneVenduto, UnArchivioBloccatoDaUnAltroProgrammaLasciaLeVenditeSullaCassa) {
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  sqlite3* altro = nullptr;
+  ASSERT_EQ(sqlite3_open(varGlobal().NomeDB_Articoli.toUtf8().constData(), &altro), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(altro, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+  schermo.clic(kAvvia);
+  sqlite3_exec(altro, "ROLLBACK", nullptr, nullptr, nullptr);
+  sqlite3_close(altro);
+  attendi(bottega, {caricamento(QStringLiteral("3260\n*"))});
+  EXPECT_EQ(chiamate(5), 0);
+  EXPECT_EQ(venduti(), 0);
+  EXPECT_EQ(bottega.area.livello(), 0);
+}
+
+TEST_F(RicezioneVenduto, UnCommitRifiutatoSiAnnullaENonAzzeraLaCassa) {
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  sqlite3* altro = nullptr;
+  ASSERT_EQ(sqlite3_open(varGlobal().NomeDB_Articoli.toUtf8().constData(), &altro), SQLITE_OK);
+  // A reader that never ends lets the rows be added and refuses their commit.
+  ASSERT_EQ(sqlite3_exec(altro, "BEGIN", nullptr, nullptr, nullptr), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(altro, "SELECT * FROM TAB_VARIE", nullptr, nullptr, nullptr), SQLITE_OK);
+  schermo.clic(kAvvia);
+  sqlite3_exec(altro, "ROLLBACK", nullptr, nullptr, nullptr);
+  sqlite3_close(altro);
+  attendi(bottega, {caricamento(QStringLiteral("3260\n*"))});
+  EXPECT_EQ(chiamate(5), 0);
+  EXPECT_EQ(venduti(), 0);
+  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_TRUE(schermo.abilitato(kEsci));
+  EXPECT_FALSE(schermo.abilitato(kAvvia));
+}
+
+TEST_F(RicezioneVenduto, SulDiscoPienoLArchivioRestaComEraELaCassaTieneLeVendite) {
+  std::vector<Venduto> tutti;
+  for (int i = 0; i < 5000; ++i) tutti.push_back({i, i, 1, 0});
+  cassa.venduto(tutti);
+  const SchermoGuidato schermo = pronto();
+  {
+    const DiscoPieno pieno(static_cast<unsigned long>(QFileInfo(varGlobal().NomeDB_Articoli).size()) + 4096);
+    schermo.clic(kAvvia);
+  }
+  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  ASSERT_EQ(visti.size(), 1U) << testing::PrintToString(visti);
+  EXPECT_TRUE(visti[0].testo.startsWith(QStringLiteral("Errore nel caricamento dati nella TAB_VENDUTO n° ")));
+  EXPECT_EQ(chiamate(5), 0);
+  EXPECT_EQ(venduti(), 0);
+  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI")), 5000);
+}
+
+// Impatience.
+
+TEST_F(RicezioneVenduto, ClicEscEChiusuraImbucatiAOgniPassaggioNonFannoNulla) {
+  cassa.venduto({{0, 100, 1, 0}, {2500, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  bool sempreSpenti = true;
+  bottega.utente.alPassaggio = [&] {
+    if (bottega.utente.passaggi() <= 5000) sempreSpenti = sempreSpenti && !schermo.abilitato(kAvvia);
+    schermo.impazienza();
+  };
+  schermo.clic(kAvvia);
+  bottega.utente.alPassaggio = nullptr;
+  attendi(bottega, {kRicevuto});
+  EXPECT_TRUE(sempreSpenti);
+  EXPECT_EQ(chiamate(7), 1);
+  EXPECT_EQ(chiamate(5), 1);
+  EXPECT_EQ(venduti(), 2);
+  EXPECT_TRUE(schermo.vivo());
+  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+}
+
+TEST_F(RicezioneVenduto, UnArchivioChiusoSottoLaRicezioneAnnullaENonAzzera) {
+  cassa.venduto({{0, 100, 1, 0}, {2500, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  bottega.utente.alPassaggio = [&] {
+    if (bottega.utente.passaggi() == 1000) varGlobal().DB_Articoli.Close();
+  };
+  schermo.clic(kAvvia);
+  bottega.utente.alPassaggio = nullptr;
+  attendi(bottega, {caricamento(QStringLiteral("*"))});
+  EXPECT_EQ(chiamate(5), 0);
+}
+
+// The till in each state.
+
+class RicezioneNelloStato : public RicezioneVenduto, public testing::WithParamInterface<char> {};
+
+TEST_P(RicezioneNelloStato, CheNonAmmetteTrasferimentiAvviaRestaSpento) {
+  bottega.apriArchivio();
+  cassa->stato(GetParam());
+  const SchermoGuidato schermo(bottega, kSchermo);
+  schermo.connetti(cassa);
+  attendi(bottega,
+          {riquadro(QStringLiteral("Funzione non disponibile! Prego porre la cassa nello stato di IDLE o "
+                                   "PROGRAMMAZIONE"),
+                    Icona::Critica)});
+  schermo.clic(kAvvia);
+  EXPECT_EQ(chiamate(7), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Stati, RicezioneNelloStato, testing::Values('V', 'A', 'L'));
+
+// The till's faults.
+
+struct CasoGuasto {
+  int modo;
+  ecrsim::Cosa cosa;
+  /// Whether the sales are in the archive by then.
+  bool memorizzato;
+};
+class RicezioneConGuasto : public RicezioneVenduto, public testing::WithParamInterface<CasoGuasto> {};
+
+TEST_P(RicezioneConGuasto, SiDiceESiAzzeraSoloCioCheEMemorizzato) {
+  const AttesaBreve breve;
+  cassa.venduto({{0, 100, 1, 0}, {77, 200, 2, 0}});
+  const QByteArray vendite = cassa.byte(kFile);
+  const SchermoGuidato schermo = pronto();
+  ecrsim::Guasto guasto;
+  guasto.modo = GetParam().modo;
+  guasto.cosa = GetParam().cosa;
+  cassa->guasti({guasto});
+  schermo.clic(kAvvia);
+  attendi(bottega, {kComunicazione, GetParam().memorizzato ? kErroreReset : kErroreDati, kErrore});
+  EXPECT_FALSE(schermo.vivo());
+  EXPECT_EQ(venduti(), GetParam().memorizzato ? 2 : 0);
+  const bool azzerata = cassa.byte(kFile) == kZeri;
+  EXPECT_TRUE(!azzerata || GetParam().memorizzato);
+  EXPECT_TRUE(azzerata || cassa.byte(kFile) == vendite);
+  EXPECT_EQ(bottega.area.livello(), 0);
+}
+
+std::vector<CasoGuasto> tuttiIGuasti() {
+  std::vector<CasoGuasto> casi;
+  for (const int modo : {1, 2, 5, 7})
+    for (const ecrsim::Cosa cosa :
+         {ecrsim::Cosa::Codice, ecrsim::Cosa::Silenzio, ecrsim::Cosa::TaglioPrima, ecrsim::Cosa::TaglioDentro,
+          ecrsim::Cosa::TaglioDopo, ecrsim::Cosa::Spazzatura})
+      casi.push_back({modo, cosa, modo == 5});
+  return casi;
+}
+
+std::string nomeDelCaso(const testing::TestParamInfo<CasoGuasto>& caso) {
+  return nomeGuasto(caso.param.modo, caso.param.cosa);
+}
+INSTANTIATE_TEST_SUITE_P(Guasti, RicezioneConGuasto, testing::ValuesIn(tuttiIGuasti()), nomeDelCaso);
+
+TEST_F(RicezioneVenduto, UnFileAccorciatoDallaCassaValeZeroDietroLaSuaFine) {
+  cassa.venduto({{0, 100, 1, 0}, {4999, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  ecrsim::Guasto guasto;
+  guasto.modo = 7;
+  guasto.cosa = ecrsim::Cosa::FileCorto;
+  cassa->guasti({guasto});
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 1);
+}
+
+TEST_F(RicezioneVenduto, EsciChiudeLoSchermoERiportaAllaGestione) {
+  bottega.schermate.registra(QStringLiteral("Form_GestioneMMC"), [](Contesto&) { return new QWidget; });
+  bottega.apriArchivio();
+  const SchermoGuidato schermo(bottega, kSchermo);
+  schermo.clic(kEsci);
+  EXPECT_FALSE(schermo.vivo());
+  ASSERT_NE(bottega.schermate.trova(QStringLiteral("Form_GestioneMMC")), nullptr);
+}
+
+}  // namespace

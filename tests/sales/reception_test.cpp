@@ -1,0 +1,58 @@
+#include "sales/reception.h"
+
+#include <gmock/gmock.h>
+
+#include "articles/bottega.h"
+#include "sostegno/cassa.h"
+
+namespace {
+
+TEST(VendutoDi, OgniSerieSiLeggeAlSuoPostoColSuoSegno) {
+  const QByteArray byte = archivioVenduto({{0, 1250, 3, -50}, {4999, -1, -2, 2147483647}, {7, 1, 2, 3}});
+  ASSERT_EQ(byte.size(), static_cast<qsizetype>(sales::kByteVenduto));
+  const std::vector<std::uint8_t> venduto(byte.begin(), byte.end());
+  EXPECT_EQ(sales::vendutoDi(venduto, 0), (sales::VendutoSlot{1250, 3, -50}));
+  EXPECT_EQ(sales::vendutoDi(venduto, 7), (sales::VendutoSlot{1, 2, 3}));
+  EXPECT_EQ(sales::vendutoDi(venduto, 8), (sales::VendutoSlot{0, 0, 0}));
+  EXPECT_EQ(sales::vendutoDi(venduto, 4999), (sales::VendutoSlot{-1, -2, 2147483647}));
+}
+
+TEST(Inserimento, LoStatementPortaIncrociatiCodiceEdEan) {
+  EXPECT_EQ(
+      sales::inserimento(41, {1250, 3, -50}),
+      QStringLiteral("insert into tab_venduto (Data,id_plu,Codice_EAN,Codice_Articolo,Descrizione,"
+                     "Importo_giornaliero,sconto_giornaliero,Tot_giorn_articoli_venduti) select "
+                     "FORMAT(DATE(), 'yyyymmdd'),42,codice_articolo,codice_ean,descrizione,1250,-50,3 from "
+                     "tab_articoli where auto_id=42"));
+}
+
+TEST(Inserimento, LaRigaHaIlGiornoDelPcEICampiIncrociati) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  scriviArticoli(bottega, {{QStringLiteral("8001"), QStringLiteral("PANE"), 100, 1}});
+  const QString prima = QDate::currentDate().toString(QStringLiteral("yyyyMMdd"));
+  EXPECT_EQ(bottega.esegui(sales::inserimento(0, {1250, 3, -50})), 1);
+  const QString dopo = QDate::currentDate().toString(QStringLiteral("yyyyMMdd"));
+  const store::Recordset riga =
+      varGlobal().DB_Articoli.OpenRecordset(QStringLiteral("SELECT * from TAB_VENDUTO"));
+  ASSERT_EQ(riga.RecordCount(), 1);
+  EXPECT_THAT((std::vector{prima, dopo}), testing::Contains(riga.campo(QStringLiteral("Data")).testo()));
+  EXPECT_EQ(riga.campo(QStringLiteral("id_plu")).intero(), 1);
+  EXPECT_EQ(riga.campo(QStringLiteral("Codice_EAN")).testo(), QStringLiteral("A1"));
+  EXPECT_EQ(riga.campo(QStringLiteral("Codice_Articolo")).testo(), QStringLiteral("8001"));
+  EXPECT_EQ(riga.campo(QStringLiteral("Descrizione")).testo(), QStringLiteral("PANE"));
+  EXPECT_EQ(riga.campo(QStringLiteral("Importo_giornaliero")).intero(), 1250);
+  EXPECT_EQ(riga.campo(QStringLiteral("sconto_giornaliero")).intero(), -50);
+  EXPECT_EQ(riga.campo(QStringLiteral("Tot_giorn_articoli_venduti")).intero(), 3);
+}
+
+TEST(Inserimento, UnApostrofoNellArticoloNonRompeNulla) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione =\"TE' VERDE\" WHERE auto_id =1"));
+  EXPECT_EQ(bottega.esegui(sales::inserimento(0, {100, 1, 0})), 1);
+  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Descrizione from TAB_VENDUTO")),
+            QStringLiteral("TE' VERDE"));
+}
+
+}  // namespace
