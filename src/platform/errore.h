@@ -27,6 +27,13 @@ inline constexpr int kAccessoNegato = 70;
 inline constexpr int kAccessoPercorso = 75;
 inline constexpr int kPercorsoAssente = 76;
 
+// Serial line.
+inline constexpr int kPortaAssente = 8002;
+inline constexpr int kPortaOccupata = 8005;
+inline constexpr int kPortaImpostazioni = 8015;
+inline constexpr int kPortaChiusa = 8018;
+inline constexpr int kPortaGuasta = 8020;
+
 // Foreign libraries.
 inline constexpr int kIngressoAssente = 453;
 

@@ -70,6 +70,7 @@ Occupato::Occupato() {
 }
 
 Occupato::~Occupato() {
+  if (vivi == 1 && QCoreApplication::instance()) QCoreApplication::processEvents();
   --vivi;
 }
 

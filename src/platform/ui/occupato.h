@@ -2,7 +2,9 @@
 
 /// The one busy guard. While an instance lives, keys, clicks, shortcuts and closings that an event pass
 /// would deliver are eaten, so that a transfer cannot be started twice nor its screen closed under it.
-/// Instances nest. Message boxes and file dialogs of the user port suspend the guard while they are open.
+/// The end of the last one eats what was waiting: a click made while a long call stood still is not a wish
+/// for what the screen shows afterwards. Instances nest. Message boxes and file dialogs of the user port
+/// suspend the guard while they are open.
 class Occupato {
  public:
   Occupato();

@@ -34,6 +34,14 @@ struct FinestraProva : QWidget {
     EXPECT_TRUE(QTest::qWaitForWindowActive(this));
   }
 
+  /// A click that the next event pass delivers.
+  void postaClic() {
+    const QPointF punto(2, 2);
+    for (const auto tipo : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+      QApplication::postEvent(&tasto, new QMouseEvent(tipo, punto, tasto.mapToGlobal(punto), Qt::LeftButton,
+                                                      Qt::LeftButton, Qt::NoModifier));
+  }
+
   void usa() {
     QTest::mouseClick(&tasto, Qt::LeftButton);
     QTest::keyClicks(&casella, QStringLiteral("a"));
@@ -64,11 +72,7 @@ TEST(Occupato, GliEventiPostatiSonoMangiatiAdOgniPassaggio) {
   FinestraProva finestra;
   const Occupato guardia;
   for (int passaggio = 0; passaggio < 5; ++passaggio) {
-    const QPointF punto(2, 2);
-    for (const auto tipo : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
-      QApplication::postEvent(&finestra.tasto,
-                              new QMouseEvent(tipo, punto, finestra.tasto.mapToGlobal(punto), Qt::LeftButton,
-                                              Qt::LeftButton, Qt::NoModifier));
+    finestra.postaClic();
     QApplication::postEvent(&finestra.casella,
                             new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a")));
     QApplication::postEvent(&finestra, new QCloseEvent);
@@ -141,4 +145,21 @@ TEST(Occupato, DopoLaSospensioneUnaGuardiaFinitaNonResta) {
   { const Occupato::Sospeso sospeso; }
   guardia.reset();
   EXPECT_FALSE(Occupato::attivo());
+}
+
+TEST(Occupato, SenzaGuardiaIlClicPostatoVale) {
+  FinestraProva finestra;
+  finestra.postaClic();
+  QApplication::processEvents();
+  EXPECT_EQ(finestra.clic, 1);
+}
+
+TEST(Occupato, IlClicRimastoInAttesaNonValePerLoSchermoDiDopo) {
+  FinestraProva finestra;
+  {
+    const Occupato guardia;
+    finestra.postaClic();
+  }
+  QApplication::processEvents();
+  EXPECT_EQ(finestra.clic, 0);
 }
