@@ -62,13 +62,12 @@ void Presa::chiudi() {
   if (aperta()) close(std::exchange(descrittore_, -1));
 }
 
-void Presa::congeda(Scadenza scadenza) {
+void Presa::congeda(Scadenza scadenza) const {
   if (!aperta()) return;
   shutdown(descrittore_, SHUT_WR);
   std::array<std::uint8_t, 4096> resto;
   std::size_t quanti = 0;
   while (riceviQualcosa(*this, resto, scadenza, quanti) == Esito::Fatto) continue;
-  chiudi();
 }
 
 std::optional<in_addr> indirizzo(const std::string& testo) {

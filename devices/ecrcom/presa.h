@@ -43,9 +43,9 @@ class Presa {
   int descrittore() const { return descrittore_; }
   bool aperta() const { return descrittore_ >= 0; }
   void chiudi();
-  /// Ends sending, reads away what still comes until the peer has closed or `scadenza`, closes. Closing over
+  /// Ends sending and reads away what still comes, until the peer has closed or `scadenza`. Closing over
   /// unread bytes would reset the connection and lose the last reply on its way.
-  void congeda(Scadenza scadenza);
+  void congeda(Scadenza scadenza) const;
 
  private:
   int descrittore_ = -1;

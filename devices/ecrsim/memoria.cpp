@@ -9,7 +9,8 @@ namespace ecrsim {
 
 using ecrcom::EsitoFile;
 
-Memoria::Memoria(std::filesystem::path cartella) : cartella_(std::filesystem::absolute(cartella)) {
+Memoria::Memoria(const std::filesystem::path& cartella)
+    : cartella_(cartella.empty() ? std::filesystem::current_path() : std::filesystem::absolute(cartella)) {
   std::filesystem::create_directories(cartella_);
 }
 

@@ -13,8 +13,9 @@ namespace ecrsim {
 /// ecrcom/codici.h.
 class Memoria {
  public:
-  /// Makes the folder if it is missing; throws std::filesystem::filesystem_error if it cannot.
-  explicit Memoria(std::filesystem::path cartella);
+  /// The current folder if the path is empty. Makes the folder if it is missing; throws
+  /// std::filesystem::filesystem_error if it cannot.
+  explicit Memoria(const std::filesystem::path& cartella);
 
   std::int16_t leggi(std::string_view nome, std::vector<std::uint8_t>& byte) const;
   std::int16_t scrivi(std::string_view nome, ecrcom::Byte byte) const;

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 #include "ecrsim/dialogo.h"
 
@@ -16,24 +17,22 @@ using ecrcom::Presa;
 
 constexpr std::uint32_t kReteLocale = 127;
 constexpr int kCoda = 64;
-/// How long a connection that has ended may still be read away.
+/// Pause before the next try when the process has no descriptor left.
+constexpr std::chrono::milliseconds kRespiro{10};
+/// How long the other side of a connection that has ended may take to close its own end.
 constexpr std::chrono::milliseconds kCongedo{1000};
 
 [[noreturn]] void fallisci(int errore, const std::string& indirizzo) {
   throw std::system_error(errore, std::generic_category(), "ecrsim " + indirizzo);
 }
 
-in_addr indirizzoLocale(const std::string& testo) {
-  const std::optional<in_addr> indirizzo = ecrcom::indirizzo(testo);
-  if (!indirizzo || ntohl(indirizzo->s_addr) >> 24U != kReteLocale) fallisci(EADDRNOTAVAIL, testo);
-  return *indirizzo;
-}
-
 Presa ascolta(const std::string& testo) {
+  const std::optional<in_addr> indirizzo = indirizzoLocale(testo);
+  if (!indirizzo) fallisci(EADDRNOTAVAIL, testo);
   sockaddr_in dove{};
   dove.sin_family = AF_INET;
   dove.sin_port = htons(ecrcom::kPorta);
-  dove.sin_addr = indirizzoLocale(testo);
+  dove.sin_addr = *indirizzo;
   Presa presa(socket(AF_INET, SOCK_STREAM, 0));
   if (!presa.aperta()) fallisci(errno, testo);
   const int si = 1;
@@ -44,6 +43,11 @@ Presa ascolta(const std::string& testo) {
 }
 
 }  // namespace
+
+std::optional<in_addr> indirizzoLocale(const std::string& testo) {
+  const std::optional<in_addr> indirizzo = ecrcom::indirizzo(testo);
+  return indirizzo && ntohl(indirizzo->s_addr) >> 24U == kReteLocale ? indirizzo : std::nullopt;
+}
 
 Servizio::Servizio(const std::string& indirizzo, Registratore& registratore)
     : registratore_(registratore), ascolto_(ascolta(indirizzo)), filo_([this] { accetta(); }) {}
@@ -63,23 +67,18 @@ Servizio::~Servizio() {
 void Servizio::accetta() {
   while (ecrcom::attendi(ascolto_, POLLIN, std::nullopt) == ecrcom::Esito::Fatto) {
     const int descrittore = accept(ascolto_.descrittore(), nullptr, nullptr);
-    const int errore = errno;
+    if (descrittore < 0 && (errno == EMFILE || errno == ENFILE)) std::this_thread::sleep_for(kRespiro);
     const std::lock_guard guardia(serratura_);
-    if (chiude_) {
-      if (descrittore >= 0) Presa(descrittore).chiudi();
-      return;
-    }
+    Presa presa(descrittore);
+    if (chiude_) return;
     raccogli();
-    if (descrittore >= 0)
-      accogli(descrittore);
-    else if (errore == EINVAL || errore == EBADF)
-      return;
+    if (presa.aperta()) accogli(std::move(presa));
   }
 }
 
-void Servizio::accogli(int descrittore) {
+void Servizio::accogli(Presa presa) {
   Collegamento& nuovo = collegamenti_.emplace_back();
-  nuovo.presa = Presa(descrittore);
+  nuovo.presa = std::move(presa);
   try {
     nuovo.filo = std::thread([this, &nuovo] { servi(nuovo); });
   } catch (const std::system_error&) {
@@ -89,7 +88,7 @@ void Servizio::accogli(int descrittore) {
 
 void Servizio::servi(Collegamento& collegamento) {
   Dialogo(collegamento.presa, registratore_).conduci();
-  ::shutdown(collegamento.presa.descrittore(), SHUT_WR);
+  collegamento.presa.congeda(ecrcom::fra(kCongedo));
   const std::lock_guard guardia(serratura_);
   collegamento.presa.chiudi();
   collegamento.finito = true;

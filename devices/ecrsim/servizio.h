@@ -2,6 +2,7 @@
 
 #include <list>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -9,6 +10,9 @@
 #include "ecrsim/registratore.h"
 
 namespace ecrsim {
+
+/// The address of a dotted text if it is 127.x.y.z, else nothing.
+std::optional<in_addr> indirizzoLocale(const std::string& testo);
 
 /// The till's line: listens at an address, one thread for each connection.
 class Servizio {
@@ -28,7 +32,7 @@ class Servizio {
   };
 
   void accetta();
-  void accogli(int descrittore);
+  void accogli(ecrcom::Presa presa);
   void servi(Collegamento& collegamento);
   /// Joins the threads that have ended.
   void raccogli();

@@ -4,6 +4,7 @@
 
 #include "ecrsim/registratore.h"
 #include "ecrsim/servizio.h"
+#include "ecrsim/tasti.h"
 
 namespace ecrsim {
 
@@ -39,6 +40,10 @@ bool Simulatore::trasferimentoAperto() const {
 
 std::int64_t Simulatore::giornata(int scontrini, std::uint32_t seme) {
   return interno_->registratore.giornata(scontrini, seme);
+}
+
+std::string Simulatore::premi(const std::string& sequenza) {
+  return ecrsim::premi(interno_->registratore, sequenza).testo;
 }
 
 const std::filesystem::path& Simulatore::cartella() const {

@@ -78,6 +78,8 @@ class Simulatore {
   /// Rings up `scontrini` receipts of a day that the seed decides, over the articles of plu.bin: moves the
   /// sales counters of venduto.bin. Returns the takings in hundredths.
   std::int64_t giornata(int scontrini, std::uint32_t seme);
+  /// What a key sequence prints to the line; empty for one that prints nothing or is not understood.
+  std::string premi(const std::string& sequenza);
   const std::filesystem::path& cartella() const;
   const std::string& indirizzo() const;
 

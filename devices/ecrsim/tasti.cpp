@@ -7,7 +7,6 @@
 namespace ecrsim {
 namespace {
 
-constexpr std::string_view kLetturaStato = "X89F";
 constexpr unsigned char kPrimoStampabile = 0x20;
 
 bool stampabile(char carattere) {

@@ -7,6 +7,9 @@
 
 namespace ecrsim {
 
+/// The sequence that reads the state.
+inline constexpr std::string_view kLetturaStato = "X89F";
+
 /// What a key sequence does: a code, and what it prints to the line.
 struct EsitoTasti {
   std::int16_t codice = 0;
