@@ -5,8 +5,11 @@
 
 namespace {
 constexpr QSize kMisura{640, 480};
-constexpr QSize kMinima{120, 90};
+constexpr QSize kMinima{96, 72};
 constexpr int kSpigolo = 12;
+constexpr int kMezzaLuce = 128;
+/// How much of the window's colour lies over a picture on a dark desktop, where its full light would dazzle.
+constexpr float kVelatura = 0.14F;
 }  // namespace
 
 Quadro::Quadro(QWidget* parent) : QWidget(parent) {
@@ -36,14 +39,31 @@ QSize Quadro::minimumSizeHint() const {
 void Quadro::paintEvent(QPaintEvent* /*evento*/) {
   QPainter pittore(this);
   pittore.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  QRectF posto(rect());
-  if (!immagine_.isNull()) {
-    posto.setSize(QSizeF(immagine_.size()).scaled(posto.size(), Qt::KeepAspectRatio));
-    posto.moveCenter(QRectF(rect()).center());
-  }
   QPainterPath bordo;
-  bordo.addRoundedRect(posto, kSpigolo, kSpigolo);
+  bordo.addRoundedRect(QRectF(rect()), kSpigolo, kSpigolo);
   pittore.setClipPath(bordo);
-  pittore.fillRect(posto, palette().midlight());
-  if (!immagine_.isNull()) pittore.drawPixmap(posto, immagine_, QRectF(immagine_.rect()));
+  pittore.fillRect(rect(), palette().midlight());
+  if (immagine_.isNull()) return;
+  QRect posto(QPoint(), immagine_.size().scaled(size(), Qt::KeepAspectRatio));
+  posto.moveCenter(rect().center());
+  prolungaSfondo(pittore, posto);
+  pittore.drawPixmap(posto, immagine_);
+  QColor velo = palette().color(QPalette::Window);
+  if (velo.lightness() >= kMezzaLuce) return;
+  velo.setAlphaF(kVelatura);
+  pittore.fillRect(rect(), velo);
+}
+
+void Quadro::prolungaSfondo(QPainter& pittore, const QRectF& posto) const {
+  const QRectF tutto(rect());
+  const qreal alto = immagine_.height();
+  const auto stendi = [&](const QRectF& dove, const QRectF& da) { pittore.drawPixmap(dove, immagine_, da); };
+  if (posto.top() > tutto.top()) {
+    stendi({tutto.topLeft(), QPointF(tutto.right(), posto.top())}, {0, 0, 1, 1});
+    stendi({QPointF(tutto.left(), posto.bottom()), tutto.bottomRight()}, {0, alto - 1, 1, 1});
+  }
+  if (posto.left() > tutto.left()) {
+    stendi({tutto.topLeft(), QPointF(posto.left(), tutto.bottom())}, {0, 0, 1, alto});
+    stendi({QPointF(posto.right(), tutto.top()), tutto.bottomRight()}, {0, 0, 1, alto});
+  }
 }

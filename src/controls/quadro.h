@@ -3,8 +3,8 @@
 #include <QPixmap>
 #include <QWidget>
 
-/// A picture as large as its place allows, proportions kept, with rounded corners. Without a picture it
-/// shows its ground.
+/// A picture as large as its place allows, proportions kept, with rounded corners; its left edge is drawn on
+/// into what it leaves free. Without a picture it shows a plain ground.
 class Quadro : public QWidget {
   Q_OBJECT
 
@@ -23,5 +23,7 @@ class Quadro : public QWidget {
   void paintEvent(QPaintEvent* evento) override;
 
  private:
+  void prolungaSfondo(QPainter& pittore, const QRectF& posto) const;
+
   QPixmap immagine_;
 };

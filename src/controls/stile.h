@@ -12,6 +12,7 @@ class QWidget;
 /// Screens say what a widget is by dynamic properties, which may be set in Designer too:
 /// - `primario` (bool) on the one button that a screen is there for;
 /// - `titolo` (bool) on a heading label, `nota` (bool) on secondary text;
+/// - `marchio` (bool) on the program's sign, `medaglione` (bool) on an icon that illustrates a small screen;
 /// - `scheda` (bool) on a frame that groups controls as a card;
 /// - `distintivo` (text: "neutro", "pronto", "occupato", "guasto") on a read-only box that shows a state.
 namespace stile {

@@ -74,9 +74,19 @@ QLineEdit[distintivo="occupato"] { background: @fondoOccupato@; color: @occupato
 QLineEdit[distintivo="guasto"] { background: @fondoGuasto@; color: @guasto@; border-color: @guasto@; }
 QLabel[titolo="true"] { font-size: 15pt; font-weight: 600; }
 QLabel[nota="true"] { color: @tenue@; }
+QLabel[marchio="true"] { background: @accento@; border-radius: 10px; padding: 7px; }
+QLabel[medaglione="true"] { background: @velo@; border-radius: 36px; min-width: 72px; max-width: 72px;
+                            min-height: 72px; max-height: 72px; qproperty-alignment: AlignCenter; }
 QFrame[scheda="true"] { background: @carta@; border: 1px solid @rilievo@; border-radius: 10px; }
 QGroupBox { border: 1px solid @bordo@; border-radius: 8px; margin-top: 1.1em; padding: 10px; }
 QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 4px; color: @tenue@; }
+QRadioButton { padding: 3px; border: 1px solid transparent; border-radius: 5px; spacing: 8px; }
+QRadioButton:focus { border-color: @accento@; }
+QRadioButton::indicator { width: 14px; height: 14px; border: 1px solid @tenue@; border-radius: 8px;
+                          background: @carta@; }
+QRadioButton::indicator:checked { width: 6px; height: 6px; border: 5px solid @accento@;
+                                  background: @suAccento@; }
+QRadioButton::indicator:disabled { border-color: @spento@; background: @sfondo@; }
 QProgressBar { background: @rilievo@; color: @testo@; border: 1px solid @bordo@; border-radius: 6px;
                text-align: center; min-height: 18px; }
 QProgressBar::chunk { background: @velo@; border-radius: 5px; }

@@ -9,7 +9,7 @@ namespace {
 // Pixels at scale 1.
 constexpr int kIcona = 24;
 constexpr int kMargine = 14;
-constexpr int kAltezza = 58;
+constexpr int kAltezza = 54;
 constexpr int kAltezzaMinima = 32;
 constexpr int kBarra = 4;
 constexpr int kSpigolo = 8;

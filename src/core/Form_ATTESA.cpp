@@ -4,7 +4,7 @@
 #include "ui_Form_ATTESA.h"
 
 namespace {
-constexpr int kFigura = 48;
+constexpr int kFigura = 36;
 }
 
 Form_ATTESA::Form_ATTESA(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui::Form_ATTESA>()) {

@@ -10,7 +10,7 @@
 #include "ui_Form_Provvisoria.h"
 
 namespace {
-constexpr int kFigura = 64;
+constexpr int kFigura = 36;
 }
 
 Form_Provvisoria::Form_Provvisoria(Contesto& contesto, const QString& nome, const QString& titolo)

@@ -1,18 +1,16 @@
 #include "core/frmAbout.h"
 
-#include <QGuiApplication>
-
 #include "controls/stile.h"
 #include "core/contesto.h"
 #include "core/info_sistema.h"
 #include "core/reazioni.h"
+#include "platform/ui/utente_desktop.h"
 #include "ui_frmAbout.h"
 
 frmAbout::frmAbout(Contesto& contesto) : contesto_(contesto), ui_(std::make_unique<Ui::frmAbout>()) {
   ui_->setupUi(this);
-  const QString titolo = QGuiApplication::applicationDisplayName();
-  setWindowTitle(QStringLiteral("Informazioni su ") + titolo);
-  ui_->lblTitle->setText(titolo);
+  setWindowTitle(QStringLiteral("Informazioni su ") + kTitoloApplicazione);
+  ui_->lblTitle->setText(kTitoloApplicazione);
   ui_->lblVersion->setText(QStringLiteral("Versione " GESTIONALE_VERSIONE));
   ui_->figura->carica(contesto_.cartella + QStringLiteral("/Immagini/About.jpg"));
   stile::primario(*ui_->cmdOK);

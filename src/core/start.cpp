@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "controls/stile.h"
+#include "core/avvio.h"
 #include "core/contesto.h"
 #include "core/reazioni.h"
 #include "core/schermate.h"
@@ -12,7 +13,7 @@
 #include "ui_start.h"
 
 namespace {
-constexpr int kMarchio = 36;
+constexpr int kMarchio = 28;
 constexpr auto kModulo = "start";
 }  // namespace
 
@@ -42,7 +43,7 @@ start::start(Contesto& contesto, MisureSchermo misure)
   ui_->setupUi(this);
   auto* timer = new QTimer(this);
   timer->setObjectName(QStringLiteral("Timer1"));
-  ui_->Picture1->setPixmap(stile::icona(QStringLiteral("receipt-euro")).pixmap(kMarchio));
+  ui_->Picture1->setPixmap(stile::iconaPrimaria(QStringLiteral("receipt-euro")).pixmap(kMarchio));
   for (const Voce& voce : kVoci) collega(voce);
   carica();
 }
@@ -54,8 +55,17 @@ void start::ChangeRes(float larghezza, float altezza) {
 }
 
 void start::carica() {
+  PreparaAvvio(contesto_.cartella);
   ui_->Label1->setFocus();
-  ui_->Label1->impostaAspetto(1);
+  evidenzia(kVoci[0]);
+}
+
+void start::showEvent(QShowEvent* evento) {
+  QWidget::showEvent(evento);
+  // The menu stands on the screen before its first picture is read; one that is missing is told when the
+  // mouse comes to its entry.
+  if (ui_->Image1->immagine().isNull())
+    QTimer::singleShot(0, this, [this] { ui_->Image1->carica(percorsoImmagine(kVoci[0])); });
 }
 
 void start::collega(const Voce& voce) {
@@ -80,14 +90,17 @@ VoceMenu& start::etichetta(const Voce& voce) {
   return *findChild<VoceMenu*>(QLatin1String(voce.etichetta));
 }
 
+QString start::percorsoImmagine(const Voce& voce) const {
+  return contesto_.cartella + QStringLiteral("/Immagini/") + QLatin1String(voce.immagine);
+}
+
 void start::evidenzia(const Voce& voce) {
   for (const Voce& altra : kVoci) etichetta(altra).impostaAspetto(&altra == &voce ? 1 : 0);
 }
 
 void start::illustra(const Voce& voce) {
-  const QString nome = QLatin1String(voce.immagine);
-  if (nome.isEmpty()) return;
-  if (!ui_->Image1->carica(contesto_.cartella + QStringLiteral("/Immagini/") + nome))
+  if (*voce.immagine == '\0') return;
+  if (!ui_->Image1->carica(percorsoImmagine(voce)))
     throw Errore{errore::kFileAssente, QStringLiteral("File non trovato")};
 }
 

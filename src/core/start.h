@@ -26,6 +26,7 @@ class start : public QWidget {
   void ChangeRes(float larghezza, float altezza);
 
  protected:
+  void showEvent(QShowEvent* evento) override;
   void closeEvent(QCloseEvent* evento) override;
 
  private:
@@ -35,6 +36,7 @@ class start : public QWidget {
   void carica();
   void collega(const Voce& voce);
   VoceMenu& etichetta(const Voce& voce);
+  QString percorsoImmagine(const Voce& voce) const;
   void evidenzia(const Voce& voce);
   void illustra(const Voce& voce);
   void scegli(const Voce& voce);

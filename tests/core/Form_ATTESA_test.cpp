@@ -1,0 +1,24 @@
+#include "core/Form_ATTESA.h"
+
+#include <QLabel>
+
+#include "banco.h"
+
+using FormAttesa = Banco;
+
+TEST_F(FormAttesa, TitoloTestoEFiguraSonoQuelli) {
+  QWidget& attesa = schermate_.mostra(QStringLiteral("Form_ATTESA"), contesto_);
+  EXPECT_EQ(attesa.windowTitle(), QStringLiteral("Attesa Caricamento Dati"));
+  EXPECT_EQ(attesa.findChild<QLabel*>(QStringLiteral("Label1"))->text(),
+            QStringLiteral("Attendere prego. Caricamento archivio dati in corso ..."));
+  EXPECT_FALSE(attesa.findChild<QLabel*>(QStringLiteral("Picture1"))->pixmap(Qt::ReturnByValue).isNull());
+}
+
+TEST_F(FormAttesa, NonBloccaESiScarica) {
+  QPointer<QWidget> attesa = &schermate_.mostra(QStringLiteral("Form_ATTESA"), contesto_);
+  EXPECT_FALSE(attesa->isModal());
+  EXPECT_TRUE(attesa->isVisible());
+  schermate_.scarica(QStringLiteral("Form_ATTESA"));
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(attesa.isNull());
+}

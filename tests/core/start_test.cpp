@@ -1,0 +1,319 @@
+#include "core/start.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QTimer>
+
+#include "banco.h"
+#include "controls/quadro.h"
+
+class Start : public Banco {
+ protected:
+  /// Colour of the picture in `Image1`, told by its middle.
+  QColor colore() {
+    const QPixmap& mostrata = menu().findChild<Quadro*>(QStringLiteral("Image1"))->immagine();
+    return mostrata.isNull() ? QColor() : mostrata.toImage().pixelColor(32, 24);
+  }
+  /// JPEG keeps a plain colour to a few units.
+  bool mostra(QColor atteso) {
+    const QColor visto = colore();
+    return visto.isValid() && std::abs(visto.red() - atteso.red()) < 8 &&
+           std::abs(visto.green() - atteso.green()) < 8 && std::abs(visto.blue() - atteso.blue()) < 8;
+  }
+  std::vector<std::string> evidenziate() {
+    std::vector<std::string> nomi;
+    for (const char* nome : kVociMenu)
+      if (voce(nome).aspetto() == 1) nomi.emplace_back(nome);
+    return nomi;
+  }
+};
+
+TEST_F(Start, TitoloEScritteSonoQuelle) {
+  EXPECT_EQ(menu().windowTitle(), QStringLiteral("Gestionale Misuratori Fiscali Qz s.r.l"));
+  EXPECT_EQ(menu().objectName(), QStringLiteral("start"));
+  EXPECT_EQ(voce("Label1").text(), QStringLiteral("Gestione Grafica"));
+  EXPECT_EQ(voce("Label2").text(), QStringLiteral("Gestione Articoli MMC"));
+  EXPECT_EQ(voce("Label3").text(), QStringLiteral(" Gestione Programmazione"));
+  EXPECT_EQ(voce("Label7").text(), QStringLiteral("Gestione Clienti"));
+  EXPECT_EQ(voce("Label_CMD_XONXOFF").text(), QStringLiteral(" Gestione Comandi Ausiliari ECR"));
+  EXPECT_EQ(voce("Label6").text(), QStringLiteral("About"));
+  EXPECT_EQ(voce("Label4").text(), QStringLiteral("Esci"));
+}
+
+TEST_F(Start, LeVociStannoSulRiquadroEGliAltriControlliCiSono) {
+  auto* riquadro = menu().findChild<QFrame*>(QStringLiteral("vkFrame1"));
+  ASSERT_NE(riquadro, nullptr);
+  for (const char* nome : kVociMenu) EXPECT_EQ(voce(nome).parentWidget(), riquadro) << nome;
+  EXPECT_FALSE(menu().findChild<QLabel*>(QStringLiteral("Label5"))->text().isEmpty());
+  auto* versione = menu().findChild<QLabel*>(QStringLiteral("LabelVSW"));
+  EXPECT_EQ(versione->font().family(), QStringLiteral("Verdana"));
+  EXPECT_FALSE(versione->text().isEmpty());
+  EXPECT_FALSE(menu().findChild<QLabel*>(QStringLiteral("Picture1"))->pixmap(Qt::ReturnByValue).isNull());
+  ASSERT_NE(menu().findChild<QTimer*>(QStringLiteral("Timer1")), nullptr);
+  EXPECT_FALSE(menu().findChild<QTimer*>(QStringLiteral("Timer1"))->isActive());
+}
+
+TEST_F(Start, AllAvvioIlFuocoEIlRisaltoSonoSullaPrimaVoceConLaSuaImmagine) {
+  EXPECT_TRUE(voce("Label1").hasFocus());
+  EXPECT_EQ(evidenziate(), (std::vector<std::string>{"Label1"}));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return mostra(Qt::red); }));
+}
+
+TEST_F(Start, UnaSolaVoceEEvidenziataQuellaSottoIlMouse) {
+  for (const char* nome : kVociMenu) {
+    passaSopra(nome);
+    EXPECT_EQ(evidenziate(), (std::vector<std::string>{nome}));
+  }
+}
+
+TEST_F(Start, OgniVoceMostraLaSuaImmagine) {
+  const std::array<std::pair<const char*, QColor>, 5> attese{{{"Label2", Qt::green},
+                                                              {"Label3", Qt::blue},
+                                                              {"Label7", Qt::yellow},
+                                                              {"Label6", Qt::magenta},
+                                                              {"Label1", Qt::red}}};
+  for (const auto& [nome, atteso] : attese) {
+    passaSopra(nome);
+    EXPECT_TRUE(mostra(atteso)) << nome;
+  }
+}
+
+TEST_F(Start, SuiComandiAusiliariESuEsciRestaLImmagineDiPrima) {
+  passaSopra("Label7");
+  for (const char* nome : {"Label_CMD_XONXOFF", "Label4"}) {
+    passaSopra(nome);
+    EXPECT_EQ(evidenziate(), (std::vector<std::string>{nome}));
+    EXPECT_TRUE(mostra(Qt::yellow)) << nome;
+  }
+}
+
+TEST_F(Start, LImmagineSiRileggeAOgniMovimentoDelMouse) {
+  passaSopra("Label2");
+  coloraImmagine("5-1.jpg", Qt::cyan);
+  passaSopra("Label2");
+  EXPECT_TRUE(mostra(Qt::cyan));
+}
+
+TEST_F(Start, UnImmagineAssenteMostraLErroreELasciaQuellaDiPrima) {
+  const std::array<std::pair<const char*, const char*>, 5> voci{{{"Label1", "4-1.jpg"},
+                                                                 {"Label2", "5-1.jpg"},
+                                                                 {"Label3", "GestioneProgrammazione.jpg"},
+                                                                 {"Label7", "Clienti.jpg"},
+                                                                 {"Label6", "About.jpg"}}};
+  ASSERT_TRUE(QTest::qWaitFor([this] { return mostra(Qt::red); }));
+  for (const auto& [nome, file] : voci) {
+    ASSERT_TRUE(QFile::remove(immagine(file)));
+    passaSopra(nome);
+    EXPECT_EQ(utente_.prendiRiquadri(),
+              (std::vector{Riquadro{QStringLiteral("Error 53 (File non trovato) in procedure ") +
+                                        QLatin1String(nome) + QStringLiteral("_MouseMove of Modulo start"),
+                                    Icona::Nessuna,
+                                    {},
+                                    Pulsanti::OK}}));
+    EXPECT_EQ(evidenziate(), (std::vector<std::string>{nome}));
+    EXPECT_TRUE(mostra(Qt::red)) << nome;
+  }
+}
+
+TEST_F(Start, SenzaLaPrimaImmagineIlMenuSiApreLoStessoSenzaMessaggi) {
+  ASSERT_TRUE(QFile::remove(immagine("4-1.jpg")));
+  menu();
+  QTest::qWait(0);
+  EXPECT_TRUE(menu().isVisible());
+  EXPECT_FALSE(colore().isValid());
+}
+
+TEST_F(Start, UnFileCheNonEUnImmagineMostraLErrore) {
+  QFile rotta(immagine("Clienti.jpg"));
+  ASSERT_TRUE(rotta.open(QIODevice::WriteOnly | QIODevice::Truncate));
+  rotta.write("non e' un'immagine");
+  rotta.close();
+  passaSopra("Label7");
+  EXPECT_EQ(utente_.riquadri().size(), 1U);
+}
+
+TEST_F(Start, LeGraficheELaProgrammazioneLascianoIlLoroNomePrimaDiCaricareLaSchermata) {
+  for (const auto& [nome, schermata] :
+       {std::pair{"Label1", "Form_Grafica"}, std::pair{"Label3", "MDIForm_PRG"}}) {
+    varGlobal().FormChiamante.clear();
+    QString visto;
+    bool menuVisibile = false;
+    schermate_.registra(QLatin1String(schermata), [&](Contesto&) {
+      visto = varGlobal().FormChiamante;
+      menuVisibile = aperta("start")->isVisible();
+      return new QWidget;
+    });
+    clicca(nome);
+    EXPECT_EQ(visto, QLatin1String(schermata));
+    EXPECT_TRUE(menuVisibile) << "the screen loads before the menu hides";
+    EXPECT_TRUE(aperta(schermata)->isVisible());
+    EXPECT_FALSE(aperta("start")->isVisible());
+    schermate_.scarica(QLatin1String(schermata));
+  }
+}
+
+TEST_F(Start, LeAltreVociNonToccanoIlNomeDelChiamante) {
+  varGlobal().FormChiamante = QStringLiteral("Form_Grafica");
+  for (const char* nome : {"Label2", "Label7", "Label_CMD_XONXOFF", "Label6"}) {
+    clicca(nome);
+    EXPECT_EQ(varGlobal().FormChiamante, QStringLiteral("Form_Grafica")) << nome;
+  }
+}
+
+TEST_F(Start, OgniVoceApreLaSuaAreaENascondeIlMenu) {
+  const std::array<std::pair<const char*, const char*>, 5> voci{
+      {{"Label1", "Form_Grafica"},
+       {"Label2", "Form_GestioneMMC"},
+       {"Label3", "MDIForm_PRG"},
+       {"Label7", "Form_GestioneClienti"},
+       {"Label_CMD_XONXOFF", "Form_Comandi_XONXOFF"}}};
+  for (const auto& [nome, schermata] : voci) {
+    clicca(nome);
+    ASSERT_NE(aperta(schermata), nullptr) << schermata;
+    EXPECT_TRUE(aperta(schermata)->isVisible());
+    EXPECT_FALSE(aperta(schermata)->isModal());
+    EXPECT_FALSE(aperta("start")->isVisible());
+    aperta(schermata)->close();
+    EXPECT_TRUE(aperta("start")->isVisible());
+  }
+}
+
+TEST_F(Start, UnaSchermataSconosciutaMostraLErroreEIlMenuResta) {
+  Schermate vuote;
+  Contesto contesto{utente_, area_, libreria_, reteDiSistema(), vuote, app_};
+  start solo(contesto, misure_);
+  solo.show();
+  QTest::mouseClick(solo.findChild<VoceMenu*>(QStringLiteral("Label7")), Qt::LeftButton);
+  EXPECT_EQ(
+      utente_.riquadri(),
+      (std::vector{Riquadro{QStringLiteral("Error 9 (Schermata non registrata: Form_GestioneClienti) in "
+                                           "procedure Label7_Click of Modulo start"),
+                            Icona::Nessuna,
+                            {},
+                            Pulsanti::OK}}));
+  EXPECT_TRUE(solo.isVisible());
+}
+
+TEST_F(Start, AboutDueVolteMostraLaStessaFinestraColMenuVisibileDietro) {
+  clicca("Label6");
+  QWidget* prima = aperta("frmAbout");
+  ASSERT_NE(prima, nullptr);
+  EXPECT_FALSE(prima->isModal());
+  EXPECT_TRUE(aperta("start")->isVisible());
+  clicca("Label6");
+  EXPECT_EQ(aperta("frmAbout"), prima);
+  EXPECT_TRUE(prima->isVisible());
+  EXPECT_TRUE(aperta("start")->isVisible());
+}
+
+TEST_F(Start, EsciTerminaSubitoSenzaDomande) {
+  clicca("Label4");
+  EXPECT_TRUE(utente_.terminato());
+  EXPECT_TRUE(utente_.riquadri().empty());
+}
+
+TEST_F(Start, ChiudereLaCorniceScaricaOgniSchermata) {
+  clicca("Label6");
+  QPointer<QWidget> informazioni = aperta("frmAbout");
+  QPointer<QWidget> solo = &menu();
+  solo->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(informazioni.isNull());
+  EXPECT_TRUE(solo.isNull());
+  EXPECT_EQ(aperta("start"), nullptr);
+  EXPECT_EQ(aperta("frmAbout"), nullptr);
+  EXPECT_FALSE(utente_.terminato());
+}
+
+TEST_F(Start, TornandoAlMenuSiTrovaLaStessaIstanza) {
+  QWidget* prima = &menu();
+  clicca("Label2");
+  aperta("Form_GestioneMMC")->close();
+  EXPECT_EQ(aperta("start"), prima);
+}
+
+TEST_F(Start, TabPercorreLeVociNellOrdineDelMenuEIlRisaltoLoSegue) {
+  menu();
+  for (std::size_t i = 1; i < kVociMenu.size(); ++i) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(voce(kVociMenu[i]).hasFocus()) << kVociMenu[i];
+    EXPECT_EQ(evidenziate(), (std::vector<std::string>{kVociMenu[i]}));
+  }
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_TRUE(voce("Label1").hasFocus());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+  EXPECT_TRUE(voce("Label4").hasFocus());
+}
+
+TEST_F(Start, LeFrecceSpostanoFuocoRisaltoEImmagine) {
+  menu();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+  EXPECT_TRUE(voce("Label2").hasFocus());
+  EXPECT_TRUE(mostra(Qt::green));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+  EXPECT_EQ(evidenziate(), (std::vector<std::string>{"Label3"}));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+  EXPECT_EQ(evidenziate(), (std::vector<std::string>{"Label2"}));
+}
+
+TEST_F(Start, InvioESpazioAprono) {
+  QTest::keyClick(&voce("Label7"), Qt::Key_Return);
+  ASSERT_NE(aperta("Form_GestioneClienti"), nullptr);
+  aperta("Form_GestioneClienti")->close();
+  QTest::keyClick(&voce("Label6"), Qt::Key_Space);
+  EXPECT_NE(aperta("frmAbout"), nullptr);
+  QTest::keyClick(&voce("Label2"), Qt::Key_Enter);
+  EXPECT_NE(aperta("Form_GestioneMMC"), nullptr);
+}
+
+TEST_F(Start, IlRitornoDelFuocoDaUnRiquadroNonRileggeLImmagine) {
+  passaSopra("Label2");
+  ASSERT_TRUE(QFile::remove(immagine("4-1.jpg")));
+  QWidget riquadro;
+  riquadro.show();
+  riquadro.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&riquadro));
+  EXPECT_TRUE(voce("Label1").hasFocus());
+  EXPECT_EQ(evidenziate(), (std::vector<std::string>{"Label2"}));
+  EXPECT_TRUE(utente_.riquadri().empty());
+}
+
+TEST_F(Start, OgniVoceHaUnNomePerILettoriDiSchermo) {
+  for (const char* nome : kVociMenu) EXPECT_EQ(voce(nome).accessibleName(), voce(nome).text().trimmed());
+  EXPECT_FALSE(menu().findChild<Quadro*>(QStringLiteral("Image1"))->accessibleName().isEmpty());
+}
+
+TEST_F(Start, StaInUnoSchermo1024x768AlDoppioDellaScala) {
+  const QSize minima = menu().minimumSizeHint();
+  EXPECT_LE(minima.width(), 1024 / 2);
+  EXPECT_LE(minima.height(), 768 / 2);
+}
+
+TEST_F(Start, SuUnoSchermoPiccoloChiedeEAnnotaLaNuovaMisura) {
+  misure_ = {1024, 600};
+  utente_.risponde(Risposta::OK);
+  EXPECT_EQ(menu().misure(), (MisureSchermo{1024, 768}));
+  EXPECT_EQ(utente_.riquadri().size(), 1U);
+}
+
+TEST_F(Start, SuUnoSchermoPiccoloConAnnullaIlMenuSiApreComunque) {
+  misure_ = {800, 600};
+  utente_.risponde(Risposta::Annulla);
+  EXPECT_EQ(menu().misure(), (MisureSchermo{800, 600}));
+  EXPECT_TRUE(menu().isVisible());
+  EXPECT_EQ(utente_.riquadri().size(), 1U);
+}
+
+TEST_F(Start, IlLogNellaCartellaDellApplicazioneESparitoQuandoIlMenuCompare) {
+  QFile log(app_ + QStringLiteral("/crc32Log.txt"));
+  ASSERT_TRUE(log.open(QIODevice::WriteOnly));
+  log.close();
+  menu();
+  EXPECT_FALSE(log.exists());
+}
+
+TEST_F(Start, IlLogNellaSolaCartellaCorrenteResta) {
+  const QString log = corrente_.scrivi(QStringLiteral("crc32Log.txt"), "x");
+  menu();
+  EXPECT_TRUE(QFile::exists(log));
+}
