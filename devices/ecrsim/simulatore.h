@@ -26,7 +26,7 @@ enum class Cosa {
 struct Guasto {
   int modo = 0;
   /// Empty: whatever the file.
-  std::string file;
+  std::string file{};
   Cosa cosa = Cosa::Codice;
   /// Error code for Cosa::Codice.
   int codice = 7;
@@ -37,7 +37,7 @@ struct Guasto {
 struct Opzioni {
   /// A loopback address, 127.0.0.0/8.
   std::string indirizzo = "127.0.0.20";
-  std::filesystem::path cartella;
+  std::filesystem::path cartella{};
   /// Size class: "S", "L", or anything else.
   std::string bitmap = "L";
   /// State letter: I, P, V, A, L.
@@ -47,14 +47,14 @@ struct Opzioni {
   std::string versione = "3.00";
   std::string mmc = "4";
   /// If not empty, the text that mode 0 answers with, whatever the rest says.
-  std::string rispostaInfo;
-  std::vector<Guasto> guasti;
+  std::string rispostaInfo{};
+  std::vector<Guasto> guasti{};
 };
 
 /// One command as the till understood it.
 struct Chiamata {
   int modo = 0;
-  std::string file;
+  std::string file{};
   std::size_t byte = 0;
   bool operator==(const Chiamata&) const = default;
 };

@@ -98,7 +98,7 @@ void TagliaFile(const QString& file, std::int64_t lunghezza) {
   QFile aperto(file);
   if (!aperto.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
     throw fileAssente();
-  if (lunghezza < 0 || !aperto.seek(lunghezza)) throw argomentoNonValido();
+  if (lunghezza < 0 || aperto.isSequential() || !aperto.seek(lunghezza)) throw argomentoNonValido();
   if (!aperto.resize(lunghezza)) throw argomentoNonValido();
 }
 

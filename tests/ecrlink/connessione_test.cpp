@@ -1,0 +1,328 @@
+#include <gtest/gtest.h>
+
+#include "scena.h"
+
+using namespace ecrlink;
+
+namespace {
+
+Riquadro indirizzoErrato() {
+  return critico(QStringLiteral(
+      "Attenzione l'indirizzo IP del dispositivo ECR da connettere al PC potrebbe essere errato"));
+}
+Riquadro indirizzoDelPC() {
+  return critico(QStringLiteral("Attenzione l'IP del dispositivo ECR deve essere diverso da quello del PC"));
+}
+Riquadro ecoImpossibile() {
+  return critico(
+      QStringLiteral("Attenzione il dispositivo non risponde, controllare lo stato della connessione "
+                     "e/o l'indirizzo IP dell'ECR"));
+}
+Riquadro nessunaRisposta() {
+  return critico(QStringLiteral(
+      "Attenzione il dispositivo non risponde, controllare lo stato e/o l'indirizzo IP dell'ECR"));
+}
+Riquadro statoSbagliato() {
+  return critico(
+      QStringLiteral("Funzione non disponibile! Prego porre la cassa nello stato di IDLE o PROGRAMMAZIONE"));
+}
+
+constexpr std::array kCaselle{"TextModello", "vkTextBoxTipoMacchina", "TextBitmap",
+                              "TextMMC",     "vkTextBox_VSW",         "vkTextBoxECR"};
+
+QStringList caselle(SchermoLink& schermo) {
+  QStringList testi;
+  for (const char* nome : kCaselle) testi << schermo.testo(nome);
+  return testi;
+}
+
+QStringList echi(const ReteDiProva& rete) {
+  return rete.passi.filter(QStringLiteral("eco "));
+}
+
+struct Connessione : testing::Test {
+  Scena scena;
+  SchermoLink schermo{scena.contesto};
+
+  std::vector<Riquadro> connetti(const QString& indirizzo) {
+    schermo.digita(indirizzo);
+    schermo.clicca("CmdInviaModECR");
+    return scena.riquadri();
+  }
+  /// Ready after a failed ECR INFO: both commands are on.
+  void entrambiAccesi() {
+    Cassa muta({.guasti = {{.modo = 0, .cosa = ecrsim::Cosa::Codice, .codice = 16}}});
+    EXPECT_EQ(connetti(muta.indirizzo()).size(), 1U);
+    EXPECT_EQ(statoDi(schermo), (StatoLink{true, true, muta.indirizzo()}));
+  }
+};
+
+class ConStato : public Connessione, public testing::WithParamInterface<std::pair<char, const char*>> {};
+
+std::string pezzo(const std::string& voce, int quanti) {
+  std::string testo;
+  for (int i = 0; i < quanti; ++i) testo += (i ? "," : "") + voce;
+  return testo;
+}
+
+}  // namespace
+
+TEST(ControllaIP, TrePuntiConNumeriDavantiBastano) {
+  for (const char* buono : {"1.2.3.4", "999.1.1.x", "300.0.0.1", "192.168.0.20", "1.2.3.", "32767.0.0.1",
+                            "-1.0.0.1", " 1.2.3.4", "1e2.0.0.1"})
+    EXPECT_TRUE(ControllaIP(QString::fromLatin1(buono))) << buono;
+}
+
+TEST(ControllaIP, RifiutaPuntiSbagliatiENonNumeri) {
+  for (const char* cattivo :
+       {"", "10", "10.0", "10.0.0", "10.0.0.1.5", "a.0.0.1", "1.b.0.1", "1.2.c.1", ".0.0.1", "1..0.1", "...",
+        "32768.0.0.1", "1.2.99999.4", "&H10.0.0.1", "0x7f.0.0.1", "nan.0.0.1", "inf.0.0.1"})
+    EXPECT_FALSE(ControllaIP(QString::fromLatin1(cattivo))) << cattivo;
+}
+
+TEST_F(Connessione, DuePuntiQuattroPuntiOLettereSiRifiutanoSubito) {
+  for (const char* cattivo : {"10.0.0", "10.0.0.1.5", "a.0.0.1", ""}) {
+    EXPECT_EQ(connetti(QString::fromLatin1(cattivo)), std::vector{indirizzoErrato()}) << cattivo;
+    EXPECT_EQ(statoDi(schermo), (StatoLink{false, true, QString()})) << cattivo;
+  }
+  EXPECT_EQ(echi(scena.rete), QStringList());
+}
+
+TEST_F(Connessione, UnIndirizzoErratoSpegneAncheUnAvvioAcceso) {
+  entrambiAccesi();
+  EXPECT_EQ(connetti(QStringLiteral("10.0.0")), std::vector{indirizzoErrato()});
+  EXPECT_EQ(statoDi(schermo), (StatoLink{false, true, QString()}));
+}
+
+TEST(ConnessioneDiUnPC, LIndirizzoPredefinitoDellaCassaSulPCSiRifiutaSenzaEco) {
+  Scena scena;
+  scena.rete.indirizzi = {QStringLiteral("192.168.0.20")};
+  SchermoLink schermo(scena.contesto);
+  schermo.digita(QStringLiteral("192.168.0.20"));
+  schermo.clicca("CmdInviaModECR");
+  EXPECT_EQ(scena.riquadri(), std::vector{indirizzoDelPC()});
+  EXPECT_EQ(echi(scena.rete), QStringList());
+  EXPECT_EQ(statoDi(schermo), (StatoLink{false, true, QString()}));
+}
+
+TEST(ConnessioneDiUnPC, DiDueIndirizziSiProvanoEntrambi) {
+  Scena scena;
+  scena.rete.indirizzi = {QStringLiteral("127.1.1.1"), QStringLiteral("127.2.2.2")};
+  SchermoLink schermo(scena.contesto);
+  for (const QString& indirizzo : scena.rete.indirizzi) {
+    schermo.digita(indirizzo);
+    schermo.clicca("CmdInviaModECR");
+    EXPECT_EQ(scena.riquadri(), std::vector{indirizzoDelPC()}) << indirizzo.toStdString();
+  }
+  EXPECT_EQ(echi(scena.rete), QStringList());
+}
+
+TEST(ConnessioneDiUnPC, SenzaIndirizziSiConnetteLoStesso) {
+  Scena scena;
+  scena.rete.indirizzi.clear();
+  Cassa cassa;
+  SchermoLink schermo(scena.contesto);
+  schermo.digita(cassa.indirizzo());
+  schermo.clicca("CmdInviaModECR");
+  EXPECT_EQ(statoDi(schermo), (StatoLink{true, false, cassa.indirizzo()}));
+}
+
+TEST_F(Connessione, UnIndirizzoCheNonSiConverteNonSiRaggiunge) {
+  for (const char* strano : {"300.0.0.1", "999.1.1.x", "0.0.0.0", "255.255.255.255"}) {
+    EXPECT_EQ(connetti(QString::fromLatin1(strano)), std::vector{ecoImpossibile()}) << strano;
+    EXPECT_EQ(statoDi(schermo), (StatoLink{false, true, QString()})) << strano;
+  }
+}
+
+TEST_F(Connessione, ChiNonRispondeAllEcoLasciaLAvvioComEra) {
+  scena.rete.esitoEco = 11010;
+  EXPECT_EQ(connetti(QStringLiteral("127.7.7.7")), std::vector{nessunaRisposta()});
+  EXPECT_EQ(statoDi(schermo), (StatoLink{false, true, QString()}));
+  scena.rete.esitoEco.reset();
+  entrambiAccesi();
+  scena.rete.esitoEco = 11010;
+  EXPECT_EQ(connetti(QStringLiteral("127.7.7.7")), std::vector{nessunaRisposta()});
+  EXPECT_EQ(statoDi(schermo), (StatoLink{true, true, QString()}));
+  EXPECT_EQ(connetti(QStringLiteral("300.0.0.1")), std::vector{nessunaRisposta()});
+  EXPECT_EQ(statoDi(schermo), (StatoLink{true, true, QString()}));
+}
+
+TEST_F(Connessione, LEcoPortaCinqueLettereEDuecentocinquantaMillisecondi) {
+  Cassa cassa;
+  EXPECT_EQ(connetti(cassa.indirizzo()), std::vector<Riquadro>());
+  EXPECT_EQ(echi(scena.rete), QStringList{QStringLiteral("eco %1 hello 250").arg(cassa.indirizzo())});
+}
+
+TEST_F(Connessione, LaCassaProntaRiempieLoSchermoEAccendeLAvvio) {
+  Cassa cassa({.bitmap = "S", .stato = 'I', .modello = "KPR_58mm", .versione = "2.10", .mmc = "8"});
+  EXPECT_EQ(connetti(cassa.indirizzo()), std::vector<Riquadro>());
+  EXPECT_EQ(caselle(schermo),
+            (QStringList{QStringLiteral("KPR_58mm"), QStringLiteral("KPR_58mm"), QStringLiteral("SMALL"),
+                         QStringLiteral("8"), QStringLiteral("2.10"), QStringLiteral("IDLE")}));
+  EXPECT_EQ(statoDi(schermo), (StatoLink{true, false, cassa.indirizzo()}));
+  EXPECT_TRUE(schermo.haIlFuoco("Cmd_Esci"));
+  EXPECT_EQ(chiamateDi(cassa), (QStringList{QStringLiteral("2:"), QStringLiteral("0:")}));
+}
+
+TEST_F(Connessione, OgniClasseCheNonSiaSSiLeggeLarge) {
+  for (const char* classe : {"L", "M", "s"}) {
+    Scena altra;
+    SchermoLink questo(altra.contesto);
+    Cassa cassa({.bitmap = classe});
+    questo.digita(cassa.indirizzo());
+    questo.clicca("CmdInviaModECR");
+    EXPECT_EQ(questo.testo("TextBitmap"), QStringLiteral("LARGE")) << classe;
+  }
+}
+
+TEST_P(ConStato, LoStatoDecideChiPuoTrasferire) {
+  const auto [lettera, parola] = GetParam();
+  Cassa cassa({.stato = lettera});
+  const bool ammesso = lettera == 'I' || lettera == 'P';
+  EXPECT_EQ(connetti(cassa.indirizzo()), ammesso ? std::vector<Riquadro>() : std::vector{statoSbagliato()});
+  EXPECT_EQ(schermo.testo("vkTextBoxECR"), QString::fromLatin1(parola));
+  EXPECT_EQ(schermo.controllo("vkTextBoxECR").property("statoCassa").toString(),
+            QString(QLatin1Char(lettera)));
+  EXPECT_EQ(schermo.controllo("vkTextBoxECR").property("distintivo").toString(),
+            ammesso ? QStringLiteral("pronto") : QStringLiteral("occupato"));
+  EXPECT_EQ(statoDi(schermo),
+            ammesso ? (StatoLink{true, false, cassa.indirizzo()}) : (StatoLink{false, true, QString()}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Tutti, ConStato,
+                         testing::Values(std::pair{'I', "IDLE"}, std::pair{'P', "PROGRAMMAZIONE"},
+                                         std::pair{'V', "VENDITA"}, std::pair{'A', "AZZERAMENTO"},
+                                         std::pair{'L', "LETTURA"}));
+
+TEST_F(Connessione, UnaLetteraIgnotaLasciaLaParolaDiPrimaERifiuta) {
+  Cassa lettura({.stato = 'L'});
+  EXPECT_EQ(connetti(lettura.indirizzo()), std::vector{statoSbagliato()});
+  Cassa strana({.stato = 'Z'});
+  EXPECT_EQ(connetti(strana.indirizzo()), std::vector{statoSbagliato()});
+  EXPECT_EQ(schermo.testo("vkTextBoxECR"), QStringLiteral("LETTURA"));
+}
+
+TEST_F(Connessione, NelloStatoSbagliatoUnAvvioAccesoRestaAcceso) {
+  entrambiAccesi();
+  Cassa vendita({.stato = 'V'});
+  EXPECT_EQ(connetti(vendita.indirizzo()), std::vector{statoSbagliato()});
+  EXPECT_EQ(statoDi(schermo), (StatoLink{true, true, QString()}));
+}
+
+TEST_F(Connessione, UnaRispostaDiTreVociSenzaStatoSiRifiuta) {
+  Cassa cassa({.rispostaInfo = "VER=3.00,BMP=L,MMC=4"});
+  EXPECT_EQ(connetti(cassa.indirizzo()), std::vector{statoSbagliato()});
+  EXPECT_EQ(statoDi(schermo), (StatoLink{false, true, QString()}));
+  EXPECT_EQ(schermo.testo("vkTextBox_VSW"), QStringLiteral("3.00"));
+  EXPECT_EQ(schermo.testo("TextModello"), QString());
+}
+
+TEST_F(Connessione, RispostePiuCorteOPiuLungheDelGiustoNonFannoDanni) {
+  struct Caso {
+    std::string risposta;
+    bool pronta;
+  };
+  const std::string undici = pezzo("K=1", 10) + ",S=P";
+  for (const Caso& caso :
+       {Caso{" ", false}, Caso{undici + "," + pezzo("K=2", 8), true},
+        Caso{undici + "," + pezzo("K=2", 29), true}, Caso{undici, false}, Caso{std::string(256, 'x'), false},
+        Caso{std::string(256, ','), false}, Caso{std::string(400, '='), false},
+        Caso{std::string("\x01\xFF\x80\x00\x7F,", 6), false}}) {
+    Scena altra;
+    SchermoLink questo(altra.contesto);
+    Cassa cassa({.rispostaInfo = caso.risposta});
+    questo.digita(cassa.indirizzo());
+    questo.clicca("CmdInviaModECR");
+    EXPECT_EQ(altra.riquadri(), caso.pronta ? std::vector<Riquadro>() : std::vector{statoSbagliato()});
+    EXPECT_EQ(statoDi(questo), caso.pronta ? (StatoLink{true, false, cassa.indirizzo()})
+                                           : (StatoLink{false, true, QString()}));
+  }
+}
+
+TEST_F(Connessione, UnaChiusuraFallitaSiDiceESiVaAvanti) {
+  Cassa cassa({.guasti = {{.modo = 2, .cosa = ecrsim::Cosa::Codice, .codice = 16}}});
+  EXPECT_EQ(connetti(cassa.indirizzo()),
+            std::vector{erroreDiComunicazione(QStringLiteral("Errore nella memoria della cassa"))});
+  EXPECT_EQ(statoDi(schermo), (StatoLink{true, false, cassa.indirizzo()}));
+}
+
+TEST_F(Connessione, UnInfoFallitaAccendeLoStessoLAvvioEConservaLeCaselle) {
+  Cassa prima({.stato = 'L', .modello = "VEGA"});
+  connetti(prima.indirizzo());
+  const QStringList tenute = caselle(schermo);
+  Cassa cassa({.guasti = {{.modo = 0, .cosa = ecrsim::Cosa::Codice, .codice = 7}}});
+  EXPECT_EQ(connetti(cassa.indirizzo()), std::vector{erroreDiComunicazione(QStringLiteral(
+                                             "Comando rifiutato nello stato attuale della cassa"))});
+  EXPECT_EQ(statoDi(schermo), (StatoLink{true, true, cassa.indirizzo()}));
+  EXPECT_EQ(caselle(schermo), tenute);
+  EXPECT_TRUE(schermo.haIlFuoco("Cmd_Esci"));
+}
+
+TEST_F(Connessione, UnaCassaSpentaMaRaggiungibileFinisceConEntrambiAccesi) {
+  Cassa cassa;
+  cassa.spegni();
+  const Riquadro spenta = erroreDiComunicazione(QStringLiteral("La cassa non è raggiungibile"));
+  EXPECT_EQ(connetti(cassa.indirizzo()), (std::vector{spenta, spenta}));
+  EXPECT_EQ(statoDi(schermo), (StatoLink{true, true, cassa.indirizzo()}));
+}
+
+TEST_F(Connessione, SeLaCassaNonRispondePiuLeCaselleRestano) {
+  Cassa cassa({.stato = 'A'});
+  connetti(cassa.indirizzo());
+  const QStringList tenute = caselle(schermo);
+  EXPECT_EQ(connetti(QStringLiteral("300.0.0.1")), std::vector{ecoImpossibile()});
+  EXPECT_EQ(caselle(schermo), tenute);
+  EXPECT_EQ(schermo.controllo("vkTextBoxECR").property("distintivo").toString(), QStringLiteral("neutro"));
+}
+
+TEST_F(Connessione, DaProntaNonSiPuoRiconnettere) {
+  Cassa cassa;
+  connetti(cassa.indirizzo());
+  schermo.clicca("CmdInviaModECR");
+  QTest::keyClick(&schermo.controllo("vkTextBoxIP_ECR"), Qt::Key_Return);
+  EXPECT_EQ(chiamateDi(cassa), (QStringList{QStringLiteral("2:"), QStringLiteral("0:")}));
+}
+
+TEST_F(Connessione, LaConnessioneChiudeUnTrasferimentoRimastoAperto) {
+  Cassa cassa;
+  commonForKora().IP_ECR = cassa.indirizzo();
+  EXPECT_EQ(avviaECR(QStringLiteral("ignoto.bin"), Modo::Ricevi, scena.contesto), 1);
+  EXPECT_EQ(scena.riquadri().size(), 1U);
+  ASSERT_TRUE(cassa->trasferimentoAperto());
+  connetti(cassa.indirizzo());
+  EXPECT_FALSE(cassa->trasferimentoAperto());
+  EXPECT_EQ(avviaECR(QString(), Modo::AzzeraVenduto, scena.contesto), 0);
+}
+
+TEST(ConnessioneSenzaLibreria, LErroreImprevistoRiaccendeConnettiELoMetteAFuoco) {
+  const QTemporaryDir vuota;
+  Scena scena(vuota.path());
+  SchermoLink schermo(scena.contesto);
+  schermo.digita(indirizzoProprio());
+  schermo.clicca("CmdInviaModECR");
+  EXPECT_EQ(scena.riquadri(),
+            std::vector{critico(QStringLiteral("Errore 53 - File non trovato: libecrcom.so"))});
+  EXPECT_EQ(statoDi(schermo), (StatoLink{false, true, QString()}));
+  EXPECT_TRUE(schermo.haIlFuoco("CmdInviaModECR"));
+}
+
+TEST_F(Connessione, UnErroreImprevistoPrimaDiSpegnereConnettiLasciaIlFuocoDovEra) {
+  delete &schermo.controllo("vkTextBoxLocal_IP");
+  EXPECT_EQ(connetti(indirizzoProprio()),
+            std::vector{critico(QStringLiteral(
+                "Errore 438 - Proprietà o metodo non supportati dall'oggetto: vkTextBoxLocal_IP"))});
+  EXPECT_EQ(commonForKora().IP_ECR, QString());
+  EXPECT_TRUE(schermo.acceso("CmdInviaModECR"));
+}
+
+TEST_F(Connessione, DopoUnaConnessioneFallitaNonCEIndirizzo) {
+  connetti(QStringLiteral("10.0.0"));
+  EXPECT_TRUE(commonForKora().IP_ECR.isEmpty());
+}
+
+TEST_F(Connessione, ICampiDellaCassaRestanoDopoLaChiusuraDelloSchermo) {
+  Cassa cassa({.versione = "9.99"});
+  connetti(cassa.indirizzo());
+  schermo.close();
+  EXPECT_EQ(commonForKora().ECR_INFO.InfoVersioneSW, QStringLiteral("9.99"));
+}
