@@ -97,8 +97,15 @@ class Collegamento {
     return true;
   }
 
+  /// Whether what has arrived is the beginning of a frame that is not there whole yet.
   bool potrebbeDiventarlo() const {
-    return puoEssereTrama(arrivati_) && arrivati_.size() < kByteIntestazione + kTastiMassimi;
+    if (!puoEssereTrama(arrivati_)) return false;
+    if (arrivati_.size() < kByteIntestazione) return true;
+    ByteIntestazione testa;
+    std::copy_n(arrivati_.begin(), kByteIntestazione, testa.begin());
+    const std::optional<Intestazione> letta = leggiIntestazione(testa);
+    return letta && letta->lunghezza <= kTastiMassimi &&
+           arrivati_.size() < kByteIntestazione + letta->lunghezza;
   }
 
   Presa presa_;
