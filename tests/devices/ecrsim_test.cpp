@@ -1,0 +1,249 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <system_error>
+
+#include "devices/libreria.h"
+#include "ecrcom/codici.h"
+#include "ecrsim/riga_comando.h"
+#include "ecrsim/seriale.h"
+#include "sostegno/cartella_temporanea.h"
+#include "sostegno/cassa.h"
+
+using ecrsim::Cosa;
+
+namespace {
+
+ecrsim::Richiesta leggi(const std::vector<const char*>& argomenti) {
+  return ecrsim::leggiRigaComando(argomenti);
+}
+
+/// The program, killed with the test if it has not gone by itself.
+struct Programma : testing::Test {
+  ~Programma() override {
+    if (processo.state() == QProcess::NotRunning) return;
+    processo.kill();
+    processo.waitForFinished();
+  }
+  void avvia(const QStringList& argomenti) {
+    processo.start(QStringLiteral(GESTIONALE_APP "/ecrsim"), argomenti);
+    ASSERT_TRUE(processo.waitForStarted());
+  }
+  QByteArray riga() {
+    while (!processo.canReadLine() && processo.waitForReadyRead(10000)) continue;
+    return processo.readLine();
+  }
+
+  CartellaTemporanea cartella;
+  QString indirizzo = indirizzoProprio();
+  QProcess processo;
+};
+
+/// Reads so many bytes from a line, or fewer if it stays silent for five seconds.
+QByteArray leggiLinea(int linea, int quanti) {
+  QByteArray letti;
+  while (letti.size() < quanti) {
+    pollfd attesa{linea, POLLIN, 0};
+    if (poll(&attesa, 1, 5000) != 1) break;
+    char byte = 0;
+    if (read(linea, &byte, 1) != 1) break;
+    letti.append(byte);
+  }
+  return letti;
+}
+
+}  // namespace
+
+TEST(RigaComando, SenzaOpzioniValgonoQuelleDiSempre) {
+  const ecrsim::Richiesta richiesta = leggi({});
+  EXPECT_EQ(richiesta.opzioni.indirizzo, "127.0.0.20");
+  EXPECT_EQ(richiesta.opzioni.bitmap, "L");
+  EXPECT_EQ(richiesta.opzioni.stato, 'I');
+  EXPECT_EQ(richiesta.giornata, 0);
+  EXPECT_TRUE(richiesta.opzioni.guasti.empty());
+  EXPECT_FALSE(richiesta.aiuto);
+}
+
+TEST(RigaComando, OgniOpzioneArrivaAlSuoPosto) {
+  const ecrsim::Richiesta richiesta =
+      leggi({"--address", "127.9.9.9", "--dir",      "/x",        "--bitmap",
+             "S",         "--stato",   "V",          "--fiscale", "12",
+             "--seriale", "/l",        "--giornata", "30",        "--seme",
+             "9",         "--guasto",  "5:silenzio", "--guasto",  "7:venduto.bin:corto",
+             "--help"});
+  EXPECT_EQ(richiesta.opzioni.indirizzo, "127.9.9.9");
+  EXPECT_EQ(richiesta.opzioni.cartella, "/x");
+  EXPECT_EQ(richiesta.opzioni.bitmap, "S");
+  EXPECT_EQ(richiesta.opzioni.stato, 'V');
+  EXPECT_EQ(richiesta.opzioni.fiscale, 12);
+  EXPECT_EQ(richiesta.seriale, "/l");
+  EXPECT_EQ(richiesta.giornata, 30);
+  EXPECT_EQ(richiesta.seme, 9U);
+  ASSERT_EQ(richiesta.opzioni.guasti.size(), 2U);
+  EXPECT_EQ(richiesta.opzioni.guasti[0].cosa, Cosa::Silenzio);
+  EXPECT_EQ(richiesta.opzioni.guasti[1].file, "venduto.bin");
+  EXPECT_TRUE(richiesta.aiuto);
+}
+
+TEST(RigaComando, CioCheNonVaSiRifiuta) {
+  const std::vector<std::vector<const char*>> sbagliate{{"--ignota", "x"},
+                                                        {"--dir"},
+                                                        {"parola"},
+                                                        {"--address", "10.0.0.1"},
+                                                        {"--address", "casa"},
+                                                        {"--stato", "X"},
+                                                        {"--stato", "IP"},
+                                                        {"--fiscale", "-1"},
+                                                        {"--fiscale", "dodici"},
+                                                        {"--giornata", "3x"},
+                                                        {"--seme", "-1"},
+                                                        {"--guasto", "5"},
+                                                        {"--guasto", "9:silenzio"},
+                                                        {"--guasto", "5:boh"},
+                                                        {"--guasto", "5:silenzio=3"},
+                                                        {"--guasto", "5:codice=0"},
+                                                        {"--guasto", "5:codice="},
+                                                        {"--guasto", ":silenzio"}};
+  for (const auto& argomenti : sbagliate)
+    EXPECT_THROW(leggi(argomenti), std::invalid_argument) << argomenti[0] << argomenti.size();
+}
+
+TEST(RigaComando, OgniGuastoHaIlSuoNome) {
+  EXPECT_EQ(ecrsim::leggiGuasto("0:codice").codice, 7);
+  EXPECT_EQ(ecrsim::leggiGuasto("0:codice=33").codice, 33);
+  EXPECT_EQ(ecrsim::leggiGuasto("1:silenzio").cosa, Cosa::Silenzio);
+  EXPECT_EQ(ecrsim::leggiGuasto("2:taglio-prima").cosa, Cosa::TaglioPrima);
+  EXPECT_EQ(ecrsim::leggiGuasto("6:taglio-dentro").cosa, Cosa::TaglioDentro);
+  EXPECT_EQ(ecrsim::leggiGuasto("8:taglio-dopo").cosa, Cosa::TaglioDopo);
+  EXPECT_EQ(ecrsim::leggiGuasto("7:corto").cosa, Cosa::FileCorto);
+  EXPECT_EQ(ecrsim::leggiGuasto("7:lungo").cosa, Cosa::FileLungo);
+  EXPECT_EQ(ecrsim::leggiGuasto("7:iva.bin:spazzatura").cosa, Cosa::Spazzatura);
+  EXPECT_EQ(ecrsim::leggiGuasto("7:iva.bin:spazzatura").modo, 7);
+}
+
+TEST(IndirizzoDellaCassa, SoloLaReteLocaleEPerUnoSolo) {
+  ecrsim::Opzioni opzioni;
+  opzioni.cartella = QDir::tempPath().toStdString();
+  for (const char* indirizzo : {"10.0.0.1", "192.168.0.20", "0.0.0.0", "casa", ""}) {
+    opzioni.indirizzo = indirizzo;
+    EXPECT_THROW(ecrsim::Simulatore{opzioni}, std::system_error) << indirizzo;
+  }
+  const Cassa cassa;
+  opzioni.indirizzo = cassa.indirizzo().toStdString();
+  EXPECT_THROW(ecrsim::Simulatore{opzioni}, std::system_error);
+}
+
+TEST(IndirizzoDellaCassa, ADueCasseToccanoIndirizziDiversi) {
+  const Cassa una;
+  const Cassa altra;
+  EXPECT_NE(una.indirizzo(), altra.indirizzo());
+  EXPECT_TRUE(una.indirizzo().startsWith(QStringLiteral("127.")));
+  EXPECT_FALSE(una.indirizzo().startsWith(QStringLiteral("127.0.0.")));
+}
+
+TEST_F(Programma, DiceDoveRispondeServeESeNeVaConSigterm) {
+  avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--dir"), QStringLiteral("memoria")});
+  EXPECT_EQ(riga(), "ECRSIM pronto su " + indirizzo.toLatin1() + ":17471\n");
+  Libreria libreria;
+  EXPECT_EQ(libreria.comando(indirizzo, ECR_INFO_MODE), ecrcom::kFatto);
+  EXPECT_TRUE(QFileInfo(QStringLiteral("memoria")).isDir());
+  processo.terminate();
+  ASSERT_TRUE(processo.waitForFinished(10000));
+  EXPECT_EQ(processo.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(processo.exitCode(), 0);
+}
+
+TEST_F(Programma, SeNeVaConSigintAncheConUnaLineaAperta) {
+  avvia({QStringLiteral("--address"), indirizzo});
+  riga();
+  Libreria libreria;
+  QByteArray ip = indirizzo.toLatin1();
+  const int maniglia = libreria.ecr_conn_xonxoff_ntw(ip.data());
+  EXPECT_GE(maniglia, 1);
+  ASSERT_EQ(::kill(static_cast<pid_t>(processo.processId()), SIGINT), 0);
+  ASSERT_TRUE(processo.waitForFinished(10000));
+  EXPECT_EQ(processo.exitCode(), 0);
+  libreria.ecr_disc_xonxoff_ntw(maniglia);
+}
+
+TEST_F(Programma, LOpzioneGuastoColpisce) {
+  avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--guasto"), QStringLiteral("1:codice=33")});
+  riga();
+  Libreria libreria;
+  EXPECT_EQ(libreria.comando(indirizzo, ECR_OPEN_MODE), 33);
+  EXPECT_EQ(libreria.comando(indirizzo, ECR_INFO_MODE), ecrcom::kFatto);
+}
+
+TEST_F(Programma, LaGiornataSiBattePrimaDiRispondere) {
+  QByteArray plu(240000, '\0');
+  plu.replace(0, 4, "PANE");
+  plu[27] = 100;
+  cartella.scrivi(QStringLiteral("plu.bin"), plu);
+  avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--giornata"), QStringLiteral("20"),
+         QStringLiteral("--seme"), QStringLiteral("3")});
+  EXPECT_TRUE(riga().startsWith("ECRSIM giornata di 20 scontrini, incasso "));
+  EXPECT_TRUE(riga().startsWith("ECRSIM pronto su "));
+  EXPECT_EQ(cartella.leggi(QStringLiteral("venduto.bin")).size(), 60000);
+}
+
+TEST_F(Programma, UnIndirizzoNonLocaleSiRifiuta) {
+  avvia({QStringLiteral("--address"), QStringLiteral("192.168.0.20")});
+  ASSERT_TRUE(processo.waitForFinished(10000));
+  EXPECT_EQ(processo.exitCode(), 2);
+  EXPECT_TRUE(processo.readAllStandardError().startsWith("L'indirizzo deve essere locale"));
+}
+
+TEST_F(Programma, UnIndirizzoOccupatoSiRifiuta) {
+  const Cassa cassa;
+  avvia({QStringLiteral("--address"), cassa.indirizzo()});
+  ASSERT_TRUE(processo.waitForFinished(10000));
+  EXPECT_EQ(processo.exitCode(), 1);
+}
+
+TEST_F(Programma, LAiutoNominaOgniOpzione) {
+  avvia({QStringLiteral("--help")});
+  ASSERT_TRUE(processo.waitForFinished(10000));
+  EXPECT_EQ(processo.exitCode(), 0);
+  const QByteArray aiuto = processo.readAllStandardOutput();
+  for (const char* opzione : {"--address", "--dir", "--bitmap", "--stato", "--fiscale", "--seriale",
+                              "--giornata", "--seme", "--guasto"})
+    EXPECT_TRUE(aiuto.contains(opzione)) << opzione;
+}
+
+TEST_F(Programma, LaLineaSerialeRispondeAllaLetturaDelloStato) {
+  const QString linea = cartella.file(QStringLiteral("COM1"));
+  avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--seriale"), linea});
+  riga();
+  ASSERT_TRUE(QFileInfo(linea).isSymLink());
+  const int porta = open(linea.toLocal8Bit().constData(), O_RDWR | O_NOCTTY);
+  ASSERT_GE(porta, 0);
+  ASSERT_EQ(write(porta, "rX89F", 5), 5);
+  const QByteArray risposta = leggiLinea(porta, 43);
+  close(porta);
+  ASSERT_EQ(risposta.size(), 43);
+  EXPECT_TRUE(risposta.startsWith("X89FECR"));
+  processo.terminate();
+  ASSERT_TRUE(processo.waitForFinished(10000));
+  EXPECT_EQ(processo.exitCode(), 0);
+  EXPECT_FALSE(QFileInfo(linea).isSymLink());
+}
+
+TEST(LineaSeriale, UnCollegamentoVecchioSiSostituisceUnFileNo) {
+  CartellaTemporanea cartella;
+  const QString linea = cartella.file(QStringLiteral("COM2"));
+  ASSERT_TRUE(QFile::link(QStringLiteral("/dev/inesistente"), linea));
+  const auto muta = [](const std::string&) { return std::string(); };
+  {
+    const ecrsim::Seriale seriale(linea.toStdString(), muta);
+    EXPECT_TRUE(QFileInfo::exists(linea));
+  }
+  cartella.scrivi(QStringLiteral("COM2"), "documento");
+  EXPECT_THROW(ecrsim::Seriale(linea.toStdString(), muta), std::system_error);
+  EXPECT_EQ(cartella.leggi(QStringLiteral("COM2")), "documento");
+}
