@@ -1,0 +1,420 @@
+#include "articles/csv_import.h"
+
+#include <gmock/gmock.h>
+
+#include <QFile>
+#include <QGuiApplication>
+
+#include "articles/importazione.h"
+#include "articles/sincronismi.h"
+#include "platform/ui/occupato.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Tipo = articles::EsitoImport::Tipo;
+
+/// The characters of the code page between 0x80 and 0x9F; the others are those of their number.
+QString daCodePage(const QByteArray& byte) {
+  static const QString kAlti = QStringLiteral("€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ");
+  QString testo;
+  for (const char c : byte) {
+    const auto codice = static_cast<unsigned char>(c);
+    testo += codice >= 0x80 && codice < 0xA0 ? kAlti[codice - 0x80] : QChar(char16_t{codice});
+  }
+  return testo;
+}
+
+/// One line of the exchange file as the archive has to hold it: slot, EAN, code, description, hundredths,
+/// department.
+QStringList attesa(const QByteArray& riga) {
+  QList<QByteArray> campi = riga.split(';');
+  EXPECT_EQ(campi.size(), 9) << riga.toStdString();
+  const QList<QByteArray> prezzo = campi[4].split(',');
+  EXPECT_EQ(prezzo.size(), 2) << riga.toStdString();
+  EXPECT_EQ(prezzo[1].size(), 2) << riga.toStdString();
+  return {QString::fromLatin1(campi[0]),
+          QString::fromLatin1(campi[1]),
+          QString::fromLatin1(campi[2]),
+          daCodePage(campi[3]),
+          QString::number((prezzo[0] + prezzo[1]).toInt()),
+          QString::fromLatin1(campi[5])};
+}
+
+QStringList letta(const QStringList& riga) {
+  return {riga[0], riga[2], riga[3], riga[4], riga[5], riga[6]};
+}
+
+TEST_F(ImportArticoli, UnaRigaSanaScriveICinqueCampiEPulisceIlMarchio) {
+  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR' WHERE auto_id =3"));
+  const auto esito = importa(rigaCsv(3, "8001", "A1", "Caff\xE8", "2,38", "4"));
+  EXPECT_EQ(esito.tipo, Tipo::Importato);
+  EXPECT_EQ(esito.righe, 1);
+  EXPECT_THAT(fotografia()[2],
+              ElementsAre(u"3", u"3", u"8001", u"A1", u"Caffè", u"238", u"4", u" ", testing::_, testing::_));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(annotazioni(), IsEmpty());
+}
+
+TEST_F(ImportArticoli, LaFinestraFiltraIFileCsv) {
+  importa(listaSana(1));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  ASSERT_EQ(bottega.utente.finestre().size(), 1U);
+  EXPECT_EQ(bottega.utente.finestre()[0].filtro, QStringLiteral("csv (*.csv)|*.csv"));
+}
+
+TEST_F(ImportArticoli, LaDescrizioneRestaNelleSueMaiuscole) {
+  importa(rigaCsv(1, "8001", "a1", "Olio Extra", "1,00", "1"));
+  EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 1), QStringLiteral("Olio Extra"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+}
+
+TEST_F(ImportArticoli, LaListaDiEsempioArrivaRigaPerRiga) {
+  const QString lista = QStringLiteral(GESTIONALE_APP "/articoli.csv");
+  const QString copia = bottega.cartella.file(QStringLiteral("lista.csv"));
+  ASSERT_TRUE(QFile::copy(lista, copia));
+  EXPECT_EQ(importaFile(copia).righe, 5000);
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  QFile file(copia);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QList<QByteArray> righe = file.readAll().replace("\r\n", "\n").chopped(1).split('\n');
+  const Fotografia foto = fotografia();
+  ASSERT_EQ(righe.size(), 5000);
+  ASSERT_EQ(foto.size(), 5000U);
+  for (std::size_t i = 0; i < foto.size(); ++i)
+    ASSERT_EQ(letta(foto[i]), attesa(righe[static_cast<qsizetype>(i)])) << "line " << i + 1;
+  EXPECT_THAT(annotazioni(), IsEmpty());
+}
+
+TEST_F(ImportArticoli, GliApostrofiFalliscono_ConIlMessaggioDelloStatementENienteCambia) {
+  const Fotografia prima = fotografia();
+  const QString copia = bottega.cartella.file(QStringLiteral("lista.csv"));
+  ASSERT_TRUE(QFile::copy(QStringLiteral(GESTIONALE_SORGENTI "/tests/dati/articoli-apostrofi.csv"), copia));
+  QString descrizione;
+  try {
+    bottega.esegui(
+        QStringLiteral("UPDATE TAB_ARTICOLI SET  Codice_ean ='8002591902284', Codice_Articolo ='190228',"
+                       "Descrizione ='Huile d'olive Barbera',Prezzo =256,Reparto =8,Filler =' ' WHERE "
+                       "auto_id =1"));
+    FAIL() << "the statement ran";
+  } catch (const Errore& errore) {
+    EXPECT_EQ(errore.numero, errore::kSintassi);
+    descrizione = errore.descrizione;
+  }
+  EXPECT_EQ(importaFile(copia).tipo, Tipo::Annullato);
+  EXPECT_THAT(bottega.utente.riquadri(),
+              ElementsAre(Riquadro{QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n") +
+                                       descrizione,
+                                   Icona::Critica,
+                                   {},
+                                   Pulsanti::OK},
+                          riuscita()));
+  EXPECT_EQ(fotografia(), prima);
+  EXPECT_EQ(fotografiaDaFuori(), prima);
+  EXPECT_EQ(bottega.area.livello(), 0);
+}
+
+TEST_F(ImportArticoli, UnApostrofoNellEanDiceAncheLErroreDellaRicerca) {
+  importa(rigaCsv(1, "80'1", "A", "B", "1,00", "1"));
+  const auto riquadri = bottega.utente.prendiRiquadri();
+  ASSERT_EQ(riquadri.size(), 3U);
+  EXPECT_TRUE(riquadri[0].testo.startsWith(QStringLiteral("Errore GetCodiceEAN 3075 - ")));
+  EXPECT_TRUE(
+      riquadri[1].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n")));
+  EXPECT_EQ(riquadri[2], riuscita());
+}
+
+TEST_F(ImportArticoli, UnFileEsportatoRilettoAggiornaOgniRigaLasciaIPermessiEPulisceIlMarchio) {
+  const QByteArray lista = listaSana(5000);
+  importa(lista);
+  bottega.utente.prendiRiquadri();
+  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET VarPrezzo =true WHERE auto_id >2500"));
+  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET PrezzoZero =true WHERE auto_id <1000"));
+  const Fotografia prima = fotografia();
+  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR'"));
+  importa(lista);
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_EQ(fotografia(), prima);
+}
+
+TEST_F(ImportArticoli, SetteSeparatoriFermanoLImportAQuellaRiga) {
+  const auto esito = importa(listaSana(2) + "3;8003;A3;TRE;1,00;1;N;N\r\n" +
+                             rigaCsv(4, "8004", "A4", "QUATTRO", "1,00", "1"));
+  EXPECT_EQ(esito.tipo, Tipo::Fallito);
+  EXPECT_EQ(esito.righe, 2);
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+  EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 2), QStringLiteral("ARTICOLO 2"));
+  EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 4), QString());
+  EXPECT_THAT(annotazioni(), IsEmpty());
+}
+
+TEST_F(ImportArticoli, DopoUnaRigaSenzaFormaLaTransazioneRestaApertaFinoAlComandoDopo) {
+  const Fotografia prima = fotografia();
+  importa(listaSana(2) + "rotta\r\n");
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+  EXPECT_EQ(bottega.area.livello(), 1);
+  EXPECT_EQ(fotografiaDaFuori(), prima);
+  bottega.area.NuovoComando();
+  bottega.area.BeginTrans();
+  EXPECT_EQ(bottega.area.livello(), 1);
+  bottega.area.Rollback();
+  EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 2), QStringLiteral("ARTICOLO 2"));
+  EXPECT_EQ(fotografiaDaFuori(), fotografia());
+}
+
+TEST_F(ImportArticoli, LaChiusuraDellArchivioTieneQuantoLImportFermatoHaScritto) {
+  importa(listaSana(2) + "rotta\r\n");
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+  const Fotografia vista = fotografia();
+  varGlobal().DB_Articoli.Close();
+  EXPECT_EQ(fotografiaDaFuori(), vista);
+}
+
+TEST_F(ImportArticoli, UnaPosizioneVuotaFermaLImport) {
+  importa(";8001;A;B;1,00;1;N;N; \r\n");
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+}
+
+TEST_F(ImportArticoli, UnaPosizioneSottoZeroFermaLImport) {
+  importa(rigaCsv(-1, "8001", "A", "B", "1,00", "1"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+}
+
+TEST_F(ImportArticoli, IlReportEChiusoPrimaDelRiquadroDiUnImportFermato) {
+  bottega.utente.alRiquadro = [this](const Riquadro&) { EXPECT_THAT(annotazioni(), IsEmpty()); };
+  importa("rotta\r\n");
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+}
+
+TEST_F(ImportArticoli, IlReportEChiusoDopoIlRiquadroDiUnImportFinito) {
+  bottega.utente.alRiquadro = [this](const Riquadro&) { EXPECT_FALSE(report().contains("FINE REPORT")); };
+  importa(listaSana(1));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_TRUE(report().contains("FINE REPORT"));
+}
+
+TEST_F(ImportArticoli, UnPrezzoDi100000EScrittoMarcatoEAnnotato) {
+  const auto esito = importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "4"));
+  EXPECT_EQ(esito.errori, 1);
+  EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 1), QStringLiteral("10000000"));
+  EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral("ERR"));
+  EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 100000 4 [CODICE ERRORE=ERR: PREZZO *100000*]"));
+  EXPECT_TRUE(report().contains("TOTALI ERRORI RISCONTRATI: [1]"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(1)));
+}
+
+TEST_F(ImportArticoli, IlPrezzoMassimoPassa) {
+  importa(rigaCsv(1, "8001", "A1", "UNO", "99999,99", "80"));
+  EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 1), QStringLiteral("9999999"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+}
+
+TEST_F(ImportArticoli, UnPrezzoSottoZeroEMarcato) {
+  importa(rigaCsv(1, "8001", "A1", "UNO", "-0,01", "4"));
+  EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 1), QStringLiteral("-1"));
+  EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral("ERR"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(1)));
+}
+
+TEST_F(ImportArticoli, UnRepartoOltre80EScrittoMarcatoEAnnotato) {
+  importa(rigaCsv(1, "8001", "A1", "UNO", "1,00", "81"));
+  EXPECT_EQ(colonna(QStringLiteral("Reparto"), 1), QStringLiteral("81"));
+  EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral("ERR"));
+  EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 1,00 81 [CODICE ERRORE=ERR: REPARTO *81*]"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(1)));
+}
+
+TEST_F(ImportArticoli, UnReparto90ConUnPrezzoGuastoAnnotaSoloIlPrezzo) {
+  const auto esito = importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "90"));
+  EXPECT_EQ(esito.errori, 1);
+  EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 100000 90 [CODICE ERRORE=ERR: PREZZO *100000*]"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(1)));
+}
+
+TEST_F(ImportArticoli, LaBandieraDelPrezzoValePerUnaRigaSola) {
+  importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "4") + rigaCsv(2, "8002", "A2", "DUE", "1,00", "90"));
+  EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 100000 4 [CODICE ERRORE=ERR: PREZZO *100000*]",
+                                         u"8002|A2 DUE 1,00 90 [CODICE ERRORE=ERR: REPARTO *90*]"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(2)));
+  EXPECT_EQ(colonna(QStringLiteral("Filler"), 2), QStringLiteral("ERR"));
+}
+
+TEST_F(ImportArticoli, DopoIlPrimoErroreOgniRigaEMarcata) {
+  importa(rigaCsv(1, "8001", "A1", "UNO", "1,00", "1") + rigaCsv(2, "8002", "A2", "DUE", "100000", "1") +
+          rigaCsv(3, "8003", "A3", "TRE", "1,00", "1"));
+  EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral(" "));
+  EXPECT_EQ(colonna(QStringLiteral("Filler"), 2), QStringLiteral("ERR"));
+  EXPECT_EQ(colonna(QStringLiteral("Filler"), 3), QStringLiteral("ERR"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(1)));
+}
+
+TEST_F(ImportArticoli, TreRigheGuasteAnnullanoTutto) {
+  const Fotografia prima = fotografia();
+  QByteArray csv = listaSana(10);
+  for (int i = 11; i <= 13; ++i) csv += rigaCsv(i, "9" + QByteArray::number(i), "A", "GUASTA", "100000", "1");
+  const auto esito = importa(csv);
+  EXPECT_EQ(esito.tipo, Tipo::Annullato);
+  EXPECT_EQ(esito.errori, 3);
+  const auto riquadri = bottega.utente.prendiRiquadri();
+  ASSERT_EQ(riquadri.size(), 2U);
+  EXPECT_TRUE(
+      riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n")));
+  EXPECT_EQ(riquadri[0].icona, Icona::Critica);
+  EXPECT_EQ(riquadri[1], conErrori(3));
+  EXPECT_EQ(annotazioni().size(), 3);
+  EXPECT_EQ(fotografia(), prima);
+  EXPECT_EQ(fotografiaDaFuori(), prima);
+}
+
+TEST_F(ImportArticoli, DueRepartiGuastiPesanoQuantoTrePrezzi) {
+  const Fotografia prima = fotografia();
+  const auto esito =
+      importa(rigaCsv(1, "8001", "A1", "UNO", "1,00", "90") + rigaCsv(2, "8002", "A2", "DUE", "1,00", "90"));
+  EXPECT_EQ(esito.tipo, Tipo::Annullato);
+  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 2U);
+  EXPECT_EQ(fotografia(), prima);
+}
+
+TEST_F(ImportArticoli, UnPrezzoEUnRepartoGuastiPassanoMarcati) {
+  importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "1") + rigaCsv(2, "8002", "A2", "DUE", "1,00", "90") +
+          rigaCsv(3, "8003", "A3", "TRE", "1,00", "1"));
+  EXPECT_EQ(colonna(QStringLiteral("Filler"), 3), QStringLiteral("ERR"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(2)));
+}
+
+TEST_F(ImportArticoli, ICampiMancantiSonoAnnotatiEScrittiConIPredefinitiSenzaErrore) {
+  importa(
+      "1;;A1;UNO;1,00;1;N;N; \r\n2;8002;;DUE;1,00;1;N;N; \r\n3;8003;A3;;1,00;1;N;N; \r\n"
+      "4;8004;A4;QUATTRO;1,00;;N;N; \r\n5;8005;A5;CINQUE;;1;N;N; \r\n");
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(annotazioni(),
+              ElementsAre(u"|A1 UNO 1,00 1 [CODICE ERRORE=4 *CODICE EAN ASSENTE*]",
+                          u"8002|0 DUE 1,00 1 [CODICE ERRORE=5 *CODICE ARTICOLO ASSENTE*]",
+                          u"8003|A3  1,00 1 [CODICE ERRORE=7 *DESCRIZIONE ASSENTE*]",
+                          u"8004|A4 QUATTRO 1,00 0 [CODICE ERRORE=6 *NUMERO REPARTO ASSENTE*]"));
+  EXPECT_EQ(colonna(QStringLiteral("Codice_EAN"), 1), QString());
+  EXPECT_EQ(colonna(QStringLiteral("Codice_Articolo"), 2), QStringLiteral("0"));
+  EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 3), QString());
+  EXPECT_EQ(colonna(QStringLiteral("Reparto"), 4), QStringLiteral("0"));
+  EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 5), QStringLiteral("0"));
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Filler ='ERR'")), 0);
+}
+
+TEST_F(ImportArticoli, UnEanDuplicatoEAnnotatoENonFermaLaRiga) {
+  importa(rigaCsv(1, "8001", "A1", "UNO", "1,00", "1") + rigaCsv(2, "8001", "A2", "DUE", "1,00", "1"));
+  EXPECT_THAT(annotazioni(),
+              ElementsAre(u"8001|A2 DUE 1,00 1 [CODICE ERRORE=WARNING: EAN DUPLICATO *8001*]"));
+  EXPECT_EQ(colonna(QStringLiteral("Codice_EAN"), 2), QStringLiteral("8001"));
+  EXPECT_EQ(colonna(QStringLiteral("Filler"), 2), QStringLiteral(" "));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+}
+
+TEST_F(ImportArticoli, UnEanVuotoNonEDuplicato) {
+  importa("1;;A1;UNO;1,00;1;N;N; \r\n");
+  EXPECT_THAT(annotazioni(), ElementsAre(u"|A1 UNO 1,00 1 [CODICE ERRORE=4 *CODICE EAN ASSENTE*]"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+}
+
+TEST_F(ImportArticoli, UnaPosizioneSenzaRigaNonAggiornaNulla) {
+  const Fotografia prima = fotografia();
+  EXPECT_EQ(
+      importa(rigaCsv(0, "8001", "A", "B", "1,00", "1") + rigaCsv(5001, "8002", "A", "B", "1,00", "1")).righe,
+      2);
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_EQ(fotografia(), prima);
+}
+
+TEST_F(ImportArticoli, LaPosizione40000InterrompeInSilenzioConLaTransazioneAperta) {
+  const auto esito = importa(listaSana(1) + rigaCsv(40000, "8002", "A", "B", "1,00", "1"));
+  EXPECT_EQ(esito.tipo, Tipo::Interrotto);
+  EXPECT_EQ(esito.righe, 1);
+  EXPECT_NE(esito.dettaglio, QString());
+  EXPECT_THAT(bottega.utente.riquadri(), IsEmpty());
+  EXPECT_EQ(bottega.area.livello(), 1);
+  EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 1), QStringLiteral("ARTICOLO 1"));
+  EXPECT_THAT(annotazioni(), IsEmpty());
+}
+
+TEST_F(ImportArticoli, UnPrezzoSmisuratoInterrompeInSilenzio) {
+  EXPECT_EQ(importa(rigaCsv(1, "8001", "A", "B", "99999999999", "1")).tipo, Tipo::Interrotto);
+  EXPECT_THAT(bottega.utente.riquadri(), IsEmpty());
+  EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 1), QStringLiteral("0"));
+}
+
+TEST_F(ImportArticoli, UnRepartoCheNonEUnNumeroFallisceConIlMessaggioDelloStatement) {
+  const Fotografia prima = fotografia();
+  EXPECT_EQ(importa(rigaCsv(1, "8001", "A", "B", "1,00", "pane")).tipo, Tipo::Annullato);
+  const auto riquadri = bottega.utente.prendiRiquadri();
+  ASSERT_EQ(riquadri.size(), 2U);
+  EXPECT_TRUE(
+      riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3061\r\n")));
+  EXPECT_EQ(fotografia(), prima);
+}
+
+TEST_F(ImportArticoli, LAnnullamentoDellaFinestraLasciaLaTransazioneAperta) {
+  const Fotografia prima = fotografia();
+  bottega.utente.sceglie(std::nullopt);
+  bottega.area.NuovoComando();
+  EXPECT_EQ(articles::ImportaArticoli(bottega.contesto, {}, [this] { return ora; }).tipo, Tipo::Abbandonato);
+  EXPECT_EQ(bottega.area.livello(), 1);
+  EXPECT_EQ(fotografia(), prima);
+}
+
+TEST_F(ImportArticoli, DopoUnAnnullamentoUnNuovoImportRiesce) {
+  bottega.utente.sceglie(std::nullopt);
+  bottega.area.NuovoComando();
+  articles::ImportaArticoli(bottega.contesto, {}, [this] { return ora; });
+  importa(listaSana(3));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(fotografiaDaFuori(), fotografia());
+}
+
+TEST_F(ImportArticoli, UnNomeVuotoEUnAnnullamento) {
+  EXPECT_EQ(importaFile(QString()).tipo, Tipo::Abbandonato);
+  EXPECT_EQ(bottega.area.livello(), 1);
+}
+
+TEST_F(ImportArticoli, LAttesaSiApreSiMuoveESiChiudePrimaDelRiquadro) {
+  QStringList passi;
+  bottega.utente.alRiquadro = [&](const Riquadro&) {
+    passi.append(QStringLiteral("riquadro"));
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_FALSE(Occupato::attivo());
+  };
+  bottega.utente.alPassaggio = [&] {
+    passi.append(QStringLiteral("passaggio"));
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    EXPECT_TRUE(Occupato::attivo());
+  };
+  const QByteArray csv = listaSana(2);
+  importa(csv, {.apri = [&] { passi.append(QStringLiteral("apri")); },
+                .avanza =
+                    [&](qint64 letti, qint64 totale) {
+                      EXPECT_EQ(totale, csv.size());
+                      passi.append(letti == 0 ? QStringLiteral("zero") : QStringLiteral("avanza"));
+                    },
+                .chiudi = [&] { passi.append(QStringLiteral("chiudi")); }});
+  EXPECT_THAT(passi,
+              ElementsAre(u"apri", u"zero", u"passaggio", u"avanza", u"passaggio", u"chiudi", u"riquadro"));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+}
+
+TEST_F(ImportArticoli, UnSoloPassaggioDiEventiPerRiga) {
+  importa(listaSana(37));
+  EXPECT_EQ(bottega.utente.passaggi(), 37);
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+}
+
+TEST_F(ImportArticoli, CinquemilaRigheCostanoCinqueSincronismi) {
+  const QByteArray lista = listaSana(5000);
+  sincronismi::conta();
+  importa(lista);
+  EXPECT_LE(sincronismi::contati(), 5);
+  EXPECT_GE(sincronismi::contati(), 2);
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+}
+
+}  // namespace

@@ -1,0 +1,154 @@
+#include "articles/line_reader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <vector>
+
+#include "platform/errore.h"
+#include "sostegno/cartella_temporanea.h"
+
+namespace {
+
+using articles::LettoreRighe;
+using articles::Riga;
+using testing::ElementsAre;
+
+constexpr qsizetype kBloccoLettura = 1 << 16;
+constexpr qint64 kMega = 1 << 20;
+
+std::vector<QByteArray> righeDi(const CartellaTemporanea& cartella, const QByteArray& byte) {
+  LettoreRighe lettore(cartella.scrivi(QStringLiteral("lista.csv"), byte));
+  std::vector<QByteArray> righe;
+  while (!lettore.fine()) righe.push_back(lettore.prossima().byte);
+  EXPECT_EQ(lettore.letti(), byte.size());
+  EXPECT_EQ(lettore.dimensione(), byte.size());
+  return righe;
+}
+
+int erroreAllApertura(const QString& percorso) {
+  try {
+    LettoreRighe lettore(percorso);
+  } catch (const Errore& errore) {
+    return errore.numero;
+  }
+  return 0;
+}
+
+long memoriaMassima() {
+  rusage uso{};
+  EXPECT_EQ(getrusage(RUSAGE_SELF, &uso), 0);
+  return uso.ru_maxrss;
+}
+
+/// Fifty megabytes of `pezzo` over and over.
+QString fileGrande(const CartellaTemporanea& cartella, const QByteArray& pezzo) {
+  const QString percorso = cartella.file(QStringLiteral("grande.csv"));
+  QFile file(percorso);
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+  const QByteArray mega = pezzo.repeated(static_cast<int>(kMega / pezzo.size()));
+  for (int i = 0; i < 50; ++i) EXPECT_EQ(file.write(mega), mega.size());
+  return percorso;
+}
+
+TEST(LettoreRighe, RitornoEAvanzamentoTerminanoLaRiga) {
+  CartellaTemporanea cartella;
+  EXPECT_THAT(righeDi(cartella, "uno\r\ndue\r\n"), ElementsAre("uno", "due"));
+}
+
+TEST(LettoreRighe, IlSoloAvanzamentoTerminaLaRiga) {
+  CartellaTemporanea cartella;
+  EXPECT_THAT(righeDi(cartella, "uno\ndue\n"), ElementsAre("uno", "due"));
+}
+
+TEST(LettoreRighe, IlSoloRitornoTerminaLaRiga) {
+  CartellaTemporanea cartella;
+  EXPECT_THAT(righeDi(cartella, "uno\rdue\r"), ElementsAre("uno", "due"));
+}
+
+TEST(LettoreRighe, LUltimaRigaPuoNonAvereFine) {
+  CartellaTemporanea cartella;
+  EXPECT_THAT(righeDi(cartella, "uno\r\ndue"), ElementsAre("uno", "due"));
+}
+
+TEST(LettoreRighe, UnaRigaVuotaEUnaRiga) {
+  CartellaTemporanea cartella;
+  EXPECT_THAT(righeDi(cartella, "uno\r\n\r\ntre\r\n"), ElementsAre("uno", "", "tre"));
+}
+
+TEST(LettoreRighe, UnFileVuotoNonHaRighe) {
+  CartellaTemporanea cartella;
+  EXPECT_THAT(righeDi(cartella, ""), ElementsAre());
+}
+
+TEST(LettoreRighe, IByteNulliRestanoNellaRiga) {
+  CartellaTemporanea cartella;
+  const QByteArray riga("a\0b", 3);
+  EXPECT_THAT(righeDi(cartella, riga + "\r\n"), ElementsAre(riga));
+}
+
+TEST(LettoreRighe, LaFineDiRigaACavalloDiDueBlocchiEUnaSola) {
+  CartellaTemporanea cartella;
+  const QByteArray lunga(kBloccoLettura - 1, 'x');
+  EXPECT_THAT(righeDi(cartella, lunga + "\r\ndue\r\n"), ElementsAre(lunga, "due"));
+}
+
+TEST(LettoreRighe, UnaRigaPiuLungaDiUnBloccoEIntera) {
+  CartellaTemporanea cartella;
+  const QByteArray lunga(3 * kBloccoLettura + 5, 'x');
+  EXPECT_THAT(righeDi(cartella, "uno\n" + lunga + "\ntre"), ElementsAre("uno", lunga, "tre"));
+}
+
+TEST(LettoreRighe, UnaRigaOltreIlLimiteETagliataEDetta) {
+  CartellaTemporanea cartella;
+  const QByteArray giusta(LettoreRighe::kRigaMassima, 'x');
+  LettoreRighe lettore(
+      cartella.scrivi(QStringLiteral("lista.csv"), giusta + "\r\n" + giusta + "y\r\nultima\r\n"));
+  EXPECT_TRUE(lettore.prossima().intera);
+  const Riga tagliata = lettore.prossima();
+  EXPECT_FALSE(tagliata.intera);
+  EXPECT_EQ(tagliata.byte, giusta);
+  const Riga ultima = lettore.prossima();
+  EXPECT_TRUE(ultima.intera);
+  EXPECT_EQ(ultima.byte, "ultima");
+  EXPECT_TRUE(lettore.fine());
+}
+
+TEST(LettoreRighe, CinquantaMegabyteSenzaFineDiRigaNonOccupanoMemoria) {
+  CartellaTemporanea cartella;
+  const QString percorso = fileGrande(cartella, "x");
+  const long prima = memoriaMassima();
+  LettoreRighe lettore(percorso);
+  EXPECT_FALSE(lettore.prossima().intera);
+  EXPECT_TRUE(lettore.fine());
+  EXPECT_LT(memoriaMassima() - prima, 8 * 1024);  // kilobytes
+}
+
+TEST(LettoreRighe, OltreLaFineDaErrore62) {
+  CartellaTemporanea cartella;
+  LettoreRighe lettore(cartella.scrivi(QStringLiteral("lista.csv"), "uno"));
+  lettore.prossima();
+  try {
+    lettore.prossima();
+    FAIL() << "no failure behind the end";
+  } catch (const Errore& errore) {
+    EXPECT_EQ(errore.numero, errore::kOltreLaFine);
+  }
+}
+
+TEST(LettoreRighe, UnFileAssenteDaErrore53) {
+  CartellaTemporanea cartella;
+  EXPECT_EQ(erroreAllApertura(cartella.file(QStringLiteral("assente.csv"))), errore::kFileAssente);
+}
+
+TEST(LettoreRighe, UnaCartellaDaErrore75) {
+  CartellaTemporanea cartella;
+  EXPECT_EQ(erroreAllApertura(cartella.percorso()), errore::kAccessoPercorso);
+}
+
+TEST(LettoreRighe, UnDispositivoDaErrore75) {
+  EXPECT_EQ(erroreAllApertura(QStringLiteral("/dev/zero")), errore::kAccessoPercorso);
+}
+
+}  // namespace

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <functional>
+
+/// Watches the calls with which the process asks the disk to keep what was written. Linking this file puts
+/// the program's own fsync and fdatasync before the system's.
+namespace sincronismi {
+
+/// Forgets the count; `adOgnuno` is called before each of the calls that follow, with its number from 1.
+void conta(std::function<void(int)> adOgnuno = {});
+int contati();
+
+}  // namespace sincronismi

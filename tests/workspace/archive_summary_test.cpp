@@ -1,0 +1,41 @@
+#include "workspace/archive_summary.h"
+
+#include <gtest/gtest.h>
+
+#include "articles/bottega.h"
+
+namespace {
+
+using workspace::Riepiloga;
+using workspace::TestoRiepilogo;
+
+TEST(RiepilogoArchivio, ContaLePosizioniConEanODescrizione) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN ='8001' WHERE auto_id =1"));
+  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =2"));
+  bottega.esegui(
+      QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN ='8002', Descrizione ='LATTE' WHERE auto_id =3"));
+  const auto riepilogo = Riepiloga();
+  EXPECT_TRUE(riepilogo.leggibile);
+  EXPECT_EQ(riepilogo.articoli, 3);
+  EXPECT_EQ(riepilogo.posizioni, 5000);
+}
+
+TEST(RiepilogoArchivio, SenzaArchivioNonELeggibile) {
+  const Bottega bottega;
+  EXPECT_FALSE(Riepiloga().leggibile);
+}
+
+TEST(RiepilogoArchivio, UnDatabaseDiAltroGenereNonELeggibileENonDiceNulla) {
+  Bottega bottega;
+  bottega.apriVuoto({QStringLiteral("CREATE TABLE ALTRO (a)")});
+  EXPECT_FALSE(Riepiloga().leggibile);
+}
+
+TEST(RiepilogoArchivio, IlTestoSeparaLeMigliaia) {
+  EXPECT_EQ(TestoRiepilogo({true, 5000, 1234}), QStringLiteral("1.234 articoli in 5.000 posizioni"));
+  EXPECT_EQ(TestoRiepilogo({}), QStringLiteral("Il contenuto dell'archivio non è leggibile."));
+}
+
+}  // namespace
