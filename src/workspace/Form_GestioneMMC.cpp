@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QKeyEvent>
+#include <QLocale>
 
 #include "articles/article_database.h"
 #include "articles/import_report.h"
@@ -41,24 +42,36 @@ void concludiTransazione(store::Workspace& area) {
   area.CommitTrans();
 }
 
+/// A button that does what the menu entry does, and is on when that is.
+void accoppia(QPushButton& pulsante, QAction& voce) {
+  pulsante.setText(voce.iconText());
+  pulsante.setIcon(voce.icon());
+  pulsante.setToolTip(voce.toolTip());
+  const auto segui = [&pulsante, &voce] { pulsante.setEnabled(voce.isEnabled()); };
+  segui();
+  QObject::connect(&voce, &QAction::enabledChanged, &pulsante, segui);
+  QObject::connect(&pulsante, &QPushButton::clicked, &voce, &QAction::trigger);
+}
+
+QString numero(int valore) {
+  return QLocale(QLocale::Italian).toString(valore);
+}
+
 QString testoEsito(const articles::EsitoImport& importazione) {
   using Tipo = articles::EsitoImport::Tipo;
   switch (importazione.tipo) {
     case Tipo::Abbandonato:
       return {};
     case Tipo::Importato:
-      return QStringLiteral("Importazione: %1 righe lette, %2 errori. %3")
-          .arg(importazione.righe)
-          .arg(importazione.errori)
-          .arg(importazione.dettaglio);
+      return QStringLiteral("Importazione: righe lette %1, errori %2. %3")
+          .arg(numero(importazione.righe), numero(importazione.errori), importazione.dettaglio);
     case Tipo::Annullato:
       return QStringLiteral("Importazione annullata: l'archivio è rimasto com'era.");
     case Tipo::Fallito:
-      return QStringLiteral("Importazione fermata alla riga %1.").arg(importazione.righe + 1);
+      return QStringLiteral("Importazione fermata alla riga %1.").arg(numero(importazione.righe + 1));
     case Tipo::Interrotto:
       return QStringLiteral("Importazione interrotta dopo %1 righe. %2")
-          .arg(importazione.righe)
-          .arg(importazione.dettaglio);
+          .arg(numero(importazione.righe), importazione.dettaglio);
   }
   return {};
 }
@@ -108,9 +121,9 @@ void Form_GestioneMMC::vesti() {
   ui_->Cmd_Upl->setIcon(stile::icona(QStringLiteral("download")));
   ui_->Cmd_Venduto->setIcon(stile::icona(QStringLiteral("chart-column")));
   ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("log-out")));
-  ui_->PulsanteNuovo->setDefaultAction(ui_->mnuNuovo);
-  ui_->PulsanteApri->setDefaultAction(ui_->mnuApri);
-  ui_->PulsanteImporta->setDefaultAction(ui_->mnuImporta);
+  accoppia(*ui_->PulsanteNuovo, *ui_->mnuNuovo);
+  accoppia(*ui_->PulsanteApri, *ui_->mnuApri);
+  accoppia(*ui_->PulsanteImporta, *ui_->mnuImporta);
   ui_->Picture1->setPixmap(stile::icona(QStringLiteral("store")).pixmap(kFigura));
 }
 

@@ -3,12 +3,13 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QFile>
 #include <QMainWindow>
 #include <QTest>
-#include <QToolButton>
 
 #include "articles/article_database.h"
+#include "controls/stile.h"
 #include "workspace/area_di_lavoro.h"
 
 namespace {
@@ -357,11 +358,21 @@ TEST_F(GestioneMMC, IlTabulatorePassaPerOgniComando) {
     EXPECT_TRUE(visitati.contains(QLatin1String(nome))) << nome;
 }
 
+TEST_F(GestioneMMC, StaInUnoSchermoDi1024Per768AlDuecentoPerCento) {
+  stile::applica(*qobject_cast<QApplication*>(QCoreApplication::instance()), stile::Tema::Chiaro);
+  nuovo();
+  schermo->resize(512, 384);
+  EXPECT_LE(schermo->width(), 512);
+  EXPECT_LE(schermo->height(), 384);
+}
+
 TEST_F(GestioneMMC, IPulsantiDellaSchedaFannoQuantoLeVociDiMenu) {
   bottega.utente.sceglie(bottega.cartella.file(QStringLiteral("archivio.mdb")));
   clic("PulsanteNuovo");
   EXPECT_EQ(comandiAbilitati(), kComandi);
   EXPECT_TRUE(controllo("PulsanteImporta").isEnabled());
+  apri();
+  EXPECT_FALSE(controllo("PulsanteApri").isEnabled());
 }
 
 }  // namespace
