@@ -32,16 +32,22 @@ void databaseCorrotto(Utente& utente) {
 }
 
 QString testoErroreImprevisto(const Errore& errore, const QString& procedura, const QString& modulo) {
-  return QStringLiteral("Error ") + QString::number(errore.numero) + QStringLiteral(" (") + errore.descrizione +
-         QStringLiteral(") in procedure ") + procedura + QStringLiteral(" of Modulo ") + modulo;
+  return QStringLiteral("Error ") + QString::number(errore.numero) + QStringLiteral(" (") +
+         errore.descrizione + QStringLiteral(") in procedure ") + procedura + QStringLiteral(" of Modulo ") +
+         modulo;
 }
 
-void segnalaImprevisto(Utente& utente, const Errore& errore, const QString& procedura, const QString& modulo) {
+void segnalaImprevisto(Utente& utente, const Errore& errore, const QString& procedura,
+                       const QString& modulo) {
   utente.MsgBox(testoErroreImprevisto(errore, procedura, modulo));
 }
 
 Errore daEccezione(const std::exception& eccezione) {
   return {kInterno, QString::fromLocal8Bit(eccezione.what())};
+}
+
+Errore interno() {
+  return {kInterno, QStringLiteral("Errore interno")};
 }
 
 }  // namespace reazioni

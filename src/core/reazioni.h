@@ -11,9 +11,9 @@
 namespace reazioni {
 
 enum class Esito {
-  Fatto,       ///< the step ran
-  Ignorato,    ///< it failed with a number that is passed over
-  Segnalato,   ///< it failed and the person was told
+  Fatto,      ///< the step ran
+  Ignorato,   ///< it failed with a number that is passed over
+  Segnalato,  ///< it failed and the person was told
 };
 
 /// True for the failures that every data procedure passes over: 0, 20, 53, 75, 3021.
@@ -48,6 +48,8 @@ QString testoErroreImprevisto(const Errore& errore, const QString& procedura, co
 void segnalaImprevisto(Utente& utente, const Errore& errore, const QString& procedura, const QString& modulo);
 /// Errore of a failure of the language's own library: number 51, the text as it came.
 Errore daEccezione(const std::exception& eccezione);
+/// Errore of a failure of which nothing is known: number 51.
+Errore interno();
 
 /// The guard of every procedure that the event loop enters: nothing leaves it. Unexpected failures are shown.
 template <typename Corpo>
@@ -59,6 +61,10 @@ void protetta(Utente& utente, const QString& procedura, const QString& modulo, C
       segnalaImprevisto(utente, errore, procedura, modulo);
     } catch (const std::exception& eccezione) {
       segnalaImprevisto(utente, daEccezione(eccezione), procedura, modulo);
+    } catch (const ProgrammaTerminato&) {
+      throw;
+    } catch (...) {
+      segnalaImprevisto(utente, interno(), procedura, modulo);
     }
   } catch (const ProgrammaTerminato&) {
     // The end of the program was asked for: in the tests' port the call stack has to be left this way.

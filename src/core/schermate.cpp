@@ -1,16 +1,71 @@
 #include "core/schermate.h"
 
+#include <QCloseEvent>
 #include <QDialog>
+#include <QEventLoop>
+#include <QScopeGuard>
 #include <algorithm>
 
 #include "core/contesto.h"
 #include "platform/errore.h"
+#include "platform/ui/occupato.h"
 
-Schermate::~Schermate() { scaricaTutte(); }
+namespace {
 
-void Schermate::registra(const QString& nome, Fabbrica fabbrica) { fabbriche_[nome] = std::move(fabbrica); }
+/// Stands by a screen and tells when its closing was not refused.
+class Custode : public QObject {
+ public:
+  Custode(QWidget& schermo, std::function<void()> chiusa) : QObject(&schermo), chiusa_(std::move(chiusa)) {
+    schermo.installEventFilter(this);
+    // A dialog that is accepted or rejected goes without a closing event.
+    if (auto* dialogo = qobject_cast<QDialog*>(&schermo))
+      connect(dialogo, &QDialog::finished, this, [this] { chiusa_(); });
+  }
 
-bool Schermate::registrata(const QString& nome) const { return fabbriche_.contains(nome); }
+  bool eventFilter(QObject* schermo, QEvent* evento) override {
+    if (evento->type() != QEvent::Close) return false;
+    const QPointer<Custode> vivo(this);
+    schermo->event(evento);
+    if (vivo && evento->isAccepted()) chiusa_();
+    return true;
+  }
+
+ private:
+  std::function<void()> chiusa_;
+};
+
+/// Runs a screen that is no dialog until it is hidden or gone.
+void attendiChiusura(QWidget& schermo) {
+  struct Fine : QObject {
+    QEventLoop giro;
+    bool eventFilter(QObject*, QEvent* evento) override {
+      if (evento->type() == QEvent::Hide) giro.quit();
+      return false;
+    }
+  } fine;
+  schermo.installEventFilter(&fine);
+  QObject::connect(&schermo, &QObject::destroyed, &fine.giro, &QEventLoop::quit);
+  schermo.setWindowModality(Qt::ApplicationModal);
+  schermo.show();
+  fine.giro.exec();
+}
+
+}  // namespace
+
+Schermate::~Schermate() {
+  scaricaTutte();
+  for (const auto& [nome, schermo] : aperte_) morenti_.push_back(schermo);
+  aperte_.clear();
+  for (const QPointer<QWidget>& schermo : std::exchange(morenti_, {})) delete schermo;
+}
+
+void Schermate::registra(const QString& nome, Fabbrica fabbrica) {
+  fabbriche_[nome] = std::move(fabbrica);
+}
+
+bool Schermate::registrata(const QString& nome) const {
+  return fabbriche_.contains(nome);
+}
 
 QWidget& Schermate::carica(const QString& nome, Contesto& contesto) {
   if (QWidget* schermo = trova(nome)) return *schermo;
@@ -19,12 +74,14 @@ QWidget& Schermate::carica(const QString& nome, Contesto& contesto) {
     throw Errore{errore::kIndice, QStringLiteral("Schermata non registrata: ") + nome};
   QWidget* schermo = fabbrica->second(contesto);
   schermo->setAttribute(Qt::WA_DeleteOnClose);
+  new Custode(*schermo, [this, schermo] { dimentica(schermo); });
   aperte_.emplace_back(nome, schermo);
   return *schermo;
 }
 
 QWidget& Schermate::mostra(const QString& nome, Contesto& contesto) {
   QWidget& schermo = carica(nome, contesto);
+  schermo.setWindowState(schermo.windowState() & ~Qt::WindowMinimized);
   schermo.show();
   schermo.raise();
   schermo.activateWindow();
@@ -32,12 +89,16 @@ QWidget& Schermate::mostra(const QString& nome, Contesto& contesto) {
 }
 
 void Schermate::mostraModale(const QString& nome, Contesto& contesto) {
-  QWidget& schermo = carica(nome, contesto);
-  if (auto* dialogo = qobject_cast<QDialog*>(&schermo)) {
-    dialogo->setAttribute(Qt::WA_DeleteOnClose, false);
+  const QPointer<QWidget> schermo = &carica(nome, contesto);
+  const auto via = qScopeGuard([&] {
+    if (schermo) dimentica(schermo);
+    delete schermo;
+  });
+  schermo->setAttribute(Qt::WA_DeleteOnClose, false);
+  if (auto* dialogo = qobject_cast<QDialog*>(schermo.data()))
     dialogo->exec();
-  }
-  scarica(nome);
+  else
+    attendiChiusura(*schermo);
 }
 
 QWidget* Schermate::trova(const QString& nome) const {
@@ -46,14 +107,29 @@ QWidget* Schermate::trova(const QString& nome) const {
   return nullptr;
 }
 
-void Schermate::scarica(const QString& nome) {
-  QPointer<QWidget> schermo = trova(nome);
-  std::erase_if(aperte_, [&](const auto& voce) { return voce.first == nome || !voce.second; });
-  if (!schermo) return;
-  schermo->close();
-  if (schermo) schermo->deleteLater();
+void Schermate::dimentica(const QWidget* schermo) {
+  std::erase_if(morenti_, [](const auto& morente) { return morente.isNull(); });
+  for (const auto& [nome, aperto] : aperte_)
+    if (aperto == schermo) morenti_.push_back(aperto);
+  std::erase_if(aperte_, [&](const auto& voce) { return !voce.second || voce.second == schermo; });
+}
+
+bool Schermate::scarica(const QString& nome) {
+  const QPointer<QWidget> schermo = trova(nome);
+  if (!schermo) return true;
+  {
+    const Occupato::Sospeso chiudeIlProgramma;
+    if (!schermo->close()) return false;
+  }
+  if (schermo) {
+    dimentica(schermo);
+    schermo->deleteLater();
+  }
+  return true;
 }
 
 void Schermate::scaricaTutte() {
-  while (!aperte_.empty()) scarica(QString(aperte_.front().first));
+  std::vector<QString> nomi;
+  for (const auto& [nome, schermo] : aperte_) nomi.push_back(nome);
+  for (const QString& nome : nomi) scarica(nome);
 }

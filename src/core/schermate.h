@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <functional>
 #include <map>
+#include <utility>
+#include <vector>
 
 struct Contesto;
 
@@ -26,16 +28,21 @@ class Schermate {
   QWidget& carica(const QString& nome, Contesto& contesto);
   /// Loads, shows non-modally and brings to the front.
   QWidget& mostra(const QString& nome, Contesto& contesto);
-  /// Loads a dialog, runs it to its end and unloads it.
+  /// Loads a screen, runs it to its end with the others shut off, and unloads it.
   void mostraModale(const QString& nome, Contesto& contesto);
   /// The instance if there is one.
   QWidget* trova(const QString& nome) const;
-  /// Closes and destroys the instance; nothing if there is none.
-  void scarica(const QString& nome);
-  /// In the order in which they were made.
+  /// Closes and destroys the instance, the busy guard notwithstanding; nothing if there is none. False if the
+  /// screen refused to be closed: it stays then.
+  bool scarica(const QString& nome);
+  /// In the order in which they were made; one that refuses stays, and the others go all the same.
   void scaricaTutte();
 
  private:
+  /// From the moment of its closing a screen counts no more, though it is destroyed later.
+  void dimentica(const QWidget* schermo);
+
   std::map<QString, Fabbrica> fabbriche_;
   std::vector<std::pair<QString, QPointer<QWidget>>> aperte_;
+  std::vector<QPointer<QWidget>> morenti_;
 };
