@@ -16,7 +16,8 @@ constexpr int kReteAssente = -1;
 Form_TrasferimentoArticoli::Form_TrasferimentoArticoli(Contesto& contesto)
     : FinestraTrasferimento(contesto), ui_(std::make_unique<Ui::Form_TrasferimentoArticoli>()) {
   ui_->setupUi(this);
-  ui_->Cmd_Avvia->setIcon(stile::icona(QStringLiteral("upload")));
+  stile::primario(*ui_->Cmd_Avvia, QStringLiteral("upload"));
+  ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("arrow-left")));
   if (caricaSchermo() != kReteAssente) articles::RicavaDettagliPC(contesto.utente);
 }
 

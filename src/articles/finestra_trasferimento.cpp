@@ -42,7 +42,10 @@ void FinestraTrasferimento::esegui(const std::function<bool()>& trasferimento) {
     // What was clicked while the till was answering must not start anything now.
     contesto_.utente.DoEvents();
   });
-  comando(QStringLiteral("Cmd_Esci")).setEnabled(true);
+  QPushButton& uscita = comando(QStringLiteral("Cmd_Esci"));
+  uscita.setEnabled(true);
+  // Switching the commands off has sent the focus elsewhere: back to where "Connetti" had put it.
+  uscita.setFocus();
   if (scarica) contesto_.schermate.scarica(objectName());
 }
 

@@ -10,7 +10,8 @@
 Form_RicezioneVenduto::Form_RicezioneVenduto(Contesto& contesto)
     : FinestraTrasferimento(contesto), ui_(std::make_unique<Ui::Form_RicezioneVenduto>()) {
   ui_->setupUi(this);
-  ui_->Cmd_Avvia->setIcon(stile::icona(QStringLiteral("download")));
+  stile::primario(*ui_->Cmd_Avvia, QStringLiteral("download"));
+  ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("arrow-left")));
   caricaSchermo();
 }
 
@@ -24,6 +25,7 @@ bool Form_RicezioneVenduto::avvia() {
   abilita(false, false);
   ui_->vkBar1->setRange(0, sales::kSlot);
   ui_->vkBar1->setValue(0);
+  ui_->vkBar1->setFormat(QStringLiteral("%p%"));
   const sales::Esito esito =
       ui_->vkOptionButtonGlobale->isChecked() ? ricevi() : sales::AzzeraVenduto(contesto());
   abilita(esito == sales::Esito::Fatto, true);
@@ -34,7 +36,10 @@ bool Form_RicezioneVenduto::avvia() {
 
 sales::Esito Form_RicezioneVenduto::ricevi() {
   Avanzamento avanzamento(*ui_->vkBar1);
-  return sales::RiceviVenduto(contesto(), [&](int slot) { avanzamento.a(slot); });
+  const sales::Esito esito = sales::RiceviVenduto(contesto(), [&](int slot) { avanzamento.a(slot); });
+  // The value stops at the last slot's number: the text says that there is no more to come.
+  if (esito == sales::Esito::Fatto) ui_->vkBar1->setFormat(QStringLiteral("100%"));
+  return esito;
 }
 
 void registraRicezioneVenduto(Schermate& schermate) {

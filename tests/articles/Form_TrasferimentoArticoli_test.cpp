@@ -11,6 +11,7 @@
 #include <QTest>
 #include <algorithm>
 
+#include "articles/altri.h"
 #include "articles/article_database.h"
 #include "articles/bottega.h"
 #include "articles/schermo_guidato.h"

@@ -52,8 +52,9 @@ void impacchetta(QByteArray& immagine, qsizetype posto, const ArticoloDiProva& a
 
 }  // namespace
 
-Bottega::Bottega()
-    : contesto{utente, area, libreria, reteDiSistema(), schermate, QStringLiteral(GESTIONALE_APP)} {
+Bottega::Bottega(const QString& cartellaLibreria)
+    : libreria(cartellaLibreria), contesto{utente,          area,      libreria,
+                                           reteDiSistema(), schermate, QStringLiteral(GESTIONALE_APP)} {
   azzeraStato();
   sporcaMemoria(0);
 }

@@ -18,7 +18,8 @@
 /// network, and an archive made from the template. The process-wide variables are fresh before and after.
 class Bottega {
  public:
-  Bottega();
+  /// `cartellaLibreria` holds the communications library.
+  explicit Bottega(const QString& cartellaLibreria = QStringLiteral(GESTIONALE_APP));
   ~Bottega();
 
   /// Copies the template to `nome` in the folder and opens it as the archive.
@@ -34,7 +35,7 @@ class Bottega {
   CartellaTemporanea cartella;
   UtenteCopione utente;
   store::Workspace area;
-  LibreriaEcr libreria{QStringLiteral(GESTIONALE_APP)};
+  LibreriaEcr libreria;
   Schermate schermate;
   Contesto contesto;
 };

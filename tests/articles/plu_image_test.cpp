@@ -1,10 +1,13 @@
 #include "articles/plu_image.h"
 
 #include <gmock/gmock.h>
-#include <sqlite3.h>
 
+#include <QFileInfo>
+
+#include "articles/altri.h"
 #include "articles/article_database.h"
 #include "articles/bottega.h"
+#include "articles/schermo_guidato.h"
 #include "config/immagine.h"
 
 namespace {
@@ -282,6 +285,35 @@ TEST(SalvaPLU, UnApostrofoNellaDescrizioneAnnullaTutto) {
   EXPECT_EQ(bottega.area.livello(), 0);
   EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Descrizione from TAB_ARTICOLI where auto_id = 1")),
             QStringLiteral("PRIMA"));
+}
+
+TEST(SalvaPLU, UnArchivioBloccatoDaUnAltroProgrammaRestaComEra) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  {
+    const AltroProgramma altro(varGlobal().NomeDB_Articoli, {QStringLiteral("BEGIN EXCLUSIVE")});
+    EXPECT_EQ(articles::SalvaPLU(bottega.contesto), 1);
+  }
+  attendi(bottega,
+          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icona::Critica)});
+  EXPECT_EQ(bottega.area.livello(), 0);
+}
+
+TEST(SalvaPLU, SulDiscoPienoLArchivioRestaComEra) {
+  Bottega bottega;
+  bottega.apriArchivio();
+  ASSERT_EQ(articles::RiempiPLU(bottega.utente), 0);
+  for (std::size_t i = 0; i < 5000; ++i)
+    config::scriviTesto(config::immagineProgrammazione().record(config::kPLU, i), config::plu::kDescrizione,
+                        QStringLiteral("DESCRIZIONE CHE CRESCE"));
+  {
+    const DiscoPieno pieno(static_cast<unsigned long>(QFileInfo(varGlobal().NomeDB_Articoli).size()));
+    EXPECT_EQ(articles::SalvaPLU(bottega.contesto), 1);
+  }
+  attendi(bottega,
+          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icona::Critica)});
+  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Descrizione =''")), 5000);
 }
 
 TEST(SalvaPLU, SenzaArchivioApertoSiDice) {

@@ -1,7 +1,5 @@
 #include "articles/schermo_guidato.h"
 
-#include <sys/resource.h>
-
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -9,7 +7,6 @@
 #include <QMouseEvent>
 #include <QTest>
 #include <array>
-#include <csignal>
 
 namespace {
 
@@ -32,7 +29,9 @@ bool corrisponde(const Riquadro& visto, const Riquadro& atteso) {
 }  // namespace
 
 SchermoGuidato::SchermoGuidato(Bottega& bottega, const QString& nome)
-    : finestra_(&bottega.schermate.mostra(nome, bottega.contesto)) {}
+    : finestra_(&bottega.schermate.mostra(nome, bottega.contesto)) {
+  EXPECT_TRUE(QTest::qWaitForWindowActive(finestra_));
+}
 
 bool SchermoGuidato::vivo() const {
   return finestra_ && finestra_->isVisible();
@@ -85,20 +84,4 @@ std::string nomeGuasto(int modo, ecrsim::Cosa cosa) {
   static constexpr std::array kNomi{"Codice",     "Silenzio",  "TaglioPrima", "TaglioDentro",
                                     "TaglioDopo", "FileCorto", "FileLungo",   "Spazzatura"};
   return "Modo" + std::to_string(modo) + kNomi.at(static_cast<std::size_t>(cosa));
-}
-
-DiscoPieno::DiscoPieno(unsigned long byte) {
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit limite{};
-  EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &limite), 0);
-  prima_ = limite.rlim_cur;
-  limite.rlim_cur = byte;
-  EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limite), 0);
-}
-
-DiscoPieno::~DiscoPieno() {
-  rlimit limite{};
-  getrlimit(RLIMIT_FSIZE, &limite);
-  limite.rlim_cur = prima_;
-  EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limite), 0);
 }

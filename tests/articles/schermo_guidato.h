@@ -49,15 +49,3 @@ Riquadro riquadro(const QString& testo, Icona icona);
 
 /// Name of a fault for a test's parameter.
 std::string nomeGuasto(int modo, ecrsim::Cosa cosa);
-
-/// While it lives no file of this process can grow past so many bytes, as on a full disk.
-class DiscoPieno {
- public:
-  explicit DiscoPieno(unsigned long byte);
-  ~DiscoPieno();
-  DiscoPieno(const DiscoPieno&) = delete;
-  DiscoPieno& operator=(const DiscoPieno&) = delete;
-
- private:
-  unsigned long prima_ = 0;
-};

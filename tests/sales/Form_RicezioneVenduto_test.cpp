@@ -1,8 +1,6 @@
 #include "sales/Form_RicezioneVenduto.h"
 
 #include <gmock/gmock.h>
-#include <sqlite3.h>
-
 #include <QDir>
 #include <QFile>
 #include <QProgressBar>
@@ -10,6 +8,7 @@
 #include <QTest>
 #include <algorithm>
 
+#include "articles/altri.h"
 #include "articles/article_database.h"
 #include "articles/bottega.h"
 #include "articles/schermo_guidato.h"
@@ -26,6 +25,10 @@ const QString kBarra = QStringLiteral("vkBar1");
 const QString kGlobale = QStringLiteral("vkOptionButtonGlobale");
 const QString kReset = QStringLiteral("vkOptionButtonReset");
 const QString kFile = QStringLiteral("venduto.bin");
+/// A folder that anybody writes to.
+constexpr QFile::Permissions kDiTutti = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                        QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 const QByteArray kZeri(60000, '\0');
 
 const Riquadro kRicevuto =
@@ -274,6 +277,23 @@ TEST_F(RicezioneVenduto, SeIlFileNonSiPuoScrivereSulPcLaCassaTieneLeVendite) {
   EXPECT_FALSE(cassa.byte(kFile) == kZeri);
 }
 
+TEST(RicezioneVendutoConAltraLibreria, SeNonConsegnaIlFileQuelloDiIeriNonSiMemorizzaENullaSiAzzera) {
+  Bottega bottega{QStringLiteral(CARTELLA_SORDA)};
+  registraRicezioneVenduto(bottega.schermate);
+  bottega.apriArchivio();
+  bottega.cartella.scrivi(kFile, archivioVenduto({{0, 100, 1, 0}}));
+  const SchermoGuidato schermo(bottega, kSchermo);
+  schermo.scriviIndirizzo(indirizzoProprio());
+  schermo.clic(kConnetti);
+  ASSERT_TRUE(schermo.abilitato(kAvvia));
+  bottega.cartella.scrivi(QStringLiteral("chiamate.txt"), {});
+  schermo.clic(kAvvia);
+  attendi(bottega, {riquadro(QStringLiteral("Error 53 (*"), Icona::Nessuna), kErroreDati, kErrore});
+  EXPECT_FALSE(schermo.vivo());
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO")), 0);
+  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("chiamate.txt")), QByteArray("1\n7\n2\n"));
+}
+
 // A store that refuses.
 
 TEST_F(RicezioneVenduto, SenzaTabellaSiAnnullaELaCassaTieneLeVendite) {
@@ -305,12 +325,10 @@ TEST_F(RicezioneVenduto, UnaRigaRifiutataAMetaAnnullaAnchQuellePrima) {
 TEST_F(RicezioneVenduto, UnArchivioBloccatoDaUnAltroProgrammaLasciaLeVenditeSullaCassa) {
   cassa.venduto({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
-  sqlite3* altro = nullptr;
-  ASSERT_EQ(sqlite3_open(varGlobal().NomeDB_Articoli.toUtf8().constData(), &altro), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(altro, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
-  schermo.clic(kAvvia);
-  sqlite3_exec(altro, "ROLLBACK", nullptr, nullptr, nullptr);
-  sqlite3_close(altro);
+  {
+    const AltroProgramma altro(varGlobal().NomeDB_Articoli, {QStringLiteral("BEGIN EXCLUSIVE")});
+    schermo.clic(kAvvia);
+  }
   attendi(bottega, {caricamento(QStringLiteral("3260\n*"))});
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_EQ(venduti(), 0);
@@ -320,20 +338,50 @@ TEST_F(RicezioneVenduto, UnArchivioBloccatoDaUnAltroProgrammaLasciaLeVenditeSull
 TEST_F(RicezioneVenduto, UnCommitRifiutatoSiAnnullaENonAzzeraLaCassa) {
   cassa.venduto({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
-  sqlite3* altro = nullptr;
-  ASSERT_EQ(sqlite3_open(varGlobal().NomeDB_Articoli.toUtf8().constData(), &altro), SQLITE_OK);
-  // A reader that never ends lets the rows be added and refuses their commit.
-  ASSERT_EQ(sqlite3_exec(altro, "BEGIN", nullptr, nullptr, nullptr), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(altro, "SELECT * FROM TAB_VARIE", nullptr, nullptr, nullptr), SQLITE_OK);
-  schermo.clic(kAvvia);
-  sqlite3_exec(altro, "ROLLBACK", nullptr, nullptr, nullptr);
-  sqlite3_close(altro);
+  {
+    // A reader that never ends lets the rows be added and refuses their commit.
+    const AltroProgramma lettore(varGlobal().NomeDB_Articoli,
+                                 {QStringLiteral("BEGIN"), QStringLiteral("SELECT * FROM TAB_VARIE")});
+    schermo.clic(kAvvia);
+  }
   attendi(bottega, {caricamento(QStringLiteral("3260\n*"))});
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_EQ(venduti(), 0);
   EXPECT_EQ(bottega.area.livello(), 0);
   EXPECT_TRUE(schermo.abilitato(kEsci));
   EXPECT_FALSE(schermo.abilitato(kAvvia));
+}
+
+TEST_F(RicezioneVenduto, UnArchivioDiSolaLetturaRifiutaELaCassaTieneLeVendite) {
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  const QString archivio = varGlobal().NomeDB_Articoli;
+  articles::ChiudiDatabase();
+  ASSERT_TRUE(QFile::setPermissions(archivio, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
+  ASSERT_TRUE(QFile::setPermissions(bottega.cartella.percorso(), kDiTutti));
+  {
+    const AltroUtente altro;
+    articles::ApriDatabase(archivio, bottega.contesto);
+    schermo.clic(kAvvia);
+  }
+  attendi(bottega, {caricamento(QStringLiteral("3073\n*"))});
+  EXPECT_EQ(chiamate(5), 0);
+  EXPECT_EQ(bottega.area.livello(), 0);
+}
+
+TEST_F(RicezioneVenduto, UnaTransazioneLasciataApertaDaUnAltroComandoSiConfermaPrima) {
+  cassa.venduto({{0, 100, 1, 0}});
+  const SchermoGuidato schermo = pronto();
+  bottega.area.BeginTrans();
+  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='VISTO' WHERE auto_id =1"));
+  bottega.esegui(QStringLiteral("CREATE UNIQUE INDEX solo_uno ON TAB_VENDUTO (Importo_giornaliero)"));
+  schermo.clic(kAvvia);
+  cassa.venduto({{0, 100, 1, 0}});
+  schermo.clic(kAvvia);
+  attendi(bottega, {kRicevuto, caricamento(QStringLiteral("3022\n*"))});
+  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(venduti(), 1);
+  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Descrizione from TAB_VENDUTO")), QStringLiteral("VISTO"));
 }
 
 TEST_F(RicezioneVenduto, SulDiscoPienoLArchivioRestaComEraELaCassaTieneLeVendite) {
@@ -460,6 +508,34 @@ TEST_F(RicezioneVenduto, UnFileAccorciatoDallaCassaValeZeroDietroLaSuaFine) {
   schermo.clic(kAvvia);
   attendi(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 1);
+}
+
+TEST_F(RicezioneVenduto, IlTabulatorePassaPerIComandiNellOrdineDelLavoro) {
+  const SchermoGuidato schermo = pronto();
+  QStringList giro;
+  schermo.controllo(QStringLiteral("vkTextBoxIP_ECR")).setFocus();
+  for (int i = 0; i < 4; ++i) {
+    giro.append(schermo.finestra().focusWidget()->objectName());
+    schermo.tasto(Qt::Key_Tab);
+  }
+  EXPECT_EQ(giro, (QStringList{QStringLiteral("vkTextBoxIP_ECR"), kGlobale, kAvvia, kEsci}));
+}
+
+TEST_F(RicezioneVenduto, ConISoliTastiSiCancellaIlVendutoDellaCassa) {
+  cassa.venduto({{0, 100, 1, 0}});
+  bottega.apriArchivio();
+  const SchermoGuidato schermo(bottega, kSchermo);
+  schermo.scriviIndirizzo(cassa.indirizzo());
+  schermo.tasto(Qt::Key_Return);
+  schermo.controllo(kGlobale).setFocus();
+  schermo.tasto(Qt::Key_Down);
+  ASSERT_TRUE(schermo.controllo<QRadioButton>(kReset).isChecked());
+  schermo.tasto(Qt::Key_Tab);
+  ASSERT_EQ(schermo.finestra().focusWidget()->objectName(), kAvvia);
+  schermo.tasto(Qt::Key_Space);
+  attendi(bottega, {kAzzerato});
+  EXPECT_TRUE(cassa.byte(kFile) == kZeri);
+  EXPECT_EQ(schermo.finestra().focusWidget()->objectName(), kEsci);
 }
 
 TEST_F(RicezioneVenduto, EsciChiudeLoSchermoERiportaAllaGestione) {
