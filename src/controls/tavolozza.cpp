@@ -59,6 +59,14 @@ QPushButton[primario="true"] { background: @accento@; color: @suAccento@; border
 QPushButton[primario="true"]:hover { border-color: @testo@; }
 QPushButton[primario="true"]:focus { border: 2px solid @testo@; }
 QPushButton[primario="true"]:disabled { background: @rilievo@; color: @spento@; border-color: @rilievo@; }
+QToolButton { background: @carta@; color: @testo@; border: 1px solid @bordo@; border-radius: 6px;
+              padding: 5px 10px; }
+QToolButton:hover { background: @rilievo@; border-color: @accento@; }
+QToolButton:pressed, QToolButton:checked { background: @velo@; }
+QToolButton:focus { border-color: @accento@; }
+QToolButton:disabled { background: @sfondo@; color: @spento@; border-color: @rilievo@; }
+QToolBar QToolButton { background: transparent; border-color: transparent; padding: 5px; }
+QToolBar QToolButton:hover, QToolBar QToolButton:focus { border-color: @accento@; }
 QLineEdit, QTextEdit, QPlainTextEdit { background: @carta@; color: @testo@; border: 1px solid @bordo@;
                                        border-radius: 5px; padding: 5px 7px;
                                        selection-background-color: @accento@; selection-color: @suAccento@; }

@@ -14,6 +14,8 @@
 
 namespace {
 constexpr int kMarchio = 28;
+/// The menu stands on the screen before its first picture is read.
+constexpr int kPrimaImmagineMs = 30;
 constexpr auto kModulo = "start";
 }  // namespace
 
@@ -41,10 +43,9 @@ start::start(Contesto& contesto, MisureSchermo misure)
     : contesto_(contesto), misure_(misure), ui_(std::make_unique<Ui::start>()) {
   misure_ = ControllaRisoluzione(misure, contesto_.utente, [this](float l, float a) { ChangeRes(l, a); });
   ui_->setupUi(this);
-  auto* timer = new QTimer(this);
-  timer->setObjectName(QStringLiteral("Timer1"));
   ui_->Picture1->setPixmap(stile::iconaPrimaria(QStringLiteral("receipt-euro")).pixmap(kMarchio));
   for (const Voce& voce : kVoci) collega(voce);
+  aggiungiTimer();
   carica();
 }
 
@@ -52,6 +53,18 @@ start::~start() = default;
 
 void start::ChangeRes(float larghezza, float altezza) {
   schermo::cambiaModo(larghezza, altezza);
+}
+
+void start::aggiungiTimer() {
+  auto* timer = new QTimer(this);
+  timer->setObjectName(QStringLiteral("Timer1"));
+  primaImmagine_ = new QTimer(this);
+  primaImmagine_->setObjectName(QStringLiteral("primaImmagine"));
+  primaImmagine_->setSingleShot(true);
+  // A picture that is missing is told when the mouse comes to its entry, not at start.
+  connect(primaImmagine_, &QTimer::timeout, this, [this] {
+    if (ui_->Image1->immagine().isNull()) ui_->Image1->carica(percorsoImmagine(kVoci[0]));
+  });
 }
 
 void start::carica() {
@@ -62,10 +75,7 @@ void start::carica() {
 
 void start::showEvent(QShowEvent* evento) {
   QWidget::showEvent(evento);
-  // The menu stands on the screen before its first picture is read; one that is missing is told when the
-  // mouse comes to its entry.
-  if (ui_->Image1->immagine().isNull())
-    QTimer::singleShot(0, this, [this] { ui_->Image1->carica(percorsoImmagine(kVoci[0])); });
+  if (ui_->Image1->immagine().isNull()) primaImmagine_->start(kPrimaImmagineMs);
 }
 
 void start::collega(const Voce& voce) {

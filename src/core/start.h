@@ -5,6 +5,7 @@
 
 #include "core/risoluzione.h"
 
+class QTimer;
 class VoceMenu;
 struct Contesto;
 namespace Ui {
@@ -33,6 +34,7 @@ class start : public QWidget {
   struct Voce;
   static const Voce kVoci[];
 
+  void aggiungiTimer();
   void carica();
   void collega(const Voce& voce);
   VoceMenu& etichetta(const Voce& voce);
@@ -43,5 +45,6 @@ class start : public QWidget {
 
   Contesto& contesto_;
   MisureSchermo misure_;
+  QTimer* primaImmagine_ = nullptr;
   std::unique_ptr<Ui::start> ui_;
 };

@@ -117,8 +117,9 @@ TEST_F(Start, UnImmagineAssenteMostraLErroreELasciaQuellaDiPrima) {
 
 TEST_F(Start, SenzaLaPrimaImmagineIlMenuSiApreLoStessoSenzaMessaggi) {
   ASSERT_TRUE(QFile::remove(immagine("4-1.jpg")));
-  menu();
-  QTest::qWait(0);
+  const auto* timer = menu().findChild<QTimer*>(QStringLiteral("primaImmagine"));
+  ASSERT_TRUE(timer->isActive());
+  ASSERT_TRUE(QTest::qWaitFor([timer] { return !timer->isActive(); }));
   EXPECT_TRUE(menu().isVisible());
   EXPECT_FALSE(colore().isValid());
 }
