@@ -70,5 +70,6 @@ static_assert(coerente(kCampi, kBytePLU));
 inline constexpr std::uint8_t kVarPrezzo = 1;
 inline constexpr std::uint8_t kPrezzoZero = 2;
 }  // namespace plu
+using RecordPLU = std::array<std::uint8_t, kBytePLU>;
 
 }  // namespace config

@@ -18,6 +18,7 @@ inline constexpr std::size_t kByte = 26;
 inline constexpr std::size_t kTotale = 208;
 static_assert(coerente(kCampi, kByte));
 }  // namespace intestazione_corta
+using RecordIntestazioneCorta = std::array<std::uint8_t, intestazione_corta::kByte>;
 
 /// 2 records.
 namespace cortesia_corta {
@@ -30,6 +31,7 @@ inline constexpr std::size_t kByte = 27;
 inline constexpr std::size_t kTotale = 54;
 static_assert(coerente(kCampi, kByte));
 }  // namespace cortesia_corta
+using RecordCortesiaCorta = std::array<std::uint8_t, cortesia_corta::kByte>;
 
 /// Of each line the height flag and the first character of the text, of a courtesy line its enable flag too:
 /// that is all that the small tills exchange. Every other byte of the destination stays as it was. An image

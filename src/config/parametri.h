@@ -148,3 +148,7 @@ inline constexpr std::size_t kByte = 428;
 static_assert(coerente(kCampi, kByte));
 
 }  // namespace config::parametri
+
+namespace config {
+using RecordParametri = std::array<std::uint8_t, parametri::kByte>;
+}  // namespace config

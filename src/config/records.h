@@ -5,7 +5,8 @@
 #include "config/campo.h"
 
 /// The small records of the programme, each described once: field, offset, width, kind and the longest text.
-/// Records are numbered from 0 here, from 1 on the screens. Amounts and percentages are hundredths.
+/// Records are numbered from 0 here, from 1 on the screens. Amounts and percentages are hundredths. The types
+/// named after the records are their bytes alone; inside the image a record is a span.
 namespace config {
 
 /// One line of the receipt's header: 8 records.
@@ -17,6 +18,7 @@ inline constexpr std::size_t kByte = 38;
 inline constexpr std::size_t kRecord = 8;
 static_assert(coerente(kCampi, kByte));
 }  // namespace intestazione
+using RecordIntestazione = std::array<std::uint8_t, intestazione::kByte>;
 
 /// One courtesy line: 2 records.
 namespace cortesia {
@@ -28,6 +30,7 @@ inline constexpr std::size_t kByte = 39;
 inline constexpr std::size_t kRecord = 2;
 static_assert(coerente(kCampi, kByte));
 }  // namespace cortesia
+using RecordCortesia = std::array<std::uint8_t, cortesia::kByte>;
 
 /// One department: 80 records. `attributi` is packed as department_attributes.h tells.
 namespace reparto {
@@ -42,6 +45,7 @@ inline constexpr std::size_t kByte = 42;
 inline constexpr std::size_t kRecord = 80;
 static_assert(coerente(kCampi, kByte));
 }  // namespace reparto
+using RecordReparto = std::array<std::uint8_t, reparto::kByte>;
 
 /// One VAT rate: 8 records.
 namespace iva {
@@ -52,6 +56,7 @@ inline constexpr std::size_t kByte = 29;
 inline constexpr std::size_t kRecord = 8;
 static_assert(coerente(kCampi, kByte));
 }  // namespace iva
+using RecordIVA = std::array<std::uint8_t, iva::kByte>;
 
 /// One currency: 4 records.
 namespace valuta {
@@ -62,6 +67,7 @@ inline constexpr std::size_t kByte = 29;
 inline constexpr std::size_t kRecord = 4;
 static_assert(coerente(kCampi, kByte));
 }  // namespace valuta
+using RecordValuta = std::array<std::uint8_t, valuta::kByte>;
 
 /// One operator: 10 records.
 namespace operatore {
@@ -73,6 +79,7 @@ inline constexpr std::size_t kByte = 33;
 inline constexpr std::size_t kRecord = 10;
 static_assert(coerente(kCampi, kByte));
 }  // namespace operatore
+using RecordOperatore = std::array<std::uint8_t, operatore::kByte>;
 
 /// One entry of the calendar of graphics: 12 records. Dates are day and month in the till's encoding.
 namespace logo {
@@ -105,6 +112,7 @@ inline constexpr std::array<Voce, kRecord> kVoci{{
     {u"2° Promozione", u"Promozione2"},
 }};
 }  // namespace logo
+using RecordLogo = std::array<std::uint8_t, logo::kByte>;
 
 /// The shop's own data: one block of the configuration file, which never travels to the till as such.
 namespace negozio {
@@ -122,5 +130,6 @@ inline constexpr std::array kCampi{kRagioneSociale, kPartitaIVA, kIndirizzo, kCi
 inline constexpr std::size_t kByte = 137;
 static_assert(coerente(kCampi, kByte));
 }  // namespace negozio
+using BloccoNegozio = std::array<std::uint8_t, negozio::kByte>;
 
 }  // namespace config

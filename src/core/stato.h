@@ -36,9 +36,22 @@ struct EcrInfo {
   QString& InfoVersioneSW = campo[0];
   QString& InfoTipoBitmap = campo[1];
   QString& InfoTipoMMC = campo[2];
+  QString& InfoCampo4 = campo[3];
+  QString& InfoCampo5 = campo[4];
+  QString& InfoCampo6 = campo[5];
+  QString& InfoCampo7 = campo[6];
+  QString& InfoCampo8 = campo[7];
+  QString& InfoCampo9 = campo[8];
+  QString& InfoCampo10 = campo[9];
   QString& InfoStato = campo[10];
   QString& InfoTipoMacchina = campo[11];
+  QString& InfoCampo13 = campo[12];
+  QString& InfoCampo14 = campo[13];
+  QString& InfoCampo15 = campo[14];
+  QString& InfoCampo16 = campo[15];
   QString& InfoDatiFiscali = campo[16];
+  QString& InfoCampo18 = campo[17];
+  QString& InfoCampo19 = campo[18];
 
   EcrInfo() = default;
   EcrInfo(const EcrInfo& altro) : campo(altro.campo) {}

@@ -42,7 +42,7 @@ void verificaPosti(std::span<const Campo> campi, const std::vector<Posto>& attes
 }  // namespace
 
 TEST(Records, UnReparto) {
-  std::array<std::uint8_t, reparto::kByte> byte{};
+  RecordReparto byte{};
   scriviTesto(byte, reparto::kDescrizione, QStringLiteral("Caffè"));
   scriviByte(byte, reparto::kAttributi, imballaAttributi({4, QStringLiteral("S"), QStringLiteral("M"), 3}));
   scriviIntero(byte, reparto::kPrezzo, 1250);
@@ -54,18 +54,18 @@ TEST(Records, UnReparto) {
 }
 
 TEST(Records, UnaRigaDIntestazioneEUnaDiCortesia) {
-  std::array<std::uint8_t, intestazione::kByte> riga{};
+  RecordIntestazione riga{};
   scriviFlag(riga, intestazione::kDoppiaAltezza, true);
   scriviTesto(riga, intestazione::kTesto, QStringLiteral("BAR"));
   EXPECT_EQ(esadecimale(riga), "01424152" + zeri(34));
-  std::array<std::uint8_t, cortesia::kByte> saluto{};
+  RecordCortesia saluto{};
   scriviTesto(saluto, cortesia::kTesto, QStringLiteral("GRAZIE"));
   scriviFlag(saluto, cortesia::kAbilitazione, true);
   EXPECT_EQ(esadecimale(saluto), "004752415a4945" + zeri(31) + "01");
 }
 
 TEST(Records, UnPLU) {
-  std::array<std::uint8_t, kBytePLU> byte{};
+  RecordPLU byte{};
   scriviTesto(byte, plu::kDescrizione, QStringLiteral("Pane"));
   scriviByte(byte, plu::kReparto, 255);
   scriviByte(byte, plu::kAttributi, plu::kVarPrezzo | plu::kPrezzoZero);
@@ -76,7 +76,7 @@ TEST(Records, UnPLU) {
 }
 
 TEST(Records, LoZeroDiUnCodiceDi14CaratteriCadeNellaRiserva) {
-  std::array<std::uint8_t, kBytePLU> byte{};
+  RecordPLU byte{};
   byte.fill(0xA5);
   scriviTesto(byte, plu::kCodiceEAN, QStringLiteral("12345678901234"));
   EXPECT_EQ(esadecimale(std::span(byte).subspan(31)),
@@ -86,18 +86,18 @@ TEST(Records, LoZeroDiUnCodiceDi14CaratteriCadeNellaRiserva) {
 }
 
 TEST(Records, UnAliquotaEUnaValuta) {
-  std::array<std::uint8_t, iva::kByte> aliquota{};
+  RecordIVA aliquota{};
   scriviTesto(aliquota, iva::kDescrizione, QStringLiteral("IVA 22"));
   scriviIntero(aliquota, iva::kAliquota, 2200);
   EXPECT_EQ(esadecimale(aliquota), "495641203232" + zeri(19) + "98080000");
-  std::array<std::uint8_t, valuta::kByte> lire{};
+  RecordValuta lire{};
   scriviTesto(lire, valuta::kDescrizione, QStringLiteral("LIRE"));
   scriviIntero(lire, valuta::kCambio, 193627);
   EXPECT_EQ(esadecimale(lire), "4c495245" + zeri(21) + "5bf40200");
 }
 
 TEST(Records, UnOperatore) {
-  std::array<std::uint8_t, operatore::kByte> byte{};
+  RecordOperatore byte{};
   scriviTesto(byte, operatore::kDescrizione, QStringLiteral("Maria Antonietta"));
   scriviFlag(byte, operatore::kAbilitazione, true);
   scriviTesto(byte, operatore::kPassword, QStringLiteral("123456"));
@@ -105,7 +105,7 @@ TEST(Records, UnOperatore) {
 }
 
 TEST(Records, UnaVoceDelCalendarioDelleGrafiche) {
-  std::array<std::uint8_t, logo::kByte> byte{};
+  RecordLogo byte{};
   byte[logo::kRiserva.inizio] = 0xA5;
   scriviFlag(byte, logo::kAbilitazione, true);
   scriviSenzaSegno(byte, logo::kDataInizio, 0x11223344);
@@ -135,7 +135,7 @@ TEST(Records, LeDodiciVociDelleGraficheNelLoroOrdine) {
 }
 
 TEST(Records, IlBloccoNegozioHaNoveTestiIn137Byte) {
-  EXPECT_EQ(negozio::kByte, 137U);
+  EXPECT_EQ(BloccoNegozio{}.size(), 137U);
   verificaPosti(negozio::kCampi, {{0, 25, Tipo::Testo, 24},
                                   {25, 12, Tipo::Testo, 11},
                                   {37, 25, Tipo::Testo, 24},

@@ -46,6 +46,12 @@ TEST_F(InfoECR, DiciannoveVociVannoPerPosizione) {
   EXPECT_EQ(info.InfoStato, QStringLiteral("v11"));
   EXPECT_EQ(info.InfoTipoMacchina, QStringLiteral("v12"));
   EXPECT_EQ(info.InfoDatiFiscali, QStringLiteral("v17"));
+  EXPECT_EQ((QStringList{info.InfoCampo4, info.InfoCampo5, info.InfoCampo6, info.InfoCampo7, info.InfoCampo8,
+                         info.InfoCampo9, info.InfoCampo10}),
+            attesi(19).mid(3, 7));
+  EXPECT_EQ((QStringList{info.InfoCampo13, info.InfoCampo14, info.InfoCampo15, info.InfoCampo16}),
+            attesi(19).mid(12, 4));
+  EXPECT_EQ((QStringList{info.InfoCampo18, info.InfoCampo19}), attesi(19).mid(17, 2));
 }
 
 TEST_F(InfoECR, LeChiaviNonSiGuardano) {

@@ -1,0 +1,32 @@
+#include <cstdint>
+#include <cstdlib>
+
+#include "core/stato.h"
+#include "ecrlink/ecr_info.h"
+#include "ecrlink/models.h"
+#include "platform/text/windows1252.h"
+
+namespace {
+
+/// A reply is what the library left in its buffer: no more characters than that, whatever they are.
+void verifica(bool vero) {
+  if (!vero) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t lunghezza) {
+  const QString risposta =
+      windows1252::inTesto(std::string_view(reinterpret_cast<const char*>(dati), lunghezza));
+  verifica(ecrlink::ParseInfoECR(risposta) == 0);
+  const EcrInfo& info = commonForKora().ECR_INFO;
+  for (const QString& campo : info.campo) {
+    verifica(!campo.contains(QLatin1Char(',')));
+    verifica(campo.isEmpty() || risposta.contains(campo));
+  }
+  const bool ammesso = ecrlink::statoAmmesso(info.InfoStato);
+  verifica(!ammesso || ecrlink::parolaDelloStato(info.InfoStato).has_value());
+  verifica(ecrlink::larghezzaGrafica(info.InfoTipoBitmap).has_value() ||
+           ecrlink::nomeDellaClasse(info.InfoTipoBitmap) == QLatin1String("LARGE"));
+  return 0;
+}

@@ -1,0 +1,90 @@
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <vector>
+
+#include "config/department_attributes.h"
+#include "config/immagine.h"
+#include "config/narrow_lines.h"
+#include "config/records.h"
+#include "platform/errore.h"
+
+namespace {
+
+using config::Campo;
+using config::Tipo;
+using Byte = std::vector<std::uint8_t>;
+
+void verifica(bool vero) {
+  if (!vero) std::abort();
+}
+
+/// Reads a field and writes it back: the same value has to be read again, and a field that holds no text has
+/// to keep its bytes.
+void andataERitorno(Byte& record, const Campo& campo) {
+  switch (campo.tipo) {
+    case Tipo::Testo: {
+      const QString testo = leggiTesto(record, campo);
+      scriviTesto(record, campo, testo);
+      verifica(leggiTesto(record, campo) == testo.left(static_cast<qsizetype>(campo.limite)));
+      return;
+    }
+    case Tipo::Intero32: {
+      const Byte prima = record;
+      scriviIntero(record, campo, leggiIntero(record, campo));
+      return verifica(record == prima);
+    }
+    case Tipo::SenzaSegno32: {
+      const Byte prima = record;
+      scriviSenzaSegno(record, campo, leggiSenzaSegno(record, campo));
+      return verifica(record == prima);
+    }
+    case Tipo::Flag: {
+      const bool valore = leggiFlag(record, campo);
+      scriviFlag(record, campo, valore);
+      return verifica(leggiFlag(record, campo) == valore);
+    }
+    case Tipo::Byte: {
+      const std::uint8_t valore = leggiByte(record, campo);
+      verifica(config::imballaAttributi(config::sballaAttributi(valore)) == valore);
+      scriviByte(record, campo, valore);
+      return verifica(leggiByte(record, campo) == valore);
+    }
+    case Tipo::Riservato:
+      return;
+  }
+}
+
+void provaFamiglia(const config::Famiglia& famiglia, const Byte& dati) {
+  for (const Campo& campo : famiglia.campi) {
+    if (campo.tipo == Tipo::Riservato) continue;
+    Byte record = dati;
+    try {
+      andataERitorno(record, campo);
+      verifica(record.size() >= campo.inizio + campo.larghezza);
+    } catch (const Errore& errore) {
+      verifica(errore.numero == errore::kIndice && record == dati);
+    }
+  }
+}
+
+/// Narrow to wide and back gives the narrow image's own bytes again.
+void provaStretta(Byte dati) {
+  dati.resize(std::max(dati.size(), config::intestazione_corta::kTotale));
+  Byte piena(config::intestazione::kRecord * config::intestazione::kByte);
+  config::allargaIntestazione(dati, piena);
+  Byte tornata = dati;
+  config::restringiIntestazione(piena, tornata);
+  verifica(tornata == dati);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t lunghezza) {
+  if (lunghezza == 0) return 0;
+  const Byte byte(dati + 1, dati + lunghezza);
+  const auto famiglie = config::famiglie();
+  provaFamiglia(*famiglie[dati[0] % famiglie.size()], byte);
+  provaStretta(byte);
+  return 0;
+}
