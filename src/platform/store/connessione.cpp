@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/store/aperti.h"
+#include "platform/store/contatore.h"
 #include "platform/store/errori_sqlite.h"
 #include "platform/store/righe.h"
 #include "platform/store/schema.h"
@@ -47,7 +48,7 @@ Connessione::~Connessione() {
   try {
     chiudi();
   } catch (const Errore&) {
-    libera();  // the file is left as it was before the transaction
+    // The file is left as it was before the transaction.
   }
 }
 
@@ -123,16 +124,26 @@ int Connessione::esegui(const QString& sql) {
   return sqlite3_changes(db_);
 }
 
+// A commit that failed behind its last step has been made all the same: the file tells.
+void Connessione::confermaSuDisco() {
+  const auto prima = ContatoreModifiche(db_);
+  if (sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK) return;
+  const Errore errore = ErroreDelMotore(db_, Momento::Istruzione);
+  if (sqlite3_get_autocommit(db_) == 0) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+  const bool riletto =
+      sqlite3_exec(db_, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr) == SQLITE_OK;
+  if (riletto && prima && ContatoreModifiche(db_) != prima) return;
+  disfatta_ = errore;
+  throw errore;
+}
+
 void Connessione::conferma(int livello) {
   if (disfatta_) throw *disfatta_;
   if (livello_ < livello) return;
   if (livello > 1) {
     comando("RELEASE " + nomeLivello(livello));
-  } else if (sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK) {
-    const Errore errore = ErroreDelMotore(db_, Momento::Istruzione);
-    if (sqlite3_get_autocommit(db_) == 0) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-    disfatta_ = errore;
-    throw errore;
+  } else {
+    confermaSuDisco();
   }
   imposta(livello_ - 1);
 }
@@ -157,27 +168,34 @@ void Connessione::confermaTutto() {
 
 void Connessione::chiudi() {
   if (!aperta()) return;
+  const bool partecipava = inTransazione();
   try {
     confermaTutto();
   } catch (const Errore&) {
     libera();
+    esci(partecipava);
     throw;
   }
   libera();
+  esci(partecipava);
 }
 
 void Connessione::abbandona() noexcept {
+  const bool partecipava = inTransazione();
   libera();
+  esci(partecipava);
 }
 
-// Closing a connection undoes what it has not committed. A transaction that an earlier command left open ends
-// with the last database in it.
-void Connessione::libera() noexcept {
-  if (!aperta()) return;
-  const bool partecipava = livello_ > 0;
-  imposta(0);
+// A transaction that an earlier command left open ends with the last database in it.
+void Connessione::esci(bool partecipava) noexcept {
   if (partecipava && transazioni_->partecipanti == 0 && transazioni_->diUnAltroComando())
     transazioni_->livello = 0;
+}
+
+// Closing a connection undoes what it has not committed.
+void Connessione::libera() noexcept {
+  if (!aperta()) return;
+  imposta(0);
   istruzioni_.svuota();
   aperti::togli(this);
   sqlite3_close_v2(db_);

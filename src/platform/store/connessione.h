@@ -63,10 +63,12 @@ class Connessione {
   void lega(sqlite3_stmt* istruzione) const;
   void allinea();
   void comando(const std::string& sql);
+  void confermaSuDisco();
   void confermaTutto();
   [[noreturn]] void fallita(const Errore& errore);
   void imposta(int livello) noexcept;
   void libera() noexcept;
+  void esci(bool partecipava) noexcept;
 
   sqlite3* db_;
   QString percorso_;

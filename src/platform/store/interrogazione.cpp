@@ -16,10 +16,9 @@ std::vector<QString> nomi(sqlite3_stmt* istruzione) {
   return risultato;
 }
 
-std::string_view testo(sqlite3_stmt* istruzione, int colonna) {
-  const void* byte = sqlite3_column_text(istruzione, colonna);
-  return {static_cast<const char*>(byte),
-          static_cast<std::size_t>(sqlite3_column_bytes(istruzione, colonna))};
+std::string_view testo(sqlite3_value* valore) {
+  const void* byte = sqlite3_value_text(valore);
+  return {static_cast<const char*>(byte), static_cast<std::size_t>(sqlite3_value_bytes(valore))};
 }
 
 void leggiTesto(Righe& righe, Righe::Cella& cella, std::string_view testo, bool data) {
@@ -27,22 +26,35 @@ void leggiTesto(Righe& righe, Righe::Cella& cella, std::string_view testo, bool 
   righe.scriviTesto(cella, momento ? FormaItaliana(*momento) : testo);
 }
 
-void leggiCella(sqlite3_stmt* istruzione, int colonna, bool data, Righe& righe, Righe::Cella& cella) {
-  switch (sqlite3_column_type(istruzione, colonna)) {
+// Every call on a statement's column looks the column up anew: the value is fetched once.
+void leggiCella(sqlite3_value* valore, bool data, Righe& righe, Righe::Cella& cella) {
+  switch (sqlite3_value_type(valore)) {
     case SQLITE_INTEGER:
       cella.tipo = Righe::Tipo::Intero;
-      cella.intero = sqlite3_column_int64(istruzione, colonna);
+      cella.intero = sqlite3_value_int64(valore);
       break;
     case SQLITE_FLOAT:
       cella.tipo = Righe::Tipo::Reale;
-      cella.reale = sqlite3_column_double(istruzione, colonna);
+      cella.reale = sqlite3_value_double(valore);
       break;
     case SQLITE_NULL:
       break;
     default:
-      leggiTesto(righe, cella, testo(istruzione, colonna), data);
+      leggiTesto(righe, cella, testo(valore), data);
       break;
   }
+}
+
+/// Reads all rows; returns the engine's code behind the last.
+int leggiRighe(const Preparata& preparata, Righe& righe) {
+  int esito = SQLITE_ROW;
+  while ((esito = sqlite3_step(preparata.istruzione)) == SQLITE_ROW) {
+    Righe::Cella* const celle = righe.nuovaRiga();
+    for (int i = 0; i < righe.colonne(); ++i)
+      leggiCella(sqlite3_column_value(preparata.istruzione, i),
+                 preparata.colonneData[static_cast<std::size_t>(i)], righe, celle[i]);
+  }
+  return esito;
 }
 
 }  // namespace
@@ -55,14 +67,9 @@ std::shared_ptr<const Righe> Connessione::interroga(const QString& sql) {
     throw Errore{errore::kSenzaRighe,
                  QStringLiteral("Operazione non valida: l'istruzione non restituisce record.")};
   if (!disfatta_) allinea();
-  const auto righe = std::make_shared<Righe>(nomi(istruzione));
-  int esito = SQLITE_ROW;
-  while ((esito = sqlite3_step(istruzione)) == SQLITE_ROW) {
-    Righe::Cella* const celle = righe->nuovaRiga();
-    for (int i = 0; i < righe->colonne(); ++i)
-      leggiCella(istruzione, i, preparata->colonneData[static_cast<std::size_t>(i)], *righe, celle[i]);
-  }
-  if (esito == SQLITE_DONE) {
+  const auto righe = std::make_shared<Righe>(nomi(istruzione), preparata->ingombro);
+  if (leggiRighe(*preparata, *righe) == SQLITE_DONE) {
+    preparata->ingombro = righe->ingombro();
     sqlite3_reset(istruzione);
     return righe;
   }

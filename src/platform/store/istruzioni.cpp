@@ -30,7 +30,7 @@ Preparata* Istruzioni::prendi(sqlite3* db, std::string_view sql) {
                                        SQLITE_PREPARE_PERSISTENT, &istruzione, nullptr);
   if (esito != SQLITE_OK || istruzione == nullptr) return nullptr;
   if (recenti_.size() >= capienza_) sfratta();
-  recenti_.push_front({std::string(sql), {istruzione, colonneData(istruzione)}});
+  recenti_.push_front({std::string(sql), {istruzione, colonneData(istruzione), {}}});
   perTesto_.emplace(recenti_.front().sql, recenti_.begin());
   return &recenti_.front().preparata;
 }

@@ -7,6 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/store/righe.h"
+
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -17,6 +19,8 @@ struct Preparata {
   sqlite3_stmt* istruzione = nullptr;
   /// Of each column of the result: is it declared as date and time?
   std::vector<bool> colonneData;
+  /// What its rows took the last time: the next record set is likely to need as much.
+  Righe::Ingombro ingombro;
 };
 
 /// Prepared statements of one connection by their translated text; the one longest unused goes first.

@@ -1,6 +1,13 @@
 #include "platform/store/righe.h"
 
+#include <utility>
+
 namespace store {
+
+Righe::Righe(std::vector<QString> nomi, Ingombro atteso) : nomi_(std::move(nomi)) {
+  celle_.reserve(atteso.celle);
+  testi_.reserve(atteso.byte);
+}
 
 int Righe::colonna(const QString& nome) const {
   for (std::size_t i = 0; i < nomi_.size(); ++i)

@@ -22,10 +22,16 @@ class Righe {
     Tipo tipo = Tipo::Nullo;
   };
 
-  explicit Righe(std::vector<QString> nomi) : nomi_(std::move(nomi)) {}
+  struct Ingombro {
+    std::size_t celle = 0;
+    std::size_t byte = 0;  ///< of text
+  };
+
+  Righe(std::vector<QString> nomi, Ingombro atteso);
 
   int colonne() const { return static_cast<int>(nomi_.size()); }
   int righe() const { return righe_; }
+  Ingombro ingombro() const { return {celle_.size(), testi_.size()}; }
   /// Position of a name, letter case aside; -1 if there is none.
   int colonna(const QString& nome) const;
 

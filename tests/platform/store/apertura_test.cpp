@@ -1,0 +1,160 @@
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+
+#include "platform/store/altro_processo.h"
+#include "platform/store/archivio_di_prova.h"
+
+namespace {
+
+constexpr unsigned kNessuno = 65534;
+
+/// Nothing stops root: the access rules are tested as somebody else.
+void diventaNessuno() {
+  if (::geteuid() != 0) return;
+  if (::setgid(kNessuno) != 0 || ::setuid(kNessuno) != 0) ::_exit(1);
+}
+
+bool tieni(const QString& percorso, const char* blocco) {
+  sqlite3* db = nullptr;
+  return sqlite3_open(percorso.toUtf8().constData(), &db) == SQLITE_OK &&
+         sqlite3_exec(db, blocco, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+class Apertura : public ArchivioDiProva {
+ protected:
+  int apri(const QString& percorso) {
+    return numeroErrore([&] { area_.OpenDatabase(percorso); });
+  }
+  static int modifica(store::Database& archivio) {
+    return numeroErrore(
+        [&] { archivio.Execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo = 1 WHERE auto_id=1")); });
+  }
+  void permessi(const QString& percorso, mode_t modo) {
+    ASSERT_EQ(::chmod(percorso.toUtf8().constData(), modo), 0);
+  }
+};
+
+TEST_F(Apertura, UnFileAssenteNonVieneCreato) {
+  const QString assente = cartella_.file(QStringLiteral("assente.mdb"));
+  EXPECT_EQ(apri(assente), 3024);
+  EXPECT_EQ(apri(QString()), 3024);
+  EXPECT_FALSE(QFile::exists(assente));
+}
+
+TEST_F(Apertura, UnFileDiTestoNonEUnDatabase) {
+  EXPECT_EQ(apri(cartella_.scrivi(QStringLiteral("testo.mdb"), "Ciao")), 3343);
+  EXPECT_EQ(apri(cartella_.scrivi(QStringLiteral("lungo.mdb"), QByteArray(100000, 'x'))), 3343);
+}
+
+TEST_F(Apertura, UnFileVuotoRestaVuoto) {
+  const QString vuoto = cartella_.scrivi(QStringLiteral("vuoto.mdb"), {});
+  EXPECT_EQ(apri(vuoto), 3343);
+  EXPECT_EQ(QFile(vuoto).size(), 0);
+}
+
+TEST_F(Apertura, UnaCartellaNonSiApre) {
+  EXPECT_EQ(apri(cartella_.percorso()), 75);
+}
+
+TEST_F(Apertura, UnDatabaseDiAltroGenereSiApreEMancaLaTabella) {
+  const QString altro = cartella_.file(QStringLiteral("altro.mdb"));
+  sqlite3* db = nullptr;
+  ASSERT_EQ(sqlite3_open(altro.toUtf8().constData(), &db), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(db, "CREATE TABLE altra (a)", nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(db);
+  store::Database aperto = area_.OpenDatabase(altro);
+  EXPECT_EQ(
+      numeroErrore([&] { aperto.OpenRecordset(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI ")); }),
+      3078);
+}
+
+TEST_F(Apertura, IlNomePuoAvereAccentiEBianchi) {
+  const QString strano = cartella_.file(QStringLiteral("caffè & più 100%?#.mdb"));
+  store::CopiaArchivio(modello(), strano);
+  store::Database aperto = area_.OpenDatabase(strano);
+  EXPECT_EQ(aperto.percorso(), strano);
+  EXPECT_EQ(modifica(aperto), 0);
+}
+
+TEST_F(Apertura, UnPercorsoRelativoRestaQuelloAncheSeLaCartellaCambia) {
+  store::Database aperto = area_.OpenDatabase(QStringLiteral("negozio.mdb"));
+  ASSERT_TRUE(QDir::setCurrent(QDir::rootPath()));
+  EXPECT_EQ(modifica(aperto), 0);
+}
+
+TEST_F(Apertura, UnArchivioInManoAUnAltroProgrammaEBloccatoSubito) {
+  archivio_.Close();
+  AltroProcesso altro([&] { return tieni(percorso_, "BEGIN EXCLUSIVE"); });
+  ASSERT_TRUE(altro.pronto());
+  QElapsedTimer orologio;
+  orologio.start();
+  EXPECT_EQ(apri(percorso_), 3260);
+  EXPECT_LT(orologio.elapsed(), 2000);
+}
+
+TEST_F(Apertura, UnAltroProgrammaCheScriveBloccaLeModificheENonLeLetture) {
+  AltroProcesso altro([&] { return tieni(percorso_, "BEGIN IMMEDIATE"); });
+  ASSERT_TRUE(altro.pronto());
+  EXPECT_EQ(modifica(archivio_), 3260);
+  EXPECT_EQ(leggi("SELECT auto_id from TAB_ARTICOLI").RecordCount(), 5000);
+  area_.BeginTrans();
+  EXPECT_EQ(modifica(archivio_), 3260);
+  area_.Rollback();
+}
+
+TEST_F(Apertura, UnArchivioCheNonSiPuoScrivereSiApreInSolaLettura) {
+  archivio_.Close();
+  permessi(cartella_.percorso(), 0755);
+  permessi(percorso_, 0444);
+  EXPECT_EQ(
+      inUnAltroProcesso([&] {
+        diventaNessuno();
+        store::Workspace area;
+        store::Database archivio = area.OpenDatabase(percorso_);
+        if (archivio.OpenRecordset(QStringLiteral("SELECT auto_id from TAB_ARTICOLI")).RecordCount() != 5000)
+          return 1;
+        return modifica(archivio);
+      }),
+      3073);
+}
+
+TEST_F(Apertura, InUnaCartellaCheNonSiPuoScrivereLeModificheNonPassano) {
+  archivio_.Close();
+  QFile::remove(percorso_ + QStringLiteral("-journal"));
+  permessi(percorso_, 0666);
+  permessi(cartella_.percorso(), 0555);
+  EXPECT_EQ(inUnAltroProcesso([&] {
+              diventaNessuno();
+              store::Workspace area;
+              store::Database archivio = area.OpenDatabase(percorso_);
+              return modifica(archivio);
+            }),
+            3073);
+  permessi(cartella_.percorso(), 0755);
+}
+
+TEST_F(Apertura, UnFileCheNonSiPuoLeggere) {
+  archivio_.Close();
+  permessi(cartella_.percorso(), 0755);
+  permessi(percorso_, 0200);
+  EXPECT_EQ(inUnAltroProcesso([&] {
+              diventaNessuno();
+              store::Workspace area;
+              return numeroErrore([&] { area.OpenDatabase(percorso_); });
+            }),
+            75);
+}
+
+TEST_F(Apertura, DueVolteLoStessoArchivioNellaStessaArea) {
+  store::Database secondo = area_.OpenDatabase(percorso_);
+  EXPECT_EQ(modifica(secondo), 0);
+  secondo.Close();
+  EXPECT_EQ(leggi("SELECT Prezzo from TAB_ARTICOLI where auto_id=1").intero64(0), 1);
+}
+
+}  // namespace

@@ -1,0 +1,208 @@
+#include <sqlite3.h>
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "platform/store/altro_processo.h"
+#include "platform/store/archivio_di_prova.h"
+#include "platform/store/vfs_di_prova.h"
+
+namespace {
+
+/// Syncs of one transaction: the journal twice, its folder with the first, the file, and the journal's end.
+constexpr int kSincronizzazioni = 4;
+/// Far enough from each other to stand on pages of their own.
+constexpr int kPassoCaselle = 250;
+constexpr int kRigheTransazione = 20;
+
+class Durata : public ArchivioDiProva {
+ protected:
+  Durata() { archivio_.Close(); }
+
+  static QString modificaDi(int casella) {
+    return QStringLiteral(
+               "UPDATE TAB_ARTICOLI SET Codice_EAN = '80%1', Descrizione = 'ARTICOLO DOPO', Prezzo = 7 WHERE "
+               "auto_id=%1")
+        .arg(casella);
+  }
+  static void modifica(store::Workspace& area, store::Database& archivio) {
+    area.BeginTrans();
+    for (int casella = 1; casella <= kRigheTransazione; ++casella)
+      archivio.Execute(modificaDi(casella * kPassoCaselle));
+    area.CommitTrans();
+  }
+  /// Rows that bear the new price: all or none, whatever happened.
+  int righeModificate() {
+    store::Workspace area;
+    store::Database archivio = area.OpenDatabase(percorso_);
+    EXPECT_EQ(archivio.OpenRecordset(QStringLiteral("SELECT auto_id from TAB_ARTICOLI")).RecordCount(), 5000);
+    return archivio.OpenRecordset(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Prezzo = 7"))
+        .RecordCount();
+  }
+  bool integro() {
+    sqlite3* db = nullptr;
+    EXPECT_EQ(sqlite3_open(percorso_.toUtf8().constData(), &db), SQLITE_OK);
+    bool bene = false;
+    const auto guarda = [](void* esito, int, char** testo, char**) {
+      *static_cast<bool*>(esito) = std::string(testo[0]) == "ok";
+      return 0;
+    };
+    EXPECT_EQ(sqlite3_exec(db, "PRAGMA integrity_check", guarda, &bene, nullptr), SQLITE_OK);
+    sqlite3_close(db);
+    return bene;
+  }
+  void ricomincia() { store::CopiaArchivio(modello(), percorso_); }
+};
+
+TEST_F(Durata, UnaRigaECinquantamilaCostanoLeStesseSincronizzazioni) {
+  VfsDiProva vfs;
+  archivio_ = area_.OpenDatabase(percorso_);
+  esegui("UPDATE TAB_ARTICOLI SET Prezzo = 1 WHERE auto_id=1");
+  vfs.azzera();
+  esegui("UPDATE TAB_ARTICOLI SET Prezzo = 2 WHERE auto_id=1");
+  EXPECT_EQ(vfs.sincronizzazioni(), kSincronizzazioni);
+  vfs.azzera();
+  area_.BeginTrans();
+  for (int riga = 0; riga < 50000; ++riga)
+    archivio_.Execute(
+        QStringLiteral(
+            "INSERT INTO TAB_VENDUTO VALUES ('20240305',%1,'ART%1','EAN%1','ARTICOLO NUMERO %1',%1,0,1)")
+            .arg(riga));
+  EXPECT_EQ(vfs.sincronizzazioni(), 0);
+  area_.CommitTrans();
+  EXPECT_EQ(vfs.sincronizzazioni(), kSincronizzazioni);
+  archivio_.Close();
+}
+
+TEST_F(Durata, UnProgrammaUccisoAMetaLasciaLoStatoDiPrima) {
+  AltroProcesso altro([&] {
+    auto* area = new store::Workspace;
+    auto* archivio = new store::Database(area->OpenDatabase(percorso_));
+    area->BeginTrans();
+    for (int casella = 1; casella <= 5000; ++casella) archivio->Execute(modificaDi(casella));
+    return true;
+  });
+  ASSERT_TRUE(altro.pronto());
+  altro.uccidi();
+  EXPECT_EQ(righeModificate(), 0);
+  EXPECT_TRUE(integro());
+}
+
+// The program is killed before each of its writes and syncs in turn.
+TEST_F(Durata, UccisoAOgniScritturaLasciaPrimaODopoEMaiUnaParte) {
+  int colpo = 0;
+  int dopo = 0;
+  for (bool finito = false; !finito;) {
+    ricomincia();
+    ++colpo;
+    finito = inUnAltroProcesso([&] {
+               VfsDiProva vfs;
+               vfs.prima([&](int numero) { return numero == colpo ? ::kill(::getpid(), SIGKILL) : 0; });
+               store::Workspace area;
+               store::Database archivio = area.OpenDatabase(percorso_);
+               modifica(area, archivio);
+               archivio.Close();
+               return 1;
+             }) == 1;
+    const int righe = righeModificate();
+    ASSERT_TRUE(righe == 0 || righe == kRigheTransazione) << "write " << colpo << ", rows " << righe;
+    ASSERT_TRUE(integro()) << colpo;
+    if (righe != 0) ++dopo;
+  }
+  EXPECT_GT(colpo, 20);
+  EXPECT_GE(dopo, 1);
+}
+
+// A disk that fills up undoes the transaction by itself. A caller that goes on all the same must not have its
+// later lines committed one by one.
+class Guasto : public Durata, public testing::WithParamInterface<int> {
+ protected:
+  /// Updates that failed with a number.
+  int modificaSenzaFermarsi(int numeroAtteso) {
+    int falliti = 0;
+    for (int casella = 1; casella <= kRigheTransazione; ++casella) {
+      const int numero = numeroErrore([&] { archivio_.Execute(modificaDi(casella * kPassoCaselle)); });
+      EXPECT_TRUE(numero == 0 || numero == numeroAtteso) << numero;
+      if (numero != 0) ++falliti;
+    }
+    return falliti;
+  }
+};
+
+TEST_P(Guasto, AOgniScritturaCheFallisceNonRestaUnaParte) {
+  const int numeroAtteso = GetParam() == SQLITE_FULL ? 61 : 3043;
+  int passati = 0;
+  for (int colpo = 1; passati == 0; ++colpo) {
+    ASSERT_LT(colpo, 2000);
+    ricomincia();
+    VfsDiProva vfs;
+    store::Workspace area;
+    archivio_ = area.OpenDatabase(percorso_);
+    vfs.azzera();
+    vfs.prima([&](int numero) { return numero == colpo ? GetParam() : SQLITE_OK; });
+    area.BeginTrans();
+    int falliti = modificaSenzaFermarsi(numeroAtteso);
+    const bool disfatta = falliti > 0;
+    const int conferma = numeroErrore([&] { area.CommitTrans(); });
+    vfs.prima({});
+    if (conferma != 0) {
+      EXPECT_EQ(conferma, numeroAtteso);
+      EXPECT_EQ(area.livello(), 1);
+      EXPECT_EQ(numeroErrore([&] { archivio_.Execute(modificaDi(16)); }), numeroAtteso);
+      EXPECT_EQ(numeroErrore([&] { area.Rollback(); }), 0);
+      EXPECT_EQ(area.livello(), 0);
+    } else if (!disfatta) {
+      ++passati;
+    }
+    archivio_.Close();
+    const int righe = righeModificate();
+    if (conferma == 0) {
+      ASSERT_EQ(righe, kRigheTransazione - falliti) << colpo;
+    } else {
+      ASSERT_TRUE(righe == 0) << "write " << colpo << ", rows " << righe;
+    }
+    ASSERT_TRUE(integro()) << colpo;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Motivi, Guasto, testing::Values(SQLITE_FULL, SQLITE_IOERR_WRITE));
+
+TEST_F(Durata, DopoUnAnnullamentoDelMotoreUnNuovoComandoRiparteDaCapo) {
+  VfsDiProva vfs;
+  archivio_ = area_.OpenDatabase(percorso_);
+  area_.BeginTrans();
+  vfs.prima([](int) { return SQLITE_FULL; });
+  EXPECT_EQ(numeroErrore([&] {
+              archivio_.Execute(modificaDi(1));
+              area_.CommitTrans();
+            }),
+            61);
+  vfs.prima({});
+  area_.NuovoComando();
+  area_.BeginTrans();
+  EXPECT_EQ(area_.livello(), 1);
+  archivio_.Execute(modificaDi(2));
+  area_.CommitTrans();
+  archivio_.Close();
+  EXPECT_EQ(righeModificate(), 1);
+}
+
+TEST_F(Durata, ConIlDiscoPienoLaModificaFallisceConIlSuoNumero) {
+  EXPECT_EQ(inUnAltroProcesso([&] {
+              std::signal(SIGXFSZ, SIG_IGN);
+              store::Workspace area;
+              store::Database archivio = area.OpenDatabase(percorso_);
+              const rlimit limite{100000, 100000};
+              if (::setrlimit(RLIMIT_FSIZE, &limite) != 0) return 1;
+              return numeroErrore([&] {
+                area.BeginTrans();
+                for (int casella = 1; casella <= 5000; ++casella) archivio.Execute(modificaDi(casella));
+                area.CommitTrans();
+              });
+            }),
+            61);
+  EXPECT_EQ(righeModificate(), 0);
+  EXPECT_TRUE(integro());
+}
+
+}  // namespace
