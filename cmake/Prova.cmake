@@ -17,3 +17,22 @@ function(prova nome)
     DISCOVERY_TIMEOUT 60
     PROPERTIES LABELS ${ARG_ETICHETTA} TIMEOUT ${ARG_SECONDI})
 endfunction()
+
+# prova_locali(<name> [FILTRO <filter>])
+# The whole program once more under each locale in which a shop's PC may be set up: a decimal comma that creeps
+# into a statement or a file shows here. Alone, since its tests use the addresses of the runs one by one.
+function(prova_locali nome)
+  cmake_parse_arguments(ARG "" "FILTRO" "" ${ARGN})
+  if(NOT ARG_FILTRO)
+    set(ARG_FILTRO "*")
+  endif()
+  foreach(locale C it_IT.UTF-8 de_DE.UTF-8)
+    add_test(NAME Locale.${nome}.${locale} COMMAND ${nome} --gtest_filter=${ARG_FILTRO} --gtest_brief=1)
+    set_tests_properties(
+      Locale.${nome}.${locale}
+      PROPERTIES ENVIRONMENT LC_ALL=${locale}
+                 LABELS locale
+                 TIMEOUT 180
+                 RUN_SERIAL TRUE)
+  endforeach()
+endfunction()

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "articles/altri.h"
 #include "articles/article_database.h"
 #include "articles/csv_import.h"
 #include "articles/importazione.h"
