@@ -2,8 +2,16 @@
 
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <net/if.h>
+#include <sched.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <QFile>
+#include <cstring>
+#include <functional>
 
 #include "platform/net/rete.h"
 #include "sostegno/cartella_temporanea.h"
@@ -25,17 +33,55 @@ eco::Indirizzo indirizzo(const char* testo) {
   return eco::converti(QLatin1String(testo)).value();
 }
 
-/// Runs `corpo` in a child that has given up the superuser's rights; its status, 100 for no status.
-int daUtenteQualunque(const std::function<std::optional<int>()>& corpo) {
-  constexpr int kNiente = 100;
+/// What the child's body gave when it gave no status, and when it could not be run.
+constexpr int kNiente = 100;
+constexpr int kNonPreparato = 101;
+
+using Corpo = std::function<std::optional<int>()>;
+
+/// The status that `corpo` gives in a child process, where `prepara` came before it.
+int nelFiglio(const std::function<bool()>& prepara, const Corpo& corpo) {
   const pid_t figlio = ::fork();
-  if (figlio == 0) {
-    if (::setgid(kNessuno) != 0 || ::setuid(kNessuno) != 0) ::_exit(kNiente + 1);
-    ::_exit(corpo().value_or(kNiente));
-  }
+  if (figlio == 0) ::_exit(prepara() ? corpo().value_or(kNiente) : kNonPreparato);
   int stato = 0;
   EXPECT_EQ(::waitpid(figlio, &stato, 0), figlio);
-  return WIFEXITED(stato) ? WEXITSTATUS(stato) : kNiente + 2;
+  return WIFEXITED(stato) ? WEXITSTATUS(stato) : kNonPreparato;
+}
+
+/// Without the superuser's rights.
+int daUtenteQualunque(const Corpo& corpo) {
+  return nelFiglio([] { return ::getuid() != 0 || (::setgid(kNessuno) == 0 && ::setuid(kNessuno) == 0); },
+                   corpo);
+}
+
+bool scrivi(const char* file, const QByteArray& testo) {
+  QFile uscita(QLatin1String{file});
+  return uscita.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && uscita.write(testo) == testo.size();
+}
+
+bool accendiLoopback() {
+  const int presa = ::socket(AF_INET, SOCK_DGRAM, 0);
+  ifreq richiesta{};
+  std::strcpy(richiesta.ifr_name, "lo");
+  richiesta.ifr_flags = IFF_UP | IFF_RUNNING;
+  const bool acceso = ::ioctl(presa, SIOCSIFFLAGS, &richiesta) == 0;
+  ::close(presa);
+  return acceso;
+}
+
+/// On a network of its own that has nothing but a loopback, or not even that one up, where this process may
+/// do what it likes.
+int inReteNuova(const Corpo& corpo, bool loopback = true) {
+  return nelFiglio(
+      [loopback] {
+        const QByteArray gruppo = "0 " + QByteArray::number(::getgid()) + " 1";
+        if (::unshare(::getuid() == 0 ? CLONE_NEWNET : CLONE_NEWNET | CLONE_NEWUSER) != 0) return false;
+        if (::getuid() != 0 &&
+            !(scrivi("/proc/self/setgroups", "deny") && scrivi("/proc/self/gid_map", gruppo)))
+          return false;
+        return !loopback || accendiLoopback();
+      },
+      corpo);
 }
 
 }  // namespace
@@ -58,8 +104,34 @@ TEST(Eco, ChiRispondeDaZero) {
   EXPECT_EQ(reteDiSistema().eco(QStringLiteral("127.1"), kDati, kMillisecondi), 0);
 }
 
-TEST(Eco, LaPresaGrezzaRispondeAlSuperutente) {
-  EXPECT_EQ(eco::perGrezzo(indirizzo("127.0.61.2"), kDati, scadenza()), eco::kRisposto);
+TEST(Eco, LaPresaGrezzaRispondeAChiNeHaIlDiritto) {
+  EXPECT_EQ(inReteNuova([] { return eco::perGrezzo(indirizzo("127.0.61.2"), kDati, scadenza(5s)); }),
+            eco::kRisposto);
+}
+
+TEST(Eco, LaPresaADatagrammiRispondeAChiNeHaIlDiritto) {
+  EXPECT_EQ(inReteNuova([]() -> std::optional<int> {
+              if (!scrivi("/proc/sys/net/ipv4/ping_group_range", "0 0")) return kNonPreparato;
+              return eco::perDatagramma(indirizzo("127.0.61.2"), kDati, scadenza(5s));
+            }),
+            eco::kRisposto);
+}
+
+TEST(Eco, LaPresaADatagrammiSenzaDirittoLasciaIlPostoAllaVoceSeguente) {
+  // A new network grants these sockets to no group.
+  EXPECT_EQ(inReteNuova([] { return eco::perDatagramma(indirizzo("127.0.61.2"), kDati, scadenza(5s)); }),
+            kNiente);
+}
+
+TEST(Eco, DoveNonCEStradaLaRispostaENonRaggiungibile) {
+  constexpr bool kSpento = false;
+  EXPECT_EQ(inReteNuova(
+                [] {
+                  const auto stato = eco::perGrezzo(indirizzo("127.0.61.2"), kDati, scadenza(5s));
+                  return stato ? std::optional(*stato == eco::kNonRaggiungibile ? 1 : 2) : std::nullopt;
+                },
+                kSpento),
+            1);
 }
 
 TEST(Eco, LaPresaGrezzaSenzaDirittoLasciaIlPostoAllaVoceSeguente) {
@@ -108,5 +180,9 @@ TEST(Eco, IlProgrammaRiceveUnTentativoECinqueByte) {
 }
 
 TEST(Eco, ScadutoIlTempoLaRispostaNonSiAspetta) {
-  EXPECT_EQ(eco::perGrezzo(indirizzo("127.0.61.9"), kDati, scadenza(0ms)), eco::kScaduto);
+  EXPECT_EQ(inReteNuova([] {
+              const auto stato = eco::perGrezzo(indirizzo("127.0.61.9"), kDati, scadenza(0ms));
+              return stato ? std::optional(*stato == eco::kScaduto ? 1 : 2) : std::nullopt;
+            }),
+            1);
 }
