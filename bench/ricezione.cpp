@@ -6,7 +6,7 @@
 #include "bench/banco.h"
 #include "bench/base_sqlite.h"
 #include "core/stato.h"
-#include "devices/ecrsim/simulatore.h"
+#include "ecrsim/simulatore.h"
 #include "sales/reception.h"
 
 namespace {
