@@ -1,0 +1,56 @@
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
+#include <cstdio>
+
+#include "demo/strada.h"
+#include "montaggio.h"
+
+namespace {
+
+constexpr const char* kIndirizzo = "127.0.0.21";
+
+/// Takes away what an earlier play left, and nothing else.
+bool sgombra(QDir cartella) {
+  const QStringList nostri{QStringLiteral("??-*.png"), QStringLiteral("articoli*.csv"), QStringLiteral("articoli*.log"),
+                           QStringLiteral("negozio.mdb*"), QStringLiteral("*.bin")};
+  bool fatto = true;
+  for (const QString& nome : cartella.entryList(nostri, QDir::Files)) fatto = cartella.remove(nome) && fatto;
+  QDir cassa(cartella.filePath(QStringLiteral("cassa")));
+  for (const QString& nome : cassa.entryList({QStringLiteral("*.bin")}, QDir::Files)) fatto = cassa.remove(nome) && fatto;
+  return fatto;
+}
+
+/// The folder with the article list in it, the current one from now on.
+bool prepara(const QString& cartella, const QString& applicazione) {
+  return QDir().mkpath(cartella) && sgombra(QDir(cartella)) &&
+         QFile::copy(applicazione + QStringLiteral("/articoli.csv"), cartella + QStringLiteral("/articoli.csv")) &&
+         QDir::setCurrent(cartella);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication applicazione(argc, argv);
+  QCommandLineParser opzioni;
+  const QCommandLineOption cartella(QStringLiteral("cartella"), QStringLiteral("Where pictures and files are left"),
+                                    QStringLiteral("folder"), QStringLiteral("demo"));
+  const QCommandLineOption programma(QStringLiteral("applicazione"), QStringLiteral("The application folder"),
+                                     QStringLiteral("folder"), QStringLiteral(GESTIONALE_APP));
+  opzioni.addOptions({cartella, programma});
+  opzioni.addHelpOption();
+  opzioni.process(applicazione);
+  const QString qui = QDir(opzioni.value(cartella)).absolutePath();
+  const QString app = QDir(opzioni.value(programma)).absolutePath();
+  if (!prepara(qui, app)) {
+    std::fprintf(stderr, "cannot use the folder %s\n", qPrintable(qui));
+    return 1;
+  }
+  preparaApplicazione(applicazione, app);
+  Montaggio montaggio(app);
+  montaggio.mostraMenu();
+  CassaEsterna cassa(app + QStringLiteral("/ecrsim"), QLatin1String(kIndirizzo), qui + QStringLiteral("/cassa"));
+  return Strada({app, qui}, cassa).percorri();
+}

@@ -1,0 +1,42 @@
+#include "montaggio.h"
+
+#include <QApplication>
+#include <clocale>
+
+#include "articles/Form_TrasferimentoArticoli.h"
+#include "controls/stile.h"
+#include "core/menu.h"
+#include "core/stato.h"
+#include "platform/net/rete.h"
+#include "sales/Form_RicezioneVenduto.h"
+#include "workspace/Form_GestioneMMC.h"
+
+void preparaApplicazione(QApplication& applicazione, const QString& cartella) {
+  // The application object took the desktop's locale for itself: statements are put together with points.
+  std::setlocale(LC_NUMERIC, "C");
+  QApplication::setApplicationName(QStringLiteral("gestionale"));
+  QApplication::setApplicationDisplayName(kTitoloApplicazione);
+  QApplication::setApplicationVersion(QStringLiteral(GESTIONALE_VERSIONE));
+  stile::cartellaIcone(cartella + QStringLiteral("/icons"));
+  stile::applica(applicazione);
+}
+
+Montaggio::Montaggio(const QString& cartella)
+    : utente_([this] { area_.Abbandona(); }),
+      libreria_(cartella),
+      contesto_{utente_, area_, libreria_, reteDiSistema(), schermate_, cartella} {
+  registraSchermateCore(schermate_);
+  registraTrasferimentoArticoli(schermate_);
+  registraRicezioneVenduto(schermate_);
+  registraGestioneMMC(schermate_);
+  registraSchermateMancanti(schermate_);
+}
+
+Montaggio::~Montaggio() {
+  schermate_.scaricaTutte();
+  varGlobal().DB_Articoli = {};
+}
+
+QWidget& Montaggio::mostraMenu() {
+  return schermate_.mostra(QStringLiteral("start"), contesto_);
+}
