@@ -1,11 +1,10 @@
 #include <QApplication>
 
-#include "core/percorsi.h"
 #include "montaggio.h"
 
 int main(int argc, char** argv) {
   QApplication applicazione(argc, argv);
-  const QString cartella = CartellaApplicazione();
+  const QString cartella = QCoreApplication::applicationDirPath();
   preparaApplicazione(applicazione, cartella);
   Montaggio programma(cartella);
   programma.mostraMenu();
