@@ -13,7 +13,7 @@ constexpr const char* kIndirizzo = "127.0.0.21";
 
 /// Takes away what an earlier play left, and nothing else.
 bool sgombra(QDir cartella) {
-  const QStringList nostri{QStringLiteral("??-*.png"), QStringLiteral("articoli*.csv"), QStringLiteral("articoli*.log"),
+  const QStringList nostri{QStringLiteral("[0-9][0-9]-*.png"), QStringLiteral("articoli*.csv"), QStringLiteral("articoli*.log"),
                            QStringLiteral("negozio.mdb*"), QStringLiteral("*.bin")};
   bool fatto = true;
   for (const QString& nome : cartella.entryList(nostri, QDir::Files)) fatto = cartella.remove(nome) && fatto;
