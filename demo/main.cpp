@@ -32,7 +32,8 @@ bool prepara(const QString& cartella, const QString& applicazione) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" GESTIONALE_SCHERMO);
   QApplication applicazione(argc, argv);
   QCommandLineParser opzioni;
   const QCommandLineOption cartella(QStringLiteral("cartella"), QStringLiteral("Where pictures and files are left"),
