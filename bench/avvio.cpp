@@ -20,11 +20,27 @@ void finoAllaFinestra(benchmark::State& stato, const char* programma) {
   }
 }
 
-void programma(benchmark::State& stato) { finoAllaFinestra(stato, GESTIONALE_AVVIO); }
-void vuota(benchmark::State& stato) { finoAllaFinestra(stato, GESTIONALE_FINESTRA_VUOTA); }
+void programma(benchmark::State& stato) {
+  finoAllaFinestra(stato, GESTIONALE_AVVIO);
+}
+void vuota(benchmark::State& stato) {
+  finoAllaFinestra(stato, GESTIONALE_FINESTRA_VUOTA);
+}
 
 constexpr int kGiri = 21;
-BENCHMARK(programma)->Name("start/programma")->Arg(0)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
-BENCHMARK(vuota)->Name("start/empty_window")->Arg(0)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
+BENCHMARK(programma)
+    ->Name("start/programma")
+    ->Arg(0)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(vuota)
+    ->Name("start/empty_window")
+    ->Arg(0)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

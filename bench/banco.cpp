@@ -21,9 +21,15 @@ Risposta UtenteBanco::MsgBox(const QString& testo, Icona icona, const QString&, 
   return Risposta::OK;
 }
 
-std::optional<QString> UtenteBanco::FinestraApri(const FinestraFile&) { return daAprire; }
-std::optional<QString> UtenteBanco::FinestraSalva(const FinestraFile&) { return std::nullopt; }
-void UtenteBanco::DoEvents() { QCoreApplication::processEvents(); }
+std::optional<QString> UtenteBanco::FinestraApri(const FinestraFile&) {
+  return daAprire;
+}
+std::optional<QString> UtenteBanco::FinestraSalva(const FinestraFile&) {
+  return std::nullopt;
+}
+void UtenteBanco::DoEvents() {
+  QCoreApplication::processEvents();
+}
 
 void UtenteBanco::Termina() {
   std::fprintf(stderr, "the work ended the program\n");
@@ -61,11 +67,17 @@ void Banco::riapri() {
   articles::ApriDatabase(QString::fromStdString(archivio().string()), contesto);
 }
 
-void Banco::chiudi() { articles::ChiudiDatabase(); }
+void Banco::chiudi() {
+  articles::ChiudiDatabase();
+}
 
-fs::path Banco::archivio() const { return file("archivio.mdb"); }
+fs::path Banco::archivio() const {
+  return file("archivio.mdb");
+}
 
-fs::path Banco::file(const std::string& nome) const { return fs::path(cartella_.path().toStdString()) / nome; }
+fs::path Banco::file(const std::string& nome) const {
+  return fs::path(cartella_.path().toStdString()) / nome;
+}
 
 double secondi(const std::function<void()>& lavoro) {
   const auto inizio = std::chrono::steady_clock::now();

@@ -5,10 +5,12 @@
 
 namespace base {
 
-const char* const kImpostazioni = "PRAGMA journal_mode=TRUNCATE; PRAGMA synchronous=EXTRA; PRAGMA cache_size=-65536;";
+const char* const kImpostazioni =
+    "PRAGMA journal_mode=TRUNCATE; PRAGMA synchronous=EXTRA; PRAGMA cache_size=-65536;";
 
 Sqlite::Sqlite(const std::filesystem::path& file) {
-  if (sqlite3_open(file.c_str(), &base_) != SQLITE_OK) throw std::runtime_error("cannot open " + file.string());
+  if (sqlite3_open(file.c_str(), &base_) != SQLITE_OK)
+    throw std::runtime_error("cannot open " + file.string());
   esegui(kImpostazioni);
 }
 
@@ -24,7 +26,8 @@ void Sqlite::esegui(const char* sql) {
 
 sqlite3_stmt* Sqlite::prepara(const char* sql) {
   sqlite3_stmt* frase = nullptr;
-  if (sqlite3_prepare_v2(base_, sql, -1, &frase, nullptr) != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(base_));
+  if (sqlite3_prepare_v2(base_, sql, -1, &frase, nullptr) != SQLITE_OK)
+    throw std::runtime_error(sqlite3_errmsg(base_));
   frasi_.push_back(frase);
   return frase;
 }
@@ -37,7 +40,8 @@ void Sqlite::passo(sqlite3_stmt* frase) {
 }
 
 void shell(const std::filesystem::path& archivio, const std::filesystem::path& copione) {
-  const std::string comando = "sqlite3 -batch '" + archivio.string() + "' < '" + copione.string() + "' > /dev/null";
+  const std::string comando =
+      "sqlite3 -batch '" + archivio.string() + "' < '" + copione.string() + "' > /dev/null";
   if (std::system(comando.c_str()) != 0) throw std::runtime_error("the sqlite3 shell failed");
 }
 

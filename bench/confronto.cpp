@@ -17,8 +17,8 @@ class Raccolta : public benchmark::ConsoleReporter {
     for (const Run& corsa : corse) {
       if (corsa.error_occurred) ++falliti;
       if (corsa.run_type == Run::RT_Iteration && !corsa.error_occurred)
-        tempi_[corsa.run_name.function_name + "/" + corsa.run_name.args].push_back(corsa.GetAdjustedRealTime() /
-                                                 benchmark::GetTimeUnitMultiplier(corsa.time_unit));
+        tempi_[corsa.run_name.function_name + "/" + corsa.run_name.args].push_back(
+            corsa.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(corsa.time_unit));
     }
     ConsoleReporter::ReportRuns(corse);
   }
@@ -50,7 +50,8 @@ Nome pezzi(const std::string& nome) {
           secondo == std::string::npos ? "" : nome.substr(secondo + 1)};
 }
 
-double multiplo(const std::map<std::string, double>& mediane, const std::string& base, const std::string& nostro) {
+double multiplo(const std::map<std::string, double>& mediane, const std::string& base,
+                const std::string& nostro) {
   const auto sotto = mediane.find(base);
   return sotto == mediane.end() || sotto->second <= 0 ? -1 : mediane.at(nostro) / sotto->second;
 }

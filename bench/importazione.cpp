@@ -30,12 +30,14 @@ std::string prezzo(std::int32_t centesimi) {
 void scriviCsv(const std::filesystem::path& file, const std::vector<attese::Articolo>& articoli) {
   std::ofstream uscita(file, std::ios::binary);
   for (const auto& uno : articoli)
-    uscita << uno.slot << ';' << uno.ean << ';' << uno.codice << ';' << uno.descrizione << ';' << prezzo(uno.prezzo)
-           << ';' << uno.reparto << ";N;N; \r\n";
+    uscita << uno.slot << ';' << uno.ean << ';' << uno.codice << ';' << uno.descrizione << ';'
+           << prezzo(uno.prezzo) << ';' << uno.reparto << ";N;N; \r\n";
 }
 
 /// Single-byte text as SQLite wants it.
-std::string utf8(const std::string& byte) { return QString::fromLatin1(byte.data(), static_cast<int>(byte.size())).toStdString(); }
+std::string utf8(const std::string& byte) {
+  return QString::fromLatin1(byte.data(), static_cast<int>(byte.size())).toStdString();
+}
 
 void programma(benchmark::State& stato) {
   Banco banco;
@@ -57,7 +59,8 @@ void preparati(benchmark::State& stato) {
     banco.rinnova();
     base::Sqlite sqlite(banco.archivio());
     sqlite3_stmt* frase = sqlite.prepara(
-        "UPDATE TAB_ARTICOLI SET Codice_EAN=?,Codice_Articolo=?,Descrizione=?,Prezzo=?,Reparto=?,Filler=? WHERE auto_id=?");
+        "UPDATE TAB_ARTICOLI SET Codice_EAN=?,Codice_Articolo=?,Descrizione=?,Prezzo=?,Reparto=?,Filler=? "
+        "WHERE auto_id=?");
     stato.SetIterationTime(secondi([&] {
       sqlite.esegui("BEGIN IMMEDIATE");
       for (const auto& uno : articoli) {
@@ -82,8 +85,8 @@ void shell(benchmark::State& stato) {
   copione << base::kImpostazioni << "\nBEGIN;\n";
   for (const auto& uno : elenco(static_cast<int>(stato.range(0))))
     copione << "UPDATE TAB_ARTICOLI SET  Codice_ean ='" << uno.ean << "', Codice_Articolo ='" << uno.codice
-            << "',Descrizione ='" << utf8(uno.descrizione) << "',Prezzo =" << uno.prezzo << ",Reparto =" << uno.reparto
-            << ",Filler =' ' WHERE auto_id =" << uno.slot << ";\n";
+            << "',Descrizione ='" << utf8(uno.descrizione) << "',Prezzo =" << uno.prezzo
+            << ",Reparto =" << uno.reparto << ",Filler =' ' WHERE auto_id =" << uno.slot << ";\n";
   copione << "COMMIT;\n";
   copione.close();
   for (auto giro : stato) {
@@ -94,8 +97,29 @@ void shell(benchmark::State& stato) {
 }
 
 constexpr int kGiri = 15;
-BENCHMARK(programma)->Name("import/programma")->Arg(5000)->Arg(50000)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
-BENCHMARK(preparati)->Name("import/preparati")->Arg(5000)->Arg(50000)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
-BENCHMARK(shell)->Name("import/shell")->Arg(5000)->Arg(50000)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
+BENCHMARK(programma)
+    ->Name("import/programma")
+    ->Arg(5000)
+    ->Arg(50000)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(preparati)
+    ->Name("import/preparati")
+    ->Arg(5000)
+    ->Arg(50000)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(shell)
+    ->Name("import/shell")
+    ->Arg(5000)
+    ->Arg(50000)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

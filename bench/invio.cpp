@@ -45,7 +45,19 @@ void presa(benchmark::State& stato) {
 }
 
 constexpr int kGiri = 41;
-BENCHMARK(programma)->Name("send/programma")->Arg(5000)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
-BENCHMARK(presa)->Name("send/socket")->Arg(5000)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
+BENCHMARK(programma)
+    ->Name("send/programma")
+    ->Arg(5000)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(presa)
+    ->Name("send/socket")
+    ->Arg(5000)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -1,5 +1,5 @@
-#include <QGuiApplication>
 #include <QApplication>
+#include <QGuiApplication>
 #include <clocale>
 
 #include "bench/confronto.h"

@@ -58,17 +58,21 @@ void fill_select(benchmark::State& stato) {
     stato.SetIterationTime(secondi([&] {
       std::vector<char> immagine(kByte);
       sqlite3_stmt* frase = sqlite.prepara(
-          "SELECT Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler,VarPrezzo,PrezzoZero from TAB_ARTICOLI");
+          "SELECT Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler,VarPrezzo,PrezzoZero from "
+          "TAB_ARTICOLI");
       for (std::size_t dove = 0; sqlite3_step(frase) == SQLITE_ROW; dove += config::kBytePLU) {
         const std::string_view ean = byteDi(frase, 0).substr(0, 14);
         const std::string_view descrizione = byteDi(frase, 2).substr(0, 24);
-        std::copy(descrizione.begin(), descrizione.end(), immagine.begin() + static_cast<std::ptrdiff_t>(dove));
+        std::copy(descrizione.begin(), descrizione.end(),
+                  immagine.begin() + static_cast<std::ptrdiff_t>(dove));
         immagine[dove + 25] = static_cast<char>(sqlite3_column_int(frase, 4) - 1);
-        immagine[dove + 26] = static_cast<char>(sqlite3_column_int(frase, 6) + 2 * sqlite3_column_int(frase, 7));
+        immagine[dove + 26] =
+            static_cast<char>(sqlite3_column_int(frase, 6) + 2 * sqlite3_column_int(frase, 7));
         poni(immagine, dove + 27, sqlite3_column_int(frase, 3));
         std::copy(ean.begin(), ean.end(), immagine.begin() + static_cast<std::ptrdiff_t>(dove + 31));
       }
-      std::ofstream("plu-base.bin", std::ios::binary).write(immagine.data(), static_cast<std::streamsize>(immagine.size()));
+      std::ofstream("plu-base.bin", std::ios::binary)
+          .write(immagine.data(), static_cast<std::streamsize>(immagine.size()));
     }));
   }
 }
@@ -98,12 +102,15 @@ void save_preparati(benchmark::State& stato) {
     banco.rinnova();
     base::Sqlite sqlite(banco.archivio());
     sqlite3_stmt* frase = sqlite.prepara(
-        "UPDATE TAB_ARTICOLI SET Descrizione=?,Codice_EAN=?,Prezzo=?,Reparto=?,varprezzo=?,prezzozero=? WHERE auto_id=?");
+        "UPDATE TAB_ARTICOLI SET Descrizione=?,Codice_EAN=?,Prezzo=?,Reparto=?,varprezzo=?,prezzozero=? "
+        "WHERE auto_id=?");
     stato.SetIterationTime(secondi([&] {
       sqlite.esegui("BEGIN IMMEDIATE");
       for (int i = 0; i < kSlot; ++i) {
-        const auto record = config::immagineProgrammazione().record(config::kPLU, static_cast<std::size_t>(i));
-        const std::string descrizione = testo(static_cast<std::size_t>(i), config::plu::kDescrizione).toStdString();
+        const auto record =
+            config::immagineProgrammazione().record(config::kPLU, static_cast<std::size_t>(i));
+        const std::string descrizione =
+            testo(static_cast<std::size_t>(i), config::plu::kDescrizione).toStdString();
         const std::string ean = testo(static_cast<std::size_t>(i), config::plu::kCodiceEAN).toStdString();
         sqlite3_bind_text(frase, 1, descrizione.data(), static_cast<int>(descrizione.size()), SQLITE_STATIC);
         sqlite3_bind_text(frase, 2, ean.data(), static_cast<int>(ean.size()), SQLITE_STATIC);
@@ -128,8 +135,8 @@ void save_shell(benchmark::State& stato) {
   for (int i = 0; i < kSlot; ++i) {
     const auto record = config::immagineProgrammazione().record(config::kPLU, static_cast<std::size_t>(i));
     copione << "UPDATE TAB_ARTICOLI SET Descrizione = '"
-            << testo(static_cast<std::size_t>(i), config::plu::kDescrizione).toStdString() << "',Codice_EAN ='"
-            << testo(static_cast<std::size_t>(i), config::plu::kCodiceEAN).toStdString()
+            << testo(static_cast<std::size_t>(i), config::plu::kDescrizione).toStdString()
+            << "',Codice_EAN ='" << testo(static_cast<std::size_t>(i), config::plu::kCodiceEAN).toStdString()
             << "',Prezzo =" << config::leggiIntero(record, config::plu::kPrezzo)
             << ",Reparto =" << config::leggiByte(record, config::plu::kReparto) + 1
             << ",varprezzo = false,prezzozero = false WHERE auto_id =" << i + 1 << ";\n";
@@ -144,10 +151,40 @@ void save_shell(benchmark::State& stato) {
 }
 
 constexpr int kGiri = 15;
-BENCHMARK(fill_programma)->Name("fill_plu/programma")->Arg(kSlot)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
-BENCHMARK(fill_select)->Name("fill_plu/select")->Arg(kSlot)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
-BENCHMARK(save_programma)->Name("save_plu/programma")->Arg(kSlot)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
-BENCHMARK(save_preparati)->Name("save_plu/preparati")->Arg(kSlot)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
-BENCHMARK(save_shell)->Name("save_plu/shell")->Arg(kSlot)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
+BENCHMARK(fill_programma)
+    ->Name("fill_plu/programma")
+    ->Arg(kSlot)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(fill_select)
+    ->Name("fill_plu/select")
+    ->Arg(kSlot)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(save_programma)
+    ->Name("save_plu/programma")
+    ->Arg(kSlot)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(save_preparati)
+    ->Name("save_plu/preparati")
+    ->Arg(kSlot)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(save_shell)
+    ->Name("save_plu/shell")
+    ->Arg(kSlot)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -68,7 +68,8 @@ PresaSemplice::~PresaSemplice() {
 void PresaSemplice::servi() const {
   std::vector<char> deposito;
   const std::array<char, kRisposta> risposta{};
-  for (int presa = accept(ascolto_, nullptr, nullptr); presa >= 0; presa = accept(ascolto_, nullptr, nullptr)) {
+  for (int presa = accept(ascolto_, nullptr, nullptr); presa >= 0;
+       presa = accept(ascolto_, nullptr, nullptr)) {
     std::uint64_t quanti = 0;
     if (leggi(presa, &quanti, sizeof quanti)) {
       deposito.resize(quanti);
@@ -89,7 +90,8 @@ void PresaSemplice::scambia(const std::string& byte) const {
   tutto += byte;
   std::array<char, kRisposta> risposta{};
   const bool fatto = connect(presa, reinterpret_cast<const sockaddr*>(&la), sizeof la) == 0 &&
-                     manda(presa, tutto.data(), tutto.size()) && leggi(presa, risposta.data(), risposta.size());
+                     manda(presa, tutto.data(), tutto.size()) &&
+                     leggi(presa, risposta.data(), risposta.size());
   close(presa);
   if (!fatto) throw std::runtime_error("no answer");
 }

@@ -13,13 +13,16 @@ namespace {
 
 constexpr int kSlot = sales::kSlot;
 
-sales::VendutoSlot venduto(int slot) { return {100 + 7 * slot, 1 + slot % 9, slot % 50}; }
+sales::VendutoSlot venduto(int slot) {
+  return {100 + 7 * slot, 1 + slot % 9, slot % 50};
+}
 
 /// Counters with every slot sold, laid into the till's memory.
 void riempiCassa(const std::filesystem::path& memoria) {
   std::string byte;
   const auto intero = [&](std::int32_t valore) {
-    for (int i = 0; i < 4; ++i) byte += static_cast<char>((static_cast<std::uint32_t>(valore) >> (8 * i)) & 0xff);
+    for (int i = 0; i < 4; ++i)
+      byte += static_cast<char>((static_cast<std::uint32_t>(valore) >> (8 * i)) & 0xff);
   };
   for (int slot = 0; slot < kSlot; ++slot) intero(venduto(slot).importo);
   for (int slot = 0; slot < kSlot; ++slot) intero(venduto(slot).pezzi);
@@ -42,7 +45,8 @@ void programma(benchmark::State& stato) {
     banco.rinnova();
     banco.riapri();
     stato.SetIterationTime(secondi([&] {
-      if (sales::RiceviVenduto(banco.contesto, [](int) {}) != sales::Esito::Fatto) stato.SkipWithError("not received");
+      if (sales::RiceviVenduto(banco.contesto, [](int) {}) != sales::Esito::Fatto)
+        stato.SkipWithError("not received");
     }));
   }
 }
@@ -56,7 +60,8 @@ void preparati(benchmark::State& stato) {
     base::Sqlite sqlite(banco.archivio());
     sqlite3_stmt* frase = sqlite.prepara(
         "insert into tab_venduto (Data,id_plu,Codice_EAN,Codice_Articolo,Descrizione,Importo_giornaliero,"
-        "sconto_giornaliero,Tot_giorn_articoli_venduti) select ?,?,codice_articolo,codice_ean,descrizione,?,?,? from "
+        "sconto_giornaliero,Tot_giorn_articoli_venduti) select "
+        "?,?,codice_articolo,codice_ean,descrizione,?,?,? from "
         "tab_articoli where auto_id=?");
     stato.SetIterationTime(secondi([&] {
       sqlite.esegui("BEGIN IMMEDIATE");
@@ -81,10 +86,11 @@ void shell(benchmark::State& stato) {
   copione << base::kImpostazioni << "\nBEGIN;\n";
   for (int slot = 0; slot < kSlot; ++slot) {
     const sales::VendutoSlot uno = venduto(slot);
-    copione << "insert into tab_venduto (Data,id_plu,Codice_EAN,Codice_Articolo,Descrizione,Importo_giornaliero,"
-               "sconto_giornaliero,Tot_giorn_articoli_venduti) select strftime('%Y%m%d','now','localtime'),"
-            << slot + 1 << ",codice_articolo,codice_ean,descrizione," << uno.importo << "," << uno.sconto << ","
-            << uno.pezzi << " from tab_articoli where auto_id=" << slot + 1 << ";\n";
+    copione
+        << "insert into tab_venduto (Data,id_plu,Codice_EAN,Codice_Articolo,Descrizione,Importo_giornaliero,"
+           "sconto_giornaliero,Tot_giorn_articoli_venduti) select strftime('%Y%m%d','now','localtime'),"
+        << slot + 1 << ",codice_articolo,codice_ean,descrizione," << uno.importo << "," << uno.sconto << ","
+        << uno.pezzi << " from tab_articoli where auto_id=" << slot + 1 << ";\n";
   }
   copione << "COMMIT;\n";
   copione.close();
@@ -96,8 +102,26 @@ void shell(benchmark::State& stato) {
 }
 
 constexpr int kGiri = 15;
-BENCHMARK(programma)->Name("reception/programma")->Arg(kSlot)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
-BENCHMARK(preparati)->Name("reception/preparati")->Arg(kSlot)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
-BENCHMARK(shell)->Name("reception/shell")->Arg(kSlot)->UseManualTime()->Iterations(1)->Repetitions(kGiri)->Unit(benchmark::kMillisecond);
+BENCHMARK(programma)
+    ->Name("reception/programma")
+    ->Arg(kSlot)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(preparati)
+    ->Name("reception/preparati")
+    ->Arg(kSlot)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(shell)
+    ->Name("reception/shell")
+    ->Arg(kSlot)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -59,8 +59,8 @@ std::vector<Articolo> leggiElenco(const std::filesystem::path& file) {
     if (!riga.empty() && riga.back() == '\r') riga.pop_back();
     const std::vector<std::string> valori = campi(riga);
     if (valori.size() != 9) throw std::runtime_error("not nine fields: " + riga);
-    articoli.push_back({std::stoi(valori[0]), valori[1], valori[2], valori[3], centesimi(valori[4]),
-                        std::stoi(valori[5])});
+    articoli.push_back(
+        {std::stoi(valori[0]), valori[1], valori[2], valori[3], centesimi(valori[4]), std::stoi(valori[5])});
   }
   return articoli;
 }

@@ -6,7 +6,8 @@
 #include <vector>
 
 /// What must come out of the main road, computed a second time with nothing of the program's own code: plain
-/// bytes from the article list and from the till's memory. Files that cannot be read throw std::runtime_error.
+/// bytes from the article list and from the till's memory. Files that cannot be read throw
+/// std::runtime_error.
 namespace attese {
 
 struct Articolo {

@@ -13,11 +13,14 @@ CassaEsterna::CassaEsterna(QString programma, QString indirizzo, QString memoria
   processo_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
 }
 
-CassaEsterna::~CassaEsterna() { ferma(); }
+CassaEsterna::~CassaEsterna() {
+  ferma();
+}
 
 void CassaEsterna::avvia(const QStringList& altriArgomenti) {
-  processo_.start(programma_, QStringList{QStringLiteral("--address"), indirizzo_, QStringLiteral("--dir"), memoria_} +
-                                  altriArgomenti);
+  processo_.start(programma_,
+                  QStringList{QStringLiteral("--address"), indirizzo_, QStringLiteral("--dir"), memoria_} +
+                      altriArgomenti);
   while (processo_.waitForReadyRead(kPazienzaMs))
     if (processo_.readAllStandardOutput().contains("ECRSIM pronto su")) return;
   throw std::runtime_error("the simulated till does not come up");

@@ -3,29 +3,37 @@
 #include <QDir>
 #include <QFile>
 #include <cstdio>
+#include <exception>
 
 #include "demo/strada.h"
 #include "montaggio.h"
 
 namespace {
 
-constexpr const char* kIndirizzo = "127.0.0.21";
+/// A loopback address of this process's own: two plays at a time do not meet.
+QString indirizzoProprio() {
+  constexpr qint64 kReti = 250;
+  return QStringLiteral("127.0.%1.21").arg(1 + QCoreApplication::applicationPid() % kReti);
+}
 
 /// Takes away what an earlier play left, and nothing else.
 bool sgombra(QDir cartella) {
-  const QStringList nostri{QStringLiteral("[0-9][0-9]-*.png"), QStringLiteral("articoli*.csv"), QStringLiteral("articoli*.log"),
-                           QStringLiteral("negozio.mdb*"), QStringLiteral("*.bin")};
+  const QStringList nostri{QStringLiteral("[0-9][0-9]-*.png"), QStringLiteral("articoli*.csv"),
+                           QStringLiteral("articoli*.log"), QStringLiteral("negozio.mdb*"),
+                           QStringLiteral("*.bin")};
   bool fatto = true;
   for (const QString& nome : cartella.entryList(nostri, QDir::Files)) fatto = cartella.remove(nome) && fatto;
   QDir cassa(cartella.filePath(QStringLiteral("cassa")));
-  for (const QString& nome : cassa.entryList({QStringLiteral("*.bin")}, QDir::Files)) fatto = cassa.remove(nome) && fatto;
+  for (const QString& nome : cassa.entryList({QStringLiteral("*.bin")}, QDir::Files))
+    fatto = cassa.remove(nome) && fatto;
   return fatto;
 }
 
 /// The folder with the article list in it, the current one from now on.
 bool prepara(const QString& cartella, const QString& applicazione) {
   return QDir().mkpath(cartella) && sgombra(QDir(cartella)) &&
-         QFile::copy(applicazione + QStringLiteral("/articoli.csv"), cartella + QStringLiteral("/articoli.csv")) &&
+         QFile::copy(applicazione + QStringLiteral("/articoli.csv"),
+                     cartella + QStringLiteral("/articoli.csv")) &&
          QDir::setCurrent(cartella);
 }
 
@@ -36,7 +44,8 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" GESTIONALE_SCHERMO);
   QApplication applicazione(argc, argv);
   QCommandLineParser opzioni;
-  const QCommandLineOption cartella(QStringLiteral("cartella"), QStringLiteral("Where pictures and files are left"),
+  const QCommandLineOption cartella(QStringLiteral("cartella"),
+                                    QStringLiteral("Where pictures and files are left"),
                                     QStringLiteral("folder"), QStringLiteral("demo"));
   const QCommandLineOption programma(QStringLiteral("applicazione"), QStringLiteral("The application folder"),
                                      QStringLiteral("folder"), QStringLiteral(GESTIONALE_APP));
@@ -49,9 +58,14 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "cannot use the folder %s\n", qPrintable(qui));
     return 1;
   }
-  preparaApplicazione(applicazione, app);
-  Montaggio montaggio(app);
-  montaggio.mostraMenu();
-  CassaEsterna cassa(app + QStringLiteral("/ecrsim"), QLatin1String(kIndirizzo), qui + QStringLiteral("/cassa"));
-  return Strada({app, qui}, cassa).percorri();
+  try {
+    preparaApplicazione(applicazione, app);
+    Montaggio montaggio(app);
+    montaggio.mostraMenu();
+    CassaEsterna cassa(app + QStringLiteral("/ecrsim"), indirizzoProprio(), qui + QStringLiteral("/cassa"));
+    return Strada({app, qui}, cassa).percorri();
+  } catch (const std::exception& eccezione) {
+    std::fprintf(stderr, "ERRORE: %s\n", eccezione.what());
+    return 1;
+  }
 }

@@ -91,7 +91,8 @@ QWidget* finestra(const QString& nome) {
 QWidget& controllo(const QString& finestraNome, const QString& nome) {
   QWidget* sopra = finestra(finestraNome);
   QWidget* trovato = sopra == nullptr ? nullptr : sopra->findChild<QWidget*>(nome);
-  if (trovato == nullptr) throw std::runtime_error(qPrintable(finestraNome + QStringLiteral(" senza ") + nome));
+  if (trovato == nullptr)
+    throw std::runtime_error(qPrintable(finestraNome + QStringLiteral(" senza ") + nome));
   return *trovato;
 }
 
@@ -112,15 +113,20 @@ void scegliVoce(const QString& finestraNome, const QString& menuNome, const QStr
   auto* sopra = qobject_cast<QMainWindow*>(finestra(finestraNome));
   auto* menu = sopra == nullptr ? nullptr : sopra->findChild<QMenu*>(menuNome);
   auto* voce = menu == nullptr ? nullptr : sopra->findChild<QAction*>(voceNome);
-  if (voce == nullptr || !voce->isEnabled()) throw std::runtime_error(qPrintable(voceNome + QStringLiteral(" manca")));
+  if (voce == nullptr || !voce->isEnabled())
+    throw std::runtime_error(qPrintable(voceNome + QStringLiteral(" manca")));
   QTest::mouseClick(sopra->menuBar(), Qt::LeftButton, {},
                     sopra->menuBar()->actionGeometry(menu->menuAction()).center());
   QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(voce).center());
 }
 
-bool dialogoFile() { return davanti("QFileDialog") != nullptr; }
+bool dialogoFile() {
+  return davanti("QFileDialog") != nullptr;
+}
 
-bool riquadro() { return davanti("QMessageBox") != nullptr; }
+bool riquadro() {
+  return davanti("QMessageBox") != nullptr;
+}
 
 QString testoRiquadro() {
   QWidget* davantiATutti = davanti("QMessageBox");

@@ -36,7 +36,9 @@ Regista::Quando abilitato(const QString& nomeFinestra, const QString& nome) {
   };
 }
 
-std::filesystem::path percorso(const QString& nome) { return QFile::encodeName(nome).toStdString(); }
+std::filesystem::path percorso(const QString& nome) {
+  return QFile::encodeName(nome).toStdString();
+}
 
 /// Rows of the sales table by slot, read past the program through a connection of its own.
 struct Archivio {
@@ -54,7 +56,8 @@ Archivio leggiArchivio(const QString& file) {
   Archivio archivio;
   const auto leggi = [&](const char* sql, auto&& riga) {
     sqlite3_stmt* frase = nullptr;
-    if (sqlite3_prepare_v2(base, sql, -1, &frase, nullptr) != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(base));
+    if (sqlite3_prepare_v2(base, sql, -1, &frase, nullptr) != SQLITE_OK)
+      throw std::runtime_error(sqlite3_errmsg(base));
     const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> fine(frase, sqlite3_finalize);
     while (sqlite3_step(frase) == SQLITE_ROW) riga(frase);
   };
@@ -64,15 +67,16 @@ Archivio leggiArchivio(const QString& file) {
   };
   leggi("select count(*) from TAB_ARTICOLI where Descrizione <> ''",
         [&](sqlite3_stmt* frase) { archivio.articoli = sqlite3_column_int(frase, 0); });
-  leggi("select id_plu, Importo_giornaliero, Tot_giorn_articoli_venduti, sconto_giornaliero, Codice_EAN, "
-        "Codice_Articolo from TAB_VENDUTO",
-        [&](sqlite3_stmt* frase) {
-          const int slot = sqlite3_column_int(frase, 0);
-          archivio.venduto[slot] = {slot, sqlite3_column_int(frase, 1), sqlite3_column_int(frase, 2),
-                                    sqlite3_column_int(frase, 3)};
-          archivio.codici[slot] = {testo(frase, 4), testo(frase, 5)};
-          ++archivio.righe;
-        });
+  leggi(
+      "select id_plu, Importo_giornaliero, Tot_giorn_articoli_venduti, sconto_giornaliero, Codice_EAN, "
+      "Codice_Articolo from TAB_VENDUTO",
+      [&](sqlite3_stmt* frase) {
+        const int slot = sqlite3_column_int(frase, 0);
+        archivio.venduto[slot] = {slot, sqlite3_column_int(frase, 1), sqlite3_column_int(frase, 2),
+                                  sqlite3_column_int(frase, 3)};
+        archivio.codici[slot] = {testo(frase, 4), testo(frase, 5)};
+        ++archivio.righe;
+      });
   return archivio;
 }
 
@@ -130,14 +134,18 @@ void Strada::importa() {
     cronometro_.start();
     rispondiDialogoFile(elenco_);
   });
-  attendiRiquadro(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"), QStringLiteral("import"));
-  regista_.passo(QStringLiteral("figures of the import"), [] { return !riquadro(); }, [this] {
-    const std::size_t attesi = attese::leggiElenco(percorso(elenco_)).size();
-    const Archivio archivio = leggiArchivio(archivio_);
-    pretendi(static_cast<std::size_t>(archivio.articoli) == attesi, QStringLiteral("articoli nell'archivio"));
-    riga(QStringLiteral("Articoli importati"), QString::number(archivio.articoli));
-    clicca(kLavoro, QStringLiteral("Cmd_Down"));
-  });
+  attendiRiquadro(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"),
+                  QStringLiteral("import"));
+  regista_.passo(
+      QStringLiteral("figures of the import"), [] { return !riquadro(); },
+      [this] {
+        const std::size_t attesi = attese::leggiElenco(percorso(elenco_)).size();
+        const Archivio archivio = leggiArchivio(archivio_);
+        pretendi(static_cast<std::size_t>(archivio.articoli) == attesi,
+                 QStringLiteral("articoli nell'archivio"));
+        riga(QStringLiteral("Articoli importati"), QString::number(archivio.articoli));
+        clicca(kLavoro, QStringLiteral("Cmd_Down"));
+      });
 }
 
 void Strada::collega(const QString& nome, const QString& foto) {
@@ -146,20 +154,21 @@ void Strada::collega(const QString& nome, const QString& foto) {
     cronometro_.start();
     clicca(nome, QStringLiteral("CmdInviaModECR"));
   });
-  regista_.passo(nome + QStringLiteral(" connected"), abilitato(nome, QStringLiteral("Cmd_Avvia")), [=, this] {
-    riga(QStringLiteral("Cassa collegata"), cassa_.indirizzo());
-    fotografa(nome, foto);
-    cronometro_.start();
-    clicca(nome, QStringLiteral("Cmd_Avvia"));
-  });
+  regista_.passo(nome + QStringLiteral(" connected"), abilitato(nome, QStringLiteral("Cmd_Avvia")),
+                 [=, this] {
+                   riga(QStringLiteral("Cassa collegata"), cassa_.indirizzo());
+                   fotografa(nome, foto);
+                   cronometro_.start();
+                   clicca(nome, QStringLiteral("Cmd_Avvia"));
+                 });
 }
 
 void Strada::trasferisci() {
   collega(kTrasferimento, QStringLiteral("trasferimento"));
   attendiRiquadro(QStringLiteral("ARCHIVIO DEGLI ARTICOLI CORRETTAMENTE TRASFERITO"),
                   QStringLiteral("trasferimento-fatto"));
-  regista_.passo(QStringLiteral("figures of the transfer"), abilitato(kTrasferimento, QStringLiteral("Cmd_Esci")),
-                 [this] {
+  regista_.passo(QStringLiteral("figures of the transfer"),
+                 abilitato(kTrasferimento, QStringLiteral("Cmd_Esci")), [this] {
                    confrontaInvio();
                    clicca(kTrasferimento, QStringLiteral("Cmd_Esci"));
                  });
@@ -192,8 +201,8 @@ void Strada::ricevi() {
   collega(kRicezione, QStringLiteral("ricezione"));
   attendiRiquadro(QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
                   QStringLiteral("ricezione-fatta"));
-  regista_.passo(QStringLiteral("figures of the reception"), abilitato(kRicezione, QStringLiteral("Cmd_Esci")),
-                 [this] {
+  regista_.passo(QStringLiteral("figures of the reception"),
+                 abilitato(kRicezione, QStringLiteral("Cmd_Esci")), [this] {
                    confrontaVenduto();
                    clicca(kRicezione, QStringLiteral("Cmd_Esci"));
                  });
@@ -214,7 +223,8 @@ void Strada::confrontaVenduto() {
              QStringLiteral("incrocio dei codici dello slot %1").arg(atteso.slot));
     incasso += atteso.importo;
   }
-  pretendi(static_cast<std::size_t>(archivio.righe) == attesi.size(), QStringLiteral("numero di righe del venduto"));
+  pretendi(static_cast<std::size_t>(archivio.righe) == attesi.size(),
+           QStringLiteral("numero di righe del venduto"));
   pretendi(attese::leggiVenduto(percorso(cassa_.file(QStringLiteral("venduto.bin")))).empty(),
            QStringLiteral("venduto azzerato sulla cassa"));
   riga(QStringLiteral("Righe di venduto"), QString::number(archivio.righe));
@@ -223,7 +233,8 @@ void Strada::confrontaVenduto() {
 
 void Strada::torna() {
   regista_.passo(
-      QStringLiteral("workspace again"), [] { return finestra(kRicezione) == nullptr && finestra(kLavoro) != nullptr; },
+      QStringLiteral("workspace again"),
+      [] { return finestra(kRicezione) == nullptr && finestra(kLavoro) != nullptr; },
       [] { clicca(kLavoro, QStringLiteral("Cmd_Esci")); });
   regista_.passo(QStringLiteral("menu again"), visibile(kMenu), [this] {
     pretendi(finestra(kLavoro) == nullptr, QStringLiteral("la gestione articoli si chiude"));
@@ -234,7 +245,8 @@ void Strada::torna() {
 
 void Strada::attendiRiquadro(const QString& testo, const QString& foto) {
   regista_.passo(testo, riquadro, [=, this] {
-    pretendi(testoRiquadro() == testo, QStringLiteral("messaggio \"%1\", non \"%2\"").arg(testo, testoRiquadro()));
+    pretendi(testoRiquadro() == testo,
+             QStringLiteral("messaggio \"%1\", non \"%2\"").arg(testo, testoRiquadro()));
     riga(QStringLiteral("Messaggio"), testo);
     fotografaRiquadro(foto);
     chiudiRiquadro();
@@ -242,12 +254,14 @@ void Strada::attendiRiquadro(const QString& testo, const QString& foto) {
 }
 
 void Strada::fotografa(const QString& nomeFinestra, const QString& nome) {
-  const QString file = QStringLiteral("%1/%2-%3.png").arg(luoghi_.cartella).arg(++foto_, 2, 10, QLatin1Char('0')).arg(nome);
+  const QString file =
+      QStringLiteral("%1/%2-%3.png").arg(luoghi_.cartella).arg(++foto_, 2, 10, QLatin1Char('0')).arg(nome);
   pretendi(finestra(nomeFinestra)->grab().save(file), QStringLiteral("immagine ") + file);
 }
 
 void Strada::fotografaRiquadro(const QString& nome) {
-  const QString file = QStringLiteral("%1/%2-%3.png").arg(luoghi_.cartella).arg(++foto_, 2, 10, QLatin1Char('0')).arg(nome);
+  const QString file =
+      QStringLiteral("%1/%2-%3.png").arg(luoghi_.cartella).arg(++foto_, 2, 10, QLatin1Char('0')).arg(nome);
   pretendi(QApplication::activeModalWidget()->grab().save(file), QStringLiteral("immagine ") + file);
 }
 

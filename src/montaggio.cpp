@@ -22,9 +22,9 @@ void preparaApplicazione(QApplication& applicazione, const QString& cartella) {
 }
 
 Montaggio::Montaggio(const QString& cartella)
-    : utente_([this] { area_.Abbandona(); }),
-      libreria_(cartella),
-      contesto_{utente_, area_, libreria_, reteDiSistema(), schermate_, cartella} {
+    : utente_([this] { area_.Abbandona(); }), libreria_(cartella), contesto_{utente_,    area_,
+                                                                             libreria_,  reteDiSistema(),
+                                                                             schermate_, cartella} {
   registraSchermateCore(schermate_);
   registraTrasferimentoArticoli(schermate_);
   registraRicezioneVenduto(schermate_);
