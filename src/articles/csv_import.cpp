@@ -121,9 +121,10 @@ bool eanDuplicato(const Corsa& corsa) {
 
 bool importaArticolo(Corsa& corsa) {
   if (eanDuplicato(corsa)) annota(corsa, kAvvisoEanDuplicato);
-  const QString testa = TestaIstruzione(corsa.campi);
+  QString sql = TestaIstruzione(corsa.campi);
   controllaPrezzoEReparto(corsa);
-  return esegui(corsa.contesto, testa + CodaIstruzione(corsa.StatoImport, corsa.campi.auto_id));
+  sql += CodaIstruzione(corsa.StatoImport, corsa.campi.auto_id);
+  return esegui(corsa.contesto, sql);
 }
 
 std::int16_t leggiArticolo(Corsa& corsa, LettoreRighe& lettore) {

@@ -1,6 +1,7 @@
 #include "articles/import_line.h"
 
-#include <QStringList>
+#include <QStringBuilder>
+#include <array>
 
 #include "core/conversioni.h"
 
@@ -13,24 +14,36 @@ constexpr std::int32_t kPosizioneMassima = 50000;
 // The sums of StatoImport up to this one mark the row.
 constexpr std::int16_t kStatoErrMassimo = 6;
 
-QString conPredefinito(const QString& campo, const QString& predefinito) {
-  return campo.isEmpty() ? predefinito : campo;
+using Parti = std::array<QStringView, kSeparatoriRiga + 1>;
+
+/// The fields of a line of as many separators as `Parti` asks for, without a copy.
+Parti dividi(QStringView riga) {
+  Parti parti;
+  for (QStringView& parte : parti) {
+    const qsizetype fine = riga.indexOf(u';');
+    parte = fine < 0 ? riga : riga.first(fine);
+    riga = riga.sliced(fine < 0 ? riga.size() : fine + 1);
+  }
+  return parti;
+}
+
+QString conPredefinito(QStringView campo) {
+  return campo.isEmpty() ? QStringLiteral("0") : campo.toString();
 }
 
 }  // namespace
 
 std::int16_t PutArticolo(const QString& riga, CampiImport& campi) {
   if (riga.count(u';') != kSeparatoriRiga) return kSeparatori;
-  const QStringList parti = riga.split(u';');
+  const Parti parti = dividi(riga);
   if (parti[0].isEmpty()) return kPosizione;
-  campi.auto_id = TestoInIntero16(parti[0]);
+  campi.auto_id = TestoInIntero16(parti[0].toString());
   if (campi.auto_id > kPosizioneMassima || campi.auto_id < 0) return kPosizione;
-  const QString zero = QStringLiteral("0");
-  campi.Codice_EAN = parti[1];
-  campi.Codice_Articolo = conPredefinito(parti[2], zero);
-  campi.Descrizione = parti[3];
-  campi.Prezzo = conPredefinito(parti[4], zero);
-  campi.Reparto = conPredefinito(parti[5], zero);
+  campi.Codice_EAN = parti[1].toString();
+  campi.Codice_Articolo = conPredefinito(parti[2]);
+  campi.Descrizione = parti[3].toString();
+  campi.Prezzo = conPredefinito(parti[4]);
+  campi.Reparto = conPredefinito(parti[5]);
   if (parti[1].isEmpty()) return kEanAssente;
   if (parti[2].isEmpty()) return kArticoloAssente;
   if (parti[3].isEmpty()) return kDescrizioneAssente;
@@ -38,11 +51,10 @@ std::int16_t PutArticolo(const QString& riga, CampiImport& campi) {
 }
 
 QString TestaIstruzione(const CampiImport& campi) {
-  return QStringLiteral("UPDATE TAB_ARTICOLI SET ") + QStringLiteral(" Codice_ean ='") + campi.Codice_EAN +
-         QStringLiteral("',") + QStringLiteral(" Codice_Articolo ='") + campi.Codice_Articolo +
-         QStringLiteral("',") + QStringLiteral("Descrizione ='") + campi.Descrizione + QStringLiteral("',") +
-         QStringLiteral("Prezzo =") + QString::number(TestoInCent(campi.Prezzo)) + u',' +
-         QStringLiteral("Reparto =") + campi.Reparto + u',';
+  const QString prezzo = QString::number(TestoInCent(campi.Prezzo));
+  return u"UPDATE TAB_ARTICOLI SET " % QStringView(u" Codice_ean ='") % campi.Codice_EAN % u"'," %
+         u" Codice_Articolo ='" % campi.Codice_Articolo % u"'," % u"Descrizione ='" % campi.Descrizione %
+         u"'," % u"Prezzo =" % prezzo % u',' % u"Reparto =" % campi.Reparto % u',';
 }
 
 QString CodaIstruzione(std::int16_t StatoImport, std::int16_t auto_id) {

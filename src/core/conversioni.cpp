@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "platform/errore.h"
@@ -30,6 +31,19 @@ std::string partiDiNumero(const QString& testo) {
     parti += esponente ? 'e' : c;
   }
   return parti;
+}
+
+/// The value of a few plain digits, nothing for any other text: files are full of them, and the locale takes
+/// its time.
+std::optional<std::int16_t> pocheCifre(const QString& testo) {
+  constexpr qsizetype kSicure = 4;
+  if (testo.isEmpty() || testo.size() > kSicure) return std::nullopt;
+  int valore = 0;
+  for (const QChar carattere : testo) {
+    if (carattere < u'0' || carattere > u'9') return std::nullopt;
+    valore = valore * 10 + (carattere.unicode() - u'0');
+  }
+  return static_cast<std::int16_t>(valore);
 }
 
 std::uint32_t littleEndian(std::span<const std::uint8_t> byte, std::size_t massimo) {
@@ -96,6 +110,7 @@ double Val(const QString& testo) {
 }
 
 std::int16_t TestoInIntero16(const QString& testo) {
+  if (const auto cifre = pocheCifre(testo)) return *cifre;
   bool numero = false;
   const double valore = QLocale().toDouble(testo.trimmed(), &numero);
   if (!numero || !std::isfinite(valore))

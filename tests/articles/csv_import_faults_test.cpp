@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 #include <signal.h>
-#include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -12,7 +11,6 @@
 #include "articles/article_database.h"
 #include "articles/csv_import.h"
 #include "articles/importazione.h"
-#include "articles/schermo_guidato.h"
 #include "articles/sincronismi.h"
 
 namespace {
@@ -23,40 +21,12 @@ using Tipo = articles::EsitoImport::Tipo;
 
 struct ImportGuasti : ImportArticoli {};
 
-constexpr uid_t kNessuno = 65534;
-
-/// The rights of an ordinary user while it lives, where the tests run as root.
-struct UtenteQualunque {
-  UtenteQualunque() {
-    if (getuid() == 0) {
-      EXPECT_EQ(seteuid(kNessuno), 0);
-    }
-  }
-  ~UtenteQualunque() { EXPECT_EQ(seteuid(getuid()), 0); }
-  UtenteQualunque(const UtenteQualunque&) = delete;
-  UtenteQualunque& operator=(const UtenteQualunque&) = delete;
-};
-
-/// Another program that writes to the archive.
-struct AltroProgramma {
-  explicit AltroProgramma(const QString& archivio) {
-    EXPECT_EQ(sqlite3_open(archivio.toUtf8().constData(), &base_), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(base_, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
-  }
-  ~AltroProgramma() { sqlite3_close(base_); }
-  AltroProgramma(const AltroProgramma&) = delete;
-  AltroProgramma& operator=(const AltroProgramma&) = delete;
-
- private:
-  sqlite3* base_ = nullptr;
-};
-
 TEST_F(ImportGuasti, UnArchivioInSolaLetturaFallisceConIlMessaggioDelloStatement) {
   varGlobal().DB_Articoli.Close();
   const QString lista = bottega.cartella.scrivi(QStringLiteral("lista.csv"), listaSana(3));
   ASSERT_EQ(chmod(bottega.cartella.percorso().toUtf8().constData(), 0777), 0);
   ASSERT_EQ(chmod(archivio.toUtf8().constData(), 0444), 0);
-  const UtenteQualunque qualunque;
+  const AltroUtente altro;
   articles::ApriDatabase(archivio, bottega.contesto);
   const Fotografia prima = fotografia();
   EXPECT_EQ(importaFile(lista).tipo, Tipo::Annullato);
@@ -70,7 +40,7 @@ TEST_F(ImportGuasti, UnArchivioInSolaLetturaFallisceConIlMessaggioDelloStatement
 TEST_F(ImportGuasti, UnArchivioBloccatoDaUnAltroProgrammaNonCambia) {
   const Fotografia prima = fotografia();
   {
-    const AltroProgramma altro(archivio);
+    const AltroProgramma altro(archivio, {QStringLiteral("BEGIN EXCLUSIVE")});
     EXPECT_NE(importa(rigaCsv(1, {}, "A", "B", "1,00", "1")).tipo, Tipo::Importato);
   }
   const auto riquadri = bottega.utente.prendiRiquadri();

@@ -1,10 +1,12 @@
 #include "articles/csv_import.h"
 
 #include <gmock/gmock.h>
+#include <sqlite3.h>
 
 #include <QFile>
 #include <QGuiApplication>
 
+#include "articles/import_line.h"
 #include "articles/importazione.h"
 #include "articles/sincronismi.h"
 #include "platform/ui/occupato.h"
@@ -406,6 +408,40 @@ TEST_F(ImportArticoli, UnSoloPassaggioDiEventiPerRiga) {
   importa(listaSana(37));
   EXPECT_EQ(bottega.utente.passaggi(), 37);
   EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+}
+
+/// How the engine goes about a statement on the archive.
+QString pianoDi(const QString& archivio, const QString& sql) {
+  sqlite3* base = nullptr;
+  EXPECT_EQ(sqlite3_open(archivio.toUtf8().constData(), &base), SQLITE_OK);
+  sqlite3_stmt* frase = nullptr;
+  EXPECT_EQ(sqlite3_prepare_v2(base, (QStringLiteral("EXPLAIN QUERY PLAN ") + sql).toUtf8().constData(), -1,
+                               &frase, nullptr),
+            SQLITE_OK)
+      << sql.toStdString();
+  constexpr int kDettaglio = 3;
+  QString piano;
+  while (sqlite3_step(frase) == SQLITE_ROW)
+    piano += QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(frase, kDettaglio))) + u'\n';
+  sqlite3_finalize(frase);
+  sqlite3_close(base);
+  return piano;
+}
+
+TEST_F(ImportArticoli, LaRicercaDellEanELAggiornamentoPassanoPerUnIndice) {
+  const articles::CampiImport campi{7,
+                                    QStringLiteral("8001"),
+                                    QStringLiteral("A"),
+                                    QStringLiteral("B"),
+                                    QStringLiteral("1,00"),
+                                    QStringLiteral("1")};
+  for (const QString& sql :
+       {QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI where auto_id <>7 and Codice_Ean ='8001';"),
+        articles::TestaIstruzione(campi) + articles::CodaIstruzione(articles::kStatoPulito, campi.auto_id)}) {
+    const QString piano = pianoDi(archivio, sql);
+    EXPECT_TRUE(piano.contains(QStringLiteral("SEARCH"))) << piano.toStdString();
+    EXPECT_FALSE(piano.contains(QStringLiteral("SCAN"))) << piano.toStdString();
+  }
 }
 
 TEST_F(ImportArticoli, CinquemilaRigheCostanoCinqueSincronismi) {

@@ -56,7 +56,8 @@ std::optional<QString> UtenteCopione::finestra(const FinestraFile& richiesta) {
     ADD_FAILURE() << "a file dialog without a scripted path";
     return std::nullopt;
   }
-  std::optional<QString> percorso = percorsi_.front();
+  std::optional<QString> percorso;
+  percorso.swap(percorsi_.front());
   percorsi_.pop_front();
   return percorso;
 }
