@@ -8,6 +8,7 @@
 #include <QMainWindow>
 #include <QTest>
 
+#include "articles/altri.h"
 #include "articles/article_database.h"
 #include "controls/stile.h"
 #include "workspace/area_di_lavoro.h"
@@ -24,6 +25,10 @@ const Riquadro kModelloAssente{
     QStringLiteral("ATTENZIONE"), Pulsanti::OK};
 const Riquadro kSovrascrivere{QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icona::Nessuna,
                               QStringLiteral("ATTENZIONE"), Pulsanti::SiNo};
+
+constexpr unsigned long kPochiByte = 4096;
+constexpr QFileDevice::Permissions kCartellaInSolaLettura =
+    QFileDevice::ReadOwner | QFileDevice::ExeOwner | QFileDevice::ReadOther | QFileDevice::ExeOther;
 
 TEST_F(GestioneMMC, HaTitoloComandiEVociDiMenu) {
   EXPECT_EQ(schermo->objectName(), QStringLiteral("Form_GestioneMMC"));
@@ -174,6 +179,50 @@ TEST_F(GestioneMMC, UnaCopiaFallitaLasciaLArchivioDiPrima) {
   EXPECT_EQ(comandiAbilitati(), kComandi);
   EXPECT_TRUE(attiva("mnuImporta"));
   EXPECT_NE(testo("LabelEsito"), QString());
+}
+
+TEST_F(GestioneMMC, NuovoSopraUnFileInSolaLetturaLoLasciaComEra) {
+  bottega.cartella.scrivi(QStringLiteral("archivio.mdb"), "intatto");
+  ASSERT_TRUE(QFile::setPermissions(bottega.cartella.file(QStringLiteral("archivio.mdb")),
+                                    QFileDevice::ReadOwner | QFileDevice::ReadOther));
+  ASSERT_TRUE(QFile::setPermissions(bottega.cartella.percorso(), kCartellaInSolaLettura));
+  bottega.utente.risponde(Risposta::Si);
+  {
+    const AltroUtente altro;
+    nuovo();
+  }
+  ASSERT_TRUE(QFile::setPermissions(
+      bottega.cartella.percorso(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner));
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kSovrascrivere));
+  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("archivio.mdb")), "intatto");
+  EXPECT_EQ(comandiAbilitati(), 0);
+}
+
+TEST_F(GestioneMMC, NuovoSuUnDiscoPienoLasciaTuttoComEra) {
+  bottega.cartella.scrivi(QStringLiteral("archivio.mdb"), "intatto");
+  bottega.utente.risponde(Risposta::Si);
+  {
+    const DiscoPieno pieno(kPochiByte);
+    nuovo();
+  }
+  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kSovrascrivere));
+  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("archivio.mdb")), "intatto");
+  EXPECT_EQ(comandiAbilitati(), 0);
+}
+
+TEST_F(GestioneMMC, UnArchivioBloccatoNonSiApreEIComandiRestanoSpenti) {
+  nuovo();
+  voce("mnuClose");
+  {
+    const AltroProgramma altro(bottega.cartella.file(QStringLiteral("archivio.mdb")),
+                               {QStringLiteral("BEGIN EXCLUSIVE")});
+    apri();
+    EXPECT_EQ(comandiAbilitati(), 0);
+    EXPECT_TRUE(attiva("mnuApri"));
+    EXPECT_NE(testo("LabelEsito"), QString());
+  }
+  apri();
+  EXPECT_EQ(comandiAbilitati(), kComandi);
 }
 
 TEST_F(GestioneMMC, ApriApreUnArchivioESpegneSeStesso) {
