@@ -1,5 +1,6 @@
 #include "ecrlink/controlli.h"
 
+#include <QLineEdit>
 #include <QStyle>
 #include <QVariant>
 
@@ -32,6 +33,8 @@ QString testo(QWidget& schermo, const char* nome) {
 void scrivi(QWidget& schermo, const char* nome, const QString& testo) {
   QWidget& controllo = trova(schermo, nome);
   controllo.setProperty(proprietaDelTesto(controllo), testo);
+  // A box too narrow shows the beginning of its text, not the end.
+  if (auto* casella = qobject_cast<QLineEdit*>(&controllo)) casella->home(false);
 }
 
 void abilita(QWidget& schermo, const char* nome, bool abilitato) {

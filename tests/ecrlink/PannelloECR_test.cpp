@@ -102,6 +102,24 @@ TEST_F(Pannello, ConnettiEIlComandoPrincipaleELoStatoParteNeutro) {
   EXPECT_EQ(schermo.controllo("vkTextBoxECR").property("distintivo").toString(), QStringLiteral("neutro"));
 }
 
+TEST_F(Pannello, UnTestoPiuLargoDellaCasellaSiVedeDallInizio) {
+  Cassa cassa({.modello = "KPR_80mm con un nome che nessuna casella contiene per intero, e ancora di piu"});
+  schermo.digita(cassa.indirizzo());
+  schermo.clicca("CmdInviaModECR");
+  EXPECT_EQ(dynamic_cast<QLineEdit&>(schermo.controllo("TextModello")).cursorPosition(), 0);
+}
+
+TEST_F(Pannello, LoStatoPiuLungoStaNellaSuaCasella) {
+  schermo.resize(schermo.minimumSizeHint());
+  QWidget& stato = schermo.controllo("vkTextBoxECR");
+  // Bold and padded, as the style sheet draws a badge.
+  QFont grassetto = stato.font();
+  grassetto.setBold(true);
+  constexpr int kBordi = 24;
+  EXPECT_GE(stato.width(),
+            QFontMetrics(grassetto).horizontalAdvance(QStringLiteral("PROGRAMMAZIONE")) + kBordi);
+}
+
 TEST_F(Pannello, StaInUnoSchermoDi1024Per768AncheAlDoppioDellaScala) {
   EXPECT_LE(schermo.findChild<PannelloECR*>()->minimumSizeHint().width(), 1024);
   QFont doppio = schermo.font();
