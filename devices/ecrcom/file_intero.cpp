@@ -63,8 +63,8 @@ bool scriviTutto(int numero, Byte byte) {
   return true;
 }
 
-bool leggiTutto(int numero, std::vector<std::uint8_t>& byte) {
-  std::size_t letti = 0;
+bool leggiTutto(int numero, std::vector<std::uint8_t>& byte, std::size_t davanti) {
+  std::size_t letti = davanti;
   while (letti < byte.size()) {
     const ssize_t quanti = read(numero, byte.data() + letti, byte.size() - letti);
     if (quanti < 0 && errno == EINTR) continue;
@@ -76,16 +76,30 @@ bool leggiTutto(int numero, std::vector<std::uint8_t>& byte) {
   return true;
 }
 
+/// Gives the new file the old one's name. A plain rename over a file makes some file systems write the new
+/// bytes out first, 0.2 ms for the articles; who does not ask for that swaps the names where it can.
+bool subentra(const std::string& provvisorio, const std::string& percorso, bool sincronizza) {
+#ifdef RENAME_EXCHANGE
+  struct stat vecchio {};
+  const bool file = lstat(percorso.c_str(), &vecchio) == 0 && S_ISREG(vecchio.st_mode);
+  const bool scambiati =
+      !sincronizza && file &&
+      renameat2(AT_FDCWD, provvisorio.c_str(), AT_FDCWD, percorso.c_str(), RENAME_EXCHANGE) == 0;
+  if (scambiati) return unlink(provvisorio.c_str()) == 0;
+#endif
+  return std::rename(provvisorio.c_str(), percorso.c_str()) == 0;
+}
+
 }  // namespace
 
-EsitoFile leggiFile(const std::string& percorso, std::vector<std::uint8_t>& byte) {
+EsitoFile leggiFile(const std::string& percorso, std::vector<std::uint8_t>& byte, std::size_t davanti) {
   Descrittore file(open(percorso.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (!file.aperto()) return errno == ENOENT ? EsitoFile::Assente : EsitoFile::Errore;
   struct stat dati {};
   if (fstat(file.numero(), &dati) != 0 || !S_ISREG(dati.st_mode)) return EsitoFile::Errore;
   if (dati.st_size > static_cast<off_t>(kByteMassimi)) return EsitoFile::TroppoGrande;
-  byte.resize(static_cast<std::size_t>(dati.st_size));
-  return leggiTutto(file.numero(), byte) ? EsitoFile::Fatto : EsitoFile::Errore;
+  byte.resize(davanti + static_cast<std::size_t>(dati.st_size));
+  return leggiTutto(file.numero(), byte, davanti) ? EsitoFile::Fatto : EsitoFile::Errore;
 }
 
 EsitoFile sostituisciFile(const std::string& percorso, Byte byte, bool sincronizza) {
@@ -94,7 +108,7 @@ EsitoFile sostituisciFile(const std::string& percorso, Byte byte, bool sincroniz
   if (!file.aperto()) return EsitoFile::Errore;
   const bool scritto = scriviTutto(file.numero(), byte) && (!sincronizza || fsync(file.numero()) == 0);
   const bool chiuso = file.chiudi();
-  if (scritto && chiuso && std::rename(provvisorio.c_str(), percorso.c_str()) == 0) return EsitoFile::Fatto;
+  if (scritto && chiuso && subentra(provvisorio, percorso, sincronizza)) return EsitoFile::Fatto;
   unlink(provvisorio.c_str());
   return EsitoFile::Errore;
 }

@@ -148,11 +148,18 @@ Esito ricevi(const Presa& presa, std::span<std::uint8_t> byte, Scadenza scadenza
   return Esito::Fatto;
 }
 
+// Summed up piece by piece, while the rest is still on its way.
 Esito riceviDati(const Presa& presa, const ByteIntestazione& testa, Scadenza scadenza, Trama& trama) {
   trama.dati.resize(trama.intestazione.lunghezza);
-  const Esito esito = ricevi(presa, trama.dati, scadenza);
-  if (esito != Esito::Fatto) return esito;
-  return integra(testa, trama.dati) ? Esito::Fatto : Esito::Spazzatura;
+  std::uint32_t controllo = controlloTesta(testa);
+  for (std::span<std::uint8_t> resto = trama.dati; !resto.empty();) {
+    std::size_t quanti = 0;
+    const Esito esito = riceviQualcosa(presa, resto, scadenza, quanti);
+    if (esito != Esito::Fatto) return esito;
+    controllo = prosegui(controllo, resto.first(quanti));
+    resto = resto.subspan(quanti);
+  }
+  return controllo == trama.intestazione.controllo ? Esito::Fatto : Esito::Spazzatura;
 }
 
 Esito riceviTrama(const Presa& presa, Scadenza scadenza, Trama& trama) {

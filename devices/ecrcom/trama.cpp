@@ -28,9 +28,8 @@ void scrivi(std::span<std::uint8_t> byte, std::size_t inizio, std::size_t quanti
   for (std::size_t i = 0; i < quanti; ++i) byte[inizio + i] = static_cast<std::uint8_t>(valore >> 8U * i);
 }
 
-std::uint32_t controllo(Byte testa, Byte dati) {
-  const uLong parziale = crc32_z(crc32_z(0, nullptr, 0), testa.data(), kPosControllo);
-  return static_cast<std::uint32_t>(dati.empty() ? parziale : crc32_z(parziale, dati.data(), dati.size()));
+std::uint32_t somma(Byte testa) {
+  return prosegui(static_cast<std::uint32_t>(crc32_z(0, nullptr, 0)), testa.first(kPosControllo));
 }
 
 bool tipoNoto(std::uint8_t tipo) {
@@ -66,24 +65,33 @@ std::optional<Intestazione> leggiIntestazione(const ByteIntestazione& byte) {
   return testa;
 }
 
-bool integra(const ByteIntestazione& byte, Byte dati) {
-  return controllo(byte, dati) == leggi(byte, kPosControllo, 4);
+std::uint32_t controlloTesta(const ByteIntestazione& byte) {
+  return somma(byte);
 }
 
-std::vector<std::uint8_t> componi(const Intestazione& intestazione, Byte dati) {
+std::uint32_t prosegui(std::uint32_t controllo, Byte dati) {
+  return dati.empty() ? controllo : static_cast<std::uint32_t>(crc32_z(controllo, dati.data(), dati.size()));
+}
+
+void intesta(const Intestazione& intestazione, std::vector<std::uint8_t>& trama) {
   if (intestazione.nome.size() > kNomeMassimo) throw std::length_error("nome");
+  if (trama.size() < kByteIntestazione) throw std::length_error("testa");
+  const Byte dati = Byte(trama).subspan(kByteIntestazione);
   if (dati.size() > datiMassimi(intestazione.tipo)) throw std::length_error("dati");
-  std::vector<std::uint8_t> trama;
-  trama.reserve(kByteIntestazione + dati.size());
-  trama.resize(kByteIntestazione);
+  std::fill_n(trama.begin(), kByteIntestazione, std::uint8_t{0});
   std::copy(kSegno.begin(), kSegno.end(), trama.begin());
   trama[kPosTipo] = static_cast<std::uint8_t>(intestazione.tipo);
   trama[kPosModo] = intestazione.modo;
   scrivi(trama, kPosCodice, 2, static_cast<std::uint16_t>(intestazione.codice));
   scrivi(trama, kPosLunghezza, 4, static_cast<std::uint32_t>(dati.size()));
   std::copy(intestazione.nome.begin(), intestazione.nome.end(), trama.begin() + kPosNome);
-  scrivi(trama, kPosControllo, 4, controllo(trama, dati));
-  trama.insert(trama.end(), dati.begin(), dati.end());
+  scrivi(trama, kPosControllo, 4, prosegui(somma(trama), dati));
+}
+
+std::vector<std::uint8_t> componi(const Intestazione& intestazione, Byte dati) {
+  std::vector<std::uint8_t> trama(kByteIntestazione + dati.size());
+  std::copy(dati.begin(), dati.end(), trama.begin() + kByteIntestazione);
+  intesta(intestazione, trama);
   return trama;
 }
 
@@ -94,7 +102,7 @@ std::optional<TramaLetta> leggiTrama(Byte byte) {
   const std::optional<Intestazione> letta = leggiIntestazione(testa);
   if (!letta || byte.size() - kByteIntestazione < letta->lunghezza) return std::nullopt;
   const Byte dati = byte.subspan(kByteIntestazione, letta->lunghezza);
-  if (!integra(testa, dati)) return std::nullopt;
+  if (prosegui(controlloTesta(testa), dati) != letta->controllo) return std::nullopt;
   return TramaLetta{{*letta, {dati.begin(), dati.end()}}, kByteIntestazione + dati.size()};
 }
 

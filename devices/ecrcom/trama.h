@@ -53,8 +53,13 @@ using Byte = std::span<const std::uint8_t>;
 bool puoEssereTrama(Byte inizio);
 /// Nothing if the bytes are no header: wrong mark, kind unknown, name without its NUL, data beyond bounds.
 std::optional<Intestazione> leggiIntestazione(const ByteIntestazione& byte);
-/// Whether header and data bear the checksum that the header tells.
-bool integra(const ByteIntestazione& byte, Byte dati);
+/// Checksum of a header as far as it counts, and of the data behind what has been summed up so far. The sum
+/// of both is what the header tells.
+std::uint32_t controlloTesta(const ByteIntestazione& byte);
+std::uint32_t prosegui(std::uint32_t controllo, Byte dati);
+/// Writes the header into the first kByteIntestazione bytes of a run whose rest are the data already. Bounds
+/// as for componi(), std::length_error also for a run too short.
+void intesta(const Intestazione& intestazione, std::vector<std::uint8_t>& trama);
 /// Header and data as one run of bytes. `nome` has at most kNomeMassimo characters, `dati` at most
 /// kByteMassimi bytes; throws std::length_error beyond.
 std::vector<std::uint8_t> componi(const Intestazione& intestazione, Byte dati);

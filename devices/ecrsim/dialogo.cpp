@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include "ecrcom/codici.h"
 #include "ecrsim/tasti.h"
@@ -51,7 +52,13 @@ bool Dialogo::servi() {
   if (ricevi(presa_, testa, fra(kAttesaTrama), true) != Esito::Fatto) return false;
   const std::optional<Intestazione> letta = leggiIntestazione(testa);
   if (!letta) return false;
-  Trama trama{*letta, {}};
+  Trama trama{*letta, std::move(deposito_)};
+  const bool continua = servi(testa, trama);
+  deposito_ = std::move(trama.dati);
+  return continua;
+}
+
+bool Dialogo::servi(const ByteIntestazione& testa, Trama& trama) {
   if (trama.intestazione.tipo == Tipo::Comando) return comando(testa, trama);
   if (!completa(testa, trama)) return false;
   if (trama.intestazione.tipo == Tipo::ApriTasti) return (tastiAperti_ = rispondi(0, {}));

@@ -1,7 +1,7 @@
 #include "ecrsim/servizio.h"
 
 #include <arpa/inet.h>
-#include <poll.h>
+#include <fcntl.h>
 #include <sys/socket.h>
 
 #include <cerrno>
@@ -39,6 +39,8 @@ Presa ascolta(const std::string& testo) {
   setsockopt(presa.descrittore(), SOL_SOCKET, SO_REUSEADDR, &si, sizeof si);
   if (bind(presa.descrittore(), reinterpret_cast<sockaddr*>(&dove), sizeof dove) != 0) fallisci(errno, testo);
   if (listen(presa.descrittore(), kCoda) != 0) fallisci(errno, testo);
+  // Waiting in accept(), not in poll(), each connection wakes one thread.
+  fcntl(presa.descrittore(), F_SETFL, fcntl(presa.descrittore(), F_GETFL) & ~O_NONBLOCK);
   return presa;
 }
 
@@ -50,59 +52,54 @@ std::optional<in_addr> indirizzoLocale(const std::string& testo) {
 }
 
 Servizio::Servizio(const std::string& indirizzo, Registratore& registratore)
-    : registratore_(registratore), ascolto_(ascolta(indirizzo)), filo_([this] { accetta(); }) {}
+    : registratore_(registratore), ascolto_(ascolta(indirizzo)) {
+  const std::lock_guard guardia(serratura_);
+  assumi();
+}
 
 Servizio::~Servizio() {
   {
     const std::lock_guard guardia(serratura_);
     chiude_ = true;
     shutdown(ascolto_.descrittore(), SHUT_RDWR);
-    for (Collegamento& uno : collegamenti_)
+    for (Addetto& uno : addetti_)
       if (uno.presa.aperta()) shutdown(uno.presa.descrittore(), SHUT_RDWR);
   }
-  filo_.join();
-  for (Collegamento& uno : collegamenti_) uno.filo.join();
+  for (Addetto& uno : addetti_) uno.filo.join();
 }
 
-void Servizio::accetta() {
-  while (ecrcom::attendi(ascolto_, POLLIN, std::nullopt) == ecrcom::Esito::Fatto) {
-    const int descrittore = accept(ascolto_.descrittore(), nullptr, nullptr);
-    if (descrittore < 0 && (errno == EMFILE || errno == ENFILE)) std::this_thread::sleep_for(kRespiro);
-    const std::lock_guard guardia(serratura_);
-    Presa presa(descrittore);
-    if (chiude_) return;
-    raccogli();
-    if (presa.aperta()) accogli(std::move(presa));
-  }
-}
-
-void Servizio::accogli(Presa presa) {
-  Collegamento& nuovo = collegamenti_.emplace_back();
-  nuovo.presa = std::move(presa);
+/// With the lock held. A thread that cannot be had is one connection served later.
+void Servizio::assumi() {
+  Addetto& nuovo = addetti_.emplace_back();
   try {
-    nuovo.filo = std::thread([this, &nuovo] { servi(nuovo); });
+    nuovo.filo = std::thread([this, &nuovo] { lavora(nuovo); });
+    ++liberi_;
   } catch (const std::system_error&) {
-    collegamenti_.pop_back();
+    addetti_.pop_back();
   }
 }
 
-void Servizio::servi(Collegamento& collegamento) {
-  Dialogo(collegamento.presa, registratore_).conduci();
-  collegamento.presa.congeda(ecrcom::fra(kCongedo));
-  const std::lock_guard guardia(serratura_);
-  collegamento.presa.chiudi();
-  collegamento.finito = true;
-}
-
-void Servizio::raccogli() {
-  for (auto uno = collegamenti_.begin(); uno != collegamenti_.end();) {
-    if (uno->finito) {
-      uno->filo.join();
-      uno = collegamenti_.erase(uno);
-    } else {
-      ++uno;
+void Servizio::lavora(Addetto& addetto) {
+  for (;;) {
+    Presa presa(accept(ascolto_.descrittore(), nullptr, nullptr));
+    if (!presa.aperta() && (errno == EMFILE || errno == ENFILE)) std::this_thread::sleep_for(kRespiro);
+    if (prendi(addetto, std::move(presa))) {
+      Dialogo(addetto.presa, registratore_, addetto.deposito).conduci();
+      addetto.presa.congeda(ecrcom::fra(kCongedo));
     }
+    const std::lock_guard guardia(serratura_);
+    if (chiude_) return;
+    if (addetto.presa.aperta()) ++liberi_;
+    addetto.presa.chiudi();
   }
+}
+
+bool Servizio::prendi(Addetto& addetto, Presa presa) {
+  const std::lock_guard guardia(serratura_);
+  if (chiude_ || !presa.aperta()) return false;
+  addetto.presa = std::move(presa);
+  if (--liberi_ == 0) assumi();
+  return true;
 }
 
 }  // namespace ecrsim

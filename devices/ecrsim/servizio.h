@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "ecrcom/presa.h"
 #include "ecrsim/registratore.h"
@@ -14,7 +15,8 @@ namespace ecrsim {
 /// The address of a dotted text if it is 127.x.y.z, else nothing.
 std::optional<in_addr> indirizzoLocale(const std::string& testo);
 
-/// The till's line: listens at an address, one thread for each connection.
+/// The till's line: listens at an address, serves each connection in a thread. Threads are kept and one of
+/// them always waits for the next connection, so that a command costs no start of a thread.
 class Servizio {
  public:
   /// Listens at once; throws std::system_error if the address is not a loopback one or is taken.
@@ -25,24 +27,24 @@ class Servizio {
   Servizio& operator=(const Servizio&) = delete;
 
  private:
-  struct Collegamento {
+  struct Addetto {
+    /// The connection served now, closed while there is none.
     ecrcom::Presa presa;
-    bool finito = false;
+    std::vector<std::uint8_t> deposito;
     std::thread filo;
   };
 
-  void accetta();
-  void accogli(ecrcom::Presa presa);
-  void servi(Collegamento& collegamento);
-  /// Joins the threads that have ended.
-  void raccogli();
+  void assumi();
+  void lavora(Addetto& addetto);
+  /// Takes the connection for its own; whether there is one to serve.
+  bool prendi(Addetto& addetto, ecrcom::Presa presa);
 
   Registratore& registratore_;
   ecrcom::Presa ascolto_;
   std::mutex serratura_;
   bool chiude_ = false;
-  std::list<Collegamento> collegamenti_;
-  std::thread filo_;
+  int liberi_ = 0;
+  std::list<Addetto> addetti_;
 };
 
 }  // namespace ecrsim

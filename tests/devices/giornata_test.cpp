@@ -26,7 +26,9 @@ QByteArray archivio(const std::vector<Articolo>& articoli) {
 }
 
 std::int32_t contatore(const QByteArray& venduto, int serie, int posto) {
-  return qFromLittleEndian<std::int32_t>(venduto.constData() + (serie * 5000 + posto) * 4);
+  const QByteArray byte = venduto.mid((serie * 5000 + posto) * 4, 4);
+  EXPECT_EQ(byte.size(), 4);
+  return byte.size() == 4 ? qFromLittleEndian<std::int32_t>(byte.constData()) : 0;
 }
 
 const std::vector<Articolo> kTre{{0, "PANE", 150}, {7, "LATTE", 139}, {4999, "SALE", 45}};
