@@ -1,0 +1,12 @@
+#pragma once
+
+#include <cstddef>
+
+/// Ends this process as a cut of power would while it sends. Linking this file puts the program's own `send`
+/// before the system's.
+namespace invio_interrotto {
+
+/// From now on: the process dies once it has handed the network so many bytes; 0: never.
+void muoriDopo(std::size_t byte);
+
+}  // namespace invio_interrotto

@@ -1,0 +1,161 @@
+// The program killed at any moment of the reception and of the sending: the archive and the till are each as
+// before or as after, and sales are cleared on the till only once they are in the archive.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <set>
+
+#include "articles/article_database.h"
+#include "articles/bottega.h"
+#include "articles/sincronismi.h"
+#include "articles/transfer.h"
+#include "sales/reception.h"
+#include "sostegno/cassa.h"
+#include "system/invio_interrotto.h"
+
+namespace {
+
+constexpr int kVenduti = 300;
+
+/// Runs `corpo` in a process of its own. Returns true if it was killed.
+bool muore(const std::function<void()>& corpo) {
+  const pid_t figlio = fork();
+  if (figlio == 0) {
+    corpo();
+    _exit(0);
+  }
+  int stato = 0;
+  EXPECT_EQ(waitpid(figlio, &stato, 0), figlio);
+  return WIFSIGNALED(stato);
+}
+
+std::vector<Venduto> giornata() {
+  std::vector<Venduto> venduto;
+  for (int posto = 0; posto < kVenduti; ++posto)
+    venduto.push_back({posto * 16, 100 + posto, 1 + posto % 7, posto % 3});
+  return venduto;
+}
+
+struct RicezioneUccisa : testing::Test {
+  Bottega bottega;
+  Cassa cassa;
+  const QString archivio = bottega.cartella.file(QStringLiteral("archivio.mdb"));
+
+  void SetUp() override {
+    bottega.apriArchivio();
+    varGlobal().DB_Articoli.Close();
+    cassa.venduto(giornata());
+  }
+
+  void ricevi(const std::function<void()>& passaggio) {
+    articles::ApriDatabase(archivio, bottega.contesto);
+    commonForKora().IP_ECR = cassa.indirizzo();
+    bottega.utente.alPassaggio = passaggio;
+    sales::RiceviVenduto(bottega.contesto, [](int) {});
+  }
+
+  int righe() {
+    articles::ApriDatabase(archivio, bottega.contesto);
+    const int quante = bottega.righe(QStringLiteral("SELECT id_plu from TAB_VENDUTO"));
+    varGlobal().DB_Articoli.Close();
+    return quante;
+  }
+  bool azzerata() { return cassa.byte(QStringLiteral("venduto.bin")) == archivioVenduto({}); }
+
+  void controlla(int quando) {
+    const int scritte = righe();
+    EXPECT_TRUE(scritte == 0 || scritte == kVenduti) << scritte << " rows, killed at " << quando;
+    EXPECT_TRUE(!azzerata() || scritte == kVenduti) << "sales lost, killed at " << quando;
+  }
+};
+
+TEST_F(RicezioneUccisa, AUnPassaggioQualunqueNienteEScrittoELeVenditeRestanoSullaCassa) {
+  for (const int quando : {1, 2, 17, 2500, 4999, 5000}) {
+    ASSERT_TRUE(muore([&] {
+      ricevi([quando, fatti = 0]() mutable {
+        if (++fatti == quando) raise(SIGKILL);
+      });
+    })) << quando;
+    EXPECT_EQ(righe(), 0) << quando;
+    EXPECT_FALSE(azzerata()) << quando;
+  }
+}
+
+TEST_F(RicezioneUccisa, AUnSincronismoQualunqueLeVenditeSonoNellArchivioOSullaCassa) {
+  int quando = 0;
+  std::set<int> viste;
+  while (muore([&] {
+    sincronismi::conta([quando](int numero) {
+      if (numero == quando + 1) raise(SIGKILL);
+    });
+    ricevi({});
+  })) {
+    ++quando;
+    controlla(quando);
+    viste.insert(righe());
+    ASSERT_LT(quando, 50);
+    // The next run begins like the first.
+    ASSERT_EQ(unlink(qPrintable(archivio)), 0);
+    bottega.apriArchivio();
+    varGlobal().DB_Articoli.Close();
+    cassa.venduto(giornata());
+  }
+  EXPECT_GE(quando, 2);
+  EXPECT_TRUE(viste.contains(0));
+  EXPECT_EQ(righe(), kVenduti);
+  EXPECT_TRUE(azzerata());
+}
+
+TEST_F(RicezioneUccisa, MentreChiedeLAzzeramentoLeVenditeSonoGiaNellArchivio) {
+  // Every amount of bytes that the four commands of a reception can have handed over when the process dies.
+  int complete = 0;
+  for (std::size_t byte = 1; muore([&] {
+         invio_interrotto::muoriDopo(byte);
+         ricevi({});
+       });
+       byte += 24) {
+    controlla(static_cast<int>(byte));
+    complete += righe() == kVenduti ? 1 : 0;
+    ASSERT_EQ(unlink(qPrintable(archivio)), 0);
+    bottega.apriArchivio();
+    varGlobal().DB_Articoli.Close();
+    cassa.venduto(giornata());
+  }
+  EXPECT_GT(complete, 0);
+  EXPECT_EQ(righe(), kVenduti);
+  EXPECT_TRUE(azzerata());
+}
+
+struct InvioUcciso : testing::Test {
+  Bottega bottega;
+  Cassa cassa;
+  const QByteArray vecchio = QByteArray(240000, 'v');
+};
+
+TEST_F(InvioUcciso, AQualunqueByteLaCassaHaLArchivioDiPrimaOQuelloDiDopo) {
+  bottega.apriArchivio();
+  const auto articoli = articoliDiProva(400);
+  scriviArticoli(bottega, articoli);
+  varGlobal().DB_Articoli.Close();
+  const QString archivio = bottega.cartella.file(QStringLiteral("archivio.mdb"));
+  const QByteArray prima = bottega.cartella.leggi(QStringLiteral("archivio.mdb"));
+  commonForKora().IP_ECR = cassa.indirizzo();
+  int vecchie = 0;
+  for (const std::size_t byte :
+       {1UL, 40UL, 48UL, 49UL, 100UL, 1000UL, 120000UL, 240000UL, 240060UL, 240090UL, 240110UL}) {
+    cassa.metti(QStringLiteral("plu.bin"), vecchio);
+    ASSERT_TRUE(muore([&] {
+      articles::ApriDatabase(archivio, bottega.contesto);
+      invio_interrotto::muoriDopo(byte);
+      articles::InviaArchivio(bottega.contesto);
+    })) << byte;
+    const QByteArray inCassa = cassa.byte(QStringLiteral("plu.bin"));
+    EXPECT_TRUE(inCassa == vecchio || inCassa == immagineAttesa(articoli)) << byte;
+    vecchie += inCassa == vecchio ? 1 : 0;
+    EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("archivio.mdb")), prima) << byte;
+  }
+  EXPECT_GT(vecchie, 0);
+}
+
+}  // namespace
