@@ -2,6 +2,9 @@
 # One GoogleTest program, its tests known to CTest one by one, run offscreen in a folder of their own.
 function(prova nome)
   cmake_parse_arguments(ARG "" "ETICHETTA;SECONDI" "FILES;DIPENDE" ${ARGN})
+  if(NOT ARG_FILES OR ARG_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "prova(${nome}): no files, or words that mean nothing: ${ARG_UNPARSED_ARGUMENTS}")
+  endif()
   if(NOT ARG_ETICHETTA)
     set(ARG_ETICHETTA ${nome})
   endif()
