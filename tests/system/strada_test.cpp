@@ -26,11 +26,12 @@ struct Strada : testing::Test {
     ASSERT_EQ(articles::ImportaArticoli(bottega.contesto, {}).tipo, articles::EsitoImport::Tipo::Importato);
     commonForKora().IP_ECR = cassa.indirizzo();
     ASSERT_EQ(articles::InviaArchivio(bottega.contesto), articles::EsitoInvio::Inviato);
-    attendiBox(
-        {{QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"), Icona::Informazione}});
+    attendiBox(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"), Icona::Informazione);
   }
 
-  void attendiBox(const std::vector<Riquadro>& attesi) { EXPECT_EQ(bottega.utente.prendiRiquadri(), attesi); }
+  void attendiBox(const QString& testo, Icona icona) {
+    EXPECT_EQ(bottega.utente.prendiRiquadri(), riquadri({testo}, icona));
+  }
 
   std::vector<attese::Venduto> vendutoNellArchivio() {
     store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
@@ -55,8 +56,8 @@ TEST_F(Strada, UnaGiornataTornaAlCentesimoConCodiceEdEanIncrociati) {
   const std::int64_t incasso = cassa->giornata(300, 2026);
   const auto inCassa = attese::leggiVenduto(cassa.file(QStringLiteral("venduto.bin")).toStdString());
   ASSERT_EQ(sales::RiceviVenduto(bottega.contesto, [](int) {}), sales::Esito::Fatto);
-  attendiBox({{QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
-               Icona::Esclamazione}});
+  attendiBox(QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
+             Icona::Esclamazione);
 
   const auto nellArchivio = vendutoNellArchivio();
   EXPECT_EQ(nellArchivio, inCassa);
