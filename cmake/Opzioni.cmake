@@ -28,3 +28,7 @@ if(GESTIONALE_SANITIZZA)
                                                       -fno-sanitize-recover=all)
   target_link_options(gestionale_opzioni INTERFACE -fsanitize=${GESTIONALE_SANITIZZA})
 endif()
+if(GESTIONALE_FUZZ)
+  # The libraries tell the fuzzers which of their branches an input reached.
+  target_compile_options(gestionale_opzioni INTERFACE -fsanitize=fuzzer-no-link)
+endif()

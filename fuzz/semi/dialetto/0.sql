@@ -1,0 +1,1 @@
+UPDATE T SET a = 'x', b =12 WHERE b=7

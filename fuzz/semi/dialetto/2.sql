@@ -1,0 +1,1 @@
+Delete  cascade from T where b =1;

@@ -1,0 +1,1 @@
+insert into T (a,b) select FORMAT(DATE(), 'yyyymmdd'),2 from T where a = "x"

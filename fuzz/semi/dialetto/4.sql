@@ -1,0 +1,1 @@
+SELECT T.a, [b] FROM T WHERE d >= #05/03/2024 00.00.00# AND d <= #05/03/2024#

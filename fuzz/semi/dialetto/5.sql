@@ -1,0 +1,1 @@
+UPDATE T SET a = 'DELL'ACQUA' WHERE b = 1

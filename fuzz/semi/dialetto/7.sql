@@ -1,0 +1,1 @@
+SELECT max(b) AS m FROM T LEFT JOIN T AS U ON T.a = U.a & 'x'
