@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QMouseEvent>
+#include <QTimer>
+
 #include "scena.h"
 
 using namespace ecrlink;
@@ -313,6 +316,30 @@ TEST_F(Connessione, UnErroreImprevistoPrimaDiSpegnereConnettiLasciaIlFuocoDovEra
                 "Errore 438 - Proprietà o metodo non supportati dall'oggetto: vkTextBoxLocal_IP"))});
   EXPECT_EQ(commonForKora().IP_ECR, QString());
   EXPECT_TRUE(schermo.acceso("CmdInviaModECR"));
+}
+
+TEST_F(Connessione, MentreSiConnetteNessunEventoPassa) {
+  Cassa cassa;
+  schermo.digita(cassa.indirizzo());
+  bool passato = false;
+  QTimer::singleShot(0, &schermo, [&] { passato = true; });
+  ConnettiECR(schermo, scena.contesto);
+  EXPECT_FALSE(passato);
+  EXPECT_EQ(scena.utente.passaggi(), 0);
+}
+
+TEST_F(Connessione, UnClicRimastoInCodaDopoLaConnessioneNonNeFaUnAltra) {
+  Cassa cassa;
+  schermo.digita(cassa.indirizzo());
+  QWidget& comando = schermo.controllo("CmdInviaModECR");
+  for (const auto tipo : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+    QCoreApplication::postEvent(
+        &comando, new QMouseEvent(tipo, comando.rect().center(), comando.mapToGlobal(comando.rect().center()),
+                                  Qt::LeftButton, Qt::LeftButton, Qt::NoModifier));
+  ConnettiECR(schermo, scena.contesto);
+  QCoreApplication::sendPostedEvents();
+  EXPECT_EQ(chiamateDi(cassa), (QStringList{QStringLiteral("2:"), QStringLiteral("0:")}));
+  EXPECT_EQ(statoDi(schermo), (StatoLink{true, false, cassa.indirizzo()}));
 }
 
 TEST_F(Connessione, DopoUnaConnessioneFallitaNonCEIndirizzo) {
