@@ -1,6 +1,7 @@
 #include "articles/plu_image.h"
 
 #include <QString>
+#include <QStringBuilder>
 #include <algorithm>
 #include <limits>
 #include <string_view>
@@ -123,13 +124,13 @@ QString veroFalso(bool valore) {
 /// The statement of slot `slot`, from 1. Nothing is escaped.
 QString aggiornamento(RecordLetto record, int slot) {
   const std::uint8_t attributi = config::leggiByte(record, plu::kAttributi);
-  return QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione = '") +
-         config::leggiTesto(record, plu::kDescrizione) + QStringLiteral("',Codice_EAN ='") +
-         config::leggiTesto(record, plu::kCodiceEAN) + QStringLiteral("',Prezzo =") +
-         QString::number(config::leggiIntero(record, plu::kPrezzo)) + QStringLiteral(",Reparto =") +
-         QString::number(config::leggiByte(record, plu::kReparto) + 1) + QStringLiteral(",varprezzo = ") +
-         veroFalso((attributi & plu::kVarPrezzo) != 0) + QStringLiteral(",prezzozero = ") +
-         veroFalso((attributi & plu::kPrezzoZero) != 0) + QStringLiteral(" WHERE auto_id =") +
+  return QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione = '") %
+         config::leggiTesto(record, plu::kDescrizione) % QStringLiteral("',Codice_EAN ='") %
+         config::leggiTesto(record, plu::kCodiceEAN) % QStringLiteral("',Prezzo =") %
+         QString::number(config::leggiIntero(record, plu::kPrezzo)) % QStringLiteral(",Reparto =") %
+         QString::number(config::leggiByte(record, plu::kReparto) + 1) % QStringLiteral(",varprezzo = ") %
+         veroFalso((attributi & plu::kVarPrezzo) != 0) % QStringLiteral(",prezzozero = ") %
+         veroFalso((attributi & plu::kPrezzoZero) != 0) % QStringLiteral(" WHERE auto_id =") %
          QString::number(slot);
 }
 

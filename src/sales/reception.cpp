@@ -1,6 +1,7 @@
 #include "sales/reception.h"
 
 #include <QFile>
+#include <QStringBuilder>
 #include <optional>
 #include <vector>
 
@@ -90,11 +91,11 @@ QString inserimento(int slot, const VendutoSlot& venduto) {
   return QStringLiteral(
              "insert into tab_venduto (Data,id_plu,Codice_EAN,Codice_Articolo,Descrizione,"
              "Importo_giornaliero,sconto_giornaliero,Tot_giorn_articoli_venduti) "
-             "select FORMAT(DATE(), 'yyyymmdd'),") +
-         auto_id + QStringLiteral(",codice_articolo,codice_ean,descrizione,") +
-         QString::number(venduto.importo) + QLatin1Char(',') + QString::number(venduto.sconto) +
-         QLatin1Char(',') + QString::number(venduto.pezzi) +
-         QStringLiteral(" from tab_articoli where auto_id=") + auto_id;
+             "select FORMAT(DATE(), 'yyyymmdd'),") %
+         auto_id % QStringLiteral(",codice_articolo,codice_ean,descrizione,") %
+         QString::number(venduto.importo) % QLatin1Char(',') % QString::number(venduto.sconto) %
+         QLatin1Char(',') % QString::number(venduto.pezzi) %
+         QStringLiteral(" from tab_articoli where auto_id=") % auto_id;
 }
 
 Esito RiceviVenduto(Contesto& contesto, const std::function<void(int)>& avanza) {

@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "articles/article_database.h"
+#include "articles/bottega.h"
+#include "sales/reception.h"
+#include "sostegno/cassa.h"
+
+namespace {
+
+const QByteArray kZeri(60000, '\0');
+
+/// Where the program dies: at a slot, or at the box that follows the clearing.
+struct Morte {
+  int slot;
+  bool dopoLAzzeramento;
+};
+
+/// A program of its own that opens the archive, receives and kills itself on the way.
+[[noreturn]] void riceviEMuori(const QString& archivio, const QString& indirizzo, Morte morte) {
+  Bottega bottega;
+  articles::ApriDatabase(archivio, bottega.contesto);
+  commonForKora().IP_ECR = indirizzo;
+  bottega.utente.alRiquadro = [&](const Riquadro&) {
+    if (morte.dopoLAzzeramento) kill(getpid(), SIGKILL);
+  };
+  sales::RiceviVenduto(bottega.contesto, [&](int slot) {
+    if (slot == morte.slot) kill(getpid(), SIGKILL);
+  });
+  _exit(1);
+}
+
+class RicezioneUccisa : public testing::TestWithParam<Morte> {};
+
+TEST_P(RicezioneUccisa, LArchivioEComePrimaOComeDopoELeVenditeSonoDaUnaParte) {
+  Cassa cassa;
+  std::vector<Venduto> tutti;
+  for (int i = 0; i < 5000; ++i) tutti.push_back({i, i, 1, 0});
+  cassa.venduto(tutti);
+  const QByteArray vendite = cassa.byte(QStringLiteral("venduto.bin"));
+  Bottega bottega;
+  bottega.apriArchivio();
+  const QString archivio = varGlobal().NomeDB_Articoli;
+  articles::ChiudiDatabase();
+
+  const pid_t figlio = fork();
+  ASSERT_GE(figlio, 0);
+  if (figlio == 0) riceviEMuori(archivio, cassa.indirizzo(), GetParam());
+  int stato = 0;
+  ASSERT_EQ(waitpid(figlio, &stato, 0), figlio);
+  ASSERT_TRUE(WIFSIGNALED(stato) && WTERMSIG(stato) == SIGKILL);
+
+  articles::ApriDatabase(archivio, bottega.contesto);
+  const int righe = bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO"));
+  EXPECT_EQ(righe, GetParam().dopoLAzzeramento ? 5000 : 0);
+  EXPECT_TRUE(cassa.byte(QStringLiteral("venduto.bin")) == (GetParam().dopoLAzzeramento ? kZeri : vendite));
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI")), 5000);
+}
+
+INSTANTIATE_TEST_SUITE_P(Momenti, RicezioneUccisa,
+                         testing::Values(Morte{0, false}, Morte{1, false}, Morte{2500, false},
+                                         Morte{4999, false}, Morte{-1, true}));
+
+TEST(RicezioneInterrotta, SeLaCassaSiSpegnePrimaDellAzzeramentoLeVenditeStannoDaTutteEDueLeParti) {
+  Cassa cassa;
+  cassa.venduto({{0, 100, 1, 0}});
+  Bottega bottega;
+  bottega.apriArchivio();
+  commonForKora().IP_ECR = cassa.indirizzo();
+  // The line goes down once the last slot is in: the clearing finds nobody.
+  const auto esito = sales::RiceviVenduto(bottega.contesto, [&](int slot) {
+    if (slot == sales::kSlot - 1) cassa.spegni();
+  });
+  EXPECT_EQ(esito, sales::Esito::Comunicazione);
+  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 2U);
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO")), 1);
+  EXPECT_FALSE(cassa.byte(QStringLiteral("venduto.bin")) == kZeri);
+}
+
+}  // namespace
