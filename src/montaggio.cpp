@@ -15,7 +15,7 @@ void preparaApplicazione(QApplication& applicazione, const QString& cartella) {
   // The application object took the desktop's locale for itself: statements are put together with points.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName(QStringLiteral("gestionale"));
-  QApplication::setApplicationDisplayName(kTitoloApplicazione);
+  // No display name: the toolkit would append it to the title of every window and box.
   QApplication::setApplicationVersion(QStringLiteral(GESTIONALE_VERSIONE));
   stile::cartellaIcone(cartella + QStringLiteral("/icons"));
   stile::applica(applicazione);
