@@ -54,7 +54,6 @@ inline constexpr int kFunzioneIgnota = 3085;
 inline constexpr int kTestoDopoLaFine = 3142;
 inline constexpr int kTestoTroppoLungo = 3163;
 inline constexpr int kRecordCollegati = 3200;
-inline constexpr int kRecordPadreAssente = 3201;
 inline constexpr int kSenzaRighe = 3219;  ///< a statement that returns no rows opened as a record set
 inline constexpr int kBloccato = 3260;
 inline constexpr int kCampoAssente = 3265;

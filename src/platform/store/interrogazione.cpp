@@ -10,9 +10,10 @@ namespace store {
 namespace {
 
 std::vector<QString> nomi(sqlite3_stmt* istruzione) {
+  const int quanti = sqlite3_column_count(istruzione);
   std::vector<QString> risultato;
-  for (int i = 0; i < sqlite3_column_count(istruzione); ++i)
-    risultato.push_back(QString::fromUtf8(sqlite3_column_name(istruzione, i)));
+  risultato.reserve(static_cast<std::size_t>(quanti));
+  for (int i = 0; i < quanti; ++i) risultato.push_back(QString::fromUtf8(sqlite3_column_name(istruzione, i)));
   return risultato;
 }
 
