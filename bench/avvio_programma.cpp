@@ -5,7 +5,7 @@
 #include "montaggio.h"
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" GESTIONALE_SCHERMO);
   QApplication applicazione(argc, argv);
   const QString cartella = QStringLiteral(GESTIONALE_APP);
   preparaApplicazione(applicazione, cartella);

@@ -5,7 +5,7 @@
 #include "bench/dipinta.h"
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" GESTIONALE_SCHERMO);
   QApplication applicazione(argc, argv);
   QWidget finestra;
   finestra.resize(1000, 700);

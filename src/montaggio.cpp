@@ -1,6 +1,8 @@
 #include "montaggio.h"
 
 #include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
 #include <clocale>
 
 #include "articles/Form_TrasferimentoArticoli.h"
@@ -11,6 +13,17 @@
 #include "sales/Form_RicezioneVenduto.h"
 #include "workspace/Form_GestioneMMC.h"
 
+namespace {
+
+/// The texts of Qt's own, such as the buttons of a file dialog; English where its translations are missing.
+void parlaItaliano(QApplication& applicazione) {
+  auto* testi = new QTranslator(&applicazione);
+  if (testi->load(QStringLiteral("qtbase_it"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(testi);
+}
+
+}  // namespace
+
 void preparaApplicazione(QApplication& applicazione, const QString& cartella) {
   // The application object took the desktop's locale for itself: statements are put together with points.
   std::setlocale(LC_NUMERIC, "C");
@@ -19,6 +32,8 @@ void preparaApplicazione(QApplication& applicazione, const QString& cartella) {
   QApplication::setApplicationVersion(QStringLiteral(GESTIONALE_VERSIONE));
   stile::cartellaIcone(cartella + QStringLiteral("/icons"));
   stile::applica(applicazione);
+  QApplication::setWindowIcon(stile::icona(QStringLiteral("receipt-euro")));
+  parlaItaliano(applicazione);
 }
 
 Montaggio::Montaggio(const QString& cartella)

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QTimer>
+#include <utility>
 
 #include "controls/stile.h"
 #include "core/avvio.h"
@@ -73,9 +74,10 @@ void start::carica() {
   evidenzia(kVoci[0]);
 }
 
-void start::showEvent(QShowEvent* evento) {
-  QWidget::showEvent(evento);
-  if (ui_->Image1->immagine().isNull()) primaImmagine_->start(kPrimaImmagineMs);
+void start::paintEvent(QPaintEvent* evento) {
+  QWidget::paintEvent(evento);
+  if (std::exchange(dipinto_, true)) return;
+  primaImmagine_->start(kPrimaImmagineMs);
 }
 
 void start::collega(const Voce& voce) {

@@ -27,7 +27,7 @@ class start : public QWidget {
   void ChangeRes(float larghezza, float altezza);
 
  protected:
-  void showEvent(QShowEvent* evento) override;
+  void paintEvent(QPaintEvent* evento) override;
   void closeEvent(QCloseEvent* evento) override;
 
  private:
@@ -46,5 +46,7 @@ class start : public QWidget {
   Contesto& contesto_;
   MisureSchermo misure_;
   QTimer* primaImmagine_ = nullptr;
+  /// The menu has stood on the screen once.
+  bool dipinto_ = false;
   std::unique_ptr<Ui::start> ui_;
 };

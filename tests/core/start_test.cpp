@@ -118,7 +118,7 @@ TEST_F(Start, UnImmagineAssenteMostraLErroreELasciaQuellaDiPrima) {
 TEST_F(Start, SenzaLaPrimaImmagineIlMenuSiApreLoStessoSenzaMessaggi) {
   ASSERT_TRUE(QFile::remove(immagine("4-1.jpg")));
   const auto* timer = menu().findChild<QTimer*>(QStringLiteral("primaImmagine"));
-  ASSERT_TRUE(timer->isActive());
+  ASSERT_TRUE(QTest::qWaitFor([timer] { return timer->isActive(); }));
   ASSERT_TRUE(QTest::qWaitFor([timer] { return !timer->isActive(); }));
   EXPECT_TRUE(menu().isVisible());
   EXPECT_FALSE(colore().isValid());
