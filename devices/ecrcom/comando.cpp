@@ -96,5 +96,7 @@ int16_t ecr_command(char* ip, char* file, int32_t mode, char* buffer, int32_t bu
 }
 
 void ecr_get_err(int16_t code, char* text) {
-  if (text != nullptr) std::strcpy(text, messaggio(code));
+  if (text == nullptr) return;
+  const char* const testo = messaggio(code);
+  std::memcpy(text, testo, std::strlen(testo) + 1);
 }

@@ -64,7 +64,7 @@ Esito riceviQualcosa(const Presa& presa, std::span<std::uint8_t> byte, Scadenza 
 Esito riceviTrama(const Presa& presa, Scadenza scadenza, Trama& trama);
 /// Data that follow a header already read; proves the checksum.
 Esito riceviDati(const Presa& presa, const ByteIntestazione& testa, Scadenza scadenza, Trama& trama);
-/// Waits until something can be read; for ever if there is no deadline.
+/// Waits for an event of poll(); for ever if there is no deadline.
 Esito attendi(const Presa& presa, short evento, std::optional<Scadenza> scadenza);
 
 }  // namespace ecrcom

@@ -18,7 +18,7 @@ using namespace ecrcom;
 
 constexpr std::size_t kCollegamenti = 16;
 /// Blocks nobody has asked for yet; a till that goes on beyond is cut off.
-constexpr std::size_t kByteInAttesa = 1024U * 1024U;
+constexpr std::size_t kByteInAttesa = std::size_t{1024} * 1024;
 constexpr std::int32_t kDecimiMassimi = 6000;
 constexpr std::chrono::milliseconds kDecimo{100};
 

@@ -26,7 +26,7 @@ enum class Tipo : std::uint8_t {
 
 inline constexpr std::size_t kByteIntestazione = 48;
 /// The longest file a frame carries; the largest that tills know is plu.bin with 240000 bytes.
-inline constexpr std::size_t kByteMassimi = 4U * 1024U * 1024U;
+inline constexpr std::size_t kByteMassimi = std::size_t{4} * 1024 * 1024;
 /// The longest file name; its field of 32 bytes always ends in a NUL.
 inline constexpr std::size_t kNomeMassimo = 31;
 /// The longest key sequence and the longest block that answers one.

@@ -30,7 +30,7 @@ inline constexpr std::string_view kFileGiornale = "giornale.txt";
 inline constexpr std::size_t kPosti = 5000;
 /// Amounts, pieces, discounts: three arrays of a 32-bit integer for each slot.
 inline constexpr std::size_t kByteVenduto = 3 * kPosti * 4;
-inline constexpr std::size_t kByteFatture = 1000 * 77;
+inline constexpr std::size_t kByteFatture = std::size_t{1000} * 77;
 
 /// The known file of that name, case and all, or null.
 const FileNoto* fileNoto(std::string_view nome);

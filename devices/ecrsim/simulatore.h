@@ -16,11 +16,11 @@ enum class Cosa {
   Codice,        ///< an error code in place of the work
   Silenzio,      ///< no answer at all
   TaglioPrima,   ///< the line is cut before the work is done
-  TaglioDentro,  ///< the line is cut in the middle of the data
+  TaglioDentro,  ///< the line is cut in the middle of the data: those sent to it, else those it answers with
   TaglioDopo,    ///< the work is done, the line is cut before the answer
-  FileCorto,
-  FileLungo,
-  Spazzatura,  ///< bytes that are no frame
+  FileCorto,     ///< the file, or the reply, is handed over short; a file sent to it arrives short
+  FileLungo,     ///< the same, too long
+  Spazzatura,    ///< bytes that are no frame
 };
 
 struct Guasto {
@@ -37,6 +37,7 @@ struct Guasto {
 struct Opzioni {
   /// A loopback address, 127.0.0.0/8.
   std::string indirizzo = "127.0.0.20";
+  /// The till's memory, made if it is missing; empty: the current folder.
   std::filesystem::path cartella{};
   /// Size class: "S", "L", or anything else.
   std::string bitmap = "L";
