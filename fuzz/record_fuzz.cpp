@@ -23,7 +23,7 @@ void verifica(bool vero) {
 /// to keep its bytes.
 void andataERitorno(Byte& record, const Campo& campo) {
   switch (campo.tipo) {
-    case Tipo::Testo: {
+    case Tipo::CampoTesto: {
       const QString testo = leggiTesto(record, campo);
       scriviTesto(record, campo, testo);
       verifica(leggiTesto(record, campo) == testo.left(static_cast<qsizetype>(campo.limite)));

@@ -16,7 +16,7 @@ enum class Tipo {
   Byte,          ///< one unsigned byte
   Intero32,      ///< signed 32-bit, usually hundredths
   SenzaSegno32,  ///< unsigned 32-bit in the till's date or time encoding
-  Testo,         ///< CampoTesto: the text's bytes, one NUL, stale bytes behind it
+  CampoTesto,    ///< the text's bytes, one NUL, stale bytes behind it
   Riservato,     ///< carried through, never written
 };
 
@@ -67,7 +67,7 @@ constexpr bool coerente(std::span<const Campo> campi, std::size_t byte) {
       case Tipo::SenzaSegno32:
         if (campo.larghezza != 4) return false;
         break;
-      case Tipo::Testo:
+      case Tipo::CampoTesto:
         if (campo.limite == 0) return false;
         fineTesto = campo.inizio + campo.limite + 1;
         break;

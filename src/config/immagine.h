@@ -58,11 +58,11 @@ ImmagineProgrammazione& immagineProgrammazione();
 
 /// Fields of RecordPLU.
 namespace plu {
-inline constexpr Campo kDescrizione{"descrizione", 0, 25, Tipo::Testo, 24};
+inline constexpr Campo kDescrizione{"descrizione", 0, 25, Tipo::CampoTesto, 24};
 inline constexpr Campo kReparto{"reparto", 25, 1, Tipo::Byte};
 inline constexpr Campo kAttributi{"attributi", 26, 1, Tipo::Byte};
 inline constexpr Campo kPrezzo{"prezzo", 27, 4, Tipo::Intero32};
-inline constexpr Campo kCodiceEAN{"codice EAN", 31, 14, Tipo::Testo, 14};
+inline constexpr Campo kCodiceEAN{"codice EAN", 31, 14, Tipo::CampoTesto, 14};
 inline constexpr Campo kRiserva{"riserva", 45, 3, Tipo::Riservato};
 inline constexpr std::array kCampi{kDescrizione, kReparto, kAttributi, kPrezzo, kCodiceEAN, kRiserva};
 static_assert(coerente(kCampi, kBytePLU));

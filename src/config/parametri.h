@@ -43,8 +43,8 @@ inline constexpr Campo kVelocitaCOM3{"velocità COM 3", 20, 1, Tipo::Byte};
 inline constexpr Campo kEchoCOM3{"echo COM 3", 21, 1, Tipo::Flag};
 inline constexpr Campo kDataRevisione{"data revisione", 22, 4, Tipo::SenzaSegno32};
 inline constexpr Campo kTxFooter{"Tx Footer", 26, 1, Tipo::Flag};
-inline constexpr Serie kSubtender{{"subtender", 27, 25, Tipo::Testo, 10}, 4};
-inline constexpr Campo kPasswordCassa{"password apertura/chiusura cassa", 127, 7, Tipo::Testo, 6};
+inline constexpr Serie kSubtender{{"subtender", 27, 25, Tipo::CampoTesto, 10}, 4};
+inline constexpr Campo kPasswordCassa{"password apertura/chiusura cassa", 127, 7, Tipo::CampoTesto, 6};
 /// Index 0 to 2.
 inline constexpr Campo kModoAzzeramento{"modo azzeramento", 134, 1, Tipo::Byte};
 inline constexpr Campo kTempoAzzeramento{"tempo azzeramento", 135, 4, Tipo::SenzaSegno32};
@@ -71,11 +71,11 @@ inline constexpr Campo kPrinterAuxFatture{"printer AUX fatture", 159, 1, Tipo::B
 /// 0 none, 5 or 6.
 inline constexpr Campo kPrinterAuxTavoli{"printer AUX tavoli", 160, 1, Tipo::Byte};
 inline constexpr Campo kGestioneTallon{"gestione tallon", 161, 1, Tipo::Flag};
-inline constexpr Serie kTallon{{"tallon", 162, 25, Tipo::Testo, 14}, 8};
+inline constexpr Serie kTallon{{"tallon", 162, 25, Tipo::CampoTesto, 14}, 8};
 inline constexpr Campo kTestoAlternativoA{"testo alternativo percentuale A", 362, 1, Tipo::Flag};
-inline constexpr Campo kDescrizionePercentualeA{"descrizione percentuale A", 363, 25, Tipo::Testo, 24};
+inline constexpr Campo kDescrizionePercentualeA{"descrizione percentuale A", 363, 25, Tipo::CampoTesto, 24};
 inline constexpr Campo kTestoAlternativoB{"testo alternativo percentuale B", 388, 1, Tipo::Flag};
-inline constexpr Campo kDescrizionePercentualeB{"descrizione percentuale B", 389, 25, Tipo::Testo, 24};
+inline constexpr Campo kDescrizionePercentualeB{"descrizione percentuale B", 389, 25, Tipo::CampoTesto, 24};
 inline constexpr Campo kCutter{"cutter", 414, 1, Tipo::Flag};
 inline constexpr Campo kMark{"mark", 415, 1, Tipo::Flag};
 inline constexpr Campo kStampaDifferita{"stampa differita scontrino", 416, 1, Tipo::Flag};

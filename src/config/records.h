@@ -12,7 +12,7 @@ namespace config {
 /// One line of the receipt's header: 8 records.
 namespace intestazione {
 inline constexpr Campo kDoppiaAltezza{"doppia altezza", 0, 1, Tipo::Flag};
-inline constexpr Campo kTesto{"testo", 1, 37, Tipo::Testo, 36};
+inline constexpr Campo kTesto{"testo", 1, 37, Tipo::CampoTesto, 36};
 inline constexpr std::array kCampi{kDoppiaAltezza, kTesto};
 inline constexpr std::size_t kByte = 38;
 inline constexpr std::size_t kRecord = 8;
@@ -23,7 +23,7 @@ using RecordIntestazione = std::array<std::uint8_t, intestazione::kByte>;
 /// One courtesy line: 2 records.
 namespace cortesia {
 inline constexpr Campo kDoppiaAltezza{"doppia altezza", 0, 1, Tipo::Flag};
-inline constexpr Campo kTesto{"testo", 1, 37, Tipo::Testo, 36};
+inline constexpr Campo kTesto{"testo", 1, 37, Tipo::CampoTesto, 36};
 inline constexpr Campo kAbilitazione{"abilitazione", 38, 1, Tipo::Flag};
 inline constexpr std::array kCampi{kDoppiaAltezza, kTesto, kAbilitazione};
 inline constexpr std::size_t kByte = 39;
@@ -34,7 +34,7 @@ using RecordCortesia = std::array<std::uint8_t, cortesia::kByte>;
 
 /// One department: 80 records. `attributi` is packed as department_attributes.h tells.
 namespace reparto {
-inline constexpr Campo kDescrizione{"descrizione", 0, 25, Tipo::Testo, 24};
+inline constexpr Campo kDescrizione{"descrizione", 0, 25, Tipo::CampoTesto, 24};
 inline constexpr Campo kAttributi{"attributi", 25, 1, Tipo::Byte};
 inline constexpr Campo kPrezzo{"prezzo", 26, 4, Tipo::Intero32};
 inline constexpr Campo kMinValore{"min valore", 30, 4, Tipo::Intero32};
@@ -49,7 +49,7 @@ using RecordReparto = std::array<std::uint8_t, reparto::kByte>;
 
 /// One VAT rate: 8 records.
 namespace iva {
-inline constexpr Campo kDescrizione{"descrizione", 0, 25, Tipo::Testo, 10};
+inline constexpr Campo kDescrizione{"descrizione", 0, 25, Tipo::CampoTesto, 10};
 inline constexpr Campo kAliquota{"aliquota", 25, 4, Tipo::Intero32};
 inline constexpr std::array kCampi{kDescrizione, kAliquota};
 inline constexpr std::size_t kByte = 29;
@@ -60,7 +60,7 @@ using RecordIVA = std::array<std::uint8_t, iva::kByte>;
 
 /// One currency: 4 records.
 namespace valuta {
-inline constexpr Campo kDescrizione{"descrizione", 0, 25, Tipo::Testo, 10};
+inline constexpr Campo kDescrizione{"descrizione", 0, 25, Tipo::CampoTesto, 10};
 inline constexpr Campo kCambio{"cambio", 25, 4, Tipo::Intero32};
 inline constexpr std::array kCampi{kDescrizione, kCambio};
 inline constexpr std::size_t kByte = 29;
@@ -71,9 +71,9 @@ using RecordValuta = std::array<std::uint8_t, valuta::kByte>;
 
 /// One operator: 10 records.
 namespace operatore {
-inline constexpr Campo kDescrizione{"descrizione", 0, 25, Tipo::Testo, 10};
+inline constexpr Campo kDescrizione{"descrizione", 0, 25, Tipo::CampoTesto, 10};
 inline constexpr Campo kAbilitazione{"abilitazione", 25, 1, Tipo::Flag};
-inline constexpr Campo kPassword{"password", 26, 7, Tipo::Testo, 6};
+inline constexpr Campo kPassword{"password", 26, 7, Tipo::CampoTesto, 6};
 inline constexpr std::array kCampi{kDescrizione, kAbilitazione, kPassword};
 inline constexpr std::size_t kByte = 33;
 inline constexpr std::size_t kRecord = 10;
@@ -116,15 +116,15 @@ using RecordLogo = std::array<std::uint8_t, logo::kByte>;
 
 /// The shop's own data: one block of the configuration file, which never travels to the till as such.
 namespace negozio {
-inline constexpr Campo kRagioneSociale{"ragione sociale", 0, 25, Tipo::Testo, 24};
-inline constexpr Campo kPartitaIVA{"partita IVA", 25, 12, Tipo::Testo, 11};
-inline constexpr Campo kIndirizzo{"indirizzo", 37, 25, Tipo::Testo, 24};
-inline constexpr Campo kCitta{"città", 62, 15, Tipo::Testo, 14};
-inline constexpr Campo kCAP{"CAP", 77, 6, Tipo::Testo, 5};
-inline constexpr Campo kProvincia{"provincia", 83, 3, Tipo::Testo, 2};
-inline constexpr Campo kTelefono{"telefono", 86, 13, Tipo::Testo, 12};
-inline constexpr Campo kFax{"fax", 99, 13, Tipo::Testo, 12};
-inline constexpr Campo kEmail{"email", 112, 25, Tipo::Testo, 24};
+inline constexpr Campo kRagioneSociale{"ragione sociale", 0, 25, Tipo::CampoTesto, 24};
+inline constexpr Campo kPartitaIVA{"partita IVA", 25, 12, Tipo::CampoTesto, 11};
+inline constexpr Campo kIndirizzo{"indirizzo", 37, 25, Tipo::CampoTesto, 24};
+inline constexpr Campo kCitta{"città", 62, 15, Tipo::CampoTesto, 14};
+inline constexpr Campo kCAP{"CAP", 77, 6, Tipo::CampoTesto, 5};
+inline constexpr Campo kProvincia{"provincia", 83, 3, Tipo::CampoTesto, 2};
+inline constexpr Campo kTelefono{"telefono", 86, 13, Tipo::CampoTesto, 12};
+inline constexpr Campo kFax{"fax", 99, 13, Tipo::CampoTesto, 12};
+inline constexpr Campo kEmail{"email", 112, 25, Tipo::CampoTesto, 24};
 inline constexpr std::array kCampi{kRagioneSociale, kPartitaIVA, kIndirizzo, kCitta, kCAP,
                                    kProvincia,      kTelefono,   kFax,       kEmail};
 inline constexpr std::size_t kByte = 137;

@@ -16,5 +16,5 @@ void PreparaAvvio(const QString& cartella) {
   [[maybe_unused]] const bool nellaCorrente = FileEsiste(kLogCrc);
   const QString log = cartella + QLatin1Char('/') + kLogCrc;
   if (FileEsiste(log)) QFile::remove(log);
-  usermmc::conv_double_long(kProva);
+  UserMMC::_conv_double_long(kProva);
 }

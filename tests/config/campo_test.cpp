@@ -30,7 +30,7 @@ void scriviQualcosa(Record record, const Campo& campo) {
       return scriviIntero(record, campo, -1250);
     case Tipo::SenzaSegno32:
       return scriviSenzaSegno(record, campo, 0x80C0FFEE);
-    case Tipo::Testo:
+    case Tipo::CampoTesto:
       return scriviTesto(record, campo, QStringLiteral("x"));
     case Tipo::Riservato:
       return;
@@ -51,7 +51,7 @@ void leggiQualcosa(RecordLetto record, const Campo& campo) {
     case Tipo::SenzaSegno32:
       leggiSenzaSegno(record, campo);
       return;
-    case Tipo::Testo:
+    case Tipo::CampoTesto:
       leggiTesto(record, campo);
       return;
     case Tipo::Riservato:
@@ -152,7 +152,7 @@ TEST_P(OgniTesto, SenzaZeroSiLeggeFinoAllaFineDelCampo) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Programma, OgniCampo, testing::ValuesIn(tuttiICampi()));
-INSTANTIATE_TEST_SUITE_P(Programma, OgniTesto, testing::ValuesIn(tuttiICampi(Tipo::Testo)));
+INSTANTIATE_TEST_SUITE_P(Programma, OgniTesto, testing::ValuesIn(tuttiICampi(Tipo::CampoTesto)));
 
 TEST(Campo, UnInteroStaInQuattroByteDalMenoSignificativo) {
   constexpr Campo kCampo{"prova", 1, 4, Tipo::Intero32};
@@ -194,7 +194,7 @@ TEST(Campo, UnFlagValeUnoOZero) {
 }
 
 TEST(Campo, IlTestoVaInWindows1252UnByteACarattere) {
-  constexpr Campo kCampo{"prova", 0, 12, Tipo::Testo, 10};
+  constexpr Campo kCampo{"prova", 0, 12, Tipo::CampoTesto, 10};
   Byte record = vecchi(12);
   scriviTesto(record, kCampo, QStringLiteral("Caffè €1日"));
   EXPECT_EQ(record, (Byte{'C', 'a', 'f', 'f', 0xE8, ' ', 0x80, '1', '?', 0, kVecchio, kVecchio}));
@@ -202,7 +202,7 @@ TEST(Campo, IlTestoVaInWindows1252UnByteACarattere) {
 }
 
 TEST(Campo, UnoZeroNelTestoLoChiude) {
-  constexpr Campo kCampo{"prova", 0, 8, Tipo::Testo, 6};
+  constexpr Campo kCampo{"prova", 0, 8, Tipo::CampoTesto, 6};
   Byte record = vecchi(8);
   scriviTesto(record, kCampo, std::string_view("AB\0C", 4));
   EXPECT_EQ(leggiTesto(record, kCampo), QStringLiteral("AB"));
@@ -218,9 +218,9 @@ TEST(Coerente, RifiutaLeTabelleSbagliate) {
   EXPECT_FALSE(coerente(Tabella{{"a", 0, 2, Tipo::Byte}}, 9)) << "a byte of two";
   EXPECT_FALSE(coerente(Tabella{{"a", 0, 3, Tipo::SenzaSegno32}}, 9)) << "a number of three";
   EXPECT_FALSE(coerente(Tabella{{"a", 0, 0, Tipo::Riservato}}, 9)) << "no width";
-  EXPECT_FALSE(coerente(Tabella{{"a", 0, 5, Tipo::Testo}}, 9)) << "a text without a limit";
-  EXPECT_FALSE(coerente(Tabella{{"a", 0, 5, Tipo::Testo, 5}}, 5)) << "no room for the NUL";
-  EXPECT_FALSE(coerente(Tabella{{"a", 0, 5, Tipo::Testo, 5}, {"b", 5, 1, Tipo::Byte}}, 6))
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 5, Tipo::CampoTesto}}, 9)) << "a text without a limit";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 5, Tipo::CampoTesto, 5}}, 5)) << "no room for the NUL";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 5, Tipo::CampoTesto, 5}, {"b", 5, 1, Tipo::Byte}}, 6))
       << "NUL in a field";
-  EXPECT_TRUE(coerente(Tabella{{"a", 0, 5, Tipo::Testo, 5}, {"b", 5, 1, Tipo::Riservato}}, 6));
+  EXPECT_TRUE(coerente(Tabella{{"a", 0, 5, Tipo::CampoTesto, 5}, {"b", 5, 1, Tipo::Riservato}}, 6));
 }

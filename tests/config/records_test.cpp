@@ -136,15 +136,15 @@ TEST(Records, LeDodiciVociDelleGraficheNelLoroOrdine) {
 
 TEST(Records, IlBloccoNegozioHaNoveTestiIn137Byte) {
   EXPECT_EQ(BloccoNegozio{}.size(), 137U);
-  verificaPosti(negozio::kCampi, {{0, 25, Tipo::Testo, 24},
-                                  {25, 12, Tipo::Testo, 11},
-                                  {37, 25, Tipo::Testo, 24},
-                                  {62, 15, Tipo::Testo, 14},
-                                  {77, 6, Tipo::Testo, 5},
-                                  {83, 3, Tipo::Testo, 2},
-                                  {86, 13, Tipo::Testo, 12},
-                                  {99, 13, Tipo::Testo, 12},
-                                  {112, 25, Tipo::Testo, 24}});
+  verificaPosti(negozio::kCampi, {{0, 25, Tipo::CampoTesto, 24},
+                                  {25, 12, Tipo::CampoTesto, 11},
+                                  {37, 25, Tipo::CampoTesto, 24},
+                                  {62, 15, Tipo::CampoTesto, 14},
+                                  {77, 6, Tipo::CampoTesto, 5},
+                                  {83, 3, Tipo::CampoTesto, 2},
+                                  {86, 13, Tipo::CampoTesto, 12},
+                                  {99, 13, Tipo::CampoTesto, 12},
+                                  {112, 25, Tipo::CampoTesto, 24}});
 }
 
 TEST(Records, IParametriStannoAiLoroPosti) {
@@ -152,7 +152,7 @@ TEST(Records, IParametriStannoAiLoroPosti) {
   constexpr auto kB = Tipo::Byte;
   constexpr auto kI = Tipo::Intero32;
   constexpr auto kU = Tipo::SenzaSegno32;
-  constexpr auto kT = Tipo::Testo;
+  constexpr auto kT = Tipo::CampoTesto;
   verificaPosti(parametri::kCampi, {{0, 1, kF},        {1, 4, kI},
                                     {5, 1, kB},        {6, 1, kF},
                                     {7, 1, kF},        {8, 1, kF},
@@ -198,7 +198,7 @@ TEST(Records, NeiParametriRestanoIDieciByteRiservati) {
   const Record record = immagine.record(kParametri, 0);
   std::ranges::fill(record, std::uint8_t{0xA5});
   for (const Campo& campo : parametri::kCampi)
-    if (campo.tipo == Tipo::Testo) scriviTesto(record, campo, QString(40, QLatin1Char('x')));
+    if (campo.tipo == Tipo::CampoTesto) scriviTesto(record, campo, QString(40, QLatin1Char('x')));
   scriviFlag(record, parametri::kOraLegale, true);
   EXPECT_EQ(esadecimale(record.subspan(417)), "01a5a5a5a5a5a5a5a5a5a5");
 }

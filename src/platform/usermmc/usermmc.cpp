@@ -4,13 +4,13 @@
 
 #include <cmath>
 
-namespace usermmc {
+namespace UserMMC {
 
-long conv_double_long(double valore) { return std::lround(valore); }
+long _conv_double_long(double valore) { return std::lround(valore); }
 
-double get_crc32_double(std::string_view byte) {
+double _get_crc32_double(std::string_view byte) {
   const uLong vuoto = crc32_z(0, nullptr, 0);
   return static_cast<double>(crc32_z(vuoto, reinterpret_cast<const Bytef*>(byte.data()), byte.size()));
 }
 
-}  // namespace usermmc
+}  // namespace UserMMC

@@ -3,11 +3,11 @@
 #include <string_view>
 
 /// The checksum library. Its values only ever meet values that it made itself.
-namespace usermmc {
+namespace UserMMC {
 
 /// Rounds a number to the nearest whole one; called at start to prove that the library is there.
-long conv_double_long(double valore);
+long _conv_double_long(double valore);
 /// CRC-32 of the bytes as a whole number from 0 to 4294967295.
-double get_crc32_double(std::string_view byte);
+double _get_crc32_double(std::string_view byte);
 
-}  // namespace usermmc
+}  // namespace UserMMC

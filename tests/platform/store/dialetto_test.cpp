@@ -18,7 +18,7 @@ std::string testi(const Traduzione& traduzione) {
   for (const Parametro& p : traduzione.parametri) {
     if (p.tipo == Parametro::Tipo::Intero) tutti += std::to_string(p.intero);
     if (p.tipo == Parametro::Tipo::Reale) tutti += "reale";
-    if (p.tipo == Parametro::Tipo::Testo) tutti += "'" + std::string(p.testo) + "'";
+    if (p.tipo == Parametro::Tipo::Testo) tutti.append(1, '\'').append(p.testo).append(1, '\'');
     tutti += '|';
   }
   return tutti;
