@@ -1,6 +1,9 @@
 #include "demo/cassa_esterna.h"
 
+#include <sys/prctl.h>
+
 #include <QDir>
+#include <csignal>
 #include <stdexcept>
 
 namespace {
@@ -11,6 +14,8 @@ CassaEsterna::CassaEsterna(QString programma, QString indirizzo, QString memoria
     : programma_(std::move(programma)), indirizzo_(std::move(indirizzo)), memoria_(std::move(memoria)) {
   QDir().mkpath(memoria_);
   processo_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+  // However the demo ends, its till ends with it.
+  processo_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
 }
 
 CassaEsterna::~CassaEsterna() {

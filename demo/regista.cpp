@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <stdexcept>
 
+#include "platform/ui/occupato.h"
+
 namespace {
 
 constexpr int kBattitoMs = 4;
@@ -56,7 +58,8 @@ void Regista::fallisci(const QString& motivo) {
 // A step is played from the event loop and not from here: a timer does not fire again inside its own handler,
 // and the step may open a modal loop in which the next steps must go on.
 void Regista::battito() {
-  if (inCorso_) return;
+  // In the middle of a command hands are of no use: what they do is eaten.
+  if (inCorso_ || Occupato::attivo()) return;
   if (passi_.empty()) {
     orologio_.stop();
     QApplication::exit(esito_);
