@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <span>
 
+#include "platform/net/indirizzi.h"
 #include "platform/net/pacchetto_icmp.h"
 
 namespace eco {
@@ -70,13 +71,6 @@ std::uint16_t identificatore() {
   return static_cast<std::uint16_t>(::getpid() & 0xFFFF);
 }
 
-QString puntato(Indirizzo indirizzo) {
-  const in_addr binario{indirizzo};
-  std::array<char, INET_ADDRSTRLEN> testo{};
-  ::inet_ntop(AF_INET, &binario, testo.data(), testo.size());
-  return QString::fromLatin1(testo.data());
-}
-
 }  // namespace
 
 std::optional<Indirizzo> converti(const QString& testo) {
@@ -114,7 +108,7 @@ std::optional<int> perPing(Indirizzo indirizzo, const QByteArray& dati, Scadenza
   ping.setStandardErrorFile(QProcess::nullDevice());
   ping.start(programma, {QStringLiteral("-n"), QStringLiteral("-c1"), QStringLiteral("-W1"),
                          QStringLiteral("-s"), QString::number(dati.size()), QStringLiteral("-p"),
-                         QString::fromLatin1(dati.toHex()), puntato(indirizzo)});
+                         QString::fromLatin1(dati.toHex()), rete::puntato(indirizzo)});
   if (!ping.waitForStarted()) return std::nullopt;
   if (!ping.waitForFinished(restano(scadenza))) {
     ping.kill();

@@ -2,18 +2,11 @@
 
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
-#include <net/if.h>
-#include <sched.h>
-#include <sys/ioctl.h>
-#include <sys/socket.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QFile>
-#include <cstring>
-#include <functional>
 
 #include "platform/net/rete.h"
+#include "platform/net/rete_nuova.h"
 #include "sostegno/cartella_temporanea.h"
 
 namespace {
@@ -22,8 +15,6 @@ using namespace std::chrono_literals;
 
 const QByteArray kDati("hello");
 constexpr int kMillisecondi = 250;
-/// What an ordinary user is on the test machine.
-constexpr uid_t kNessuno = 65534;
 
 eco::Scadenza scadenza(std::chrono::milliseconds attesa = 250ms) {
   return std::chrono::steady_clock::now() + attesa;
@@ -31,57 +22,6 @@ eco::Scadenza scadenza(std::chrono::milliseconds attesa = 250ms) {
 
 eco::Indirizzo indirizzo(const char* testo) {
   return eco::converti(QLatin1String(testo)).value();
-}
-
-/// What the child's body gave when it gave no status, and when it could not be run.
-constexpr int kNiente = 100;
-constexpr int kNonPreparato = 101;
-
-using Corpo = std::function<std::optional<int>()>;
-
-/// The status that `corpo` gives in a child process, where `prepara` came before it.
-int nelFiglio(const std::function<bool()>& prepara, const Corpo& corpo) {
-  const pid_t figlio = ::fork();
-  if (figlio == 0) ::_exit(prepara() ? corpo().value_or(kNiente) : kNonPreparato);
-  int stato = 0;
-  EXPECT_EQ(::waitpid(figlio, &stato, 0), figlio);
-  return WIFEXITED(stato) ? WEXITSTATUS(stato) : kNonPreparato;
-}
-
-/// Without the superuser's rights.
-int daUtenteQualunque(const Corpo& corpo) {
-  return nelFiglio([] { return ::getuid() != 0 || (::setgid(kNessuno) == 0 && ::setuid(kNessuno) == 0); },
-                   corpo);
-}
-
-bool scrivi(const char* file, const QByteArray& testo) {
-  QFile uscita(QLatin1String{file});
-  return uscita.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && uscita.write(testo) == testo.size();
-}
-
-bool accendiLoopback() {
-  const int presa = ::socket(AF_INET, SOCK_DGRAM, 0);
-  ifreq richiesta{};
-  std::strcpy(richiesta.ifr_name, "lo");
-  richiesta.ifr_flags = IFF_UP | IFF_RUNNING;
-  const bool acceso = ::ioctl(presa, SIOCSIFFLAGS, &richiesta) == 0;
-  ::close(presa);
-  return acceso;
-}
-
-/// On a network of its own that has nothing but a loopback, or not even that one up, where this process may
-/// do what it likes.
-int inReteNuova(const Corpo& corpo, bool loopback = true) {
-  return nelFiglio(
-      [loopback] {
-        const QByteArray gruppo = "0 " + QByteArray::number(::getgid()) + " 1";
-        if (::unshare(::getuid() == 0 ? CLONE_NEWNET : CLONE_NEWNET | CLONE_NEWUSER) != 0) return false;
-        if (::getuid() != 0 &&
-            !(scrivi("/proc/self/setgroups", "deny") && scrivi("/proc/self/gid_map", gruppo)))
-          return false;
-        return !loopback || accendiLoopback();
-      },
-      corpo);
 }
 
 }  // namespace
@@ -111,7 +51,7 @@ TEST(Eco, LaPresaGrezzaRispondeAChiNeHaIlDiritto) {
 
 TEST(Eco, LaPresaADatagrammiRispondeAChiNeHaIlDiritto) {
   EXPECT_EQ(inReteNuova([]() -> std::optional<int> {
-              if (!scrivi("/proc/sys/net/ipv4/ping_group_range", "0 0")) return kNonPreparato;
+              if (!scriviDiSistema("/proc/sys/net/ipv4/ping_group_range", "0 0")) return kNonPreparato;
               return eco::perDatagramma(indirizzo("127.0.61.2"), kDati, scadenza(5s));
             }),
             eco::kRisposto);
@@ -136,7 +76,7 @@ TEST(Eco, DoveNonCEStradaLaRispostaENonRaggiungibile) {
 
 TEST(Eco, LaPresaGrezzaSenzaDirittoLasciaIlPostoAllaVoceSeguente) {
   EXPECT_EQ(daUtenteQualunque([] { return eco::perGrezzo(indirizzo("127.0.61.3"), kDati, scadenza()); }),
-            100);
+            kNiente);
 }
 
 TEST(Eco, IlProgrammaDelSistemaRispondeAllUtenteQualunque) {
