@@ -36,7 +36,8 @@ void compone(Byte byte) {
   if (std::find(nome.begin(), nome.end(), std::uint8_t{0}) == nome.end())
     testa.nome.assign(nome.begin(), nome.end());
   const Byte resto = byte.subspan(kScelte);
-  std::vector<std::uint8_t> trama = componi(testa, resto.first(std::min(resto.size(), kTastiMassimi)));
+  std::vector<std::uint8_t> trama =
+      componi(testa, resto.first(std::min({resto.size(), kTastiMassimi, datiMassimi(testa)})));
   verifica(leggiTrama(trama).has_value());
   trama[byte[1] % trama.size()] ^= 1U;
   verifica(!leggiTrama(trama).has_value());

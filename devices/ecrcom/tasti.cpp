@@ -31,8 +31,7 @@ class Collegamento {
     testa.tipo = tipo;
     const Scadenza scadenza = fra(attesaRisposta());
     const Esito spedito = spedisci(presa_, componi(testa, byteDi(testo)), scadenza);
-    if (spedito != Esito::Fatto) return codiceDi(spedito);
-    return risposta(scadenza);
+    return spedito == Esito::Fatto ? risposta(scadenza) : interrompi(codiceDi(spedito));
   }
 
   /// Bytes copied, or a code below 0.
@@ -53,10 +52,17 @@ class Collegamento {
     for (;;) {
       Trama trama;
       const std::int16_t codice = prossima(scadenza, trama);
-      if (codice != kFatto) return codice;
+      if (codice != kFatto) return interrompi(codice);
       if (trama.intestazione.tipo == Tipo::Risposta) return trama.intestazione.codice;
-      if (trama.intestazione.tipo != Tipo::RispostaTasti || !conserva(trama)) return kRispostaIncomprensibile;
+      if (trama.intestazione.tipo != Tipo::RispostaTasti || !conserva(trama))
+        return interrompi(kRispostaIncomprensibile);
     }
+  }
+
+  /// Hangs up: an answer that came after all would be taken for the next sequence's.
+  std::int16_t interrompi(std::int16_t codice) {
+    presa_.chiudi();
+    return codice;
   }
 
   bool conserva(const Trama& trama) {

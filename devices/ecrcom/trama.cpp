@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "platform/ecrcom/ecrcom.h"
+
 namespace ecrcom {
 namespace {
 
@@ -37,11 +39,22 @@ bool tipoNoto(std::uint8_t tipo) {
          tipo <= static_cast<std::uint8_t>(Tipo::RispostaTasti);
 }
 
-std::size_t datiMassimi(Tipo tipo) {
-  return tipo == Tipo::Tasti || tipo == Tipo::RispostaTasti ? kTastiMassimi : kByteMassimi;
-}
-
 }  // namespace
+
+std::size_t datiMassimi(const Intestazione& testa) {
+  switch (testa.tipo) {
+    case Tipo::Comando:
+      return testa.modo == ECR_SEND_MODE ? kByteMassimi : 0;
+    case Tipo::Risposta:
+      return kByteMassimi;
+    case Tipo::ApriTasti:
+      return 0;
+    case Tipo::Tasti:
+    case Tipo::RispostaTasti:
+      break;
+  }
+  return kTastiMassimi;
+}
 
 bool puoEssereTrama(Byte inizio) {
   const std::size_t quanti = std::min(inizio.size(), kSegno.size());
@@ -56,7 +69,7 @@ std::optional<Intestazione> leggiIntestazione(const ByteIntestazione& byte) {
   testa.codice = static_cast<std::int16_t>(leggi(byte, kPosCodice, 2));
   testa.lunghezza = leggi(byte, kPosLunghezza, 4);
   testa.controllo = leggi(byte, kPosControllo, 4);
-  if (testa.lunghezza > datiMassimi(testa.tipo)) return std::nullopt;
+  if (testa.lunghezza > datiMassimi(testa)) return std::nullopt;
   const auto inizio = byte.begin() + kPosNome;
   const auto fine = byte.begin() + kPosControllo;
   const auto nul = std::find(inizio, fine, std::uint8_t{0});
@@ -77,7 +90,7 @@ void intesta(const Intestazione& intestazione, std::vector<std::uint8_t>& trama)
   if (intestazione.nome.size() > kNomeMassimo) throw std::length_error("nome");
   if (trama.size() < kByteIntestazione) throw std::length_error("testa");
   const Byte dati = Byte(trama).subspan(kByteIntestazione);
-  if (dati.size() > datiMassimi(intestazione.tipo)) throw std::length_error("dati");
+  if (dati.size() > datiMassimi(intestazione)) throw std::length_error("dati");
   std::fill_n(trama.begin(), kByteIntestazione, std::uint8_t{0});
   std::copy(kSegno.begin(), kSegno.end(), trama.begin());
   trama[kPosTipo] = static_cast<std::uint8_t>(intestazione.tipo);

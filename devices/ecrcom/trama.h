@@ -49,6 +49,9 @@ struct Trama {
 using ByteIntestazione = std::array<std::uint8_t, kByteIntestazione>;
 using Byte = std::span<const std::uint8_t>;
 
+/// How many data bytes a frame of that kind and mode carries at most: of what goes to the till only a file
+/// that is sent may be long.
+std::size_t datiMassimi(const Intestazione& testa);
 /// Whether these first bytes can still become a header; true for none at all.
 bool puoEssereTrama(Byte inizio);
 /// Nothing if the bytes are no header: wrong mark, kind unknown, name without its NUL, data beyond bounds.
@@ -60,8 +63,8 @@ std::uint32_t prosegui(std::uint32_t controllo, Byte dati);
 /// Writes the header into the first kByteIntestazione bytes of a run whose rest are the data already. Bounds
 /// as for componi(), std::length_error also for a run too short.
 void intesta(const Intestazione& intestazione, std::vector<std::uint8_t>& trama);
-/// Header and data as one run of bytes. `nome` has at most kNomeMassimo characters, `dati` at most
-/// kByteMassimi bytes; throws std::length_error beyond.
+/// Header and data as one run of bytes. `nome` has at most kNomeMassimo characters, `dati` as many bytes as
+/// frames of the kind and mode carry; throws std::length_error beyond.
 std::vector<std::uint8_t> componi(const Intestazione& intestazione, Byte dati);
 /// The frame at the beginning of `byte` and its length; nothing if it is not there whole, or is none.
 struct TramaLetta {

@@ -16,8 +16,6 @@ namespace {
 
 using namespace ecrcom;
 
-/// How long a frame may take once its first byte is there, and a reply to be taken.
-constexpr std::chrono::milliseconds kAttesaTrama{10000};
 constexpr std::chrono::hours kSempre{24 * 365};
 constexpr std::size_t kByteSpazzatura = 256;
 /// What a file that is handed over too long has behind its end.
@@ -36,7 +34,7 @@ void falsaLunghezza(Cosa cosa, std::vector<std::uint8_t>& dati) {
   if (cosa == Cosa::FileCorto)
     dati.resize(dati.size() / 2);
   else
-    dati.insert(dati.end(), kByteInPiu, kByteAlieno);
+    dati.insert(dati.end(), std::min(kByteInPiu, kByteMassimi - dati.size()), kByteAlieno);
 }
 
 }  // namespace
@@ -48,8 +46,9 @@ void Dialogo::conduci() {
 /// One frame; whether the connection goes on.
 bool Dialogo::servi() {
   if (attendi(presa_, POLLIN, std::nullopt) != Esito::Fatto) return false;
+  scadenza_ = fra(registratore_.attesa());
   ByteIntestazione testa;
-  if (ricevi(presa_, testa, fra(kAttesaTrama), true) != Esito::Fatto) return false;
+  if (ricevi(presa_, testa, scadenza_, true) != Esito::Fatto) return false;
   const std::optional<Intestazione> letta = leggiIntestazione(testa);
   if (!letta) return false;
   Trama trama{*letta, std::move(deposito_)};
@@ -80,7 +79,7 @@ bool Dialogo::guasta(const Guasto& guasto, const ByteIntestazione& testa, Trama&
   const bool invio = cosa.modo == ECR_SEND_MODE;
   if (guasto.cosa == Cosa::TaglioDentro && invio) {
     std::vector<std::uint8_t> meta(cosa.lunghezza / 2);
-    if (ricevi(presa_, meta, fra(kAttesaTrama)) == Esito::Fatto)
+    if (ricevi(presa_, meta, scadenza_) == Esito::Fatto)
       registratore_.annota(cosa.modo, cosa.nome, meta.size());
     return false;
   }
@@ -141,11 +140,11 @@ bool Dialogo::rispondi(std::uint8_t modo, const Risposta& risposta) const {
 }
 
 bool Dialogo::manda(Byte byte) const {
-  return spedisci(presa_, byte, fra(kAttesaTrama)) == Esito::Fatto;
+  return spedisci(presa_, byte, fra(registratore_.attesa())) == Esito::Fatto;
 }
 
 bool Dialogo::completa(const ByteIntestazione& testa, Trama& trama) const {
-  return riceviDati(presa_, testa, fra(kAttesaTrama), trama) == Esito::Fatto;
+  return riceviDati(presa_, testa, scadenza_, trama) == Esito::Fatto;
 }
 
 /// Holds the line until the other side has had enough.

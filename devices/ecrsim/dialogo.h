@@ -30,6 +30,8 @@ class Dialogo {
   const ecrcom::Presa& presa_;
   Registratore& registratore_;
   std::vector<std::uint8_t>& deposito_;
+  /// Of the frame that is coming in.
+  ecrcom::Scadenza scadenza_{};
   bool tastiAperti_ = false;
 };
 

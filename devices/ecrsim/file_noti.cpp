@@ -30,7 +30,7 @@ constexpr std::array kFile{
 
 bool FileNoto::accetta(std::size_t quanti, std::string_view bitmap) const {
   const std::size_t attesi = byte(bitmap);
-  return attesi == 0 ? quanti > 0 : quanti == attesi;
+  return attesi == 0 ? quanti > 0 : quanti == attesi || quanti == byteGrande;
 }
 
 std::span<const FileNoto> fileNoti() {

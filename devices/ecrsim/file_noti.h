@@ -18,7 +18,8 @@ struct FileNoto {
   /// Whether it is part of the programming that mode 3 clears.
   bool programmazione;
 
-  bool accetta(std::size_t byte, std::string_view bitmap) const;
+  /// A small till also takes what was written over a large till's file, whose tail it does not read.
+  bool accetta(std::size_t quanti, std::string_view bitmap) const;
   std::size_t byte(std::string_view bitmap) const { return bitmap == "S" ? bytePiccola : byteGrande; }
 };
 

@@ -122,7 +122,8 @@ std::int16_t Registratore::prendiFile(const std::string& file, ecrcom::Byte dati
   const FileNoto* noto = fileNoto(file);
   if (noto == nullptr || !noto->siInvia) return ecrcom::kFileSconosciuto;
   if (!noto->accetta(dati.size(), opzioni_.bitmap)) return ecrcom::kLunghezzaErrata;
-  return memoria_.scrivi(file, dati);
+  const std::size_t letti = noto->byte(opzioni_.bitmap);
+  return memoria_.scrivi(file, letti == 0 ? dati : dati.first(letti));
 }
 
 /// A file that someone laid into the memory goes out as it is, whatever its length.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <mutex>
 #include <optional>
@@ -40,6 +41,8 @@ class Registratore {
   std::int64_t giornata(int scontrini, std::uint32_t seme);
   const Memoria& memoria() const { return memoria_; }
   const std::string& indirizzo() const { return opzioni_.indirizzo; }
+  /// How long a frame may take once its first byte is there, and a reply to be taken.
+  std::chrono::milliseconds attesa() const { return opzioni_.attesa; }
 
  private:
   std::int16_t permesso(int modo) const;

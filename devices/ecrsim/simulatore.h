@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -50,6 +51,8 @@ struct Opzioni {
   /// If not empty, the text that mode 0 answers with, whatever the rest says.
   std::string rispostaInfo{};
   std::vector<Guasto> guasti{};
+  /// How long a frame may take once its first byte is there, and a reply to be taken.
+  std::chrono::milliseconds attesa{10000};
 };
 
 /// One command as the till understood it.

@@ -13,7 +13,6 @@ struct Coppia {
   std::size_t corta;
 };
 
-/// The text's byte goes before the flag's, as the tills' own tool does.
 constexpr std::array kCoppieIntestazione{
     Coppia{intestazione::kTesto.inizio, intestazione_corta::kPrimaLettera.inizio},
     Coppia{intestazione::kDoppiaAltezza.inizio, intestazione_corta::kDoppiaAltezza.inizio}};

@@ -348,6 +348,22 @@ INSTANTIATE_TEST_SUITE_P(OgniFile, LunghezzeAccettate,
                                          Taglia{"prog_param.bin", 429, 429}, Taglia{"logo.bin", 121, 121},
                                          Taglia{"clienti.bin", 44250, 44250}));
 
+TEST(LunghezzeDiClasse, LaCassaPiccolaNonLeggeLaCodaDiUnaGrande) {
+  CartellaTemporanea cartella;
+  ecrsim::Opzioni opzioni;
+  opzioni.bitmap = "S";
+  Cassa cassa(opzioni);
+  Libreria libreria;
+  libreria.comando(cassa.indirizzo(), ECR_OPEN_MODE);
+  for (const auto& [nome, piccola, grande] :
+       {Taglia{"intestazione.bin", 209, 305}, Taglia{"cortesia.bin", 55, 79}}) {
+    const QByteArray nuovo(piccola, 'n');
+    cartella.scrivi(QString::fromLatin1(nome), nuovo + QByteArray(grande - piccola, 'v'));
+    EXPECT_EQ(libreria.comando(cassa.indirizzo(), ECR_SEND_MODE, nome), kFatto) << nome;
+    EXPECT_EQ(cassa.byte(QString::fromLatin1(nome)), nuovo);
+  }
+}
+
 TEST_F(Comandi, LaGraficaSiAccettaDiOgniLunghezzaMaNonVuota) {
   EXPECT_EQ(comando(ECR_OPEN_MODE), kFatto);
   for (const int byte : {1, 100000}) {

@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <system_error>
 
+#include "devices/finta_cassa.h"
 #include "devices/libreria.h"
 #include "ecrcom/codici.h"
 #include "ecrsim/riga_comando.h"
@@ -40,10 +41,36 @@ struct Programma : testing::Test {
     return processo.readLine();
   }
 
+  /// Listens, its memory in the folder of that name.
+  void avviaPronta() {
+    avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--dir"), QStringLiteral("memoria")});
+    EXPECT_TRUE(riga().startsWith("ECRSIM pronto su "));
+  }
+  /// As a pulled plug would: no thread of it has a word to say.
+  void uccidi() {
+    processo.kill();
+    ASSERT_TRUE(processo.waitForFinished(10000));
+    EXPECT_EQ(processo.exitStatus(), QProcess::CrashExit);
+  }
+  in_addr dove() const { return *ecrcom::indirizzo(indirizzo.toStdString()); }
+
   CartellaTemporanea cartella;
   QString indirizzo = indirizzoProprio();
   QProcess processo;
 };
+
+/// The frame of a mode with a file name, and the file.
+std::vector<std::uint8_t> comando(std::uint8_t modo, const char* file,
+                                  const std::vector<std::uint8_t>& dati = {}) {
+  ecrcom::Intestazione testa;
+  testa.modo = modo;
+  testa.nome = file;
+  return ecrcom::componi(testa, dati);
+}
+
+QStringList voci(const QString& cartella) {
+  return QDir(cartella).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+}
 
 /// Reads so many bytes from a line, or fewer if it stays silent for five seconds.
 QByteArray leggiLinea(int linea, int quanti) {
@@ -130,7 +157,8 @@ TEST(RigaComando, OgniGuastoHaIlSuoNome) {
 TEST(IndirizzoDellaCassa, SoloLaReteLocaleEPerUnoSolo) {
   ecrsim::Opzioni opzioni;
   opzioni.cartella = QDir::tempPath().toStdString();
-  for (const char* indirizzo : {"10.0.0.1", "192.168.0.20", "0.0.0.0", "casa", ""}) {
+  for (const char* indirizzo : {"10.0.0.1", "192.168.0.20", "0.0.0.0", "126.255.255.255", "128.0.0.1",
+                                "127.1", "::1", "localhost", "casa", ""}) {
     opzioni.indirizzo = indirizzo;
     EXPECT_THROW(ecrsim::Simulatore{opzioni}, std::system_error) << indirizzo;
   }
@@ -170,6 +198,85 @@ TEST_F(Programma, SeNeVaConSigintAncheConUnaLineaAperta) {
   ASSERT_TRUE(processo.waitForFinished(10000));
   EXPECT_EQ(processo.exitCode(), 0);
   libreria.ecr_disc_xonxoff_ntw(maniglia);
+}
+
+TEST_F(Programma, UccisaAMetaDiUnInvioHaLaMemoriaDiPrimaENessunTrasferimento) {
+  using namespace std::chrono_literals;
+  ASSERT_TRUE(QDir().mkdir(QStringLiteral("memoria")));
+  const QByteArray vecchio(240000, 'v');
+  cartella.scrivi(QStringLiteral("memoria/plu.bin"), vecchio);
+  avviaPronta();
+  Libreria libreria;
+  EXPECT_EQ(libreria.comando(indirizzo, ECR_OPEN_MODE), ecrcom::kFatto);
+  ecrcom::Presa presa;
+  ASSERT_EQ(ecrcom::connetti(dove(), ecrcom::fra(5s), presa), ecrcom::Esito::Fatto);
+  const auto trama = comando(ECR_SEND_MODE, "plu.bin", std::vector<std::uint8_t>(240000, 'n'));
+  ASSERT_EQ(ecrcom::spedisci(presa, ecrcom::Byte(trama).first(trama.size() / 2), ecrcom::fra(5s)),
+            ecrcom::Esito::Fatto);
+  uccidi();
+  presa.chiudi();
+  avviaPronta();
+  EXPECT_EQ(voci(QStringLiteral("memoria")), QStringList{QStringLiteral("plu.bin")});
+  EXPECT_EQ(cartella.leggi(QStringLiteral("memoria/plu.bin")), vecchio);
+  EXPECT_EQ(libreria.comando(indirizzo, ECR_FETCH_MODE, "plu.bin"), ecrcom::kTrasferimentoChiuso);
+  EXPECT_EQ(libreria.comando(indirizzo, ECR_OPEN_MODE), ecrcom::kFatto);
+  EXPECT_EQ(libreria.comando(indirizzo, ECR_FETCH_MODE, "plu.bin"), ecrcom::kFatto);
+  EXPECT_EQ(cartella.leggi(QStringLiteral("plu.bin")), vecchio);
+}
+
+TEST_F(Programma, UccisaAMetaDiUnaRicezioneLasciaIlFileDelPcComEra) {
+  using namespace std::chrono_literals;
+  ASSERT_TRUE(QDir().mkdir(QStringLiteral("memoria")));
+  cartella.scrivi(QStringLiteral("memoria/clienti.bin"), QByteArray(4 * 1024 * 1024, 'n'));
+  cartella.scrivi(QStringLiteral("clienti.bin"), "vecchio");
+  avviaPronta();
+  Libreria libreria;
+  EXPECT_EQ(libreria.comando(indirizzo, ECR_OPEN_MODE), ecrcom::kFatto);
+  std::size_t passati = 0;
+  // Hands the beginning of the answer on, and what was still on its way when the till died.
+  const FintaCassa tramite([&](const ecrcom::Presa& pc) {
+    ecrcom::Presa cassa;
+    ASSERT_EQ(ecrcom::connetti(dove(), ecrcom::fra(5s), cassa), ecrcom::Esito::Fatto);
+    ecrcom::spedisci(cassa, comando(ECR_FETCH_MODE, "clienti.bin"), ecrcom::fra(5s));
+    std::vector<std::uint8_t> pezzo(4096);
+    for (std::size_t quanti = 0;
+         ecrcom::riceviQualcosa(cassa, pezzo, ecrcom::fra(5s), quanti) == ecrcom::Esito::Fatto;
+         passati += quanti) {
+      if (passati == 0) ::kill(static_cast<pid_t>(processo.processId()), SIGKILL);
+      ecrcom::spedisci(pc, ecrcom::Byte(pezzo).first(quanti), ecrcom::fra(5s));
+    }
+  });
+  EXPECT_EQ(libreria.comando(tramite.indirizzo(), ECR_FETCH_MODE, "clienti.bin"), ecrcom::kLineaInterrotta);
+  EXPECT_GT(passati, 0U);
+  EXPECT_LT(passati, std::size_t{4} * 1024 * 1024);
+  EXPECT_EQ(cartella.leggi(QStringLiteral("clienti.bin")), "vecchio");
+  EXPECT_EQ(voci(cartella.percorso()),
+            (QStringList{QStringLiteral("clienti.bin"), QStringLiteral("memoria")}));
+}
+
+TEST_F(Programma, OgniGuastoDellaRigaDiComandoSiSenteSullaLinea) {
+  cartella.scrivi(QStringLiteral("val.bin"), QByteArray(117, 'v'));
+  const std::vector<std::pair<QString, int>> guasti{
+      {QStringLiteral("codice"), ecrcom::kStatoErrato},
+      {QStringLiteral("codice=33"), 33},
+      {QStringLiteral("silenzio"), ecrcom::kTempoScaduto},
+      {QStringLiteral("taglio-prima"), ecrcom::kLineaInterrotta},
+      {QStringLiteral("taglio-dentro"), ecrcom::kLineaInterrotta},
+      {QStringLiteral("taglio-dopo"), ecrcom::kLineaInterrotta},
+      {QStringLiteral("corto"), ecrcom::kLunghezzaErrata},
+      {QStringLiteral("lungo"), ecrcom::kLunghezzaErrata},
+      {QStringLiteral("spazzatura"), ecrcom::kRispostaIncomprensibile}};
+  Libreria libreria;
+  libreria.ecr_set_timeout(2000, 500);
+  for (const auto& [guasto, codice] : guasti) {
+    avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--dir"), QStringLiteral("memoria"),
+           QStringLiteral("--guasto"), QStringLiteral("6:val.bin:") + guasto});
+    riga();
+    EXPECT_EQ(libreria.comando(indirizzo, ECR_OPEN_MODE), ecrcom::kFatto);
+    EXPECT_EQ(libreria.comando(indirizzo, ECR_SEND_MODE, "val.bin"), codice) << guasto.toStdString();
+    processo.terminate();
+    ASSERT_TRUE(processo.waitForFinished(10000));
+  }
 }
 
 TEST_F(Programma, LOpzioneGuastoColpisce) {

@@ -156,6 +156,21 @@ TEST(GuastiDelFile, UnGuastoConNomeColpisceSoloQuelFile) {
   EXPECT_EQ(cartella.leggi(QStringLiteral("fatture.bin")), "x");
 }
 
+TEST(GuastiDelFile, UnFileMassimoNonSiAllungaESiConsegnaIntero) {
+  constexpr int kMassimo = 4 * 1024 * 1024;
+  CartellaTemporanea cartella;
+  Cassa cassa;
+  Libreria libreria;
+  const QString clienti = QStringLiteral("clienti.bin");
+  cassa.metti(clienti, QByteArray(kMassimo, 'c'));
+  EXPECT_EQ(libreria.comando(cassa.indirizzo(), ECR_OPEN_MODE), kFatto);
+  cassa->guasti({{ECR_FETCH_MODE, "", Cosa::FileLungo, 0, 0}});
+  EXPECT_EQ(libreria.comando(cassa.indirizzo(), ECR_FETCH_MODE, "clienti.bin"), kFatto);
+  EXPECT_EQ(cartella.leggi(clienti).size(), kMassimo);
+  cassa.metti(clienti, QByteArray(kMassimo + 1, 'c'));
+  EXPECT_EQ(libreria.comando(cassa.indirizzo(), ECR_FETCH_MODE, "clienti.bin"), kFileTroppoGrande);
+}
+
 TEST(GuastiDelFile, UnTaglioDentroUnArchivioGrandeNonToccaLaMemoria) {
   CartellaTemporanea cartella;
   Cassa cassa;

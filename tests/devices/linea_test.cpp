@@ -96,6 +96,36 @@ TEST_F(Linea, ChiSgocciolaUnByteAllaVoltaNonTrattienePiuDelTempoFissato) {
   EXPECT_LT(orologio.elapsed(), 2000);
 }
 
+TEST(LineaDellaCassa, UnPcCheSgocciolaPerdeLaLineaAllaScadenzaDellaTrama) {
+  using namespace std::chrono_literals;
+  ecrsim::Opzioni opzioni;
+  opzioni.attesa = 2000ms;
+  Cassa cassa(opzioni);
+  Presa presa;
+  ASSERT_EQ(connetti(*ecrcom::indirizzo(cassa.indirizzo().toStdString()), fra(5s), presa), Esito::Fatto);
+  Intestazione testa;
+  testa.modo = ECR_SEND_MODE;
+  testa.nome = "iva.bin";
+  const Vettore trama = componi(testa, Vettore(233, 'i'));
+  QElapsedTimer orologio;
+  orologio.start();
+  // The last byte of the header comes late in the time of the whole frame, then a byte of the data now and
+  // then.
+  std::size_t fatti = kByteIntestazione - 1;
+  ASSERT_EQ(spedisci(presa, Byte(trama).first(fatti), fra(5s)), Esito::Fatto);
+  Esito esito = Esito::Scaduto;
+  for (auto pausa = 1500ms; esito == Esito::Scaduto && fatti < trama.size(); pausa = 20ms) {
+    std::array<std::uint8_t, 64> scarto;
+    std::size_t quanti = 0;
+    esito = riceviQualcosa(presa, scarto, fra(pausa), quanti);
+    if (esito == Esito::Scaduto) spedisci(presa, Byte(trama).subspan(fatti++, 1), fra(5s));
+  }
+  EXPECT_EQ(esito, Esito::Tagliato);
+  EXPECT_GE(orologio.elapsed(), 2000);
+  EXPECT_LT(orologio.elapsed(), 3200) << "header and data have one time together";
+  EXPECT_TRUE(cassa->chiamate().empty());
+}
+
 TEST_F(Linea, ChiNonLeggeNonTrattienePiuDelTempoFissato) {
   cartella.scrivi(QStringLiteral("bitmap.bin"), QByteArray(4 * 1024 * 1024, 'b'));
   const QString indirizzo = indirizzoProprio();
@@ -163,7 +193,11 @@ TEST_F(Linea, TantiScambiDiFilaNonLascianoDescrittoriAperti) {
   Cassa cassa;
   EXPECT_EQ(libreria.comando(cassa.indirizzo(), ECR_INFO_MODE), kFatto);
   const int prima = descrittoriAperti();
-  for (int i = 0; i < 500; ++i) ASSERT_EQ(libreria.comando(cassa.indirizzo(), ECR_INFO_MODE), kFatto) << i;
+  cartella.scrivi(QStringLiteral("iva.bin"), QByteArray(233, 'i'));
+  for (int i = 0; i < 250; ++i)
+    for (const int modo : {ECR_OPEN_MODE, ECR_SEND_MODE, ECR_FETCH_MODE, ECR_CLOSE_MODE})
+      ASSERT_EQ(libreria.comando(cassa.indirizzo(), modo, modo >= ECR_SEND_MODE ? "iva.bin" : ""), kFatto)
+          << i;
   const QString spenta = indirizzoProprio();
   for (int i = 0; i < 500; ++i) ASSERT_EQ(libreria.comando(spenta, ECR_INFO_MODE), kNonRaggiungibile) << i;
   // The till closes its end of the last connections a moment after the PC has.

@@ -219,6 +219,26 @@ TEST_F(Tasti, UnIndirizzoErratoOMutoDaUnCodiceNegativo) {
   EXPECT_EQ(libreria.messaggio(-kTempoScaduto), libreria.messaggio(kTempoScaduto));
 }
 
+TEST_F(Tasti, UnaRispostaInRitardoNonPassaPerQuellaDellaSequenzaDopo) {
+  const FintaCassa finta([](const Presa& presa) {
+    Trama trama;
+    if (riceviTrama(presa, fra(std::chrono::seconds(10)), trama) != Esito::Fatto) return;
+    mandaTrama(presa, Tipo::Risposta, {});
+    // Says nothing to the first sequence until a second one is there, or the PC has hung up.
+    for (int i = 0; i < 2; ++i)
+      if (riceviTrama(presa, fra(std::chrono::seconds(10)), trama) != Esito::Fatto) return;
+    mandaTrama(presa, Tipo::Risposta, {});
+    aspettaChiusura(presa);
+  });
+  const int maniglia = apri(finta.indirizzo());
+  ASSERT_GE(maniglia, 1);
+  libreria.ecr_set_timeout(1000, 200);
+  EXPECT_EQ(manda(maniglia, "x"), kTempoScaduto);
+  EXPECT_EQ(manda(maniglia, "y"), kLineaInterrotta);
+  EXPECT_EQ(ricevi(maniglia, 1), -kLineaInterrotta);
+  EXPECT_EQ(libreria.ecr_disc_xonxoff_ntw(maniglia), kFatto);
+}
+
 TEST_F(Tasti, UnaManigliaCheNonEApertaSiRifiuta) {
   for (const int maniglia : {0, -3, 1, 17, 1000000}) {
     EXPECT_EQ(manda(maniglia, "1R"), kManigliaErrata) << maniglia;

@@ -117,6 +117,29 @@ TEST(Trama, ITastiSonoAlPiuMilleventiquattroByte) {
   EXPECT_THROW(componi(testa, Vettore(kTastiMassimi + 1)), std::length_error);
 }
 
+TEST(Trama, SoloUnFileDaInviareESoloLeRisposteHannoDatiLunghi) {
+  const auto massimi = [](Tipo tipo, std::uint8_t modo) {
+    Intestazione testa;
+    testa.tipo = tipo;
+    testa.modo = modo;
+    return datiMassimi(testa);
+  };
+  for (std::uint8_t modo = 0; modo <= 9; ++modo) {
+    EXPECT_EQ(massimi(Tipo::Comando, modo), modo == 6 ? kByteMassimi : 0U) << int{modo};
+    EXPECT_EQ(massimi(Tipo::Risposta, modo), kByteMassimi) << int{modo};
+  }
+  EXPECT_EQ(massimi(Tipo::ApriTasti, 0), 0U);
+  EXPECT_EQ(massimi(Tipo::Tasti, 0), kTastiMassimi);
+  EXPECT_EQ(massimi(Tipo::RispostaTasti, 0), kTastiMassimi);
+}
+
+TEST(Trama, UnComandoSenzaFileChePortaDatiSiRifiuta) {
+  EXPECT_THROW(comando(5, "", {1}), std::length_error);
+  Vettore byte = comando(5, "", {});
+  byte[kPosLunghezza] = 1;
+  EXPECT_FALSE(leggiIntestazione(testaDi(byte)));
+}
+
 TEST(Trama, IlNomeFinisceConUnoZeroEDietroHaSoloZeri) {
   EXPECT_EQ(leggiTrama(comando(7, std::string(kNomeMassimo, 'n'), {}))->trama.intestazione.nome.size(),
             kNomeMassimo);
