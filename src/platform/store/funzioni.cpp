@@ -41,7 +41,7 @@ void formato(sqlite3_context* contesto, int, sqlite3_value** valori) {
 }
 
 void oggi(sqlite3_context* contesto, int, sqlite3_value**) {
-  const QDate data = AdessoLocale().date();
+  const QDate data = OggiLocale();
   rispondi(contesto, FormaOrdinabile({data.year(), data.month(), data.day(), 0, 0, 0}));
 }
 

@@ -1,5 +1,6 @@
 #include "platform/store/orologio.h"
 
+#include <ctime>
 #include <utility>
 
 namespace store {
@@ -15,8 +16,16 @@ void ImpostaOrologio(Orologio orologio) {
   corrente() = std::move(orologio);
 }
 
-QDateTime AdessoLocale() {
-  return corrente() ? corrente()() : QDateTime::currentDateTime();
+QDate OggiLocale() {
+  if (corrente()) return corrente()().date();
+  static std::time_t secondo = -1;
+  static QDate data;
+  const std::time_t ora = std::time(nullptr);
+  if (ora != secondo) {
+    data = QDate::currentDate();
+    secondo = ora;
+  }
+  return data;
 }
 
 }  // namespace store

@@ -10,6 +10,7 @@ using Orologio = std::function<QDateTime()>;
 
 /// Puts another clock in place, for the whole process; an empty one brings the system's back.
 void ImpostaOrologio(Orologio orologio);
-QDateTime AdessoLocale();
+/// Today; asked of the system once a second, since each asking looks at the time zone's file.
+QDate OggiLocale();
 
 }  // namespace store
