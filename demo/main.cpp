@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <exception>
 
+#include "demo/avvisi_qt.h"
 #include "demo/strada.h"
 #include "montaggio.h"
 
@@ -42,6 +43,7 @@ bool prepara(const QString& cartella, const QString& applicazione) {
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" GESTIONALE_SCHERMO);
+  zittisciPiattaforma();
   QApplication applicazione(argc, argv);
   QCommandLineParser opzioni;
   const QCommandLineOption cartella(QStringLiteral("cartella"),
@@ -49,7 +51,10 @@ int main(int argc, char** argv) {
                                     QStringLiteral("folder"), QStringLiteral("demo"));
   const QCommandLineOption programma(QStringLiteral("applicazione"), QStringLiteral("The application folder"),
                                      QStringLiteral("folder"), QStringLiteral(GESTIONALE_APP));
-  opzioni.addOptions({cartella, programma});
+  const QCommandLineOption indirizzo(QStringLiteral("indirizzo"),
+                                     QStringLiteral("Loopback address of the simulated till"),
+                                     QStringLiteral("address"), indirizzoProprio());
+  opzioni.addOptions({cartella, programma, indirizzo});
   opzioni.addHelpOption();
   opzioni.process(applicazione);
   const QString qui = QDir(opzioni.value(cartella)).absolutePath();
@@ -62,7 +67,8 @@ int main(int argc, char** argv) {
     preparaApplicazione(applicazione, app);
     Montaggio montaggio(app);
     montaggio.mostraMenu();
-    CassaEsterna cassa(app + QStringLiteral("/ecrsim"), indirizzoProprio(), qui + QStringLiteral("/cassa"));
+    CassaEsterna cassa(app + QStringLiteral("/ecrsim"), opzioni.value(indirizzo),
+                       qui + QStringLiteral("/cassa"));
     return Strada({app, qui}, cassa).percorri();
   } catch (const std::exception& eccezione) {
     std::fprintf(stderr, "ERRORE: %s\n", eccezione.what());

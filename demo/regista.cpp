@@ -105,6 +105,10 @@ void clicca(const QString& finestraNome, const QString& nome) {
   QTest::mouseClick(&bersaglio, Qt::LeftButton);
 }
 
+void passaSopra(const QString& finestraNome, const QString& nome) {
+  QTest::mouseMove(&controllo(finestraNome, nome));
+}
+
 void digita(const QString& finestraNome, const QString& nome, const QString& testo) {
   QWidget& casella = controllo(finestraNome, nome);
   QTest::mouseClick(&casella, Qt::LeftButton);

@@ -47,6 +47,8 @@ QWidget* finestra(const QString& nome);
 /// The visible window's control of that name; fails with std::runtime_error where there is none.
 QWidget& controllo(const QString& finestra, const QString& nome);
 void clicca(const QString& finestra, const QString& nome);
+/// Moves the mouse over a control.
+void passaSopra(const QString& finestra, const QString& nome);
 /// Replaces the text of an input box by keys.
 void digita(const QString& finestra, const QString& nome, const QString& testo);
 /// Opens a menu of the window and clicks one of its entries.

@@ -1,7 +1,5 @@
 #include "demo/strada.h"
 
-#include <sqlite3.h>
-
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -10,10 +8,10 @@
 #include <QWidget>
 #include <algorithm>
 #include <cstdio>
-#include <map>
-#include <memory>
 
+#include "demo/archivio_riletto.h"
 #include "demo/attese.h"
+#include "demo/memoria_di_picco.h"
 
 namespace {
 
@@ -28,56 +26,21 @@ Regista::Quando visibile(const QString& nome) {
   return [nome] { return finestra(nome) != nullptr; };
 }
 
+bool acceso(const QString& nomeFinestra, const QString& nome) {
+  QWidget* aperta = finestra(nomeFinestra);
+  auto* comando = aperta == nullptr ? nullptr : aperta->findChild<QWidget*>(nome);
+  return comando != nullptr && comando->isEnabled();
+}
+
+/// In a modal screen, its boxes gone.
 Regista::Quando abilitato(const QString& nomeFinestra, const QString& nome) {
   return [=] {
-    QWidget* aperta = finestra(nomeFinestra);
-    auto* comando = aperta == nullptr ? nullptr : aperta->findChild<QWidget*>(nome);
-    return comando != nullptr && comando->isEnabled() && QApplication::activeModalWidget() != nullptr;
+    return acceso(nomeFinestra, nome) && QApplication::activeModalWidget() == finestra(nomeFinestra);
   };
 }
 
 std::filesystem::path percorso(const QString& nome) {
   return QFile::encodeName(nome).toStdString();
-}
-
-/// Rows of the sales table by slot, read past the program through a connection of its own.
-struct Archivio {
-  std::map<int, attese::Venduto> venduto;
-  std::map<int, std::pair<std::string, std::string>> codici;
-  int articoli = 0;
-  int righe = 0;
-};
-
-Archivio leggiArchivio(const QString& file) {
-  sqlite3* base = nullptr;
-  if (sqlite3_open_v2(file.toUtf8().constData(), &base, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
-    throw std::runtime_error("archive not readable");
-  const std::unique_ptr<sqlite3, int (*)(sqlite3*)> chiusura(base, sqlite3_close);
-  Archivio archivio;
-  const auto leggi = [&](const char* sql, auto&& riga) {
-    sqlite3_stmt* frase = nullptr;
-    if (sqlite3_prepare_v2(base, sql, -1, &frase, nullptr) != SQLITE_OK)
-      throw std::runtime_error(sqlite3_errmsg(base));
-    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> fine(frase, sqlite3_finalize);
-    while (sqlite3_step(frase) == SQLITE_ROW) riga(frase);
-  };
-  const auto testo = [](sqlite3_stmt* frase, int colonna) {
-    const auto* byte = sqlite3_column_text(frase, colonna);
-    return byte == nullptr ? std::string() : std::string(reinterpret_cast<const char*>(byte));
-  };
-  leggi("select count(*) from TAB_ARTICOLI where Descrizione <> ''",
-        [&](sqlite3_stmt* frase) { archivio.articoli = sqlite3_column_int(frase, 0); });
-  leggi(
-      "select id_plu, Importo_giornaliero, Tot_giorn_articoli_venduti, sconto_giornaliero, Codice_EAN, "
-      "Codice_Articolo from TAB_VENDUTO",
-      [&](sqlite3_stmt* frase) {
-        const int slot = sqlite3_column_int(frase, 0);
-        archivio.venduto[slot] = {slot, sqlite3_column_int(frase, 1), sqlite3_column_int(frase, 2),
-                                  sqlite3_column_int(frase, 3)};
-        archivio.codici[slot] = {testo(frase, 4), testo(frase, 5)};
-        ++archivio.righe;
-      });
-  return archivio;
 }
 
 QString euro(std::int64_t centesimi) {
@@ -105,6 +68,7 @@ int Strada::percorri() {
 
 void Strada::creaArchivio() {
   regista_.passo(QStringLiteral("menu"), visibile(kMenu), [this] {
+    passaSopra(kMenu, QStringLiteral("Label2"));
     fotografa(kMenu, QStringLiteral("menu"));
     clicca(kMenu, QStringLiteral("Label2"));
   });
@@ -117,33 +81,28 @@ void Strada::creaArchivio() {
 }
 
 void Strada::importa() {
-  regista_.passo(
-      QStringLiteral("archive open"),
-      [] {
-        QWidget* lavoro = finestra(kLavoro);
-        auto* comando = lavoro == nullptr ? nullptr : lavoro->findChild<QWidget*>(QStringLiteral("Cmd_Down"));
-        return comando != nullptr && comando->isEnabled();
-      },
-      [this] {
-        riga(QStringLiteral("Archivio creato"), QStringLiteral("negozio.mdb"));
-        fotografa(kLavoro, QStringLiteral("gestione-aperta"));
-        cronometro_.start();
-        scegliVoce(kLavoro, QStringLiteral("mnuFile"), QStringLiteral("mnuImporta"));
-      });
+  const auto aperto = [] { return acceso(kLavoro, QStringLiteral("Cmd_Down")); };
+  regista_.passo(QStringLiteral("archive open"), aperto, [this] {
+    riga(QStringLiteral("Archivio creato"), QStringLiteral("negozio.mdb"));
+    fotografa(kLavoro, QStringLiteral("gestione-aperta"));
+    cronometro_.start();
+    scegliVoce(kLavoro, QStringLiteral("mnuFile"), QStringLiteral("mnuImporta"));
+  });
   regista_.passo(QStringLiteral("open dialog"), dialogoFile, [this] {
     cronometro_.start();
     rispondiDialogoFile(elenco_);
   });
   attendiRiquadro(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"),
-                  QStringLiteral("import"));
+                  QStringLiteral("import-messaggio"));
   regista_.passo(
       QStringLiteral("figures of the import"), [] { return !riquadro(); },
       [this] {
         const std::size_t attesi = attese::leggiElenco(percorso(elenco_)).size();
-        const Archivio archivio = leggiArchivio(archivio_);
+        const ArchivioRiletto archivio = rileggiArchivio(archivio_);
         pretendi(static_cast<std::size_t>(archivio.articoli) == attesi,
                  QStringLiteral("articoli nell'archivio"));
         riga(QStringLiteral("Articoli importati"), QString::number(archivio.articoli));
+        fotografa(kLavoro, QStringLiteral("gestione-importata"));
         clicca(kLavoro, QStringLiteral("Cmd_Down"));
       });
 }
@@ -166,10 +125,11 @@ void Strada::collega(const QString& nome, const QString& foto) {
 void Strada::trasferisci() {
   collega(kTrasferimento, QStringLiteral("trasferimento"));
   attendiRiquadro(QStringLiteral("ARCHIVIO DEGLI ARTICOLI CORRETTAMENTE TRASFERITO"),
-                  QStringLiteral("trasferimento-fatto"));
+                  QStringLiteral("trasferimento-messaggio"));
   regista_.passo(QStringLiteral("figures of the transfer"),
                  abilitato(kTrasferimento, QStringLiteral("Cmd_Esci")), [this] {
                    confrontaInvio();
+                   fotografa(kTrasferimento, QStringLiteral("trasferimento-fatto"));
                    clicca(kTrasferimento, QStringLiteral("Cmd_Esci"));
                  });
 }
@@ -200,10 +160,11 @@ void Strada::vendi() {
 void Strada::ricevi() {
   collega(kRicezione, QStringLiteral("ricezione"));
   attendiRiquadro(QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
-                  QStringLiteral("ricezione-fatta"));
+                  QStringLiteral("ricezione-messaggio"));
   regista_.passo(QStringLiteral("figures of the reception"),
                  abilitato(kRicezione, QStringLiteral("Cmd_Esci")), [this] {
                    confrontaVenduto();
+                   fotografa(kRicezione, QStringLiteral("ricezione-fatta"));
                    clicca(kRicezione, QStringLiteral("Cmd_Esci"));
                  });
 }
@@ -211,7 +172,7 @@ void Strada::ricevi() {
 void Strada::confrontaVenduto() {
   const auto attesi = attese::leggiVenduto(percorso(luoghi_.cartella + QStringLiteral("/giornata.bin")));
   const auto articoli = attese::leggiElenco(percorso(elenco_));
-  const Archivio archivio = leggiArchivio(archivio_);
+  const ArchivioRiletto archivio = rileggiArchivio(archivio_);
   std::int64_t incasso = 0;
   for (const attese::Venduto& atteso : attesi) {
     const auto trovata = archivio.venduto.find(atteso.slot);
@@ -240,6 +201,7 @@ void Strada::torna() {
     pretendi(finestra(kLavoro) == nullptr, QStringLiteral("la gestione articoli si chiude"));
     fotografa(kMenu, QStringLiteral("menu-di-nuovo"));
     std::printf("Immagini delle schermate in %s\n", qPrintable(luoghi_.cartella));
+    if (const auto megabyte = memoriaDiPicco()) std::printf("Memoria di picco     %.1f MB\n", *megabyte);
   });
 }
 
