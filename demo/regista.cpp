@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
@@ -143,10 +144,15 @@ QString testoRiquadro() {
 void rispondiDialogoFile(const QString& percorso) {
   QWidget* dialogo = davanti("QFileDialog");
   auto* nome = dialogo == nullptr ? nullptr : dialogo->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-  if (nome == nullptr) throw std::runtime_error("no file dialog");
+  auto* pulsanti = dialogo == nullptr ? nullptr : dialogo->findChild<QDialogButtonBox*>();
+  if (nome == nullptr || pulsanti == nullptr) throw std::runtime_error("no file dialog");
   nome->clear();
   QTest::keyClicks(nome, percorso);
-  QTest::keyClick(nome, Qt::Key_Return);
+  // By the button: Enter may go to the list of completions, which comes up when it likes.
+  for (QAbstractButton* pulsante : pulsanti->buttons())
+    if (pulsanti->buttonRole(pulsante) == QDialogButtonBox::AcceptRole)
+      return QTest::mouseClick(pulsante, Qt::LeftButton);
+  throw std::runtime_error("no button in the file dialog");
 }
 
 void chiudiRiquadro() {
