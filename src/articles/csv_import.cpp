@@ -61,9 +61,9 @@ struct Corsa {
   QString ingresso{};
   QString log{};
   bool logAperto = false;
-  /// Never back to its start: after the first fault every later line is marked, and beyond the third the
-  /// statement loses its tail and fails, which undoes the import. The shops rely on "three faults, nothing
-  /// imported".
+  /// Never back to its start: after the first fault every later line is marked, and with the third (with the
+  /// second, if both are departments) the statement loses its tail and fails, which undoes the import. The
+  /// shops rely on "three faults, nothing imported".
   std::int16_t StatoImport = kStatoPulito;
   CampiImport campi{};
   EsitoImport esito{};

@@ -35,8 +35,8 @@ inline constexpr std::int16_t kStatoPulito = 1;
 /// The UPDATE of the slot up to its last column, texts raw and unescaped. Throws Errore 6 for a price beyond
 /// 32 bits of hundredths.
 QString TestaIstruzione(const CampiImport& campi);
-/// The mark of the row and the condition; nothing once `StatoImport` has passed three faults, so that the
-/// statement fails.
+/// The mark of the row and the condition; nothing once the faults have brought `StatoImport` beyond 6, so
+/// that the statement fails.
 QString CodaIstruzione(std::int16_t StatoImport, std::int16_t auto_id);
 
 }  // namespace articles

@@ -45,6 +45,15 @@ TEST_F(ImportFile, UnaRigaVuotaFermaLImport) {
   EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
 }
 
+TEST_F(ImportFile, UnaMarcaUtf8InTestaInterrompeAllaPrimaRiga) {
+  const Fotografia prima = fotografia();
+  const auto esito = importa("\xEF\xBB\xBF" + listaSana(2));
+  EXPECT_EQ(esito.tipo, Tipo::Interrotto);
+  EXPECT_EQ(esito.righe, 0);
+  EXPECT_THAT(bottega.utente.riquadri(), IsEmpty());
+  EXPECT_EQ(fotografia(), prima);
+}
+
 TEST_F(ImportFile, UnFileBinarioFermaLImportELasciaLArchivio) {
   const Fotografia prima = fotografia();
   std::mt19937 caso(7);

@@ -354,6 +354,20 @@ TEST_F(ImportArticoli, UnRepartoCheNonEUnNumeroFallisceConIlMessaggioDelloStatem
   EXPECT_EQ(fotografia(), prima);
 }
 
+TEST_F(ImportArticoli, UnEanOCodiceOltreTrediciCaratteriAnnullaTuttoConIlMessaggioDelloStatement) {
+  const Fotografia prima = fotografia();
+  for (const QByteArray& riga : {rigaCsv(2, "80000000000001", "A", "B", "1,00", "1"),
+                                 rigaCsv(2, "8001", "ABCDEFGHIJKLMN", "B", "1,00", "1")}) {
+    EXPECT_EQ(importa(listaSana(1) + riga).tipo, Tipo::Annullato);
+    const auto riquadri = bottega.utente.prendiRiquadri();
+    ASSERT_EQ(riquadri.size(), 2U);
+    EXPECT_TRUE(
+        riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3163\r\n")))
+        << riquadri[0].testo.toStdString();
+    EXPECT_EQ(fotografia(), prima);
+  }
+}
+
 TEST_F(ImportArticoli, LAnnullamentoDellaFinestraLasciaLaTransazioneAperta) {
   const Fotografia prima = fotografia();
   bottega.utente.sceglie(std::nullopt);
