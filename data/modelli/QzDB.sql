@@ -11,9 +11,9 @@ CREATE TABLE TAB_ARTICOLI (
   Codice_Articolo TEXT COLLATE NOCASE CONSTRAINT lungo_Codice_Articolo CHECK (length(Codice_Articolo) <= 13),
   Descrizione TEXT COLLATE NOCASE CONSTRAINT lungo_Descrizione CHECK (length(Descrizione) <= 255),
   Prezzo INTEGER CONSTRAINT numero_Prezzo
-    CHECK (Prezzo IS NULL OR (typeof(Prezzo) <> 'text' AND Prezzo BETWEEN -2147483648 AND 2147483647)),
+    CHECK (Prezzo IS NULL OR (typeof(Prezzo) = 'integer' AND Prezzo BETWEEN -2147483648 AND 2147483647)),
   Reparto INTEGER CONSTRAINT numero_Reparto
-    CHECK (Reparto IS NULL OR (typeof(Reparto) <> 'text' AND Reparto BETWEEN -32768 AND 32767)),
+    CHECK (Reparto IS NULL OR (typeof(Reparto) = 'integer' AND Reparto BETWEEN -32768 AND 32767)),
   Filler TEXT COLLATE NOCASE CONSTRAINT lungo_Filler CHECK (length(Filler) <= 255),
   VarPrezzo BOOLEAN NOT NULL DEFAULT 0,
   PrezzoZero BOOLEAN NOT NULL DEFAULT 0

@@ -1,12 +1,12 @@
 #include <sqlite3.h>
 
 #include <QFileInfo>
-#include <mutex>
 
 #include "platform/store/aperti.h"
 #include "platform/store/connessione.h"
 #include "platform/store/errori_sqlite.h"
 #include "platform/store/funzioni.h"
+#include "platform/store/motore.h"
 
 namespace store {
 
@@ -24,13 +24,6 @@ constexpr char kRegole[] =
     "PRAGMA foreign_keys = ON;"
     "PRAGMA synchronous = EXTRA;";
 constexpr char kGiornale[] = "PRAGMA journal_mode = TRUNCATE;";
-
-/// A statement without an order lists a table in its own order: the engine must not walk an index in its
-/// place.
-void prepara() {
-  static std::once_flag volta;
-  std::call_once(volta, [] { sqlite3_config(SQLITE_CONFIG_COVERING_INDEX_SCAN, 0); });
-}
 
 void controllaFile(const QString& percorso) {
   const QFileInfo file(percorso);
@@ -58,14 +51,10 @@ void proteggi(sqlite3* db) {
 
 std::shared_ptr<Connessione> ApriConnessione(const QString& percorso,
                                              std::shared_ptr<Transazioni> transazioni) {
-  prepara();
   controllaFile(percorso);
-  const QString intero = QFileInfo(percorso).absoluteFilePath();
-  sqlite3* db = nullptr;
-  const int esito =
-      sqlite3_open_v2(intero.toUtf8().constData(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-  auto connessione = std::make_shared<Connessione>(db, percorso, std::move(transazioni));
-  if (esito != SQLITE_OK) throw ErroreDelMotore(db, Momento::Apertura);
+  Motore motore = ApriMotore(QFileInfo(percorso).absoluteFilePath(), SQLITE_OPEN_READWRITE);
+  sqlite3* const db = motore.get();
+  auto connessione = std::make_shared<Connessione>(std::move(motore), percorso, std::move(transazioni));
   proteggi(db);
   RegistraFunzioni(db);
   if (sqlite3_exec(db, kRegole, nullptr, nullptr, nullptr) != SQLITE_OK)

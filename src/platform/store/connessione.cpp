@@ -3,10 +3,12 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/store/aperti.h"
 #include "platform/store/contatore.h"
 #include "platform/store/errori_sqlite.h"
+#include "platform/store/giornale.h"
 #include "platform/store/righe.h"
 #include "platform/store/schema.h"
 
@@ -38,8 +40,8 @@ std::string nomeLivello(int livello) {
 
 }  // namespace
 
-Connessione::Connessione(sqlite3* db, QString percorso, std::shared_ptr<Transazioni> transazioni)
-    : db_(db),
+Connessione::Connessione(Motore motore, QString percorso, std::shared_ptr<Transazioni> transazioni)
+    : db_(motore.release()),
       percorso_(std::move(percorso)),
       transazioni_(std::move(transazioni)),
       istruzioni_(kPreparateMassime) {}
@@ -71,6 +73,12 @@ void Connessione::allinea() {
     comando(livello_ == 0 ? std::string("BEGIN") : "SAVEPOINT " + nomeLivello(livello_ + 1));
     imposta(livello_ + 1);
   }
+}
+
+bool Connessione::disfaSeAperta() noexcept {
+  if (sqlite3_get_autocommit(db_) != 0) return false;
+  sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+  return true;
 }
 
 void Connessione::imposta(int livello) noexcept {
@@ -124,15 +132,17 @@ int Connessione::esegui(const QString& sql) {
   return sqlite3_changes(db_);
 }
 
-// A commit that failed behind its last step has been made all the same: the file tells.
+// A commit that failed behind its last step has been made all the same: the file tells. One that the engine
+// leaves open found the file locked and wrote nothing.
 void Connessione::confermaSuDisco() {
   const auto prima = ContatoreModifiche(db_);
   if (sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK) return;
   const Errore errore = ErroreDelMotore(db_, Momento::Istruzione);
-  if (sqlite3_get_autocommit(db_) == 0) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-  const bool riletto =
-      sqlite3_exec(db_, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr) == SQLITE_OK;
-  if (riletto && prima && ContatoreModifiche(db_) != prima) return;
+  if (!disfaSeAperta()) {
+    const bool riletto =
+        sqlite3_exec(db_, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr) == SQLITE_OK;
+    if (riletto && prima && ContatoreModifiche(db_) != prima) return;
+  }
   disfatta_ = errore;
   throw errore;
 }
@@ -192,14 +202,15 @@ void Connessione::esci(bool partecipava) noexcept {
     transazioni_->livello = 0;
 }
 
-// Closing a connection undoes what it has not committed.
+// After a failure of the disk the journal is left to the next opening, which may have to play it back.
 void Connessione::libera() noexcept {
   if (!aperta()) return;
   imposta(0);
   istruzioni_.svuota();
+  disfaSeAperta();
+  if (!disfatta_) TogliGiornale(db_);
   aperti::togli(this);
-  sqlite3_close_v2(db_);
-  db_ = nullptr;
+  ChiusuraMotore{}(std::exchange(db_, nullptr));
   disfatta_.reset();
 }
 

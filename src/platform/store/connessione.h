@@ -7,6 +7,7 @@
 #include "platform/errore.h"
 #include "platform/store/dialetto.h"
 #include "platform/store/istruzioni.h"
+#include "platform/store/motore.h"
 
 struct sqlite3;
 
@@ -30,8 +31,7 @@ struct Transazioni {
 /// opened behind the begin are in it as well.
 class Connessione {
  public:
-  /// Takes the handle over.
-  Connessione(sqlite3* db, QString percorso, std::shared_ptr<Transazioni> transazioni);
+  Connessione(Motore motore, QString percorso, std::shared_ptr<Transazioni> transazioni);
   /// Closes as `chiudi` does; a failure has nobody to be told any more.
   ~Connessione();
   Connessione(const Connessione&) = delete;
@@ -39,7 +39,6 @@ class Connessione {
 
   bool aperta() const { return db_ != nullptr; }
   const QString& percorso() const { return percorso_; }
-  sqlite3* motore() const { return db_; }
   std::size_t preparate() const { return istruzioni_.quante(); }
 
   /// Reads the tables; fails with 3343, 3260 or 75 where the file is none of ours, locked or unreadable.
@@ -64,6 +63,8 @@ class Connessione {
   void allinea();
   void comando(const std::string& sql);
   void confermaSuDisco();
+  /// True if a transaction stood open in the engine; it is undone.
+  bool disfaSeAperta() noexcept;
   void confermaTutto();
   [[noreturn]] void fallita(const Errore& errore);
   void imposta(int livello) noexcept;

@@ -12,6 +12,7 @@
 #include "platform/store/aperti.h"
 #include "platform/store/connessione.h"
 #include "platform/store/copia_viva.h"
+#include "platform/store/giornale.h"
 #include "platform/store/store.h"
 
 namespace store {

@@ -44,6 +44,10 @@ Errore regolaViolata(std::string_view messaggio) {
   return {errore::kRegolaViolata, QStringLiteral("Il valore viola la regola di convalida '%1'.").arg(regola)};
 }
 
+Errore erroreConversione() {
+  return {errore::kConversione, QStringLiteral("Errore di conversione del tipo di dati.")};
+}
+
 /// The engine tells no more than "FOREIGN KEY constraint failed", for a row that others lean on and for one
 /// that leans on none alike; the first is the one that callers can run into.
 Errore vincolo(int esteso, std::string_view messaggio) {
@@ -63,7 +67,7 @@ Errore vincolo(int esteso, std::string_view messaggio) {
       return {errore::kRecordCollegati,
               QStringLiteral("Impossibile eliminare o modificare il record: esistono record collegati.")};
     case SQLITE_CONSTRAINT_DATATYPE:
-      return {errore::kConversione, QStringLiteral("Errore di conversione del tipo di dati.")};
+      return erroreConversione();
     default:
       return {errore::kRegolaViolata, testo(messaggio)};
   }
@@ -147,6 +151,8 @@ Errore ErroreDelMotore(sqlite3* db, Momento momento) {
       return {errore::kMemoriaEsaurita, QStringLiteral("Memoria esaurita.")};
     case SQLITE_TOOBIG:
       return {errore::kTestoTroppoLungo, QStringLiteral("Il testo è troppo lungo.")};
+    case SQLITE_MISMATCH:
+      return erroreConversione();
     case SQLITE_CONSTRAINT:
       return vincolo(esteso, messaggio);
     default:

@@ -39,7 +39,7 @@ constexpr char kColonne[] =
     "SELECT m.name, c.name, c.type, EXISTS (SELECT 1 FROM pragma_index_list(m.name) AS l, "
     "pragma_index_xinfo(l.name) "
     "AS x WHERE x.seqno = 0 AND x.name = c.name AND x.coll = 'NOCASE' AND l.partial = 0) "
-    "FROM main.sqlite_master AS m, pragma_table_info(m.name) AS c WHERE m.type = 'table' AND m.sql NOT NULL";
+    "FROM main.sqlite_master AS m, pragma_table_info(m.name) AS c WHERE m.type = 'table' AND m.rootpage > 0";
 
 bool leggiColonne(sqlite3* db, std::vector<Colonna>& colonne) {
   return perOgniRiga(db, kColonne, [&](sqlite3_stmt* riga) {

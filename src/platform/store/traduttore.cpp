@@ -235,7 +235,11 @@ bool Dizionario::Ordine::operator()(std::string_view primo, std::string_view sec
                                       [&](char a, char b) { return minuscola(a) < minuscola(b); });
 }
 
+// The engine's own functions stop at a zero byte: a text with one would pass for shorter than its column.
 void Traduci(std::string_view sorgente, const Dizionario& dizionario, Traduzione& esito) {
+  const std::size_t zero = sorgente.find('\0');
+  if (zero != std::string_view::npos)
+    throw ErroreDiSintassi(QStringLiteral("carattere non valido"), sorgente.substr(0, zero), 0);
   Traduttore(sorgente, dizionario, esito).esegui();
 }
 

@@ -73,6 +73,27 @@ TEST_F(Apertura, UnDatabaseDiAltroGenereSiApreEMancaLaTabella) {
       3078);
 }
 
+// What other programs keep in their databases must not keep this one from opening them.
+TEST_F(Apertura, UnDatabaseConTabelleDiUnModuloIgnotoSiApre) {
+  const QString altro = cartella_.file(QStringLiteral("altro.mdb"));
+  sqlite3* db = nullptr;
+  ASSERT_EQ(sqlite3_open(altro.toUtf8().constData(), &db), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(db,
+                         "CREATE TABLE altra (a DATE PRIMARY KEY) WITHOUT ROWID;"
+                         "CREATE VIEW vista AS SELECT a FROM altra;"
+                         "PRAGMA writable_schema = ON;"
+                         "INSERT INTO sqlite_master VALUES ('table','v','v',0,"
+                         "'CREATE VIRTUAL TABLE v USING modulo_ignoto(a DATE)')",
+                         nullptr, nullptr, nullptr),
+            SQLITE_OK);
+  sqlite3_close(db);
+  store::Database aperto = area_.OpenDatabase(altro);
+  EXPECT_TRUE(aperto.OpenRecordset(QStringLiteral("SELECT a FROM altra")).vuoto());
+  EXPECT_EQ(
+      numeroErrore([&] { aperto.OpenRecordset(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI ")); }),
+      3078);
+}
+
 TEST_F(Apertura, IlNomePuoAvereAccentiEBianchi) {
   const QString strano = cartella_.file(QStringLiteral("caffè & più 100%?#.mdb"));
   store::CopiaArchivio(modello(), strano);

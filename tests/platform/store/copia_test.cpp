@@ -100,7 +100,21 @@ TEST_F(Copia, IlGiornaleDiUnProgrammaUccisoNonRestaAccantoAlNuovo) {
     file.write(QByteArray(2000, 'j'));
   }
   EXPECT_EQ(copia(modello(), percorso_), 0);
-  EXPECT_EQ(QFile(giornale).size(), 0);
+  EXPECT_FALSE(QFile::exists(giornale));
+}
+
+// The engine's first use in the process may be this copy: the settings of the whole process stand all the
+// same.
+TEST(CopiaPerPrima, UnaCopiaSopraUnGiornaleNonCambiaLOrdineDelleTabelle) {
+  const CartellaTemporanea cartella;
+  const QString modello = QStringLiteral(GESTIONALE_APP "/QzDB.bck");
+  const QString nuovo = cartella.scrivi(QStringLiteral("nuovo.mdb"), "vecchio");
+  cartella.scrivi(QStringLiteral("nuovo.mdb-journal"), "j");
+  store::CopiaArchivio(modello, nuovo);
+  store::Workspace area;
+  store::Database archivio = area.OpenDatabase(nuovo);
+  archivio.Execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = 'ZZZ' WHERE auto_id=1"));
+  EXPECT_EQ(archivio.OpenRecordset(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI ")).utf8(0), "ZZZ");
 }
 
 }  // namespace

@@ -165,6 +165,33 @@ TEST_P(Guasto, AOgniScritturaCheFallisceNonRestaUnaParte) {
   }
 }
 
+// The disk goes at one write and does not come back before the program has let the archive go. Whoever opens
+// it next must still find the journal that he needs.
+TEST_P(Guasto, UnDiscoGuastoFinoAllaChiusuraLasciaPrimaODopoEMaiUnaParte) {
+  int dopo = 0;
+  bool fallito = true;
+  for (int colpo = 1; fallito; ++colpo) {
+    ASSERT_LT(colpo, 2000);
+    ricomincia();
+    VfsDiProva vfs;
+    store::Workspace area;
+    archivio_ = area.OpenDatabase(percorso_);
+    vfs.azzera();
+    vfs.prima([&](int numero) { return numero >= colpo ? GetParam() : SQLITE_OK; });
+    area.BeginTrans();
+    fallito = modificaSenzaFermarsi(GetParam() == SQLITE_FULL ? 61 : 3043) > 0;
+    // Odd turns commit, even ones leave it to the closing.
+    if (colpo % 2 != 0) fallito = numeroErrore([&] { area.CommitTrans(); }) != 0 || fallito;
+    fallito = numeroErrore([&] { archivio_.Close(); }) != 0 || fallito;
+    vfs.prima({});
+    const int righe = righeModificate();
+    ASSERT_TRUE(righe == 0 || righe == kRigheTransazione) << "write " << colpo << ", rows " << righe;
+    ASSERT_TRUE(integro()) << colpo;
+    if (righe != 0) ++dopo;
+  }
+  EXPECT_GE(dopo, 1);
+}
+
 INSTANTIATE_TEST_SUITE_P(Motivi, Guasto, testing::Values(SQLITE_FULL, SQLITE_IOERR_WRITE));
 
 TEST_F(Durata, DopoUnAnnullamentoDelMotoreUnNuovoComandoRiparteDaCapo) {
