@@ -24,6 +24,17 @@ QWidget* davanti(const char* classe) {
   return modale != nullptr && modale->inherits(classe) && modale->isVisible() ? modale : nullptr;
 }
 
+/// The button that ends the file dialog in front. By the button and not by Enter, which may go to the list of
+/// completions; it is enabled once the dialog has read the folder.
+QAbstractButton* accettazione() {
+  QWidget* dialogo = davanti("QFileDialog");
+  auto* pulsanti = dialogo == nullptr ? nullptr : dialogo->findChild<QDialogButtonBox*>();
+  if (pulsanti == nullptr) return nullptr;
+  for (QAbstractButton* pulsante : pulsanti->buttons())
+    if (pulsanti->buttonRole(pulsante) == QDialogButtonBox::AcceptRole) return pulsante;
+  return nullptr;
+}
+
 }  // namespace
 
 Regista::Regista() {
@@ -141,18 +152,21 @@ QString testoRiquadro() {
   return davantiATutti == nullptr ? QString() : davantiATutti->property("text").toString();
 }
 
-void rispondiDialogoFile(const QString& percorso) {
+void digitaNomeFile(const QString& percorso) {
   QWidget* dialogo = davanti("QFileDialog");
   auto* nome = dialogo == nullptr ? nullptr : dialogo->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-  auto* pulsanti = dialogo == nullptr ? nullptr : dialogo->findChild<QDialogButtonBox*>();
-  if (nome == nullptr || pulsanti == nullptr) throw std::runtime_error("no file dialog");
+  if (nome == nullptr) throw std::runtime_error("no file dialog");
   nome->clear();
   QTest::keyClicks(nome, percorso);
-  // By the button: Enter may go to the list of completions, which comes up when it likes.
-  for (QAbstractButton* pulsante : pulsanti->buttons())
-    if (pulsanti->buttonRole(pulsante) == QDialogButtonBox::AcceptRole)
-      return QTest::mouseClick(pulsante, Qt::LeftButton);
-  throw std::runtime_error("no button in the file dialog");
+}
+
+bool fileAccettabile() {
+  return accettazione() != nullptr && accettazione()->isEnabled();
+}
+
+void accettaFile() {
+  if (!fileAccettabile()) throw std::runtime_error("the file dialog takes no such name");
+  QTest::mouseClick(accettazione(), Qt::LeftButton);
 }
 
 void chiudiRiquadro() {

@@ -57,6 +57,9 @@ void scegliVoce(const QString& finestra, const QString& menu, const QString& voc
 bool dialogoFile();
 bool riquadro();
 QString testoRiquadro();
-void rispondiDialogoFile(const QString& percorso);
+/// The file dialog in front: its name by keys, then, once it knows the file, its button.
+void digitaNomeFile(const QString& percorso);
+bool fileAccettabile();
+void accettaFile();
 /// Clicks the first button of the box in front.
 void chiudiRiquadro();

@@ -77,7 +77,15 @@ void Strada::creaArchivio() {
     cronometro_.start();
     scegliVoce(kLavoro, QStringLiteral("mnuFile"), QStringLiteral("mnuNuovo"));
   });
-  regista_.passo(QStringLiteral("save dialog"), dialogoFile, [this] { rispondiDialogoFile(archivio_); });
+  scegliFile(archivio_);
+}
+
+void Strada::scegliFile(const QString& percorso) {
+  regista_.passo(QStringLiteral("file dialog"), dialogoFile, [percorso] { digitaNomeFile(percorso); });
+  regista_.passo(QStringLiteral("file ") + percorso, fileAccettabile, [this] {
+    cronometro_.start();
+    accettaFile();
+  });
 }
 
 void Strada::importa() {
@@ -88,10 +96,7 @@ void Strada::importa() {
     cronometro_.start();
     scegliVoce(kLavoro, QStringLiteral("mnuFile"), QStringLiteral("mnuImporta"));
   });
-  regista_.passo(QStringLiteral("open dialog"), dialogoFile, [this] {
-    cronometro_.start();
-    rispondiDialogoFile(elenco_);
-  });
+  scegliFile(elenco_);
   attendiRiquadro(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"),
                   QStringLiteral("import-messaggio"));
   regista_.passo(

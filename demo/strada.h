@@ -23,6 +23,7 @@ class Strada {
  private:
   void creaArchivio();
   void importa();
+  void scegliFile(const QString& percorso);
   void collega(const QString& finestra, const QString& comando);
   void trasferisci();
   void vendi();
