@@ -45,6 +45,10 @@ const Riquadro kErroreReset =
 const Riquadro kErrore =
     riquadro(QStringLiteral("Errore durante la trasmissione/ricezione. "), Icona::Esclamazione);
 
+QString oggi() {
+  return QDate::currentDate().toString(QStringLiteral("yyyyMMdd"));
+}
+
 Riquadro caricamento(const QString& numero) {
   return riquadro(QStringLiteral("Errore nel caricamento dati nella TAB_VENDUTO n° ") + numero,
                   Icona::Critica);
@@ -147,11 +151,16 @@ TEST_F(RicezioneVenduto, UnoSlotDiSoliResiSiSaltaEIlSuoImportoSiPerde) {
 TEST_F(RicezioneVenduto, UnaSecondaRicezioneNelGiornoAggiungeUnaRigaAccantoAllAltra) {
   cassa.venduto({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
+  const QString prima = oggi();
   schermo.clic(kAvvia);
   cassa.venduto({{0, 250, 2, 0}});
   schermo.clic(kAvvia);
+  const QString dopo = oggi();
   attendi(bottega, {kRicevuto, kRicevuto});
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO where id_plu = 1")), 2);
+  EXPECT_EQ(bottega.righe(
+                QStringLiteral("SELECT * from TAB_VENDUTO where id_plu = 1 and (Data ='%1' or Data ='%2')")
+                    .arg(prima, dopo)),
+            2);
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO where Importo_giornaliero = 250")), 1);
 }
 
