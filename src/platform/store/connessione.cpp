@@ -18,18 +18,6 @@ namespace {
 
 constexpr std::size_t kPreparateMassime = 64;
 
-/// Puts a prepared statement back at its start whatever happens in between.
-class Ripristino {
- public:
-  explicit Ripristino(sqlite3_stmt* istruzione) : istruzione_(istruzione) {}
-  ~Ripristino() { sqlite3_reset(istruzione_); }
-  Ripristino(const Ripristino&) = delete;
-  Ripristino& operator=(const Ripristino&) = delete;
-
- private:
-  sqlite3_stmt* istruzione_;
-};
-
 std::string_view vista(const QByteArray& byte) {
   return {byte.constData(), static_cast<std::size_t>(byte.size())};
 }

@@ -68,15 +68,11 @@ std::shared_ptr<const Righe> Connessione::interroga(const QString& sql) {
     throw Errore{errore::kSenzaRighe,
                  QStringLiteral("Operazione non valida: l'istruzione non restituisce record.")};
   if (!disfatta_) allinea();
+  const Ripristino ripristino(istruzione);
   const auto righe = std::make_shared<Righe>(nomi(istruzione), preparata->ingombro);
-  if (leggiRighe(*preparata, *righe) == SQLITE_DONE) {
-    preparata->ingombro = righe->ingombro();
-    sqlite3_reset(istruzione);
-    return righe;
-  }
-  const Errore errore = ErroreDelMotore(db_, Momento::Istruzione);
-  sqlite3_reset(istruzione);
-  fallita(errore);
+  if (leggiRighe(*preparata, *righe) != SQLITE_DONE) fallita(ErroreDelMotore(db_, Momento::Istruzione));
+  preparata->ingombro = righe->ingombro();
+  return righe;
 }
 
 }  // namespace store

@@ -19,6 +19,10 @@ std::vector<bool> colonneData(sqlite3_stmt* istruzione) {
 
 }  // namespace
 
+Ripristino::~Ripristino() {
+  sqlite3_reset(istruzione_);
+}
+
 Preparata* Istruzioni::prendi(sqlite3* db, std::string_view sql) {
   const auto nota = perTesto_.find(sql);
   if (nota != perTesto_.end()) {

@@ -23,6 +23,18 @@ struct Preparata {
   Righe::Ingombro ingombro;
 };
 
+/// Puts a prepared statement back at its start whatever happens in between.
+class Ripristino {
+ public:
+  explicit Ripristino(sqlite3_stmt* istruzione) : istruzione_(istruzione) {}
+  ~Ripristino();
+  Ripristino(const Ripristino&) = delete;
+  Ripristino& operator=(const Ripristino&) = delete;
+
+ private:
+  sqlite3_stmt* istruzione_;
+};
+
 /// Prepared statements of one connection by their translated text; the one longest unused goes first.
 class Istruzioni {
  public:

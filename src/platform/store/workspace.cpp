@@ -11,6 +11,7 @@ struct Workspace::Interno {
   std::vector<std::weak_ptr<Connessione>> connessioni;
 
   int& livello() { return transazioni->livello; }
+  void dimenticaLasciate();
   std::vector<std::shared_ptr<Connessione>> aperte();
   void conferma();
   void annulla();
@@ -18,8 +19,12 @@ struct Workspace::Interno {
   void annullaTutto();
 };
 
-std::vector<std::shared_ptr<Connessione>> Workspace::Interno::aperte() {
+void Workspace::Interno::dimenticaLasciate() {
   std::erase_if(connessioni, [](const auto& debole) { return debole.expired(); });
+}
+
+std::vector<std::shared_ptr<Connessione>> Workspace::Interno::aperte() {
+  dimenticaLasciate();
   std::vector<std::shared_ptr<Connessione>> vive;
   for (const auto& debole : connessioni)
     if (auto connessione = debole.lock(); connessione && connessione->aperta()) vive.push_back(connessione);
@@ -65,6 +70,7 @@ Workspace::~Workspace() {
 
 Database Workspace::OpenDatabase(const QString& percorso) {
   auto connessione = ApriConnessione(percorso, interno_->transazioni);
+  interno_->dimenticaLasciate();
   interno_->connessioni.push_back(connessione);
   return Database(std::move(connessione));
 }

@@ -108,6 +108,16 @@ TEST_F(Resistenza, MoltissimeFormeDiverseNonRiempionoLaMemoria) {
   EXPECT_LT(memoria() - prima, kAmmessi);
 }
 
+TEST_F(Resistenza, UnaLetturaFallitaAMetaNonTrattieneLaSuaForma) {
+  esegui("CREATE TABLE T (n INTEGER)");
+  esegui("INSERT INTO T VALUES (1)");
+  esegui("INSERT INTO T VALUES (-9223372036854775807 - 1)");
+  EXPECT_EQ(numeroDellaLettura("SELECT abs(n) FROM T WHERE n <> 7"), 3075);
+  EXPECT_EQ(esegui("DELETE FROM T WHERE n < 0"), 1);
+  EXPECT_EQ(leggi("SELECT abs(n) FROM T WHERE n <> 7").RecordCount(), 1);
+  EXPECT_TRUE(leggi("SELECT abs(n) FROM T WHERE n <> 1").vuoto());
+}
+
 TEST_F(Resistenza, IValoriNonFannoUnaFormaNuova) {
   const auto connessione = store::ApriConnessione(percorso_, std::make_shared<store::Transazioni>());
   for (int i = 1; i <= 20; ++i)
