@@ -354,6 +354,16 @@ TEST_F(ImportArticoli, UnRepartoCheNonEUnNumeroFallisceConIlMessaggioDelloStatem
   EXPECT_EQ(fotografia(), prima);
 }
 
+TEST_F(ImportArticoli, UnRepartoConDecimaliAnnullaTutto) {
+  const Fotografia prima = fotografia();
+  EXPECT_EQ(importa(listaSana(1) + rigaCsv(2, "8001", "A", "B", "1,00", "5.5")).tipo, Tipo::Annullato);
+  const auto riquadri = bottega.utente.prendiRiquadri();
+  ASSERT_EQ(riquadri.size(), 2U);
+  EXPECT_TRUE(riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° ")));
+  EXPECT_EQ(riquadri[0].icona, Icona::Critica);
+  EXPECT_EQ(fotografia(), prima);
+}
+
 TEST_F(ImportArticoli, UnEanOCodiceOltreTrediciCaratteriAnnullaTuttoConIlMessaggioDelloStatement) {
   const Fotografia prima = fotografia();
   for (const QByteArray& riga : {rigaCsv(2, "80000000000001", "A", "B", "1,00", "1"),
