@@ -40,13 +40,15 @@ class Presa {
 
   bool aperta() const { return numero_ >= 0; }
 
+  /// Connected, so that what others say meanwhile, an earlier address's late reply say, is not heard.
   bool invia(Indirizzo indirizzo, const QByteArray& messaggio) const {
     sockaddr_in meta{};
     meta.sin_family = AF_INET;
     meta.sin_addr.s_addr = indirizzo;
     const auto* generica = reinterpret_cast<const sockaddr*>(&meta);
-    return ::sendto(numero_, messaggio.constData(), static_cast<std::size_t>(messaggio.size()), MSG_NOSIGNAL,
-                    generica, sizeof meta) == messaggio.size();
+    return ::connect(numero_, generica, sizeof meta) == 0 &&
+           ::send(numero_, messaggio.constData(), static_cast<std::size_t>(messaggio.size()), MSG_NOSIGNAL) ==
+               messaggio.size();
   }
 
   /// Waits for a packet for which `nostro` is true; any other (a raw socket hears them all) is passed over.

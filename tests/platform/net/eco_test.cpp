@@ -2,9 +2,14 @@
 
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <QFile>
+#include <atomic>
+#include <thread>
 
+#include "platform/net/pacchetto_icmp.h"
 #include "platform/net/rete.h"
 #include "platform/net/rete_nuova.h"
 #include "sostegno/cartella_temporanea.h"
@@ -22,6 +27,40 @@ eco::Scadenza scadenza(std::chrono::milliseconds attesa = 250ms) {
 
 eco::Indirizzo indirizzo(const char* testo) {
   return eco::converti(QLatin1String(testo)).value();
+}
+
+sockaddr_in presaDi(const char* testo) {
+  sockaddr_in presa{};
+  presa.sin_family = AF_INET;
+  presa.sin_addr.s_addr = indirizzo(testo);
+  return presa;
+}
+
+/// Sends, as from an address, the reply that this process's request would get, until it is told to stop.
+void rispondiDa(const char* mittente, const std::atomic<bool>& finito) {
+  QByteArray risposta = icmp::richiestaEco(static_cast<std::uint16_t>(::getpid() & 0xFFFF), 1, kDati);
+  risposta[0] = 0;
+  const int presa = ::socket(AF_INET, SOCK_RAW, IPPROTO_ICMP);
+  const sockaddr_in da = presaDi(mittente);
+  const sockaddr_in a = presaDi("127.0.0.1");
+  ::bind(presa, reinterpret_cast<const sockaddr*>(&da), sizeof da);
+  while (!finito)
+    ::sendto(presa, risposta.constData(), static_cast<std::size_t>(risposta.size()), 0,
+             reinterpret_cast<const sockaddr*>(&a), sizeof a);
+  ::close(presa);
+}
+
+/// Status of an echo to 127.0.61.10, where nobody answers but who stands at `mittente`.
+int conRispostaDa(const char* mittente) {
+  return inReteNuova([mittente]() -> std::optional<int> {
+    if (!scriviDiSistema("/proc/sys/net/ipv4/icmp_echo_ignore_all", "1")) return kNonPreparato;
+    std::atomic<bool> finito = false;
+    std::thread altro([&] { rispondiDa(mittente, finito); });
+    const auto stato = eco::perGrezzo(indirizzo("127.0.61.10"), kDati, scadenza(300ms));
+    finito = true;
+    altro.join();
+    return stato ? std::optional(*stato == eco::kScaduto ? 1 : *stato) : std::nullopt;
+  });
 }
 
 }  // namespace
@@ -72,6 +111,11 @@ TEST(Eco, DoveNonCEStradaLaRispostaENonRaggiungibile) {
                 },
                 kSpento),
             1);
+}
+
+TEST(Eco, LaRispostaDiUnAltroIndirizzoNonConta) {
+  EXPECT_EQ(conRispostaDa("127.0.61.99"), 1);
+  EXPECT_EQ(conRispostaDa("127.0.61.10"), eco::kRisposto);
 }
 
 TEST(Eco, LaPresaGrezzaSenzaDirittoLasciaIlPostoAllaVoceSeguente) {
