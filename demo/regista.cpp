@@ -3,11 +3,13 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPixmap>
 #include <QTest>
 #include <cstdio>
 #include <stdexcept>
@@ -60,6 +62,8 @@ void Regista::fallisci(const QString& motivo) {
       std::fprintf(stderr, "  finestra: %s \"%s\"\n", qPrintable(aperta->objectName()),
                    qPrintable(aperta->windowTitle()));
   if (riquadro()) std::fprintf(stderr, "  riquadro: %s\n", qPrintable(testoRiquadro()));
+  // What stood in front tells more than its name.
+  if (QWidget* modale = QApplication::activeModalWidget()) modale->grab().save(QStringLiteral("99-errore.png"));
   esito_ = 1;
   orologio_.stop();
   passi_.clear();
@@ -156,8 +160,10 @@ void digitaNomeFile(const QString& percorso) {
   QWidget* dialogo = davanti("QFileDialog");
   auto* nome = dialogo == nullptr ? nullptr : dialogo->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
   if (nome == nullptr) throw std::runtime_error("no file dialog");
-  nome->clear();
-  QTest::keyClicks(nome, percorso);
+  // Pasted whole: letter by letter the dialog would mark the folder that the first letters name.
+  QGuiApplication::clipboard()->setText(percorso);
+  nome->selectAll();
+  QTest::keyClick(nome, Qt::Key_V, Qt::ControlModifier);
 }
 
 bool fileAccettabile() {
