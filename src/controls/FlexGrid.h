@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QTableView>
+
+class ModelloCelle;
+
+/// The one grid of the program: a table view over plain cells (text, alignment, two colours each). A cell is no
+/// object, so tens of thousands of rows fill at once.
+///
+/// Rows count as the screens count them: row 0 is the heading, row r is the r-th row of data, and `Rows`
+/// includes the heading. Columns count from 0. A cell outside the grid reads empty and is not written.
+class FlexGrid : public QTableView {
+  Q_OBJECT
+
+ public:
+  explicit FlexGrid(QWidget* parent = nullptr);
+  ~FlexGrid() override;
+
+  int Rows() const;
+  int Cols() const;
+  /// New cells are empty, left aligned, in the grid's own colours; cells that go are forgotten. At least the
+  /// heading row stays.
+  void impostaRows(int righe);
+  void impostaCols(int colonne);
+  /// Empties every cell, headings aside, and takes its colours back; the shape stays.
+  void Clear();
+
+  QString TextMatrix(int riga, int colonna) const;
+  void impostaTextMatrix(int riga, int colonna, const QString& testo);
+  /// An invalid colour is the grid's own.
+  QColor CellBackColor(int riga, int colonna) const;
+  void impostaCellBackColor(int riga, int colonna, const QColor& colore);
+  QColor CellForeColor(int riga, int colonna) const;
+  void impostaCellForeColor(int riga, int colonna, const QColor& colore);
+  Qt::Alignment CellAlignment(int riga, int colonna) const;
+  void impostaCellAlignment(int riga, int colonna, Qt::Alignment allineamento);
+  /// For the data cells of a column that have none of their own.
+  void impostaColAlignment(int colonna, Qt::Alignment allineamento);
+
+  /// In twips, 1440 to the inch at 96 dots: a width of 1500 is 100 pixels at scale 1.
+  void impostaColWidth(int colonna, int twip);
+  int ColWidth(int colonna) const;
+  void impostaAltezzaTestata(int twip);
+  /// The leading columns that do not scroll sideways and take no current cell.
+  void impostaFixedCols(int colonne);
+  int FixedCols() const;
+  /// Background of the cells that have no colour of their own; invalid: the palette's.
+  void impostaBackColor(const QColor& colore);
+
+  /// The current cell; row 0 and column -1 with none.
+  int Row() const;
+  int Col() const;
+  /// Makes a data cell the current one and brings it into view; a row outside the data does nothing.
+  void impostaCella(int riga, int colonna);
+  /// Marks the whole row from its first to its last column, as the current one.
+  void selezionaRiga(int riga);
+
+  /// While off, changes are not painted and views are told of them once, when it is on again. Fills switch it
+  /// off; nested switches count.
+  void impostaRedraw(bool acceso);
+  bool Redraw() const;
+
+  /// The selected cells as text: columns parted by tabs, rows by line ends.
+  QString Clip() const;
+
+ Q_SIGNALS:
+  /// A data cell was clicked, or chosen by Enter or Space.
+  void clic(int riga, int colonna);
+  /// Another cell became the current one.
+  void entrata(int riga, int colonna);
+
+ protected:
+  void keyPressEvent(QKeyEvent* evento) override;
+
+ private:
+  ModelloCelle* modello_;
+};
