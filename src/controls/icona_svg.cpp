@@ -29,7 +29,10 @@ QPixmap dipinta(const QString& file, const QColor& colore, const QSize& misura) 
 
 IconaSvg::IconaSvg(QString file, QPalette::ColorRole ruolo) : file_(std::move(file)), ruolo_(ruolo) {}
 
+IconaSvg::IconaSvg(QString file, const QColor& tinta) : file_(std::move(file)), tinta_(tinta) {}
+
 QColor IconaSvg::colore(QIcon::Mode modo) const {
+  if (tinta_.isValid()) return tinta_;
   const QPalette palette = QGuiApplication::palette();
   if (modo == QIcon::Disabled) return palette.color(QPalette::Disabled, QPalette::ButtonText);
   if (modo == QIcon::Selected) return palette.color(QPalette::Active, QPalette::HighlightedText);

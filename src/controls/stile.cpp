@@ -1,11 +1,12 @@
 #include "controls/stile.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QPushButton>
 #include <QStyle>
-#include <QStyleFactory>
 
 #include "controls/icona_svg.h"
+#include "controls/stile_programma.h"
 #include "controls/tavolozza.h"
 
 namespace stile {
@@ -19,8 +20,8 @@ QString& icone() {
   return cartella;
 }
 
-QIcon dipinta(const QString& nome, QPalette::ColorRole ruolo) {
-  return QIcon(new IconaSvg(icone() + QLatin1Char('/') + nome + QStringLiteral(".svg"), ruolo));
+QString file(const QString& nome) {
+  return icone() + QLatin1Char('/') + nome + QStringLiteral(".svg");
 }
 
 bool desktopScuro() {
@@ -52,7 +53,7 @@ void ridipingi(QWidget& riquadro) {
 void applica(QApplication& applicazione, Tema tema) {
   const bool scuro = tema == Tema::ComeIlDesktop ? desktopScuro() : tema == Tema::Scuro;
   const Tinte& colori = tinte(scuro);
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(new StileProgramma(colori));
   QApplication::setPalette(tavolozza(colori));
   applicazione.setStyleSheet(foglioDiStile(colori));
 }
@@ -62,11 +63,19 @@ void cartellaIcone(const QString& cartella) {
 }
 
 QIcon icona(const QString& nome) {
-  return dipinta(nome, QPalette::ButtonText);
+  return QIcon(new IconaSvg(file(nome), QPalette::ButtonText));
 }
 
 QIcon iconaPrimaria(const QString& nome) {
-  return dipinta(nome, QPalette::HighlightedText);
+  return QIcon(new IconaSvg(file(nome), QPalette::HighlightedText));
+}
+
+QIcon iconaTinta(const QString& nome, const QColor& tinta) {
+  return QIcon(new IconaSvg(file(nome), tinta));
+}
+
+bool iconaPresente(const QString& nome) {
+  return QFile::exists(file(nome));
 }
 
 void primario(QPushButton& pulsante, const QString& nome) {

@@ -19,8 +19,8 @@ namespace stile {
 
 enum class Tema { ComeIlDesktop, Chiaro, Scuro };
 
-/// Fusion with the program's palette and style sheet. `ComeIlDesktop` looks at the palette that the platform
-/// gave the application, so it has to run before anything else sets one.
+/// Fusion with the program's palette, style sheet and pictures. `ComeIlDesktop` looks at the palette that the
+/// platform gave the application, so it has to run before anything else sets one.
 void applica(QApplication& applicazione, Tema tema = Tema::ComeIlDesktop);
 
 /// An icon of the program's family by file name without extension ("upload"), painted in the palette's text
@@ -29,6 +29,10 @@ void applica(QApplication& applicazione, Tema tema = Tema::ComeIlDesktop);
 QIcon icona(const QString& nome);
 /// As above in the colour of text on a primary button.
 QIcon iconaPrimaria(const QString& nome);
+/// As above in a colour of its own, whatever the palette.
+QIcon iconaTinta(const QString& nome, const QColor& tinta);
+/// True if the file of an icon is there.
+bool iconaPresente(const QString& nome);
 /// Folder with the icons' SVG files; set once at start.
 void cartellaIcone(const QString& cartella);
 

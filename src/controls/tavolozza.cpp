@@ -59,6 +59,7 @@ QPushButton[primario="true"] { background: @accento@; color: @suAccento@; border
 QPushButton[primario="true"]:hover { border-color: @testo@; }
 QPushButton[primario="true"]:focus { border: 2px solid @testo@; }
 QPushButton[primario="true"]:disabled { background: @rilievo@; color: @spento@; border-color: @rilievo@; }
+QPushButton, QToolButton, QRadioButton { outline: none; }
 QToolButton { background: @carta@; color: @testo@; border: 1px solid @bordo@; border-radius: 6px;
               padding: 5px 10px; }
 QToolButton:hover { background: @rilievo@; border-color: @accento@; }
@@ -67,6 +68,8 @@ QToolButton:focus { border-color: @accento@; }
 QToolButton:disabled { background: @sfondo@; color: @spento@; border-color: @rilievo@; }
 QToolBar QToolButton { background: transparent; border-color: transparent; padding: 5px; }
 QToolBar QToolButton:hover, QToolBar QToolButton:focus { border-color: @accento@; }
+#FinestraApri QToolButton, #FinestraSalva QToolButton { padding: 4px; }
+#FinestraApri #sidebar, #FinestraSalva #sidebar { icon-size: 16px; }
 QLineEdit, QTextEdit, QPlainTextEdit { background: @carta@; color: @testo@; border: 1px solid @bordo@;
                                        border-radius: 5px; padding: 5px 7px;
                                        selection-background-color: @accento@; selection-color: @suAccento@; }
