@@ -10,6 +10,7 @@
 #include "core/menu.h"
 #include "core/stato.h"
 #include "platform/net/rete.h"
+#include "platform/ui/doppio_clic.h"
 #include "sales/Form_RicezioneVenduto.h"
 #include "workspace/Form_GestioneMMC.h"
 
@@ -34,6 +35,7 @@ void preparaApplicazione(QApplication& applicazione, const QString& cartella) {
   stile::applica(applicazione);
   QApplication::setWindowIcon(stile::icona(QStringLiteral("receipt-euro")));
   parlaItaliano(applicazione);
+  new FermaDoppioClic(&applicazione);
 }
 
 Montaggio::Montaggio(const QString& cartella)

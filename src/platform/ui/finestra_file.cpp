@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
 #include <QPointer>
 
@@ -28,12 +29,29 @@ QString filtroDi(const QString& descrizione, const QString& modello) {
   return nome + QStringLiteral(" (") + parti.join(QLatin1Char(' ')) + QLatin1Char(')');
 }
 
+/// The kinds of files in Italian: the toolkit's translation lacks them.
+class Fornitore : public QFileIconProvider {
+ public:
+  QString type(const QFileInfo& voce) const override {
+    if (voce.isDir()) return QStringLiteral("Cartella");
+    const QString estensione = voce.suffix();
+    return estensione.isEmpty() ? QStringLiteral("File") : QStringLiteral("File ") + estensione;
+  }
+};
+
+/// One for all and never deleted: the thread that reads a folder may outlive its dialog.
+Fornitore* fornitore() {
+  static auto* const unico = new Fornitore;
+  return unico;
+}
+
 /// Where it starts is told each time: the toolkit would otherwise go on from the folder of the last dialog.
 QFileDialog* finestra(const FinestraFile& richiesta, const QString& nome) {
   const QString cartella = richiesta.cartella.isEmpty() ? QDir::currentPath() : richiesta.cartella;
   auto* dialogo = new QFileDialog(QApplication::activeWindow(), richiesta.titolo, cartella);
   dialogo->setObjectName(nome);
   dialogo->setHistory({});
+  dialogo->setIconProvider(fornitore());
   if (const QStringList scelte = filtri(richiesta.filtro); !scelte.isEmpty()) dialogo->setNameFilters(scelte);
   dialogo->setLabelText(QFileDialog::LookIn, QStringLiteral("Cerca in:"));
   dialogo->setLabelText(QFileDialog::FileName, QStringLiteral("Nome file:"));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractFileIconProvider>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -80,6 +81,21 @@ TEST(FinestraApri, DaIlPercorsoDelFileScelto) {
 TEST(FinestraApri, AnnullataNonDaNulla) {
   UtenteDesktop utente(nullptr);
   allaFinestra(annulla);
+  EXPECT_EQ(utente.FinestraApri(kCsv), std::nullopt);
+}
+
+TEST(FinestraApri, ITipiSonoInItaliano) {
+  const CartellaTemporanea cartella;
+  cartella.scrivi(QStringLiteral("elenco.csv"), "");
+  cartella.scrivi(QStringLiteral("leggimi"), "");
+  UtenteDesktop utente(nullptr);
+  allaFinestra([&](QFileDialog& finestra) {
+    const QAbstractFileIconProvider& tipi = *finestra.iconProvider();
+    EXPECT_EQ(tipi.type(QFileInfo(cartella.percorso())), QStringLiteral("Cartella"));
+    EXPECT_EQ(tipi.type(QFileInfo(cartella.file(QStringLiteral("elenco.csv")))), QStringLiteral("File csv"));
+    EXPECT_EQ(tipi.type(QFileInfo(cartella.file(QStringLiteral("leggimi")))), QStringLiteral("File"));
+    annulla(finestra);
+  });
   EXPECT_EQ(utente.FinestraApri(kCsv), std::nullopt);
 }
 
