@@ -5,9 +5,12 @@
 
 namespace {
 constexpr int kFigura = 36;
-}
+/// A title and no buttons: who waits has nothing to press.
+constexpr Qt::WindowFlags kCornice = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+}  // namespace
 
-Form_ATTESA::Form_ATTESA(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui::Form_ATTESA>()) {
+Form_ATTESA::Form_ATTESA(QWidget* parent)
+    : QWidget(parent, kCornice), ui_(std::make_unique<Ui::Form_ATTESA>()) {
   ui_->setupUi(this);
   ui_->Picture1->setPixmap(stile::icona(QStringLiteral("hourglass")).pixmap(kFigura));
 }

@@ -3,7 +3,9 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QScopeGuard>
+#include <QScreen>
 #include <algorithm>
 
 #include "core/contesto.h"
@@ -11,6 +13,9 @@
 #include "platform/ui/occupato.h"
 
 namespace {
+
+/// What a frame takes, pixels at scale 1: its true size is known only after the screen is shown.
+constexpr QSize kCornice(8, 36);
 
 /// Stands by a screen and tells when its closing was not refused.
 class Custode : public QObject {
@@ -33,6 +38,19 @@ class Custode : public QObject {
  private:
   std::function<void()> chiusa_;
 };
+
+/// In the middle of the display and no larger than it: a window system would put each screen elsewhere, and
+/// the menu at another place each time it comes back.
+void colloca(QWidget& schermo) {
+  const QScreen* display = QGuiApplication::primaryScreen();
+  if (!display) return;
+  const QRect libero = display->availableGeometry();
+  schermo.resize(schermo.size().boundedTo(libero.size() - kCornice));
+  // A dialog finds its place over the window that it belongs to.
+  if (qobject_cast<QDialog*>(&schermo)) return;
+  const QSize con = schermo.size() + kCornice;
+  schermo.move(libero.topLeft() + QPoint(libero.width() - con.width(), libero.height() - con.height()) / 2);
+}
 
 /// Runs a screen that is no dialog until it is hidden or gone.
 void attendiChiusura(QWidget& schermo) {
@@ -74,6 +92,7 @@ QWidget& Schermate::carica(const QString& nome, Contesto& contesto) {
     throw Errore{errore::kIndice, QStringLiteral("Schermata non registrata: ") + nome};
   QWidget* schermo = fabbrica->second(contesto);
   schermo->setAttribute(Qt::WA_DeleteOnClose);
+  colloca(*schermo);
   new Custode(*schermo, [this, schermo] { dimentica(schermo); });
   aperte_.emplace_back(nome, schermo);
   return *schermo;

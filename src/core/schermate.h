@@ -24,7 +24,7 @@ class Schermate {
 
   void registra(const QString& nome, Fabbrica fabbrica);
   bool registrata(const QString& nome) const;
-  /// The instance, made now if there is none. Throws Errore 9 for a name that nobody registered.
+  /// The instance, made now if there is none, in the middle of the display and no larger than it. Throws Errore 9 for a name that nobody registered.
   QWidget& carica(const QString& nome, Contesto& contesto);
   /// Loads, shows non-modally and brings to the front.
   QWidget& mostra(const QString& nome, Contesto& contesto);

@@ -138,6 +138,7 @@ void Form_GestioneMMC::abilitaComandi(bool abilitati) {
 
 void Form_GestioneMMC::esito(const QString& testo) {
   ui_->LabelEsito->setText(testo);
+  ui_->LabelEsito->setToolTip(testo);
 }
 
 void Form_GestioneMMC::aggiorna() {

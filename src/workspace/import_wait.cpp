@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QProgressBar>
 #include <QWidget>
+#include <QWindow>
 #include <memory>
 
 #include "core/contesto.h"
@@ -18,12 +19,15 @@ constexpr qint64 kRidipingi = 40;  // milliseconds between two repaints
 constexpr int kMigliaia = 1000;
 
 void apri(QWidget& schermo, Contesto& contesto) {
-  QWidget& attesa = contesto.schermate.mostra(QLatin1String(kAttesa), contesto);
+  QWidget& attesa = contesto.schermate.carica(QLatin1String(kAttesa), contesto);
+  attesa.winId();  // makes the window that is told its place over the other
+  attesa.windowHandle()->setTransientParent(schermo.windowHandle());
   attesa.move(schermo.geometry().center() - attesa.rect().center());
   if (auto* barra = attesa.findChild<QProgressBar*>(QLatin1String(kBarra))) {
     barra->setRange(0, kMigliaia);
     barra->show();
   }
+  contesto.schermate.mostra(QLatin1String(kAttesa), contesto);
 }
 
 void avanza(Contesto& contesto, qint64 letti, qint64 totale) {

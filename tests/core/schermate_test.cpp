@@ -4,7 +4,9 @@
 
 #include <QCloseEvent>
 #include <QDialog>
+#include <QGuiApplication>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <memory>
@@ -91,6 +93,32 @@ TEST_F(SchermateTest, OgniSchermoEUnoSolo) {
 TEST_F(SchermateTest, CaricareNonMostra) {
   EXPECT_FALSE(schermate_.carica(kA, contesto_).isVisible());
   EXPECT_TRUE(mostra(kA).isVisible());
+}
+
+TEST_F(SchermateTest, UnoSchermoStaNelMezzo) {
+  schermate_.registra(kA, [](Contesto&) {
+    auto* schermo = new Finestra(kA);
+    schermo->resize(300, 200);
+    return schermo;
+  });
+  const QRect libero = QGuiApplication::primaryScreen()->availableGeometry();
+  const QRect posto = mostra(kA).geometry();
+  EXPECT_EQ(posto.size(), QSize(300, 200));
+  EXPECT_NEAR(posto.center().x(), libero.center().x(), 8);
+  EXPECT_NEAR(posto.center().y(), libero.center().y(), 24);
+}
+
+TEST_F(SchermateTest, UnoSchermoPiuGrandeDelDisplayCiSta) {
+  for (const QString& nome : {kA, kD}) {
+    schermate_.registra(nome, [nome](Contesto&) {
+      QWidget* schermo = nome == kD ? static_cast<QWidget*>(new Dialogo(nome)) : new Finestra(nome);
+      schermo->resize(4000, 3000);
+      return schermo;
+    });
+    const QRect libero = QGuiApplication::primaryScreen()->availableGeometry();
+    QWidget& schermo = schermate_.mostra(nome, contesto_);
+    EXPECT_TRUE(libero.contains(schermo.frameGeometry())) << nome.toStdString();
+  }
 }
 
 TEST_F(SchermateTest, UnNomeCheNessunoHaRegistratoEErrore9) {

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QProgressBar>
+#include <QWindow>
 
 #include "platform/ui/occupato.h"
 #include "workspace/area_di_lavoro.h"
@@ -75,6 +76,7 @@ TEST_F(ImportaDaMenu, MostraLAttesaConLAvanzamentoMentreLegge) {
     ASSERT_NE(attesa(), nullptr);
     const auto* barra = attesa()->findChild<QProgressBar*>(QStringLiteral("Avanzamento"));
     vista = attesa()->isVisible() && barra && barra->isVisible();
+    EXPECT_EQ(attesa()->windowHandle()->transientParent(), schermo->windowHandle());
   };
   bottega.utente.alRiquadro = [this](const Riquadro&) { EXPECT_EQ(attesa(), nullptr); };
   importa(righe(3));
