@@ -68,8 +68,8 @@ QToolButton:focus { border-color: @accento@; }
 QToolButton:disabled { background: @sfondo@; color: @spento@; border-color: @rilievo@; }
 QToolBar QToolButton { background: transparent; border-color: transparent; padding: 5px; }
 QToolBar QToolButton:hover, QToolBar QToolButton:focus { border-color: @accento@; }
-#FinestraApri QToolButton, #FinestraSalva QToolButton { padding: 4px; }
-#FinestraApri #sidebar, #FinestraSalva #sidebar { icon-size: 16px; }
+QDialog > QToolButton { padding: 4px; }
+QListView#sidebar { icon-size: 16px; }
 QLineEdit, QTextEdit, QPlainTextEdit { background: @carta@; color: @testo@; border: 1px solid @bordo@;
                                        border-radius: 5px; padding: 5px 7px;
                                        selection-background-color: @accento@; selection-color: @suAccento@; }

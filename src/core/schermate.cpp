@@ -1,9 +1,9 @@
 #include "core/schermate.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QScopeGuard>
 #include <QScreen>
 #include <algorithm>
@@ -39,10 +39,11 @@ class Custode : public QObject {
   std::function<void()> chiusa_;
 };
 
-/// In the middle of the display and no larger than it: a window system would put each screen elsewhere, and
-/// the menu at another place each time it comes back.
+/// In the middle of the display that the person looks at and no larger than it: a window system would put
+/// each screen elsewhere, and the menu at another place each time it comes back.
 void colloca(QWidget& schermo) {
-  const QScreen* display = QGuiApplication::primaryScreen();
+  const QWidget* attiva = QApplication::activeWindow();
+  const QScreen* display = attiva ? attiva->screen() : QGuiApplication::primaryScreen();
   if (!display) return;
   const QRect libero = display->availableGeometry();
   schermo.resize(schermo.size().boundedTo(libero.size() - kCornice));

@@ -7,9 +7,12 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileDialog>
+#include <QListView>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QToolButton>
 
 #include "controls/stile.h"
 #include "controls/tavolozza.h"
@@ -104,6 +107,31 @@ TEST_P(FigureDelloStile, SenzaIFileDelleIconeRestanoQuelleDiFusion) {
 TEST_P(FigureDelloStile, IPulsantiDeiDialoghiNonHannoIcone) {
   const QDialogButtonBox pulsanti(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
   for (const QAbstractButton* pulsante : pulsanti.buttons()) EXPECT_TRUE(pulsante->icon().isNull());
+}
+
+/// Width of what stands out from the ground inside a button's border, pixels.
+int larghezzaFigura(QWidget& pulsante, const QColor& fondo) {
+  constexpr int kBordo = 3;
+  const QImage immagine = pulsante.grab().toImage();
+  int primo = immagine.width();
+  int ultimo = primo - 1;
+  for (int y = kBordo; y < immagine.height() - kBordo; ++y)
+    for (int x = kBordo; x < immagine.width() - kBordo; ++x)
+      if (immagine.pixelColor(x, y) != fondo) {
+        ultimo = primo == immagine.width() ? x : std::max(ultimo, x);
+        primo = std::min(primo, x);
+      }
+  return ultimo - primo + 1;
+}
+
+TEST_P(FigureDelloStile, NelleFinestreDeiFileLeIconeHannoLaLoroMisura) {
+  QFileDialog finestra;
+  finestra.show();
+  auto* su = finestra.findChild<QToolButton*>(QStringLiteral("toParentButton"));
+  ASSERT_NE(su, nullptr);
+  EXPECT_GE(larghezzaFigura(*su, t_.carta), su->iconSize().width() / 2);
+  const auto* luoghi = finestra.findChild<QListView*>(QStringLiteral("sidebar"));
+  EXPECT_EQ(luoghi->style()->pixelMetric(QStyle::PM_ListViewIconSize, nullptr, luoghi), 16);
 }
 
 TEST_P(FigureDelloStile, LaVoceDiMenuSceltaLasciaVedereLaSuaIcona) {
