@@ -23,6 +23,9 @@ void finoAllaFinestra(benchmark::State& stato, const char* programma) {
 void programma(benchmark::State& stato) {
   finoAllaFinestra(stato, GESTIONALE_AVVIO);
 }
+void testo(benchmark::State& stato) {
+  finoAllaFinestra(stato, GESTIONALE_FINESTRA_TESTO);
+}
 void vuota(benchmark::State& stato) {
   finoAllaFinestra(stato, GESTIONALE_FINESTRA_VUOTA);
 }
@@ -30,6 +33,13 @@ void vuota(benchmark::State& stato) {
 constexpr int kGiri = 21;
 BENCHMARK(programma)
     ->Name("start/programma")
+    ->Arg(0)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(kGiri)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(testo)
+    ->Name("start/window_with_text")
     ->Arg(0)
     ->UseManualTime()
     ->Iterations(1)
