@@ -1,0 +1,87 @@
+#include "articles/archive_fields.h"
+
+#include "core/conversioni.h"
+#include "core/stato.h"
+#include "platform/ui/utente.h"
+
+namespace articles {
+
+namespace {
+
+constexpr QChar kVirgola = u',';
+constexpr int kDecimali = 2;
+
+bool cifra(QChar tasto) {
+  return tasto >= u'0' && tasto <= u'9';
+}
+
+bool modifica(QChar tasto) {
+  return tasto == kTastoIndietro || tasto == kTastoTaglia;
+}
+
+/// Characters behind the first comma; -1 without one.
+qsizetype decimali(const QString& testo) {
+  const qsizetype virgola = testo.indexOf(kVirgola);
+  return virgola < 0 ? -1 : testo.size() - virgola - 1;
+}
+
+QString messaggioReparto() {
+  return QStringLiteral("Attenzione il reparto deve essere compreso tra 1 e ") +
+         QString::number(kRepartoMassimo) + QStringLiteral(" !!!!");
+}
+
+bool siONo(const QString& testo) {
+  return siNo(testo) || testo == QLatin1String("N") || testo == QLatin1String("n");
+}
+
+}  // namespace
+
+bool accettaPrezzo(const QString& testo, QChar tasto) {
+  if (decimali(testo) >= kDecimali) return tasto == kTastoIndietro;
+  return cifra(tasto) || tasto == kVirgola || modifica(tasto);
+}
+
+bool accettaReparto(const QString&, QChar tasto) {
+  return cifra(tasto) || modifica(tasto);
+}
+
+bool accettaSiNo(const QString&, QChar tasto) {
+  return QStringLiteral("SNsn").contains(tasto) || modifica(tasto);
+}
+
+std::optional<Rifiuto> controllaPrezzo(const QString& testo) {
+  const QString zero = QStringLiteral("0");
+  if (testo.count(kVirgola) > 1)
+    return Rifiuto{QStringLiteral("Attenzione il valore immesso non è di tipo numerico !!!"), zero};
+  QString copia = testo;
+  if (TestoInValore(copia) > kPrezzoMassimo)
+    return Rifiuto{QStringLiteral("Attenzione il valore immesso > 99999.99!"), zero};
+  return std::nullopt;
+}
+
+std::optional<Rifiuto> controllaReparto(const QString& testo) {
+  const double reparto = Val(testo);
+  if (reparto > kRepartoMassimo || reparto < 0) return Rifiuto{messaggioReparto(), {}};
+  return std::nullopt;
+}
+
+bool siNo(const QString& testo) {
+  return testo == QLatin1String("S") || testo == QLatin1String("s");
+}
+
+std::int16_t CheckCampiArticolo(const CampiArticolo& campi, Utente& utente) {
+  std::int16_t esito = kFalso;
+  const auto rifiuta = [&](const QString& messaggio) {
+    utente.MsgBox(messaggio, Icona::Informazione);
+    esito = kVero;
+  };
+  if (campi.descrizione.isEmpty())
+    rifiuta(QStringLiteral("Attenzione il campo DESCRIZIONE non e' valorizzato"));
+  if (campi.prezzo.isEmpty()) rifiuta(QStringLiteral("Attenzione il campo PREZZO non e' valorizzato"));
+  const double reparto = Val(campi.reparto);
+  if (reparto > kRepartoMassimo || reparto <= 0) rifiuta(messaggioReparto());
+  if (!siONo(campi.varPrezzo)) rifiuta(QStringLiteral("Attenzione var.prezzo deve essere S/s o N/n"));
+  return esito;
+}
+
+}  // namespace articles
