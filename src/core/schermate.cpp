@@ -45,6 +45,7 @@ void colloca(QWidget& schermo) {
   const QWidget* attiva = QApplication::activeWindow();
   const QScreen* display = attiva ? attiva->screen() : QGuiApplication::primaryScreen();
   if (!display) return;
+  if (!schermo.testAttribute(Qt::WA_Resized)) schermo.adjustSize();
   const QRect libero = display->availableGeometry();
   schermo.resize(schermo.size().boundedTo(libero.size() - kCornice));
   // A dialog finds its place over the window that it belongs to.

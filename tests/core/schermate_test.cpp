@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <memory>
 
 #include "core/contesto.h"
@@ -106,6 +107,19 @@ TEST_F(SchermateTest, UnoSchermoStaNelMezzo) {
   EXPECT_EQ(posto.size(), QSize(300, 200));
   EXPECT_NEAR(posto.center().x(), libero.center().x(), 8);
   EXPECT_NEAR(posto.center().y(), libero.center().y(), 24);
+}
+
+TEST_F(SchermateTest, UnoSchermoSenzaMisureSueELargoQuantoIlSuoContenuto) {
+  schermate_.registra(kA, [](Contesto&) {
+    auto* schermo = new Finestra(kA);
+    auto* dentro = new QWidget(schermo);
+    dentro->setMinimumSize(410, 130);
+    auto* strato = new QVBoxLayout(schermo);
+    strato->setContentsMargins({});
+    strato->addWidget(dentro);
+    return schermo;
+  });
+  EXPECT_EQ(mostra(kA).size(), QSize(410, 130));
 }
 
 TEST_F(SchermateTest, UnoSchermoPiuGrandeDelDisplayCiSta) {
