@@ -4,10 +4,11 @@
 #include <QString>
 #include <QTableView>
 
+class ColonneFisse;
 class ModelloCelle;
 
-/// The one grid of the program: a table view over plain cells (text, alignment, two colours each). A cell is no
-/// object, so tens of thousands of rows fill at once.
+/// The one grid of the program: a table view over plain cells (text, alignment, two colours each). A cell is
+/// no object, so tens of thousands of rows fill at once.
 ///
 /// Rows count as the screens count them: row 0 is the heading, row r is the r-th row of data, and `Rows`
 /// includes the heading. Columns count from 0. A cell outside the grid reads empty and is not written.
@@ -20,11 +21,11 @@ class FlexGrid : public QTableView {
 
   int Rows() const;
   int Cols() const;
-  /// New cells are empty, left aligned, in the grid's own colours; cells that go are forgotten. At least the
-  /// heading row stays.
+  /// New cells are empty, left aligned, in the grid's own colours; cells that go are forgotten, and a current
+  /// cell among them leaves the grid with none. At least the heading row stays.
   void impostaRows(int righe);
   void impostaCols(int colonne);
-  /// Empties every cell, headings aside, and takes its colours back; the shape stays.
+  /// Empties every cell, headings aside, and takes its colours and alignment back; the shape stays.
   void Clear();
 
   QString TextMatrix(int riga, int colonna) const;
@@ -33,13 +34,15 @@ class FlexGrid : public QTableView {
   QColor CellBackColor(int riga, int colonna) const;
   void impostaCellBackColor(int riga, int colonna, const QColor& colore);
   QColor CellForeColor(int riga, int colonna) const;
+  /// What is painted is this colour as far as it can be read on its ground, else a lighter or darker one.
   void impostaCellForeColor(int riga, int colonna, const QColor& colore);
   Qt::Alignment CellAlignment(int riga, int colonna) const;
   void impostaCellAlignment(int riga, int colonna, Qt::Alignment allineamento);
-  /// For the data cells of a column that have none of their own.
+  /// For the cells of a column that have none of their own, its heading among them.
   void impostaColAlignment(int colonna, Qt::Alignment allineamento);
 
-  /// In twips, 1440 to the inch at 96 dots: a width of 1500 is 100 pixels at scale 1.
+  /// In twips, 1440 to the inch at 96 dots: a width of 1500 is 100 pixels at scale 1. 0 hides the column.
+  /// Reads what the user's hand made of it.
   void impostaColWidth(int colonna, int twip);
   int ColWidth(int colonna) const;
   void impostaAltezzaTestata(int twip);
@@ -52,17 +55,19 @@ class FlexGrid : public QTableView {
   /// The current cell; row 0 and column -1 with none.
   int Row() const;
   int Col() const;
-  /// Makes a data cell the current one and brings it into view; a row outside the data does nothing.
+  /// Makes a data cell the current one and brings it into view; a cell outside the data or in a fixed column
+  /// does nothing.
   void impostaCella(int riga, int colonna);
-  /// Marks the whole row from its first to its last column, as the current one.
+  /// Marks the whole row from its first to its last column, as the current one; the current column stays if
+  /// it is in that row already.
   void selezionaRiga(int riga);
 
-  /// While off, changes are not painted and views are told of them once, when it is on again. Fills switch it
-  /// off; nested switches count.
+  /// While off, nothing is painted and changes of cells are told to the view once, when it is on again. Fills
+  /// switch it off; nested switches count.
   void impostaRedraw(bool acceso);
   bool Redraw() const;
 
-  /// The selected cells as text: columns parted by tabs, rows by line ends.
+  /// The selected cells as text: columns parted by tabs, rows by line ends; those within a cell are blanks.
   QString Clip() const;
 
  Q_SIGNALS:
@@ -73,7 +78,21 @@ class FlexGrid : public QTableView {
 
  protected:
   void keyPressEvent(QKeyEvent* evento) override;
+  void changeEvent(QEvent* evento) override;
+  void updateGeometries() override;
+  void currentChanged(const QModelIndex& nuova, const QModelIndex& prima) override;
 
  private:
+  void mostraColonne();
+  void misuraRighe();
+  void ridimensionata(int colonna, int prima, int larghezza);
+  void premutaFissa(const QModelIndex& cella);
+
   ModelloCelle* modello_;
+  ColonneFisse* fisse_ = nullptr;
+  QList<int> twip_;
+  int fixed_ = 0;
+  int altezzaTestata_ = 0;
+  int spento_ = 0;
+  bool dispone_ = false;
 };

@@ -101,7 +101,7 @@ QRadioButton::indicator:disabled { border-color: @spento@; background: @sfondo@;
 QProgressBar { background: @rilievo@; color: @testo@; border: 1px solid @bordo@; border-radius: 6px;
                text-align: center; min-height: 18px; }
 QProgressBar::chunk { background: @velo@; border-radius: 5px; }
-QHeaderView::section { background: @rilievo@; color: @testo@; border: none; border-right: 1px solid @bordo@;
+QHeaderView::section { background: @rilievo@; border: none; border-right: 1px solid @bordo@;
                        border-bottom: 1px solid @bordo@; padding: 5px 8px; }
 QTableView { gridline-color: @rilievo@; border: 1px solid @bordo@; }
 )";

@@ -1,0 +1,577 @@
+#include "controls/FlexGrid.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "controls/contrasto.h"
+#include "controls/stile.h"
+#include "controls/tavolozza.h"
+
+namespace {
+
+QString nome(int riga, int colonna) {
+  return QStringLiteral("r%1c%2").arg(riga).arg(colonna);
+}
+
+void riempi(FlexGrid& griglia, int righe, int colonne) {
+  griglia.impostaRedraw(false);
+  griglia.impostaRows(righe);
+  griglia.impostaCols(colonne);
+  for (int riga = 0; riga < righe; ++riga)
+    for (int colonna = 0; colonna < colonne; ++colonna)
+      griglia.impostaTextMatrix(riga, colonna, nome(riga, colonna));
+  griglia.impostaRedraw(true);
+}
+
+class Griglia : public testing::Test {
+ protected:
+  Griglia() { riempi(griglia_, 31, 5); }
+
+  /// On the screen, in front, with the focus.
+  void mostra() {
+    griglia_.resize(360, 260);
+    griglia_.show();
+    griglia_.setFocus();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&griglia_));
+  }
+  void tasto(Qt::Key tasto, Qt::KeyboardModifiers con = {}) { QTest::keyClick(&griglia_, tasto, con); }
+  void clicca(int riga, int colonna) {
+    const QModelIndex cella = griglia_.model()->index(riga - 1, colonna);
+    QTest::mouseClick(griglia_.viewport(), Qt::LeftButton, {}, griglia_.visualRect(cella).center());
+  }
+  QVariant dato(int riga, int colonna, int ruolo) const {
+    return riga == 0 ? griglia_.model()->headerData(colonna, Qt::Horizontal, ruolo)
+                     : griglia_.model()->index(riga - 1, colonna).data(ruolo);
+  }
+  QTableView& fisse() { return *griglia_.findChild<QTableView*>(QStringLiteral("colonneFisse")); }
+
+  FlexGrid griglia_;
+};
+
+/// What a view paints and is told meanwhile.
+struct Pitture : QObject {
+  explicit Pitture(QWidget& di) { di.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* evento) override {
+    if (evento->type() == QEvent::Paint) ++quante;
+    return false;
+  }
+  int quante = 0;
+};
+
+std::pair<int, int> ultima(const QSignalSpy& spia) {
+  return spia.isEmpty() ? std::pair(-1, -1) : std::pair(spia.last().at(0).toInt(), spia.last().at(1).toInt());
+}
+
+}  // namespace
+
+TEST(GrigliaNuova, HaLaSolaTestataENessunaColonna) {
+  FlexGrid griglia;
+  EXPECT_EQ(griglia.Rows(), 1);
+  EXPECT_EQ(griglia.Cols(), 0);
+  EXPECT_EQ(griglia.Row(), 0);
+  EXPECT_EQ(griglia.Col(), -1);
+  EXPECT_EQ(griglia.FixedCols(), 0);
+  EXPECT_TRUE(griglia.Redraw());
+  EXPECT_EQ(griglia.Clip(), QString());
+  griglia.selezionaRiga(1);
+  griglia.Clear();
+  EXPECT_EQ(griglia.Row(), 0);
+}
+
+TEST_F(Griglia, LaRigaZeroELaTestataELaPrimaDiDatiEQuellaDelModello) {
+  EXPECT_EQ(griglia_.Rows(), 31);
+  EXPECT_EQ(griglia_.Cols(), 5);
+  EXPECT_EQ(griglia_.model()->rowCount(), 30);
+  EXPECT_EQ(dato(0, 2, Qt::DisplayRole).toString(), nome(0, 2));
+  EXPECT_EQ(dato(1, 2, Qt::DisplayRole).toString(), nome(1, 2));
+  EXPECT_EQ(griglia_.TextMatrix(30, 4), nome(30, 4));
+}
+
+TEST_F(Griglia, FuoriDallaGrigliaSiLeggeVuotoENonSiScrive) {
+  for (const auto& [riga, colonna] : {std::pair(-1, 0), {0, -1}, {31, 0}, {0, 5}}) {
+    griglia_.impostaTextMatrix(riga, colonna, QStringLiteral("x"));
+    griglia_.impostaCellBackColor(riga, colonna, Qt::red);
+    griglia_.impostaCellForeColor(riga, colonna, Qt::red);
+    griglia_.impostaCellAlignment(riga, colonna, Qt::AlignRight);
+    griglia_.impostaColAlignment(colonna == 0 ? 9 : colonna, Qt::AlignRight);
+    griglia_.impostaColWidth(colonna == 0 ? 9 : colonna, 10);
+    EXPECT_EQ(griglia_.TextMatrix(riga, colonna), QString());
+    EXPECT_FALSE(griglia_.CellBackColor(riga, colonna).isValid());
+    EXPECT_FALSE(griglia_.CellForeColor(riga, colonna).isValid());
+    EXPECT_EQ(griglia_.CellAlignment(riga, colonna), Qt::AlignLeft | Qt::AlignVCenter);
+  }
+  EXPECT_EQ(griglia_.ColWidth(9), 0);
+  for (int riga = 0; riga < 31; ++riga)
+    for (int colonna = 0; colonna < 5; ++colonna)
+      EXPECT_EQ(griglia_.TextMatrix(riga, colonna), nome(riga, colonna));
+}
+
+TEST_F(Griglia, LeCelleCheRestanoTengonoIlTestoELeNuoveSonoVuote) {
+  griglia_.impostaCellBackColor(2, 1, Qt::red);
+  griglia_.impostaCols(7);
+  griglia_.impostaRows(40);
+  EXPECT_EQ(griglia_.TextMatrix(2, 1), nome(2, 1));
+  EXPECT_EQ(griglia_.CellBackColor(2, 1), QColor(Qt::red));
+  EXPECT_EQ(griglia_.TextMatrix(2, 6), QString());
+  EXPECT_EQ(griglia_.TextMatrix(39, 0), QString());
+  griglia_.impostaCols(2);
+  griglia_.impostaRows(2);
+  griglia_.impostaRows(31);
+  griglia_.impostaCols(5);
+  EXPECT_EQ(griglia_.TextMatrix(1, 1), nome(1, 1));
+  EXPECT_EQ(griglia_.TextMatrix(1, 2), QString()) << "what went is forgotten";
+  EXPECT_EQ(griglia_.TextMatrix(2, 1), QString());
+  EXPECT_FALSE(griglia_.CellBackColor(2, 1).isValid());
+}
+
+TEST_F(Griglia, SenzaRigheOConNumeriNegativiRestaLaTestata) {
+  griglia_.impostaRows(0);
+  EXPECT_EQ(griglia_.Rows(), 1);
+  EXPECT_EQ(griglia_.TextMatrix(0, 3), nome(0, 3));
+  griglia_.impostaRows(-7);
+  griglia_.impostaCols(-1);
+  EXPECT_EQ(griglia_.Rows(), 1);
+  EXPECT_EQ(griglia_.Cols(), 0);
+}
+
+TEST_F(Griglia, VuotaLeCelleENonLeTestateNeLaForma) {
+  griglia_.impostaCellBackColor(0, 0, Qt::green);
+  griglia_.impostaCellBackColor(3, 3, Qt::red);
+  griglia_.impostaCellForeColor(3, 3, Qt::blue);
+  griglia_.impostaCellAlignment(3, 3, Qt::AlignRight);
+  griglia_.Clear();
+  EXPECT_EQ(griglia_.Rows(), 31);
+  EXPECT_EQ(griglia_.TextMatrix(0, 0), nome(0, 0));
+  EXPECT_EQ(griglia_.CellBackColor(0, 0), QColor(Qt::green));
+  EXPECT_EQ(griglia_.TextMatrix(3, 3), QString());
+  EXPECT_FALSE(griglia_.CellBackColor(3, 3).isValid());
+  EXPECT_FALSE(griglia_.CellForeColor(3, 3).isValid());
+  EXPECT_EQ(griglia_.CellAlignment(3, 3), Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+TEST_F(Griglia, UnAllineamentoDellaCellaVinceSuQuelloDellaColonna) {
+  griglia_.impostaColAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
+  griglia_.impostaCellAlignment(2, 1, Qt::AlignCenter);
+  EXPECT_EQ(griglia_.CellAlignment(1, 1), Qt::AlignRight | Qt::AlignVCenter);
+  EXPECT_EQ(griglia_.CellAlignment(0, 1), Qt::AlignRight | Qt::AlignVCenter);
+  EXPECT_EQ(griglia_.CellAlignment(2, 1), Qt::AlignCenter);
+  EXPECT_EQ(dato(2, 1, Qt::TextAlignmentRole).toInt(), static_cast<int>(Qt::AlignCenter));
+  EXPECT_EQ(griglia_.CellAlignment(1, 2), Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+TEST_F(Griglia, UnColoreNonValidoRidaQuelloDellaGriglia) {
+  griglia_.impostaBackColor(Qt::yellow);
+  griglia_.impostaCellBackColor(1, 1, QColor(255, 128, 0));
+  EXPECT_EQ(dato(1, 1, Qt::BackgroundRole).value<QColor>(), QColor(255, 128, 0));
+  EXPECT_EQ(dato(1, 2, Qt::BackgroundRole).value<QColor>(), QColor(Qt::yellow));
+  EXPECT_FALSE(dato(0, 2, Qt::BackgroundRole).isValid()) << "a heading keeps its own ground";
+  griglia_.impostaCellBackColor(1, 1, {});
+  EXPECT_FALSE(griglia_.CellBackColor(1, 1).isValid());
+  EXPECT_EQ(dato(1, 1, Qt::BackgroundRole).value<QColor>(), QColor(Qt::yellow));
+  griglia_.impostaBackColor({});
+  EXPECT_FALSE(dato(1, 1, Qt::BackgroundRole).isValid());
+  EXPECT_FALSE(dato(1, 1, Qt::ForegroundRole).isValid());
+  griglia_.impostaCellForeColor(1, 1, Qt::black);
+  griglia_.impostaCellForeColor(1, 1, {});
+  EXPECT_FALSE(griglia_.CellForeColor(1, 1).isValid());
+}
+
+TEST_F(Griglia, LeLarghezzeVannoDaTwipAPixel) {
+  griglia_.impostaColWidth(1, 1500);
+  griglia_.impostaColWidth(2, 1000);
+  EXPECT_EQ(griglia_.columnWidth(1), 100);
+  EXPECT_EQ(griglia_.columnWidth(2), 67);
+  EXPECT_EQ(griglia_.ColWidth(2), 1000) << "rounding to pixels loses nothing";
+  griglia_.horizontalHeader()->resizeSection(2, 80);
+  EXPECT_EQ(griglia_.ColWidth(2), 1200) << "the user's hand";
+  griglia_.impostaColWidth(3, 0);
+  EXPECT_TRUE(griglia_.isColumnHidden(3));
+  griglia_.impostaColWidth(3, 300);
+  EXPECT_EQ(griglia_.columnWidth(3), 20);
+  griglia_.impostaCols(6);
+  EXPECT_EQ(griglia_.columnWidth(1), 100) << "a new column leaves the others";
+}
+
+TEST_F(Griglia, LAltezzaDellaTestataNonScendeSottoIlSuoTesto) {
+  griglia_.impostaAltezzaTestata(600);
+  EXPECT_EQ(griglia_.horizontalHeader()->height(), 40);
+  griglia_.impostaAltezzaTestata(15);
+  EXPECT_GE(griglia_.horizontalHeader()->height(), griglia_.fontMetrics().height());
+}
+
+TEST_F(Griglia, UnCarattereGrandeAlzaLeRighe) {
+  QFont grande = griglia_.font();
+  grande.setPointSize(30);
+  griglia_.setFont(grande);
+  EXPECT_GT(griglia_.rowHeight(0), QFontMetrics(grande).height());
+}
+
+TEST_F(Griglia, LaCellaCorrenteSiImpostaESiVede) {
+  mostra();
+  const QSignalSpy entrate(&griglia_, &FlexGrid::entrata);
+  griglia_.impostaCella(25, 4);
+  EXPECT_EQ(griglia_.Row(), 25);
+  EXPECT_EQ(griglia_.Col(), 4);
+  EXPECT_EQ(ultima(entrate), std::pair(25, 4));
+  EXPECT_TRUE(
+      griglia_.viewport()->rect().contains(griglia_.visualRect(griglia_.model()->index(24, 4)).center()));
+  for (const auto& [riga, colonna] : {std::pair(0, 1), {31, 1}, {-1, 1}, {3, -1}, {3, 5}}) {
+    griglia_.impostaCella(riga, colonna);
+    EXPECT_EQ(griglia_.Row(), 25);
+    EXPECT_EQ(griglia_.Col(), 4);
+  }
+  EXPECT_EQ(entrate.size(), 1);
+}
+
+TEST_F(Griglia, LaCellaCorrenteCheSparisceNonNeLasciaNessuna) {
+  griglia_.impostaCella(20, 3);
+  griglia_.impostaRows(21);
+  EXPECT_EQ(griglia_.Row(), 20);
+  const QSignalSpy entrate(&griglia_, &FlexGrid::entrata);
+  griglia_.impostaRows(20);
+  EXPECT_EQ(griglia_.Row(), 0);
+  EXPECT_EQ(griglia_.Col(), -1);
+  griglia_.impostaCella(5, 4);
+  griglia_.impostaCols(4);
+  EXPECT_EQ(griglia_.Row(), 0);
+  EXPECT_EQ(entrate.size(), 1) << "the one that the test set";
+}
+
+TEST_F(Griglia, SelezionaLaRigaInteraELaFaCorrente) {
+  griglia_.selezionaRiga(7);
+  EXPECT_EQ(griglia_.Row(), 7);
+  EXPECT_EQ(griglia_.Col(), 0);
+  EXPECT_EQ(griglia_.selectionModel()->selectedIndexes().size(), 5);
+  griglia_.impostaCella(9, 3);
+  griglia_.selezionaRiga(9);
+  EXPECT_EQ(griglia_.Col(), 3) << "the arrows go on from where they were";
+  EXPECT_EQ(griglia_.Clip(), QStringLiteral("r9c0\tr9c1\tr9c2\tr9c3\tr9c4"));
+  griglia_.selezionaRiga(0);
+  griglia_.selezionaRiga(31);
+  EXPECT_EQ(griglia_.Row(), 9);
+}
+
+TEST_F(Griglia, LeFrecceEPaginaMuovonoLaCellaCorrente) {
+  mostra();
+  griglia_.impostaCella(1, 0);
+  tasto(Qt::Key_Down);
+  tasto(Qt::Key_Right);
+  EXPECT_EQ(std::pair(griglia_.Row(), griglia_.Col()), std::pair(2, 1));
+  tasto(Qt::Key_Up);
+  tasto(Qt::Key_Left);
+  EXPECT_EQ(std::pair(griglia_.Row(), griglia_.Col()), std::pair(1, 0));
+  tasto(Qt::Key_End);
+  EXPECT_EQ(std::pair(griglia_.Row(), griglia_.Col()), std::pair(1, 4));
+  tasto(Qt::Key_Home);
+  EXPECT_EQ(std::pair(griglia_.Row(), griglia_.Col()), std::pair(1, 0));
+  tasto(Qt::Key_PageDown);
+  const int pagina = griglia_.Row();
+  EXPECT_GT(pagina, 3);
+  EXPECT_LT(pagina, 30);
+  tasto(Qt::Key_PageUp);
+  EXPECT_EQ(griglia_.Row(), 1);
+  tasto(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(std::pair(griglia_.Row(), griglia_.Col()), std::pair(30, 4));
+  tasto(Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_EQ(std::pair(griglia_.Row(), griglia_.Col()), std::pair(1, 0));
+}
+
+TEST_F(Griglia, InvioESpazioScelgonoLaCellaCorrente) {
+  mostra();
+  griglia_.selectionModel()->clear();
+  const QSignalSpy scelte(&griglia_, &FlexGrid::clic);
+  tasto(Qt::Key_Return);
+  EXPECT_EQ(scelte.size(), 0) << "there is none";
+  griglia_.impostaCella(4, 2);
+  for (const Qt::Key chiave : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) tasto(chiave);
+  EXPECT_EQ(scelte.size(), 3);
+  EXPECT_EQ(ultima(scelte), std::pair(4, 2));
+  QKeyEvent ripetuto(QEvent::KeyPress, Qt::Key_Return, {}, QString(), true);
+  QApplication::sendEvent(&griglia_, &ripetuto);
+  EXPECT_EQ(scelte.size(), 3) << "a key held down chooses once";
+  EXPECT_EQ(griglia_.TextMatrix(4, 2), nome(4, 2));
+}
+
+TEST_F(Griglia, IlClicDelMouseSceglieEUnTastoNonScriveNellaCella) {
+  mostra();
+  const QSignalSpy scelte(&griglia_, &FlexGrid::clic);
+  clicca(3, 1);
+  EXPECT_EQ(ultima(scelte), std::pair(3, 1));
+  EXPECT_EQ(griglia_.Row(), 3);
+  QTest::mouseDClick(griglia_.viewport(), Qt::LeftButton, {},
+                     griglia_.visualRect(griglia_.model()->index(2, 1)).center());
+  QTest::keyClicks(&griglia_, QStringLiteral("x"));
+  tasto(Qt::Key_F2);
+  EXPECT_EQ(griglia_.findChild<QLineEdit*>(), nullptr);
+  EXPECT_EQ(griglia_.TextMatrix(3, 1), nome(3, 1));
+  QTest::mouseClick(griglia_.horizontalHeader()->viewport(), Qt::LeftButton);
+  EXPECT_EQ(ultima(scelte), std::pair(3, 1)) << "a heading is no data cell";
+}
+
+TEST_F(Griglia, CtrlCCopiaLaSelezioneATabulazioni) {
+  mostra();
+  clicca(2, 1);
+  tasto(Qt::Key_Right, Qt::ShiftModifier);
+  tasto(Qt::Key_Down, Qt::ShiftModifier);
+  const QString atteso = QStringLiteral("r2c1\tr2c2\nr3c1\tr3c2");
+  EXPECT_EQ(griglia_.Clip(), atteso);
+  tasto(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), atteso);
+}
+
+TEST_F(Griglia, UnTestoConTabulazioniONuoveRigheNonRompeLaTabellaCopiata) {
+  griglia_.impostaTextMatrix(2, 1, QStringLiteral("a\tb\r\nc"));
+  griglia_.selezionaRiga(2);
+  EXPECT_EQ(griglia_.Clip(), QStringLiteral("r2c0\ta b  c\tr2c2\tr2c3\tr2c4"));
+}
+
+TEST_F(Griglia, TabLasciaLaGriglia) {
+  QWidget finestra;
+  auto* disposizione = new QVBoxLayout(&finestra);
+  FlexGrid* griglia = new FlexGrid;
+  auto* casella = new QLineEdit;
+  riempi(*griglia, 4, 2);
+  disposizione->addWidget(griglia);
+  disposizione->addWidget(casella);
+  finestra.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&finestra));
+  griglia->setFocus();
+  griglia->impostaCella(1, 0);
+  QTest::keyClick(griglia, Qt::Key_Tab);
+  EXPECT_TRUE(casella->hasFocus());
+  EXPECT_EQ(griglia->Col(), 0);
+}
+
+TEST_F(Griglia, LeColonneFisseNonScorronoDiLato) {
+  griglia_.impostaFixedCols(1);
+  griglia_.impostaColWidth(0, 750);
+  mostra();
+  EXPECT_EQ(griglia_.FixedCols(), 1);
+  EXPECT_EQ(griglia_.ColWidth(0), 750);
+  ASSERT_TRUE(fisse().isVisible());
+  EXPECT_EQ(fisse().width(), 50);
+  EXPECT_EQ(fisse().geometry().right() + 1, griglia_.viewport()->geometry().left());
+  const QRect prima = fisse().visualRect(fisse().model()->index(4, 0));
+  griglia_.horizontalScrollBar()->setValue(griglia_.horizontalScrollBar()->maximum());
+  ASSERT_GT(griglia_.horizontalScrollBar()->value(), 0);
+  EXPECT_EQ(fisse().visualRect(fisse().model()->index(4, 0)), prima);
+}
+
+TEST_F(Griglia, LeColonneFisseScendonoConLeAltreRigaPerRiga) {
+  griglia_.impostaFixedCols(1);
+  mostra();
+  const auto pari = [&](int riga) {
+    const QModelIndex fissa = fisse().model()->index(riga - 1, 0);
+    const QModelIndex mobile = griglia_.model()->index(riga - 1, 1);
+    return fisse().viewport()->mapTo(&griglia_, fisse().visualRect(fissa).topLeft()).y() ==
+           griglia_.viewport()->mapTo(&griglia_, griglia_.visualRect(mobile).topLeft()).y();
+  };
+  EXPECT_TRUE(pari(1));
+  griglia_.impostaCella(30, 3);
+  EXPECT_TRUE(pari(30));
+  EXPECT_EQ(fisse().verticalScrollBar()->value(), griglia_.verticalScrollBar()->value());
+  EXPECT_EQ(fisse().verticalScrollBar()->maximum(), griglia_.verticalScrollBar()->maximum());
+  fisse().verticalScrollBar()->setValue(0);
+  EXPECT_EQ(griglia_.verticalScrollBar()->value(), 0) << "the wheel over the fixed columns";
+}
+
+TEST_F(Griglia, UnaColonnaFissaNonPrendeLaCellaCorrente) {
+  griglia_.impostaCella(2, 0);
+  griglia_.impostaFixedCols(2);
+  EXPECT_EQ(griglia_.Col(), -1);
+  mostra();
+  griglia_.impostaCella(2, 1);
+  EXPECT_EQ(griglia_.Row(), 0);
+  griglia_.impostaCella(2, 2);
+  tasto(Qt::Key_Left);
+  tasto(Qt::Key_Home);
+  EXPECT_EQ(griglia_.Col(), 2);
+  const QSignalSpy scelte(&griglia_, &FlexGrid::clic);
+  const QRect cella = fisse().visualRect(fisse().model()->index(4, 1));
+  QTest::mouseClick(fisse().viewport(), Qt::LeftButton, {}, cella.center());
+  EXPECT_EQ(ultima(scelte), std::pair(5, 1));
+  EXPECT_EQ(std::pair(griglia_.Row(), griglia_.Col()), std::pair(5, 2));
+  griglia_.selezionaRiga(5);
+  EXPECT_EQ(griglia_.Clip(), QStringLiteral("r5c0\tr5c1\tr5c2\tr5c3\tr5c4"));
+}
+
+TEST_F(Griglia, PiuColonneFisseDiQuanteCeNeSonoBloccanoTutte) {
+  griglia_.impostaFixedCols(9);
+  EXPECT_EQ(griglia_.FixedCols(), 5);
+  griglia_.selezionaRiga(3);
+  EXPECT_EQ(griglia_.Row(), 0);
+  griglia_.impostaFixedCols(-1);
+  EXPECT_EQ(griglia_.FixedCols(), 0);
+  EXPECT_FALSE(fisse().isVisibleTo(&griglia_));
+  EXPECT_FALSE(griglia_.isColumnHidden(0));
+}
+
+TEST_F(Griglia, NellAttesaNonSiDipingeEAllaFineSiDiceUnaVoltaSola) {
+  mostra();
+  QApplication::processEvents();
+  Pitture pitture(*griglia_.viewport());
+  const QSignalSpy cambi(griglia_.model(), &QAbstractItemModel::dataChanged);
+  griglia_.impostaRedraw(false);
+  griglia_.impostaRedraw(false);
+  griglia_.impostaTextMatrix(1, 1, QStringLiteral("a"));
+  griglia_.impostaCellBackColor(2, 1, Qt::red);
+  griglia_.impostaRedraw(true);
+  EXPECT_FALSE(griglia_.Redraw()) << "the outer switch is still off";
+  QApplication::processEvents();
+  EXPECT_EQ(cambi.size(), 0);
+  EXPECT_EQ(pitture.quante, 0);
+  griglia_.impostaRedraw(true);
+  EXPECT_TRUE(griglia_.Redraw());
+  EXPECT_EQ(cambi.size(), 1);
+  QApplication::processEvents();
+  EXPECT_EQ(pitture.quante, 1);
+  griglia_.impostaRedraw(true);
+  EXPECT_TRUE(griglia_.Redraw());
+  griglia_.impostaRedraw(false);
+  EXPECT_FALSE(griglia_.Redraw()) << "one switch too many does not count";
+  griglia_.impostaRedraw(true);
+  EXPECT_EQ(cambi.size(), 1) << "nothing had changed";
+}
+
+TEST_F(Griglia, CinquantamilaRigheSiDipingonoUnaVoltaSola) {
+  constexpr int kRighe = 50001;
+  constexpr int kColonne = 9;
+  constexpr int kPassata = 500;
+  mostra();
+  QApplication::processEvents();
+  Pitture pitture(*griglia_.viewport());
+  const QSignalSpy cambi(griglia_.model(), &QAbstractItemModel::dataChanged);
+  const QSignalSpy forme(griglia_.model(), &QAbstractItemModel::rowsInserted);
+  griglia_.impostaRedraw(false);
+  griglia_.impostaCols(kColonne);
+  griglia_.impostaRows(kRighe);
+  for (int riga = 1; riga < kRighe; ++riga) {
+    for (int colonna = 0; colonna < kColonne; ++colonna)
+      griglia_.impostaTextMatrix(riga, colonna, nome(riga, colonna));
+    if (riga % kPassata == 0) QApplication::processEvents();
+  }
+  EXPECT_EQ(pitture.quante, 0);
+  griglia_.impostaRedraw(true);
+  QApplication::processEvents();
+  EXPECT_LE(pitture.quante, 2);
+  EXPECT_EQ(cambi.size(), 1);
+  EXPECT_EQ(forme.size(), 1);
+  griglia_.impostaCella(kRighe - 1, kColonne - 1);
+  EXPECT_EQ(griglia_.TextMatrix(griglia_.Row(), griglia_.Col()), nome(kRighe - 1, kColonne - 1));
+}
+
+TEST_F(Griglia, LeRigheHannoUnAltezzaFissaENessunaMisuraDalContenuto) {
+  EXPECT_EQ(griglia_.verticalHeader()->sectionResizeMode(0), QHeaderView::Fixed);
+  for (int colonna = 0; colonna < 5; ++colonna)
+    EXPECT_NE(griglia_.horizontalHeader()->sectionResizeMode(colonna), QHeaderView::ResizeToContents);
+  EXPECT_FALSE(griglia_.isSortingEnabled());
+}
+
+TEST_F(Griglia, LettoriDiSchermoTrovanoCelleETestate) {
+  mostra();
+  QAccessibleInterface* voce = QAccessible::queryAccessibleInterface(&griglia_);
+  ASSERT_NE(voce, nullptr);
+  EXPECT_EQ(voce->text(QAccessible::Name), QStringLiteral("Griglia"));
+  QAccessibleTableInterface* tabella = voce->tableInterface();
+  ASSERT_NE(tabella, nullptr);
+  EXPECT_EQ(tabella->rowCount(), 30);
+  EXPECT_EQ(tabella->cellAt(2, 1)->text(QAccessible::Name), nome(3, 1));
+  EXPECT_EQ(tabella->columnDescription(1), nome(0, 1));
+}
+
+class ColoriGriglia : public testing::TestWithParam<bool> {
+ protected:
+  ColoriGriglia() {
+    stile::applica(*qApp, GetParam() ? stile::Tema::Scuro : stile::Tema::Chiaro);
+    griglia_ = std::make_unique<FlexGrid>();
+    riempi(*griglia_, 6, 2);
+  }
+  ~ColoriGriglia() override { qApp->setStyleSheet({}); }
+
+  QColor testoDipinto(int riga, int colonna) const {
+    const QVariant colore = riga == 0
+                                ? griglia_->model()->headerData(colonna, Qt::Horizontal, Qt::ForegroundRole)
+                                : griglia_->model()->index(riga - 1, colonna).data(Qt::ForegroundRole);
+    return colore.isValid() ? colore.value<QColor>() : griglia_->palette().color(QPalette::Text);
+  }
+
+  const stile::Tinte& t_ = stile::tinte(GetParam());
+  std::unique_ptr<FlexGrid> griglia_;
+};
+
+INSTANTIATE_TEST_SUITE_P(ChiaroEScuro, ColoriGriglia, testing::Bool());
+
+TEST_P(ColoriGriglia, IlTestoSiLeggeSuOgniFondoDellaCella) {
+  for (const QColor& fondo : {QColor(255, 128, 0), QColor(Qt::yellow), QColor(255, 255, 224),
+                              QColor(Qt::white), QColor(Qt::black), QColor(0, 0, 128)}) {
+    griglia_->impostaCellBackColor(1, 0, fondo);
+    EXPECT_GE(contrasto::fra(testoDipinto(1, 0), fondo), contrasto::kLeggibile) << fondo.name().toStdString();
+    griglia_->impostaBackColor(fondo);
+    EXPECT_GE(contrasto::fra(testoDipinto(2, 0), fondo), contrasto::kLeggibile) << fondo.name().toStdString();
+  }
+}
+
+TEST_P(ColoriGriglia, IlColoreDelTestoRestaDellaSuaTintaESiLegge) {
+  griglia_->impostaCellForeColor(0, 0, Qt::blue);
+  griglia_->impostaCellForeColor(1, 0, Qt::blue);
+  EXPECT_EQ(griglia_->CellForeColor(1, 0), QColor(Qt::blue));
+  EXPECT_GE(contrasto::fra(testoDipinto(1, 0), t_.carta), contrasto::kLeggibile);
+  EXPECT_GE(contrasto::fra(testoDipinto(0, 0), t_.sfondo), contrasto::kLeggibile);
+  EXPECT_NEAR(testoDipinto(1, 0).hslHue(), QColor(Qt::blue).hslHue(), 2);
+  if (!GetParam()) {
+    EXPECT_EQ(testoDipinto(0, 0), QColor(Qt::blue));
+  }
+}
+
+TEST_P(ColoriGriglia, FondoETestoSonoQuelliDipinti) {
+  griglia_->impostaCellBackColor(0, 0, QColor(255, 128, 0));
+  griglia_->impostaCellBackColor(1, 0, QColor(255, 128, 0));
+  griglia_->impostaCellForeColor(0, 1, Qt::blue);
+  griglia_->setFocusPolicy(Qt::NoFocus);
+  griglia_->resize(300, 200);
+  griglia_->selectionModel()->clear();
+  const QImage dipinta = griglia_->grab().toImage();
+  const auto colori = [&](const QRect& dove, const QWidget& di) {
+    const QPoint inizio = di.mapTo(griglia_.get(), dove.topLeft());
+    std::vector<QRgb> trovati;
+    for (int y = 2; y < dove.height() - 2; ++y)
+      for (int x = 2; x < dove.width() - 2; ++x)
+        trovati.push_back(dipinta.pixel(inizio + QPoint(x, y)) | 0xFF000000);
+    return trovati;
+  };
+  const auto vede = [](const std::vector<QRgb>& dipinti, const QColor& colore) {
+    return std::find(dipinti.begin(), dipinti.end(), colore.rgb()) != dipinti.end();
+  };
+  const QHeaderView& testata = *griglia_->horizontalHeader();
+  const auto sezione = [&](int colonna) {
+    return colori(
+        {testata.sectionViewportPosition(colonna), 0, testata.sectionSize(colonna), testata.height()},
+        *testata.viewport());
+  };
+  EXPECT_TRUE(vede(colori(griglia_->visualRect(griglia_->model()->index(0, 0)), *griglia_->viewport()),
+                   QColor(255, 128, 0)));
+  EXPECT_TRUE(vede(sezione(0), QColor(255, 128, 0)));
+  EXPECT_FALSE(vede(sezione(1), QColor(255, 128, 0)));
+  EXPECT_TRUE(vede(sezione(1), t_.rilievo));
+  const auto azzurri = sezione(1);
+  EXPECT_TRUE(std::any_of(azzurri.begin(), azzurri.end(),
+                          [](QRgb c) { return qBlue(c) > qRed(c) + 60 && qBlue(c) > qGreen(c) + 60; }));
+}
+
+TEST_P(ColoriGriglia, UnCambioDiTemaRifaIColori) {
+  griglia_->impostaCellForeColor(1, 0, Qt::blue);
+  stile::applica(*qApp, GetParam() ? stile::Tema::Chiaro : stile::Tema::Scuro);
+  QApplication::processEvents();
+  const QColor carta = stile::tinte(!GetParam()).carta;
+  EXPECT_GE(contrasto::fra(testoDipinto(1, 0), carta), contrasto::kLeggibile);
+}
