@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <numeric>
 
 #include "controls/colonne_fisse.h"
 #include "controls/modello_celle.h"
@@ -19,8 +20,8 @@ constexpr int kTwipColonna = 1500;
 constexpr int kAria = 8;
 constexpr int kAriaTestata = 12;
 
-int pixel(int twip) {
-  return (std::max(twip, 0) + kTwipPerPixel / 2) / kTwipPerPixel;
+int pixel(int twip, double ingrandimento = 1) {
+  return static_cast<int>(std::max(twip, 0) * ingrandimento / kTwipPerPixel + 0.5);
 }
 
 /// A cell's text may not break the shape of the table that it is pasted into.
@@ -138,7 +139,8 @@ int FlexGrid::ColWidth(int colonna) const {
 }
 
 void FlexGrid::ridimensionata(int colonna, int /*prima*/, int larghezza) {
-  if (!dispone_ && colonna < twip_.size()) twip_[colonna] = larghezza * kTwipPerPixel;
+  if (!dispone_ && colonna < twip_.size())
+    twip_[colonna] = qRound(larghezza * kTwipPerPixel / ingrandimento());
 }
 
 void FlexGrid::impostaAltezzaTestata(int twip) {
@@ -159,7 +161,8 @@ int FlexGrid::FixedCols() const {
 void FlexGrid::mostraColonne() {
   const QScopedValueRollback nonLUtente(dispone_, true);
   QList<int> larghezze;
-  for (const int twip : std::as_const(twip_)) larghezze.append(pixel(twip));
+  const double quanto = ingrandimento();
+  for (const int twip : std::as_const(twip_)) larghezze.append(pixel(twip, quanto));
   for (int colonna = 0; colonna < Cols(); ++colonna) {
     const bool visibile = colonna >= FixedCols() && larghezze[colonna] > 0;
     setColumnHidden(colonna, !visibile);
@@ -170,6 +173,25 @@ void FlexGrid::mostraColonne() {
   verticalHeader()->setFixedWidth(fisse_->larghezza());
   verticalHeader()->setVisible(fisse_->larghezza() > 0);
   updateGeometries();
+}
+
+void FlexGrid::impostaLarghezzaPiena(bool piena) {
+  piena_ = piena;
+  mostraColonne();
+}
+
+double FlexGrid::ingrandimento() const {
+  const int somma = std::accumulate(twip_.begin(), twip_.end(), 0);
+  if (!piena_ || somma == 0) return 1;
+  const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  // Half a pixel a column is what rounding may take.
+  const double libera = width() - 2 * frameWidth() - barra - Cols() / 2.0;
+  return std::max(1.0, libera * kTwipPerPixel / somma);
+}
+
+void FlexGrid::resizeEvent(QResizeEvent* evento) {
+  QTableView::resizeEvent(evento);
+  if (piena_) mostraColonne();
 }
 
 void FlexGrid::updateGeometries() {

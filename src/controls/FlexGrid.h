@@ -45,6 +45,9 @@ class FlexGrid : public QTableView {
   /// Reads what the user's hand made of it.
   void impostaColWidth(int colonna, int twip);
   int ColWidth(int colonna) const;
+  /// On: columns grow alike to fill the view's width, and are never narrower than their widths say. Off at
+  /// first.
+  void impostaLarghezzaPiena(bool piena);
   void impostaAltezzaTestata(int twip);
   /// The leading columns that do not scroll sideways and take no current cell.
   void impostaFixedCols(int colonne);
@@ -80,10 +83,12 @@ class FlexGrid : public QTableView {
   void keyPressEvent(QKeyEvent* evento) override;
   void changeEvent(QEvent* evento) override;
   void updateGeometries() override;
+  void resizeEvent(QResizeEvent* evento) override;
   void currentChanged(const QModelIndex& nuova, const QModelIndex& prima) override;
 
  private:
   void mostraColonne();
+  double ingrandimento() const;
   void misuraRighe();
   void ridimensionata(int colonna, int prima, int larghezza);
   void premutaFissa(const QModelIndex& cella);
@@ -95,4 +100,5 @@ class FlexGrid : public QTableView {
   int altezzaTestata_ = 0;
   int spento_ = 0;
   bool dispone_ = false;
+  bool piena_ = false;
 };

@@ -25,16 +25,20 @@ double fra(const QColor& uno, const QColor& altro) {
   return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
+QColor biancoONero(const QColor& fondo) {
+  return fra(Qt::white, fondo) > fra(Qt::black, fondo) ? Qt::white : Qt::black;
+}
+
 QColor leggibile(const QColor& voluto, const QColor& fondo) {
   if (fra(voluto, fondo) >= kLeggibile) return voluto;
-  const bool versoIlBianco = fra(Qt::white, fondo) > fra(Qt::black, fondo);
-  const float passo = versoIlBianco ? kPasso : -kPasso;
+  const QColor estremo = biancoONero(fondo);
+  const float passo = estremo == QColor(Qt::white) ? kPasso : -kPasso;
   float luce = voluto.lightnessF() + passo;
   for (; luce > 0 && luce < 1; luce += passo) {
     const QColor prova = QColor::fromHslF(std::max(voluto.hslHueF(), 0.0F), voluto.hslSaturationF(), luce);
     if (fra(prova, fondo) >= kLeggibile) return prova.toRgb();
   }
-  return versoIlBianco ? Qt::white : Qt::black;
+  return estremo;
 }
 
 }  // namespace contrasto

@@ -13,4 +13,7 @@ double fra(const QColor& uno, const QColor& altro);
 /// `voluto` if it can be read on `fondo`, else the nearest lightness of its hue that can.
 QColor leggibile(const QColor& voluto, const QColor& fondo);
 
+/// The better of the two to be read on `fondo`.
+QColor biancoONero(const QColor& fondo);
+
 }  // namespace contrasto

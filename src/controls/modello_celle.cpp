@@ -66,9 +66,9 @@ QVariant ModelloCelle::coloreTesto(int riga, const Aspetto& aspetto) const {
   QColor fondo = sfondo(riga, aspetto);
   if (!fondo.isValid() && !aspetto.haTesto) return {};
   if (!fondo.isValid()) fondo = tavolozza_.color(riga == 0 ? QPalette::Window : QPalette::Base);
-  const QColor voluto =
-      aspetto.haTesto ? QColor::fromRgba(aspetto.testo) : tavolozza_.color(QPalette::Active, QPalette::Text);
-  return contrasto::leggibile(voluto, fondo);
+  if (aspetto.haTesto) return contrasto::leggibile(QColor::fromRgba(aspetto.testo), fondo);
+  const QColor solito = tavolozza_.color(QPalette::Active, QPalette::Text);
+  return contrasto::fra(solito, fondo) >= contrasto::kLeggibile ? solito : contrasto::biancoONero(fondo);
 }
 
 void ModelloCelle::impostaRighe(int righe) {

@@ -202,6 +202,29 @@ TEST_F(Griglia, LeLarghezzeVannoDaTwipAPixel) {
   EXPECT_EQ(griglia_.columnWidth(1), 100) << "a new column leaves the others";
 }
 
+TEST_F(Griglia, ALarghezzaPienaLeColonneCresconoInsiemeENonSiStringono) {
+  mostra();
+  griglia_.impostaLarghezzaPiena(true);
+  for (int colonna = 0; colonna < 5; ++colonna) griglia_.impostaColWidth(colonna, colonna == 0 ? 500 : 1500);
+  griglia_.resize(1000, 260);
+  QApplication::processEvents();
+  EXPECT_NEAR(griglia_.horizontalHeader()->length(), griglia_.viewport()->width(), 5);
+  EXPECT_EQ(griglia_.horizontalScrollBar()->maximum(), 0);
+  EXPECT_NEAR(griglia_.columnWidth(1), 3 * griglia_.columnWidth(0), 2);
+  EXPECT_EQ(griglia_.ColWidth(1), 1500);
+  const int prima = griglia_.columnWidth(2);
+  griglia_.horizontalHeader()->resizeSection(1, 2 * griglia_.columnWidth(1));
+  EXPECT_NEAR(griglia_.ColWidth(1), 3000, 15);
+  EXPECT_EQ(griglia_.columnWidth(2), prima);
+  griglia_.impostaColWidth(1, 1500);
+  griglia_.resize(200, 260);
+  QApplication::processEvents();
+  EXPECT_EQ(griglia_.columnWidth(1), 100);
+  griglia_.resize(1000, 260);
+  griglia_.impostaLarghezzaPiena(false);
+  EXPECT_EQ(griglia_.columnWidth(1), 100);
+}
+
 TEST_F(Griglia, LAltezzaDellaTestataNonScendeSottoIlSuoTesto) {
   griglia_.impostaAltezzaTestata(600);
   EXPECT_EQ(griglia_.horizontalHeader()->height(), 40);
