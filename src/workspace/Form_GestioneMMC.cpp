@@ -7,6 +7,7 @@
 #include <QLocale>
 
 #include "articles/article_database.h"
+#include "articles/ean_index.h"
 #include "articles/import_report.h"
 #include "controls/stile.h"
 #include "core/contesto.h"
@@ -180,6 +181,11 @@ void Form_GestioneMMC::apri() {
 
 void Form_GestioneMMC::importa() {
   esito(testoEsito(articles::ImportaArticoli(contesto_, workspace::AttesaDi(*this, contesto_), orologio_)));
+}
+
+std::int16_t Form_GestioneMMC::CreaIndiceEAN() {
+  articles::UpdateEanNumAndIndex(contesto_.utente);
+  return 0;
 }
 
 void Form_GestioneMMC::on_mnuNuovo_triggered() {

@@ -20,6 +20,10 @@ class Form_GestioneMMC : public QMainWindow {
   explicit Form_GestioneMMC(Contesto& contesto, articles::Orologio orologio = QDateTime::currentDateTime);
   ~Form_GestioneMMC() override;
 
+  /// Builds the checksum table of the open archive; failures have been shown. Always 0. No command calls it:
+  /// it is there for whoever prepares an archive for a till.
+  std::int16_t CreaIndiceEAN();
+
  protected:
   void closeEvent(QCloseEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+class Bottega;
+
+/// Counts the row writes of one column of the open archive, in the file itself: a trigger adds one for every
+/// row that a statement writes.
+class ContaScritture {
+ public:
+  /// The archive is closed and opened again.
+  ContaScritture(Bottega& bottega, const QString& tabella, const QString& colonna);
+  int finora() const;
+  void azzera();
+
+ private:
+  Bottega& bottega_;
+};
