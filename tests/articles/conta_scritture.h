@@ -11,8 +11,11 @@ class ContaScritture {
   /// The archive is closed and opened again.
   ContaScritture(Bottega& bottega, const QString& tabella, const QString& colonna);
   int finora() const;
-  void azzera();
 
  private:
   Bottega& bottega_;
 };
+
+/// From here on the open archive refuses `verbo` (INSERT, UPDATE, DELETE) on a table. It is closed and opened
+/// again.
+void vieta(Bottega& bottega, const QString& verbo, const QString& tabella);

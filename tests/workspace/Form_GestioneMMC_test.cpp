@@ -438,4 +438,19 @@ TEST_F(GestioneMMC, IPulsantiDellaSchedaFannoQuantoLeVociDiMenu) {
   EXPECT_FALSE(controllo("PulsanteApri").isEnabled());
 }
 
+// The checksum table.
+
+TEST_F(GestioneMMC, LIndiceDegliEanHaUnaRigaPerPosizioneEDaZero) {
+  nuovo();
+  EXPECT_EQ(dynamic_cast<Form_GestioneMMC&>(*schermo).CreaIndiceEAN(), 0);
+  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT Index from TAB_EAN_NUMERICI")), 5000);
+}
+
+TEST_F(GestioneMMC, LIndiceDegliEanDaZeroAncheSenzaArchivio) {
+  EXPECT_EQ(dynamic_cast<Form_GestioneMMC&>(*schermo).CreaIndiceEAN(), 0);
+  const std::vector<Riquadro>& visti = bottega.utente.riquadri();
+  ASSERT_EQ(visti.size(), 1U);
+  EXPECT_TRUE(visti[0].testo.startsWith(QStringLiteral("UpdateEanNumAndIndex 3420 - ")));
+}
+
 }  // namespace
