@@ -5,6 +5,7 @@
 #include <QTranslator>
 #include <clocale>
 
+#include "articles/Form_ArchivioArticoli.h"
 #include "articles/Form_TrasferimentoArticoli.h"
 #include "controls/stile.h"
 #include "core/menu.h"
@@ -43,6 +44,7 @@ Montaggio::Montaggio(const QString& cartella)
                                                                              libreria_,  reteDiSistema(),
                                                                              schermate_, cartella} {
   registraSchermateCore(schermate_);
+  registraArchivioArticoli(schermate_);
   registraTrasferimentoArticoli(schermate_);
   registraRicezioneVenduto(schermate_);
   registraGestioneMMC(schermate_);

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+
+#include "articles/archive_fields.h"
+
+struct Contesto;
+
+namespace articles {
+
+enum class EsitoModifica {
+  Fermata,  ///< a field was refused and the person told; nothing was run
+  Fallita,  ///< told, and undone
+  Salvata,
+};
+
+/// Saves the fields over the article whose slot is `campi.id`, in a transaction of the default workspace, and
+/// takes the import's mark away. `Tasto_Refresh` shows the archive again before the commit, and once more if
+/// the commit fails. Nothing looks for another article with the same EAN, and the journal is not written.
+/// With no row picked the statement fails and its message is shown. Throws Errore 6 for a price beyond 32
+/// bits.
+EsitoModifica tasto_modifica(const CampiArticolo& campi, Contesto& contesto,
+                             const std::function<void()>& Tasto_Refresh);
+
+}  // namespace articles
