@@ -12,6 +12,7 @@
 #include "core/stato.h"
 #include "platform/net/rete.h"
 #include "platform/ui/doppio_clic.h"
+#include "sales/Form_ArchivioVenduto.h"
 #include "sales/Form_RicezioneVenduto.h"
 #include "workspace/Form_GestioneMMC.h"
 
@@ -47,6 +48,7 @@ Montaggio::Montaggio(const QString& cartella)
   registraArchivioArticoli(schermate_);
   registraTrasferimentoArticoli(schermate_);
   registraRicezioneVenduto(schermate_);
+  registraArchivioVenduto(schermate_);
   registraGestioneMMC(schermate_);
   registraSchermateMancanti(schermate_);
 }

@@ -15,6 +15,7 @@ namespace errore {
 inline constexpr int kArgomento = 5;
 inline constexpr int kOverflow = 6;
 inline constexpr int kIndice = 9;
+inline constexpr int kDivisionePerZero = 11;
 inline constexpr int kTipo = 13;
 inline constexpr int kNullo = 94;
 

@@ -61,8 +61,8 @@ void SchermoGuidato::connetti(Cassa& cassa) const {
   clic(QStringLiteral("CmdInviaModECR"));
 }
 
-void SchermoGuidato::impazienza() const {
-  imbucaClic(controllo(QStringLiteral("Cmd_Avvia")));
+void SchermoGuidato::impazienza(const QString& comando) const {
+  imbucaClic(controllo(comando));
   imbucaClic(controllo(QStringLiteral("Cmd_Esci")));
   QCoreApplication::postEvent(finestra_, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
   QCoreApplication::postEvent(finestra_, new QCloseEvent);

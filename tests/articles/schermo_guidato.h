@@ -33,9 +33,9 @@ class SchermoGuidato {
   void scriviIndirizzo(const QString& indirizzo) const;
   /// Types the till's address and clicks "Connetti".
   void connetti(Cassa& cassa) const;
-  /// Posts what an impatient person does: a click on the start command, one on the exit, Esc, the frame's
+  /// Posts what an impatient person does: a click on a command, one on the exit, Esc, the frame's
   /// close.
-  void impazienza() const;
+  void impazienza(const QString& comando = QStringLiteral("Cmd_Avvia")) const;
 
  private:
   QPointer<QWidget> finestra_;

@@ -376,10 +376,11 @@ TEST_F(GestioneMMC, ArchivioArticoliMostraIlSuoTitoloESiChiude) {
             });
 }
 
-TEST_F(GestioneMMC, AnalisiDelVendutoMostraIlSuoTitoloESiChiude) {
+TEST_F(GestioneMMC, AnalisiDelVendutoSiApreModaleESiChiude) {
   nuovo();
   conModale([this] { clic("Cmd_Venduto"); },
             [](QWidget& modale) {
+              EXPECT_EQ(modale.objectName(), QStringLiteral("Form_ArchivioVenduto"));
               EXPECT_EQ(modale.windowTitle(), QStringLiteral("Archivio Venduto"));
               QTest::keyClick(&modale, Qt::Key_Escape);
             });

@@ -8,6 +8,7 @@
 #include "articles/Form_TrasferimentoArticoli.h"
 #include "controls/stile.h"
 #include "core/menu.h"
+#include "sales/Form_ArchivioVenduto.h"
 #include "sales/Form_RicezioneVenduto.h"
 #include "workspace/Form_GestioneMMC.h"
 
@@ -16,6 +17,7 @@ AreaDiLavoro::AreaDiLavoro() {
   registraSchermateCore(bottega.schermate);
   registraTrasferimentoArticoli(bottega.schermate);
   registraRicezioneVenduto(bottega.schermate);
+  registraArchivioVenduto(bottega.schermate);
   registraGestioneMMC(bottega.schermate);
 }
 
@@ -63,10 +65,11 @@ void AreaDiLavoro::conModale(const std::function<void()>& gesto,
                              const std::function<void(QWidget&)>& dentro) const {
   bool entrato = false;
   QTimer timer;
-  timer.setSingleShot(true);
   QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+    // A screen that fills itself lets events through before it shows.
     QPointer<QWidget> modale = QApplication::activeModalWidget();
-    ASSERT_NE(modale, nullptr) << "no modal screen";
+    if (!modale) return;
+    timer.stop();
     entrato = true;
     dentro(*modale);
     if (modale && modale->isVisible()) {

@@ -1,0 +1,146 @@
+#include "sales/sales_rows.h"
+
+#include <QLocale>
+#include <cmath>
+
+namespace sales {
+
+namespace {
+
+constexpr double kCentesimi = 100;
+constexpr int kMillesimi = 1000;
+constexpr int kDecimali = 3;
+/// Amounts divided twice stand off the half by a few last binary digits.
+constexpr double kScarto = 1e-15;
+constexpr int kAnno = 4;
+constexpr int kMeseOGiorno = 2;
+
+const QString kCampoSconto = QStringLiteral("Sconto_giornaliero");
+
+[[noreturn]] void divisionePerZero() {
+  throw Errore{errore::kDivisionePerZero, QStringLiteral("Divisione per zero")};
+}
+
+double inEuro(std::int64_t centesimi) {
+  return static_cast<double>(centesimi) / kCentesimi;
+}
+
+}  // namespace
+
+const std::array<DescrizioneColonna, kColonneVenduto>& colonneVenduto() {
+  static const std::array<DescrizioneColonna, kColonneVenduto> colonne{
+      {{QStringLiteral("Nr."), 800, true},
+       {QStringLiteral("DATA"), 1400, false},
+       {QStringLiteral("COD. EAN"), 1900, false},
+       {QStringLiteral("COD. ART."), 1900, false},
+       {QStringLiteral("DESCRIZIONE "), 3300, false},
+       {QStringLiteral("PR. MEDIO"), 1300, true},
+       {QStringLiteral("N. PEZZI"), 1200, true},
+       {QStringLiteral("IMP. GIORN."), 1400, true},
+       {QStringLiteral("SC. GIORN."), 1300, true}}};
+  return colonne;
+}
+
+QString Maschera(double valore) {
+  const double mille = std::abs(valore) * kMillesimi;
+  const auto intero = static_cast<std::int64_t>(std::floor(mille + mille * kScarto + 0.5));
+  const QString segno = valore < 0 && intero != 0 ? QStringLiteral("-") : QString();
+  return segno + QString::number(intero / kMillesimi) + QLocale().decimalPoint() +
+         QString::number(intero % kMillesimi).rightJustified(kDecimali, QLatin1Char('0'));
+}
+
+QString DataAVideo(const QString& data) {
+  const auto parte = [&data](int inizio, int lunghezza) { return QStringView(data).mid(inizio, lunghezza); };
+  QString video = parte(kAnno + kMeseOGiorno, kMeseOGiorno).toString();
+  video += QLatin1Char('/');
+  video += parte(kAnno, kMeseOGiorno);
+  video += QLatin1Char('/');
+  video += parte(0, kAnno);
+  return video;
+}
+
+LettoreVenduto::LettoreVenduto(store::Recordset righe, Elenco elenco)
+    : righe_(std::move(righe)),
+      elenco_(elenco),
+      data_(righe_.colonna(QStringLiteral("Data"))),
+      ean_(righe_.colonna(QStringLiteral("Codice_EAN"))),
+      articolo_(righe_.colonna(QStringLiteral("Codice_Articolo"))),
+      descrizione_(righe_.colonna(QStringLiteral("Descrizione"))),
+      importo_(righe_.colonna(QStringLiteral("Importo_giornaliero"))),
+      pezzi_(righe_.colonna(QStringLiteral("Tot_giorn_articoli_venduti"))) {}
+
+void LettoreVenduto::avanti() {
+  righe_.MoveNext();
+  ++riga_;
+}
+
+QString LettoreVenduto::testo(int posizione) const {
+  return righe_.nullo(posizione) ? QString() : righe_.campo(posizione).testo();
+}
+
+std::int32_t LettoreVenduto::numero(int posizione) const {
+  return righe_.nullo(posizione) ? 0 : righe_.campo(posizione).intero();
+}
+
+QString LettoreVenduto::prezzoMedio(SommeVenduto& somme) const {
+  const std::int32_t pezzi = numero(pezzi_);
+  if (pezzi == 0) divisionePerZero();
+  const double prezzo = static_cast<double>(numero(importo_)) / pezzi / kCentesimi;
+  somme.prezzi += prezzo;
+  return Maschera(prezzo);
+}
+
+QString LettoreVenduto::importo(int posizione, std::int64_t& somma) const {
+  if (righe_.nullo(posizione)) return elenco_ == Elenco::Tutti ? Maschera(0) : QStringLiteral("000");
+  const std::int32_t centesimi = numero(posizione);
+  somma += centesimi;
+  return Maschera(inEuro(centesimi));
+}
+
+QString LettoreVenduto::cella(ColonnaVenduto colonna, SommeVenduto& somme) const {
+  switch (colonna) {
+    case kNr:
+      return QString::number(riga_);
+    case kData:
+      return righe_.nullo(data_) ? QString() : DataAVideo(testo(data_));
+    // The reception stores the article code under Codice_EAN and the EAN under Codice_Articolo, and the
+    // archives in the shops are full of such rows: headings and filter stay with the stored names.
+    case kCodEan:
+      return testo(ean_);
+    case kCodArt:
+      return testo(articolo_);
+    case kDescrizione:
+      return testo(descrizione_);
+    case kPrezzoMedio:
+      return prezzoMedio(somme);
+    case kPezzi: {
+      const std::int32_t pezzi = numero(pezzi_);
+      somme.pezzi += pezzi;
+      return QString::number(pezzi);
+    }
+    case kImporto:
+      return importo(importo_, somme.importi);
+    case kSconto:
+      // Looked up at every row: the filtered list does not ask for it, and each of its rows says so.
+      return importo(righe_.colonna(kCampoSconto), somme.sconti);
+    case kColonneVenduto:
+      break;
+  }
+  return {};
+}
+
+std::array<QString, kColonneVenduto> rigaTotale(const SommeVenduto& somme) {
+  std::array<QString, kColonneVenduto> celle;
+  celle[kData] = QStringLiteral("TOTALE");
+  celle[kPrezzoMedio] = Maschera(somme.prezzi);
+  celle[kPezzi] = Maschera(static_cast<double>(somme.pezzi));
+  celle[kImporto] = Maschera(inEuro(somme.importi));
+  celle[kSconto] = Maschera(inEuro(somme.sconti));
+  return celle;
+}
+
+bool inEvidenza(ColonnaVenduto colonna) {
+  return colonna == kData || colonna >= kPrezzoMedio;
+}
+
+}  // namespace sales

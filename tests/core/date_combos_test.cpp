@@ -1,0 +1,118 @@
+#include "core/date_combos.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QWidget>
+
+namespace {
+
+QComboBox* lista(QWidget& schermo, const char* nome) {
+  auto* combo = new QComboBox(&schermo);
+  combo->setObjectName(QLatin1String(nome));
+  return combo;
+}
+
+class ComboDate : public testing::Test {
+ protected:
+  ComboDate() {
+    for (const char* nome : {"CmbGiorno", "CmbMese", "CmbAnno", "CmbGiornoFine", "CmbMeseFine", "CmbAnnoFine",
+                             "CmbGiornoScont", "CmbMeseScont", "CmbAnnoScont", "CmbOra", "CmbMin", "CmbSec"})
+      lista(schermo, nome);
+  }
+  QComboBox& combo(const char* nome) { return *schermo.findChild<QComboBox*>(QLatin1String(nome)); }
+
+  QWidget schermo;
+};
+
+}  // namespace
+
+TEST_F(ComboDate, GiorniEMesiHannoDueCifreEGliAnniStannoFraIDueDati) {
+  RiempiComboData(combiData(schermo, kComboInizio), 2000, 2100);
+  EXPECT_EQ(combo("CmbGiorno").count(), 31);
+  EXPECT_EQ(combo("CmbGiorno").itemText(0), QStringLiteral("01"));
+  EXPECT_EQ(combo("CmbGiorno").itemText(30), QStringLiteral("31"));
+  EXPECT_EQ(combo("CmbMese").count(), 12);
+  EXPECT_EQ(combo("CmbMese").itemText(8), QStringLiteral("09"));
+  EXPECT_EQ(combo("CmbAnno").count(), 101);
+  EXPECT_EQ(combo("CmbAnno").itemText(0), QStringLiteral("2000"));
+  EXPECT_EQ(combo("CmbAnno").itemText(100), QStringLiteral("2100"));
+}
+
+TEST_F(ComboDate, OgniListaPartaDallaPrimaVoce) {
+  RiempiComboData(combiData(schermo, kComboFine), 2000, 2100);
+  EXPECT_EQ(DataScelta(combiData(schermo, kComboFine)), QStringLiteral("20000101"));
+}
+
+TEST_F(ComboDate, RiempireDueVolteNonRaddoppiaLeVoci) {
+  for (int volta = 0; volta < 2; ++volta) RiempiComboData(combiData(schermo, kComboInizio), 2000, 2100);
+  EXPECT_EQ(combo("CmbAnno").count(), 101);
+}
+
+TEST_F(ComboDate, LeOreArrivanoA23EMinutiESecondiA59ELeListeAssentiSiSaltano) {
+  RiempiComboOra(schermo, kComboInizio);
+  RiempiComboOra(schermo, kComboFine);
+  EXPECT_EQ(combo("CmbOra").count(), 24);
+  EXPECT_EQ(combo("CmbMin").itemText(59), QStringLiteral("59"));
+  EXPECT_EQ(combo("CmbSec").count(), 60);
+  EXPECT_EQ(combo("CmbOra").currentText(), QStringLiteral("00"));
+}
+
+TEST_F(ComboDate, LaDataSiSceglieSpezzandolaAllaBarra) {
+  const ComboData combi = combiData(schermo, kComboInizio);
+  RiempiComboData(combi, 2000, 2100);
+  SelezionaData(combi, *combi.anno, QStringLiteral("29/02/2028"));
+  EXPECT_EQ(DataScelta(combi), QStringLiteral("20280229"));
+}
+
+TEST_F(ComboDate, LAnnoSiCercaNellaListaDiFineAncheSeLaPropriaEAltra) {
+  const ComboData inizio = combiData(schermo, kComboInizio);
+  const ComboData fine = combiData(schermo, kComboFine);
+  RiempiComboData(inizio, 1990, 2100);
+  RiempiComboData(fine, 2000, 2100);
+  SelezionaData(inizio, *fine.anno, QStringLiteral("01/01/2026"));
+  EXPECT_EQ(inizio.anno->currentIndex(), 26);
+  EXPECT_EQ(inizio.anno->currentText(), QStringLiteral("2016"));
+}
+
+TEST_F(ComboDate, UnAnnoFuoriListaLasciaLaListaComEra) {
+  const ComboData combi = combiData(schermo, kComboInizio);
+  RiempiComboData(combi, 2000, 2010);
+  SelezionaData(combi, *combi.anno, QStringLiteral("15/08/2026"));
+  EXPECT_EQ(DataScelta(combi), QStringLiteral("20000815"));
+}
+
+TEST_F(ComboDate, UnTestoCheNonEUnaDataNonSceglieNulla) {
+  const ComboData combi = combiData(schermo, kComboInizio);
+  RiempiComboData(combi, 2000, 2100);
+  SelezionaData(combi, *combi.anno, QStringLiteral("2026-08-15"));
+  SelezionaData(combi, *combi.anno, QStringLiteral("40/15/xx"));
+  EXPECT_EQ(DataScelta(combi), QStringLiteral("20000101"));
+}
+
+TEST_F(ComboDate, LeSeiListeDelleDateSiSpengonoESiAccendonoInsieme) {
+  AbilitaComboDate(schermo, false);
+  for (const char* nome : {"CmbGiorno", "CmbMese", "CmbAnno", "CmbGiornoFine", "CmbMeseFine", "CmbAnnoFine"})
+    EXPECT_FALSE(combo(nome).isEnabled()) << nome;
+  EXPECT_TRUE(combo("CmbAnnoScont").isEnabled());
+  EXPECT_TRUE(combo("CmbOra").isEnabled());
+  AbilitaComboDate(schermo, true);
+  EXPECT_TRUE(combo("CmbGiorno").isEnabled());
+  EXPECT_TRUE(combo("CmbAnnoFine").isEnabled());
+}
+
+TEST_F(ComboDate, LeTreListeDelloScontrinoSiSpengonoDaSole) {
+  AbilitaComboScontrino(schermo, false);
+  for (const char* nome : {"CmbGiornoScont", "CmbMeseScont", "CmbAnnoScont"})
+    EXPECT_FALSE(combo(nome).isEnabled()) << nome;
+  EXPECT_TRUE(combo("CmbGiorno").isEnabled());
+  AbilitaComboScontrino(schermo, true);
+  EXPECT_TRUE(combo("CmbMeseScont").isEnabled());
+}
+
+TEST_F(ComboDate, UnoSchermoSenzaListeNonSiTocca) {
+  QWidget vuoto;
+  AbilitaComboDate(vuoto, false);
+  AbilitaComboScontrino(vuoto, false);
+  EXPECT_EQ(combiData(vuoto, kComboInizio).anno, nullptr);
+}
