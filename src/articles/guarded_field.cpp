@@ -24,6 +24,12 @@ bool altrove(Qt::FocusReason motivo) {
          motivo == Qt::MenuBarFocusReason;
 }
 
+/// Copying, pasting and the like write no character of their own. Control with Alt is how some keyboards
+/// reach a character.
+bool comandoDiTastiera(const QKeyEvent& tasto) {
+  return tasto.modifiers().testFlag(Qt::ControlModifier) && !tasto.modifiers().testFlag(Qt::AltModifier);
+}
+
 qsizetype inizioComune(const QString& uno, const QString& altro) {
   const auto [a, b] = std::mismatch(uno.begin(), uno.end(), altro.begin(), altro.end());
   return a - uno.begin();
@@ -46,6 +52,7 @@ CampoSorvegliato::CampoSorvegliato(QLineEdit& campo, FiltroTasto filtro, Control
 
 bool CampoSorvegliato::lascia(const QString& testo, const QKeyEvent& tasto) const {
   if (tasto.matches(QKeySequence::Cut)) return filtro_(testo, kTastoTaglia);
+  if (comandoDiTastiera(tasto)) return true;
   const QString scritto = tasto.text();
   return scritto.isEmpty() || !scritto.front().isPrint() || filtro_(testo, scritto.front());
 }
