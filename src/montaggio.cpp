@@ -6,6 +6,7 @@
 #include <clocale>
 
 #include "articles/Form_ArchivioArticoli.h"
+#include "articles/Form_Help_CodiceEAN.h"
 #include "articles/Form_TrasferimentoArticoli.h"
 #include "controls/stile.h"
 #include "core/menu.h"
@@ -47,6 +48,7 @@ Montaggio::Montaggio(const QString& cartella)
   registraSchermateCore(schermate_);
   registraArchivioArticoli(schermate_);
   registraTrasferimentoArticoli(schermate_);
+  registraHelpCodiceEAN(schermate_);
   registraRicezioneVenduto(schermate_);
   registraArchivioVenduto(schermate_);
   registraGestioneMMC(schermate_);

@@ -27,6 +27,7 @@ inline constexpr int kOltreLaFine = 62;
 inline constexpr int kAccessoNegato = 70;
 inline constexpr int kAccessoPercorso = 75;
 inline constexpr int kPercorsoAssente = 76;
+inline constexpr int kFormatoFile = 321;
 
 // Serial line.
 inline constexpr int kPortaAssente = 8002;

@@ -1,0 +1,52 @@
+#include "articles/Form_Help_CodiceEAN.h"
+
+#include <QFile>
+
+#include "controls/rtf.h"
+#include "controls/stile.h"
+#include "core/contesto.h"
+#include "core/schermate.h"
+#include "platform/errore.h"
+#include "ui_Form_Help_CodiceEAN.h"
+
+namespace {
+
+/// A line of this many letters is read without losing the place.
+constexpr int kLettereRiga = 90;
+constexpr int kMargine = 24;
+constexpr int kAltezza = 620;
+
+QByteArray letto(const QString& nome) {
+  QFile file(nome);
+  if (!file.exists()) throw Errore{errore::kFileAssente, QStringLiteral("File non trovato: ") + nome};
+  if (!file.open(QIODevice::ReadOnly))
+    throw Errore{errore::kAccessoPercorso, QStringLiteral("Il file non si può leggere: ") + nome};
+  return file.read(rtf::kMassimo + 1);
+}
+
+}  // namespace
+
+Form_Help_CodiceEAN::Form_Help_CodiceEAN(Contesto& contesto)
+    : ui_(std::make_unique<Ui::Form_Help_CodiceEAN>()) {
+  ui_->setupUi(this);
+  ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("arrow-left")));
+  connect(ui_->Cmd_Esci, &QPushButton::clicked, this, &QWidget::close);
+  QTextDocument& testo = *ui_->RichTextBox1->document();
+  testo.setDefaultFont(ui_->RichTextBox1->font());
+  rtf::leggi(letto(contesto.cartella + QStringLiteral("/Help_CodiceEAN.rtf")), testo);
+  testo.setDocumentMargin(kMargine);
+  ui_->RichTextBox1->moveCursor(QTextCursor::Start);
+  ui_->RichTextBox1->setMaximumWidth(ui_->RichTextBox1->fontMetrics().averageCharWidth() * kLettereRiga +
+                                     4 * kMargine);
+}
+
+Form_Help_CodiceEAN::~Form_Help_CodiceEAN() = default;
+
+QSize Form_Help_CodiceEAN::sizeHint() const {
+  return {ui_->RichTextBox1->maximumWidth() + 2 * kMargine, kAltezza};
+}
+
+void registraHelpCodiceEAN(Schermate& schermate) {
+  schermate.registra(QStringLiteral("Form_Help_CodiceEAN"),
+                     [](Contesto& contesto) { return new Form_Help_CodiceEAN(contesto); });
+}
