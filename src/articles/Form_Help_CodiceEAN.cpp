@@ -38,13 +38,10 @@ Form_Help_CodiceEAN::Form_Help_CodiceEAN(Contesto& contesto)
   ui_->RichTextBox1->moveCursor(QTextCursor::Start);
   ui_->RichTextBox1->setMaximumWidth(ui_->RichTextBox1->fontMetrics().averageCharWidth() * kLettereRiga +
                                      4 * kMargine);
+  resize(ui_->RichTextBox1->maximumWidth() + 2 * kMargine, kAltezza);
 }
 
 Form_Help_CodiceEAN::~Form_Help_CodiceEAN() = default;
-
-QSize Form_Help_CodiceEAN::sizeHint() const {
-  return {ui_->RichTextBox1->maximumWidth() + 2 * kMargine, kAltezza};
-}
 
 void registraHelpCodiceEAN(Schermate& schermate) {
   schermate.registra(QStringLiteral("Form_Help_CodiceEAN"),

@@ -18,8 +18,6 @@ class Form_Help_CodiceEAN : public QDialog {
   explicit Form_Help_CodiceEAN(Contesto& contesto);
   ~Form_Help_CodiceEAN() override;
 
-  QSize sizeHint() const override;
-
  private:
   std::unique_ptr<Ui::Form_Help_CodiceEAN> ui_;
 };
