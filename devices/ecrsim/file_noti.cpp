@@ -20,7 +20,7 @@ constexpr std::array kFile{
     FileNoto{"operatori.bin", 330 + 1, 330 + 1, kSi, kSi, kSi},
     FileNoto{"prog_param.bin", 428 + 1, 428 + 1, kSi, kSi, kSi},
     FileNoto{"logo.bin", 120 + 1, 120 + 1, kSi, kSi, kSi},
-    FileNoto{"clienti.bin", 250 * 177, 250 * 177, kSi, kSi, kNo},
+    FileNoto{"clienti.bin", std::size_t{250} * 177, std::size_t{250} * 177, kSi, kSi, kNo},
     FileNoto{"bitmap.bin", 0, 0, kSi, kNo, kNo},
     FileNoto{kFileVenduto, kByteVenduto, kByteVenduto, kNo, kSi, kNo},
     FileNoto{kFileFatture, kByteFatture, kByteFatture, kNo, kSi, kNo},

@@ -35,7 +35,7 @@ QStringList frammenti(const CampiArticolo& campi) {
 }  // namespace
 
 QString IstruzioneRicerca(const CampiArticolo& campi) {
-  const QString tutti = QStringLiteral(
+  QString tutti = QStringLiteral(
       "SELECT id_position,Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler from TAB_ARTICOLI ");
   const QStringList condizioni = frammenti(campi);
   if (condizioni.isEmpty()) return tutti;

@@ -1,5 +1,6 @@
 #include "articles/csv_import.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <optional>
 

@@ -7,6 +7,7 @@
 
 #include "articles/archive_fields.h"
 
+class QKeyEvent;
 class QLineEdit;
 
 namespace articles {

@@ -21,7 +21,7 @@ constexpr int kAria = 8;
 constexpr int kAriaTestata = 12;
 
 int pixel(int twip, double ingrandimento = 1) {
-  return static_cast<int>(std::max(twip, 0) * ingrandimento / kTwipPerPixel + 0.5);
+  return qRound(std::max(twip, 0) * ingrandimento / kTwipPerPixel);
 }
 
 /// A cell's text may not break the shape of the table that it is pasted into.
