@@ -1,6 +1,7 @@
 #include "controls/colonne_fisse.h"
 
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include "controls/testata.h"
@@ -25,9 +26,18 @@ ColonneFisse::ColonneFisse(QTableView& griglia) : QTableView(&griglia), griglia_
   verticalHeader()->hide();
   horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setMinimumSectionSize(1);
-  connect(verticalScrollBar(), &QScrollBar::valueChanged, griglia.verticalScrollBar(), &QScrollBar::setValue);
-  connect(griglia.verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(), &QScrollBar::setValue);
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int valore) {
+    if (!segue_) griglia_.verticalScrollBar()->setValue(valore);
+  });
+  connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &ColonneFisse::segui);
+  connect(griglia.verticalScrollBar(), &QScrollBar::valueChanged, this, &ColonneFisse::segui);
   hide();
+}
+
+void ColonneFisse::segui() {
+  // A range of its own that is still behind cuts the value: that is no scrolling by hand.
+  const QScopedValueRollback nonDaSola(segue_, true);
+  verticalScrollBar()->setValue(griglia_.verticalScrollBar()->value());
 }
 
 void ColonneFisse::mostra(int quante, const QList<int>& larghezze) {
@@ -51,7 +61,7 @@ void ColonneFisse::disponi() {
   verticalHeader()->setDefaultSectionSize(griglia_.verticalHeader()->defaultSectionSize());
   horizontalHeader()->setFixedHeight(testata.height());
   setGeometry(celle.left() - larghezza(), testata.top(), larghezza(), testata.height() + celle.height());
-  verticalScrollBar()->setValue(griglia_.verticalScrollBar()->value());
+  segui();
 }
 
 void ColonneFisse::mousePressEvent(QMouseEvent* evento) {

@@ -28,5 +28,9 @@ class ColonneFisse : public QTableView {
   void mouseDoubleClickEvent(QMouseEvent* evento) override;
 
  private:
+  /// Scrolls to where the grid is.
+  void segui();
+
   QTableView& griglia_;
+  bool segue_ = false;
 };

@@ -408,6 +408,22 @@ TEST_F(Griglia, LeColonneFisseScendonoConLeAltreRigaPerRiga) {
   EXPECT_EQ(griglia_.verticalScrollBar()->value(), 0) << "the wheel over the fixed columns";
 }
 
+TEST_F(Griglia, LeColonneFisseSeguonoAncheAppenaCresceLaGriglia) {
+  griglia_.impostaFixedCols(1);
+  mostra();
+  griglia_.impostaRedraw(false);
+  griglia_.impostaRows(50001);
+  griglia_.impostaCella(50000, 2);
+  griglia_.impostaRedraw(true);
+  QApplication::processEvents();
+  EXPECT_GT(griglia_.verticalScrollBar()->value(), 49000);
+  EXPECT_EQ(fisse().verticalScrollBar()->value(), griglia_.verticalScrollBar()->value());
+  griglia_.impostaRows(31);
+  QApplication::processEvents();
+  EXPECT_EQ(fisse().verticalScrollBar()->value(), griglia_.verticalScrollBar()->value());
+  EXPECT_EQ(fisse().verticalScrollBar()->maximum(), griglia_.verticalScrollBar()->maximum());
+}
+
 TEST_F(Griglia, UnaColonnaFissaNonPrendeLaCellaCorrente) {
   griglia_.impostaCella(2, 0);
   griglia_.impostaFixedCols(2);
