@@ -1,7 +1,6 @@
 #include "sales/Form_ArchivioVenduto.h"
 
 #include <QDate>
-#include <QDir>
 #include <QLocale>
 #include <algorithm>
 #include <optional>
@@ -11,6 +10,7 @@
 #include "controls/stile.h"
 #include "core/contesto.h"
 #include "core/date_combos.h"
+#include "core/percorsi.h"
 #include "core/reazioni.h"
 #include "core/schermate.h"
 #include "core/stato.h"
@@ -68,6 +68,7 @@ reazioni::Esito Form_ArchivioVenduto::passo(sales::Elenco elenco, Passo&& passo)
 Form_ArchivioVenduto::Form_ArchivioVenduto(Contesto& contesto)
     : contesto_(contesto), ui_(std::make_unique<Ui::Form_ArchivioVenduto>()) {
   ui_->setupUi(this);
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
   vesti();
   preparaSelettori();
   varGlobal().FlagAnomalia = kFalso;
@@ -82,7 +83,7 @@ void Form_ArchivioVenduto::vesti() {
   stile::primario(*ui_->Cmd_Cerca, QStringLiteral("search"));
   ui_->Cmd_Reset->setIcon(stile::icona(QStringLiteral("x")));
   ui_->Cmd_Refresh->setIcon(stile::icona(QStringLiteral("calendar")));
-  ui_->Cmd_Export->setIcon(stile::icona(QStringLiteral("file-down")));
+  ui_->Cmd_Export->setIcon(stile::icona(QStringLiteral("download")));
   ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("arrow-left")));
 }
 
@@ -103,6 +104,7 @@ void Form_ArchivioVenduto::GestGridCentral() {
   griglia.impostaCols(sales::kColonneVenduto);
   elencoVuoto();
   griglia.impostaAltezzaTestata(kTwipTestata);
+  griglia.impostaLarghezzaPiena(true);
   int colonna = 0;
   for (const sales::DescrizioneColonna& una : sales::colonneVenduto()) {
     griglia.impostaTextMatrix(0, colonna, una.testata);
@@ -225,9 +227,9 @@ void Form_ArchivioVenduto::esporta() {
     // Told whatever its number: a list that was not written must not pass for one that was.
     return reazioni::segnala(contesto_.utente, {}, errore);
   }
-  contesto_.utente.MsgBox(QStringLiteral("Creazione del file ") + QDir::toNativeSeparators(*scelto) +
-                              QStringLiteral(" terminata."),
-                          Icona::Informazione);
+  contesto_.utente.MsgBox(
+      QStringLiteral("Creazione del file ") + PercorsoNativo(*scelto) + QStringLiteral(" terminata."),
+      Icona::Informazione);
 }
 
 void Form_ArchivioVenduto::on_Cmd_Cerca_clicked() {

@@ -31,9 +31,9 @@ const std::array<DescrizioneColonna, kColonneVenduto>& colonneVenduto() {
   static const std::array<DescrizioneColonna, kColonneVenduto> colonne{
       {{QStringLiteral("Nr."), 800, true},
        {QStringLiteral("DATA"), 1400, false},
-       {QStringLiteral("COD. EAN"), 1900, false},
-       {QStringLiteral("COD. ART."), 1900, false},
-       {QStringLiteral("DESCRIZIONE "), 3300, false},
+       {QStringLiteral("COD. EAN"), 1650, false},
+       {QStringLiteral("COD. ART."), 1650, false},
+       {QStringLiteral("DESCRIZIONE "), 3000, false},
        {QStringLiteral("PR. MEDIO"), 1300, true},
        {QStringLiteral("N. PEZZI"), 1200, true},
        {QStringLiteral("IMP. GIORN."), 1400, true},
