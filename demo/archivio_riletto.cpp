@@ -39,6 +39,11 @@ void aggiungiVenduto(ArchivioRiletto& archivio, sqlite3_stmt* frase) {
   ++archivio.righe;
 }
 
+void aggiungiSlot(ArchivioRiletto& archivio, sqlite3_stmt* frase) {
+  archivio.slot.push_back({sqlite3_column_int(frase, 0), testo(frase, 1), testo(frase, 2), testo(frase, 3),
+                           sqlite3_column_int(frase, 4), sqlite3_column_int(frase, 5)});
+}
+
 }  // namespace
 
 ArchivioRiletto rileggiArchivio(const QString& file) {
@@ -46,6 +51,11 @@ ArchivioRiletto rileggiArchivio(const QString& file) {
   ArchivioRiletto archivio;
   leggi(base, "select count(*) from TAB_ARTICOLI where Descrizione <> ''",
         [&](sqlite3_stmt* frase) { archivio.articoli = sqlite3_column_int(frase, 0); });
+  leggi(
+      base,
+      "select auto_id, Codice_EAN, Codice_Articolo, Descrizione, Prezzo, Reparto from TAB_ARTICOLI order by "
+      "auto_id",
+      [&](sqlite3_stmt* frase) { aggiungiSlot(archivio, frase); });
   leggi(base,
         "select id_plu, Importo_giornaliero, Tot_giorn_articoli_venduti, sconto_giornaliero, Codice_EAN, "
         "Codice_Articolo from TAB_VENDUTO",

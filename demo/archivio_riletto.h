@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "demo/attese.h"
 
@@ -11,6 +12,8 @@
 struct ArchivioRiletto {
   /// Slots with a description.
   int articoli = 0;
+  /// Every slot as it stands, the first at 0; texts in UTF-8.
+  std::vector<attese::Articolo> slot;
   /// Rows of the sales table, and what they hold by slot.
   int righe = 0;
   std::map<int, attese::Venduto> venduto;

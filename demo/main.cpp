@@ -20,8 +20,8 @@ QString indirizzoProprio() {
 /// Takes away what an earlier play left, and nothing else.
 bool sgombra(QDir cartella) {
   const QStringList nostri{QStringLiteral("[0-9][0-9]-*.png"), QStringLiteral("articoli*.csv"),
-                           QStringLiteral("articoli*.log"), QStringLiteral("negozio.mdb*"),
-                           QStringLiteral("*.bin")};
+                           QStringLiteral("articoli*.log"),    QStringLiteral("venduto*.csv"),
+                           QStringLiteral("negozio.mdb*"),     QStringLiteral("*.bin")};
   bool fatto = true;
   for (const QString& nome : cartella.entryList(nostri, QDir::Files)) fatto = cartella.remove(nome) && fatto;
   QDir cassa(cartella.filePath(QStringLiteral("cassa")));

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPixmap>
+#include <QTableView>
 #include <QTest>
 #include <cstdio>
 #include <stdexcept>
@@ -63,7 +64,8 @@ void Regista::fallisci(const QString& motivo) {
                    qPrintable(aperta->windowTitle()));
   if (riquadro()) std::fprintf(stderr, "  riquadro: %s\n", qPrintable(testoRiquadro()));
   // What stood in front tells more than its name.
-  if (QWidget* modale = QApplication::activeModalWidget()) modale->grab().save(QStringLiteral("99-errore.png"));
+  if (QWidget* modale = QApplication::activeModalWidget())
+    modale->grab().save(QStringLiteral("99-errore.png"));
   esito_ = 1;
   orologio_.stop();
   passi_.clear();
@@ -115,6 +117,16 @@ QWidget& controllo(const QString& finestraNome, const QString& nome) {
   return *trovato;
 }
 
+namespace {
+
+QTableView& tabella(const QString& finestraNome, const QString& griglia) {
+  auto* vista = qobject_cast<QTableView*>(&controllo(finestraNome, griglia));
+  if (vista == nullptr) throw std::runtime_error(qPrintable(griglia + QStringLiteral(" is no grid")));
+  return *vista;
+}
+
+}  // namespace
+
 void clicca(const QString& finestraNome, const QString& nome) {
   QWidget& bersaglio = controllo(finestraNome, nome);
   if (!bersaglio.isEnabled()) throw std::runtime_error(qPrintable(nome + QStringLiteral(" disabilitato")));
@@ -130,6 +142,25 @@ void digita(const QString& finestraNome, const QString& nome, const QString& tes
   QTest::mouseClick(&casella, Qt::LeftButton);
   QTest::keyClick(&casella, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClicks(&casella, testo);
+}
+
+QList<QStringList> celle(const QString& finestraNome, const QString& griglia) {
+  const QAbstractItemModel* modello = tabella(finestraNome, griglia).model();
+  QList<QStringList> righe;
+  for (int riga = 0; riga < modello->rowCount(); ++riga) {
+    QStringList testi;
+    for (int colonna = 0; colonna < modello->columnCount(); ++colonna)
+      testi.append(modello->index(riga, colonna).data().toString());
+    righe.append(testi);
+  }
+  return righe;
+}
+
+void cliccaCella(const QString& finestraNome, const QString& griglia, int riga, int colonna) {
+  QTableView& vista = tabella(finestraNome, griglia);
+  const QModelIndex cella = vista.model()->index(riga, colonna);
+  vista.scrollTo(cella);
+  QTest::mouseClick(vista.viewport(), Qt::LeftButton, {}, vista.visualRect(cella).center());
 }
 
 void scegliVoce(const QString& finestraNome, const QString& menuNome, const QString& voceNome) {

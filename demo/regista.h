@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QList>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QTimer>
 #include <deque>
 #include <functional>
@@ -51,6 +53,10 @@ void clicca(const QString& finestra, const QString& nome);
 void passaSopra(const QString& finestra, const QString& nome);
 /// Replaces the text of an input box by keys.
 void digita(const QString& finestra, const QString& nome, const QString& testo);
+/// The texts that a grid shows: one row of data after the other, the heading left out.
+QList<QStringList> celle(const QString& finestra, const QString& griglia);
+/// Clicks a cell of a grid, both from 0, the heading left out.
+void cliccaCella(const QString& finestra, const QString& griglia, int riga, int colonna);
 /// Opens a menu of the window and clicks one of its entries.
 void scegliVoce(const QString& finestra, const QString& menu, const QString& voce);
 /// Whether a file dialog or a box stands in front.

@@ -1,6 +1,7 @@
 #include "demo/strada.h"
 
 #include <QApplication>
+#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QLocale>
@@ -12,36 +13,15 @@
 #include "demo/archivio_riletto.h"
 #include "demo/attese.h"
 #include "demo/memoria_di_picco.h"
+#include "demo/momenti.h"
 
 namespace {
 
 const QString kMenu = QStringLiteral("start");
-const QString kLavoro = QStringLiteral("Form_GestioneMMC");
 const QString kTrasferimento = QStringLiteral("Form_TrasferimentoArticoli");
 const QString kRicezione = QStringLiteral("Form_RicezioneVenduto");
 const QStringList kGiornata{QStringLiteral("--giornata"), QStringLiteral("300"), QStringLiteral("--seme"),
                             QStringLiteral("2026")};
-
-Regista::Quando visibile(const QString& nome) {
-  return [nome] { return finestra(nome) != nullptr; };
-}
-
-bool acceso(const QString& nomeFinestra, const QString& nome) {
-  QWidget* aperta = finestra(nomeFinestra);
-  auto* comando = aperta == nullptr ? nullptr : aperta->findChild<QWidget*>(nome);
-  return comando != nullptr && comando->isEnabled();
-}
-
-/// In a modal screen, its boxes gone.
-Regista::Quando abilitato(const QString& nomeFinestra, const QString& nome) {
-  return [=] {
-    return acceso(nomeFinestra, nome) && QApplication::activeModalWidget() == finestra(nomeFinestra);
-  };
-}
-
-std::filesystem::path percorso(const QString& nome) {
-  return QFile::encodeName(nome).toStdString();
-}
 
 QString euro(std::int64_t centesimi) {
   return QLocale(QLocale::Italian, QLocale::Italy).toString(static_cast<double>(centesimi) / 100.0, 'f', 2);
@@ -62,6 +42,8 @@ int Strada::percorri() {
   trasferisci();
   vendi();
   ricevi();
+  archivioArticoli();
+  archivioVenduto();
   torna();
   return regista_.esegui();
 }
@@ -168,6 +150,7 @@ void Strada::ricevi() {
                   QStringLiteral("ricezione-messaggio"));
   regista_.passo(QStringLiteral("figures of the reception"),
                  abilitato(kRicezione, QStringLiteral("Cmd_Esci")), [this] {
+                   giornoRicevuto_ = QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy"));
                    confrontaVenduto();
                    fotografa(kRicezione, QStringLiteral("ricezione-fatta"));
                    clicca(kRicezione, QStringLiteral("Cmd_Esci"));
@@ -200,7 +183,7 @@ void Strada::confrontaVenduto() {
 void Strada::torna() {
   regista_.passo(
       QStringLiteral("workspace again"),
-      [] { return finestra(kRicezione) == nullptr && finestra(kLavoro) != nullptr; },
+      [] { return finestra(kArchivioVenduto) == nullptr && finestra(kLavoro) != nullptr; },
       [] { clicca(kLavoro, QStringLiteral("Cmd_Esci")); });
   regista_.passo(QStringLiteral("menu again"), visibile(kMenu), [this] {
     pretendi(finestra(kLavoro) == nullptr, QStringLiteral("la gestione articoli si chiude"));

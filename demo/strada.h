@@ -7,7 +7,8 @@
 #include "demo/regista.h"
 
 /// The main road: new archive, article list in, archive to the till, a day at the till, its sales back and
-/// cleared. Every figure that it prints is compared with what the till holds; a difference ends it with 1.
+/// cleared, then both archives looked at, corrected and exported. Every figure that it prints is compared
+/// with what the till holds; a difference ends it with 1.
 class Strada {
  public:
   struct Luoghi {
@@ -28,6 +29,11 @@ class Strada {
   void trasferisci();
   void vendi();
   void ricevi();
+  void archivioArticoli();
+  void cercaArticoli();
+  void correggiArticolo();
+  void esportaArticoli();
+  void archivioVenduto();
   void torna();
 
   void fotografa(const QString& finestra, const QString& nome);
@@ -37,6 +43,14 @@ class Strada {
   void pretendi(bool vero, const QString& cosa);
   void confrontaInvio();
   void confrontaVenduto();
+  void confrontaRicerca();
+  void confrontaCorrezione();
+  void confrontaExportArticoli();
+  void confrontaElencoVenduto();
+  void confrontaExportVenduto();
+  /// Clicks the export of a screen, names the file and looks at the message.
+  void esporta(const QString& finestra, const QString& file, const QString& foto);
+  QString inCartella(const QString& nome) const;
 
   Luoghi luoghi_;
   CassaEsterna& cassa_;
@@ -44,5 +58,8 @@ class Strada {
   QElapsedTimer cronometro_;
   QString archivio_;
   QString elenco_;
+  QString giornoRicevuto_;
+  /// Slot of the article that was corrected, from 1.
+  int corretto_ = 0;
   int foto_ = 0;
 };
