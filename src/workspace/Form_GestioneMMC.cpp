@@ -18,7 +18,6 @@
 #include "core/stato.h"
 #include "ui_Form_GestioneMMC.h"
 #include "workspace/archive_summary.h"
-#include "workspace/coming_screen.h"
 #include "workspace/import_wait.h"
 
 namespace {
@@ -210,34 +209,25 @@ void Form_GestioneMMC::on_mnuClose_triggered() {
   });
 }
 
-void Form_GestioneMMC::apriSchermata(const char* nome, const QString& titolo) {
-  const QString schermata = QLatin1String(nome);
-  if (contesto_.schermate.registrata(schermata))
-    contesto_.schermate.mostraModale(schermata, contesto_);
-  else
-    workspace::MostraInArrivo(titolo, this);
+void Form_GestioneMMC::apriSchermata(const char* nome) {
+  contesto_.schermate.mostraModale(QLatin1String(nome), contesto_);
   aggiorna();
 }
 
 void Form_GestioneMMC::on_Cmd_Articoli_clicked() {
-  comando("Cmd_Articoli_Click", [this] {
-    apriSchermata("Form_ArchivioArticoli", QStringLiteral(" PLU/ARTICOLI - ") + varGlobal().NomeDB_Articoli);
-  });
+  comando("Cmd_Articoli_Click", [this] { apriSchermata("Form_ArchivioArticoli"); });
 }
 
 void Form_GestioneMMC::on_Cmd_Down_clicked() {
-  comando("Cmd_Down_Click",
-          [this] { apriSchermata("Form_TrasferimentoArticoli", QStringLiteral("Trasferimento Articoli")); });
+  comando("Cmd_Down_Click", [this] { apriSchermata("Form_TrasferimentoArticoli"); });
 }
 
 void Form_GestioneMMC::on_Cmd_Upl_clicked() {
-  comando("Cmd_Upl_Click",
-          [this] { apriSchermata("Form_RicezioneVenduto", QStringLiteral("Ricezione del Venduto")); });
+  comando("Cmd_Upl_Click", [this] { apriSchermata("Form_RicezioneVenduto"); });
 }
 
 void Form_GestioneMMC::on_Cmd_Venduto_clicked() {
-  comando("Cmd_Venduto_Click",
-          [this] { apriSchermata("Form_ArchivioVenduto", QStringLiteral("Archivio Venduto")); });
+  comando("Cmd_Venduto_Click", [this] { apriSchermata("Form_ArchivioVenduto"); });
 }
 
 void Form_GestioneMMC::on_Cmd_Esci_clicked() {

@@ -51,7 +51,7 @@ class Form_GestioneMMC : public QMainWindow {
   void importa();
   bool comandiAbilitati() const;
   void abilitaComandi(bool abilitati);
-  void apriSchermata(const char* nome, const QString& titolo);
+  void apriSchermata(const char* nome);
   void aggiorna();
   void esito(const QString& testo);
 

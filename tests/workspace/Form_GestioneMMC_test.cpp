@@ -366,10 +366,11 @@ TEST_F(GestioneMMC, RicezioneDelVendutoSiApreModale) {
             });
 }
 
-TEST_F(GestioneMMC, ArchivioArticoliMostraIlSuoTitoloESiChiude) {
+TEST_F(GestioneMMC, ArchivioArticoliSiApreModaleESiChiude) {
   nuovo();
   conModale([this] { clic("Cmd_Articoli"); },
             [this](QWidget& modale) {
+              EXPECT_EQ(modale.objectName(), QStringLiteral("Form_ArchivioArticoli"));
               EXPECT_EQ(modale.windowTitle(), QStringLiteral(" PLU/ARTICOLI - ") +
                                                   bottega.cartella.file(QStringLiteral("archivio.mdb")));
               QTest::mouseClick(modale.findChild<QWidget*>(QStringLiteral("Cmd_Esci")), Qt::LeftButton);

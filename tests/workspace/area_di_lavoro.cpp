@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "articles/Form_ArchivioArticoli.h"
 #include "articles/Form_TrasferimentoArticoli.h"
 #include "controls/stile.h"
 #include "core/menu.h"
@@ -15,6 +16,7 @@
 AreaDiLavoro::AreaDiLavoro() {
   stile::cartellaIcone(QStringLiteral(GESTIONALE_APP "/icons"));
   registraSchermateCore(bottega.schermate);
+  registraArchivioArticoli(bottega.schermate);
   registraTrasferimentoArticoli(bottega.schermate);
   registraRicezioneVenduto(bottega.schermate);
   registraArchivioVenduto(bottega.schermate);
