@@ -204,7 +204,7 @@ void FlexGrid::misuraRighe() {
   verticalHeader()->setMinimumSectionSize(riga + kAria);
   verticalHeader()->setDefaultSectionSize(riga + kAria);
   horizontalHeader()->setFixedHeight(std::max(altezzaTestata_, riga + kAriaTestata));
-  updateGeometries();
+  FlexGrid::updateGeometries();
 }
 
 void FlexGrid::changeEvent(QEvent* evento) {

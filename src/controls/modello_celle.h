@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QPalette>
 #include <map>
+#include <tuple>
 #include <vector>
 
 /// The cells of a grid: a text and the number of an appearance each, in two flat arrays; the few appearances
@@ -21,7 +22,10 @@ class ModelloCelle : public QAbstractTableModel {
     QRgb sfondo = 0;
     QRgb testo = 0;
     int allineamento = 0;
-    auto operator<=>(const Aspetto&) const = default;
+    bool operator<(const Aspetto& altro) const {
+      return std::tie(haSfondo, haTesto, sfondo, testo, allineamento) <
+             std::tie(altro.haSfondo, altro.haTesto, altro.sfondo, altro.testo, altro.allineamento);
+    }
   };
 
   explicit ModelloCelle(QObject* parent = nullptr);

@@ -1,13 +1,13 @@
 #include "controls/rtf_documento.h"
 
 #include <QFontInfo>
-#include <QHash>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextList>
 #include <QTextTable>
 #include <algorithm>
 #include <array>
+#include <map>
 #include <utility>
 
 #include "platform/errore.h"
@@ -31,20 +31,22 @@ constexpr double kTitoloGrande = 1.5;
 constexpr double kTitoloMedio = 1.2;
 const QColor kFilo(0x80, 0x8A, 0x90);
 
+void contaLettere(const Paragrafo& paragrafo, std::map<int, qsizetype>& lettere) {
+  for (const Tratto& tratto : paragrafo.tratti) lettere[tratto.carattere.misura] += tratto.testo.size();
+}
+
 /// The half points of most of the letters.
 int misuraDelTesto(const Testo& testo) {
-  QHash<int, qsizetype> lettere;
-  for (const Blocco& blocco : testo)
-    for (const Tratto& tratto : blocco.paragrafo.tratti)
-      lettere[tratto.carattere.misura] += tratto.testo.size();
-  int misura = kMisura;
-  qsizetype massimo = 0;
-  for (auto voce = lettere.cbegin(); voce != lettere.cend(); ++voce)
-    if (voce.value() > massimo || (voce.value() == massimo && voce.key() < misura)) {
-      massimo = voce.value();
-      misura = voce.key();
-    }
-  return misura;
+  std::map<int, qsizetype> lettere{{kMisura, 0}};
+  for (const Blocco& blocco : testo) {
+    contaLettere(blocco.paragrafo, lettere);
+    for (const Riga& riga : blocco.tabella)
+      for (const Cella& cella : riga.celle)
+        for (const Paragrafo& paragrafo : cella) contaLettere(paragrafo, lettere);
+  }
+  return std::max_element(lettere.begin(), lettere.end(),
+                          [](const auto& una, const auto& altra) { return una.second < altra.second; })
+      ->first;
 }
 
 class Scrittore {
@@ -69,7 +71,7 @@ class Scrittore {
   void voce(int livello);
   void tratti(const Paragrafo& paragrafo, int titolo);
   void tabella(const std::vector<Riga>& righe);
-  void cella(QTextTableCell posto, const Cella& cella);
+  void cella(const QTextTableCell& posto, const Cella& cella);
   int titolo(const Paragrafo& paragrafo) const;
   QTextCharFormat formato(const Carattere& carattere, int titolo) const;
 
@@ -196,7 +198,7 @@ void Scrittore::tabella(const std::vector<Riga>& righe) {
   bloccoLibero_ = true;
 }
 
-void Scrittore::cella(QTextTableCell posto, const Cella& cella) {
+void Scrittore::cella(const QTextTableCell& posto, const Cella& cella) {
   cursore_ = posto.firstCursorPosition();
   lista_ = nullptr;
   bool prima = true;

@@ -109,6 +109,11 @@ TEST_F(Rtf, LeMisureStannoAlTestoComeNelFile) {
   EXPECT_DOUBLE_EQ(formato(QStringLiteral("piccolo")).fontPointSize(), punti() * 0.5);
 }
 
+TEST_F(Rtf, ContaAncheIlTestoDelleTabelle) {
+  leggi("\\fs32 poco\\par\\trowd\\cellx100\\intbl\\fs20 molto testo in una cella\\cell\\row");
+  EXPECT_DOUBLE_EQ(formato(QStringLiteral("molto")).fontPointSize(), punti());
+}
+
 TEST_F(Rtf, ITitoliVengonoDalloStileDalContornoODallaMisura) {
   leggi(
       "{\\stylesheet{Normal;}{\\s1\\b heading 1;}{\\s2 Titolo 2;}{\\*\\cs3 altro;}{\\s4 Corpo;}}"
