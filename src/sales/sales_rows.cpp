@@ -1,6 +1,9 @@
 #include "sales/sales_rows.h"
 
 #include <QLocale>
+#include <QStringBuilder>
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace sales {
@@ -10,11 +13,17 @@ namespace {
 constexpr double kCentesimi = 100;
 constexpr int kMillesimi = 1000;
 constexpr int kDecimali = 3;
+constexpr int kBase = 10;
+constexpr qsizetype kLunghezzaSegno = 8;
+/// Minus, the digits of 64 bits and the decimal sign.
+constexpr std::size_t kLunghezzaMassima = 32;
 /// Amounts divided twice stand off the half by a few last binary digits.
 constexpr double kScarto = 1e-15;
 constexpr int kAnno = 4;
 constexpr int kMeseOGiorno = 2;
 
+/// Position of a column that is looked up when it is read.
+constexpr int kPerNome = -1;
 const QString kCampoSconto = QStringLiteral("Sconto_giornaliero");
 
 [[noreturn]] void divisionePerZero() {
@@ -42,21 +51,33 @@ const std::array<DescrizioneColonna, kColonneVenduto>& colonneVenduto() {
 }
 
 QString Maschera(double valore) {
+  return Maschera(valore, QLocale().decimalPoint());
+}
+
+QString Maschera(double valore, const QString& decimale) {
   const double mille = std::abs(valore) * kMillesimi;
   const auto intero = static_cast<std::int64_t>(std::floor(mille + mille * kScarto + 0.5));
-  const QString segno = valore < 0 && intero != 0 ? QStringLiteral("-") : QString();
-  return segno + QString::number(intero / kMillesimi) + QLocale().decimalPoint() +
-         QString::number(intero % kMillesimi).rightJustified(kDecimali, QLatin1Char('0'));
+  // Put together backwards in one go: a list has three of these a row.
+  std::array<QChar, kLunghezzaMassima> testo;
+  auto inizio = testo.end();
+  std::int64_t resto = intero;
+  const auto cifra = [&] {
+    *--inizio = QChar(static_cast<char16_t>(u'0' + resto % kBase));
+    resto /= kBase;
+  };
+  for (int posto = 0; posto < kDecimali; ++posto) cifra();
+  const QStringView segno = QStringView(decimale).left(kLunghezzaSegno);
+  inizio = std::copy_backward(segno.begin(), segno.end(), inizio);
+  do cifra();
+  while (resto != 0);
+  if (valore < 0 && intero != 0) *--inizio = u'-';
+  return QString(&*inizio, static_cast<qsizetype>(testo.end() - inizio));
 }
 
 QString DataAVideo(const QString& data) {
   const auto parte = [&data](int inizio, int lunghezza) { return QStringView(data).mid(inizio, lunghezza); };
-  QString video = parte(kAnno + kMeseOGiorno, kMeseOGiorno).toString();
-  video += QLatin1Char('/');
-  video += parte(kAnno, kMeseOGiorno);
-  video += QLatin1Char('/');
-  video += parte(0, kAnno);
-  return video;
+  return parte(kAnno + kMeseOGiorno, kMeseOGiorno) % u'/' % parte(kAnno, kMeseOGiorno) % u'/' %
+         parte(0, kAnno);
 }
 
 LettoreVenduto::LettoreVenduto(store::Recordset righe, Elenco elenco)
@@ -67,7 +88,9 @@ LettoreVenduto::LettoreVenduto(store::Recordset righe, Elenco elenco)
       articolo_(righe_.colonna(QStringLiteral("Codice_Articolo"))),
       descrizione_(righe_.colonna(QStringLiteral("Descrizione"))),
       importo_(righe_.colonna(QStringLiteral("Importo_giornaliero"))),
-      pezzi_(righe_.colonna(QStringLiteral("Tot_giorn_articoli_venduti"))) {}
+      pezzi_(righe_.colonna(QStringLiteral("Tot_giorn_articoli_venduti"))),
+      sconto_(elenco == Elenco::Tutti ? righe_.colonna(kCampoSconto) : kPerNome),
+      decimale_(QLocale().decimalPoint()) {}
 
 void LettoreVenduto::avanti() {
   righe_.MoveNext();
@@ -87,14 +110,15 @@ QString LettoreVenduto::prezzoMedio(SommeVenduto& somme) const {
   if (pezzi == 0) divisionePerZero();
   const double prezzo = static_cast<double>(numero(importo_)) / pezzi / kCentesimi;
   somme.prezzi += prezzo;
-  return Maschera(prezzo);
+  return Maschera(prezzo, decimale_);
 }
 
 QString LettoreVenduto::importo(int posizione, std::int64_t& somma) const {
-  if (righe_.nullo(posizione)) return elenco_ == Elenco::Tutti ? Maschera(0) : QStringLiteral("000");
+  if (righe_.nullo(posizione))
+    return elenco_ == Elenco::Tutti ? Maschera(0, decimale_) : QStringLiteral("000");
   const std::int32_t centesimi = numero(posizione);
   somma += centesimi;
-  return Maschera(inEuro(centesimi));
+  return Maschera(inEuro(centesimi), decimale_);
 }
 
 QString LettoreVenduto::cella(ColonnaVenduto colonna, SommeVenduto& somme) const {
@@ -121,8 +145,8 @@ QString LettoreVenduto::cella(ColonnaVenduto colonna, SommeVenduto& somme) const
     case kImporto:
       return importo(importo_, somme.importi);
     case kSconto:
-      // Looked up at every row: the filtered list does not ask for it, and each of its rows says so.
-      return importo(righe_.colonna(kCampoSconto), somme.sconti);
+      // The filtered list does not ask for it: looked up at every row, and each of them says so.
+      return importo(sconto_ == kPerNome ? righe_.colonna(kCampoSconto) : sconto_, somme.sconti);
     case kColonneVenduto:
       break;
   }

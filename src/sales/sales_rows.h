@@ -45,6 +45,8 @@ enum class Elenco { Tutti, Cerca };
 
 /// A number under the mask "0.000": three decimals, halves away from zero, the platform's decimal sign.
 QString Maschera(double valore);
+/// The same with a decimal sign that the caller has looked up.
+QString Maschera(double valore, const QString& decimale);
 /// yyyymmdd as dd/mm/yyyy, by the characters where they stand: no day is checked.
 QString DataAVideo(const QString& data);
 
@@ -78,6 +80,8 @@ class LettoreVenduto {
   int descrizione_;
   int importo_;
   int pezzi_;
+  int sconto_;
+  QString decimale_;
   int riga_ = 1;
 };
 
