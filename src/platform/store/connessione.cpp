@@ -76,8 +76,8 @@ void Connessione::imposta(int livello) noexcept {
 }
 
 sqlite3_stmt* Connessione::prepara(const QByteArray& sorgente, Preparata*& preparata) {
-  Traduci(vista(sorgente), dizionario_, traduzione_);
-  preparata = istruzioni_.prendi(db_, traduzione_.sql);
+  traduzione_ = &stampi_.traduci(vista(sorgente), dizionario_);
+  preparata = istruzioni_.prendi(db_, traduzione_->sql);
   if (preparata == nullptr) fallita(ErroreDiPreparazione(db_, vista(sorgente), dizionario_));
   lega(preparata->istruzione);
   return preparata->istruzione;
@@ -86,7 +86,7 @@ sqlite3_stmt* Connessione::prepara(const QByteArray& sorgente, Preparata*& prepa
 // The windows on the source stay bound when the call is over; every later use binds all of them anew.
 void Connessione::lega(sqlite3_stmt* istruzione) const {
   int posto = 0;
-  for (const Parametro& parametro : traduzione_.parametri) {
+  for (const Parametro& parametro : traduzione_->parametri) {
     ++posto;
     switch (parametro.tipo) {
       case Parametro::Tipo::Intero:
@@ -113,7 +113,7 @@ int Connessione::esegui(const QString& sql) {
   allinea();
   const Ripristino ripristino(istruzione);
   if (sqlite3_step(istruzione) != SQLITE_DONE) fallita(ErroreDelMotore(db_, Momento::Istruzione));
-  if (traduzione_.definizione) {
+  if (traduzione_->definizione) {
     leggiSchema();
     return 0;
   }

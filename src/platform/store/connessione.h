@@ -6,6 +6,7 @@
 
 #include "platform/errore.h"
 #include "platform/store/dialetto.h"
+#include "platform/store/stampi.h"
 #include "platform/store/istruzioni.h"
 #include "platform/store/motore.h"
 
@@ -76,7 +77,9 @@ class Connessione {
   std::shared_ptr<Transazioni> transazioni_;
   Dizionario dizionario_;
   Istruzioni istruzioni_;
-  Traduzione traduzione_;
+  Stampi stampi_;
+  /// Of the last statement; in one of the moulds.
+  const Traduzione* traduzione_ = nullptr;
   int livello_ = 0;
   std::optional<Errore> disfatta_;
 };

@@ -46,6 +46,16 @@ struct Traduzione {
   /// A statement that defines tables: its literals stay in place, and the dictionary is read anew behind it.
   bool definizione = false;
 
+  /// Where a literal that went out as a whole stands in the source, quotes included.
+  struct Letterale {
+    std::size_t parametro;
+    std::size_t inizio;
+    std::size_t lunghezza;
+  };
+  std::vector<Letterale> letterali;
+  /// Whether a source with other literals in these places, each of its kind, comes out with the same `sql`.
+  bool ricalcabile = false;
+
   /// Where each token went, for messages; recorded only if `conMappa` is set.
   struct Passo {
     std::size_t nelTradotto;

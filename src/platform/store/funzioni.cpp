@@ -40,9 +40,15 @@ void formato(sqlite3_context* contesto, int, sqlite3_value** valori) {
   rispondi(contesto, momento ? FormattaDataOra(*momento, testo(valori[1])) : std::string(testo(valori[0])));
 }
 
+/// A loop of statements asks for the same day thousands of times.
 void oggi(sqlite3_context* contesto, int, sqlite3_value**) {
-  const QDate data = OggiLocale();
-  rispondi(contesto, FormaOrdinabile({data.year(), data.month(), data.day(), 0, 0, 0}));
+  static QDate giorno;
+  static std::string forma;
+  if (const QDate data = OggiLocale(); data != giorno) {
+    giorno = data;
+    forma = FormaOrdinabile({data.year(), data.month(), data.day(), 0, 0, 0});
+  }
+  rispondi(contesto, forma);
 }
 
 void dataOrdinabile(sqlite3_context* contesto, int, sqlite3_value** valori) {

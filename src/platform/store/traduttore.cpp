@@ -15,7 +15,9 @@ Traduttore::Traduttore(std::string_view sorgente, const Dizionario& dizionario, 
   esito_.parametri.clear();
   esito_.testi.clear();
   esito_.mappa.clear();
+  esito_.letterali.clear();
   esito_.definizione = false;
+  esito_.ricalcabile = false;
 }
 
 std::size_t Traduttore::posizione(const Pezzo& pezzo) const {
@@ -46,8 +48,16 @@ void Traduttore::parametroIntero(std::int64_t valore) {
   scrivi("?");
 }
 
+/// The parameter that comes next stands in the source as this token.
+void Traduttore::ricorda(std::string_view letterale) {
+  esito_.letterali.push_back({esito_.parametri.size(),
+                              static_cast<std::size_t>(letterale.data() - sorgente_.data()),
+                              letterale.size()});
+}
+
 std::string_view Traduttore::contenuto(const Pezzo& testo) {
   if (!testo.doppioApice) return testo.dentro;
+  irripetibile_ = true;
   std::string semplice;
   for (std::size_t i = 0; i < testo.dentro.size(); ++i) {
     semplice.push_back(testo.dentro[i]);
@@ -65,6 +75,7 @@ void Traduttore::esegui() {
     else
       pezzo(p);
   }
+  esito_.ricalcabile = !irripetibile_ && !esito_.definizione;
 }
 
 void Traduttore::inizio() {
@@ -101,6 +112,7 @@ void Traduttore::pezzo(const Pezzo& pezzo) {
   ultimoNome_ = {};
   if (pezzo.simbolo == Simbolo::Numero) return numero(pezzo.intero);
   if (pezzo.simbolo == Simbolo::Data) return data(pezzo);
+  ricorda(pezzo.intero);
   parametroTesto(contenuto(pezzo));
   scrivi("?");
 }
@@ -197,7 +209,11 @@ void Traduttore::numero(std::string_view testo) {
   const char* const ultimo = testo.data() + testo.size();
   std::int64_t intero = 0;
   const auto [dopo, esito] = std::from_chars(testo.data(), ultimo, intero);
-  if (esito == std::errc() && dopo == ultimo) return parametroIntero(intero);
+  if (esito == std::errc() && dopo == ultimo) {
+    ricorda(testo);
+    return parametroIntero(intero);
+  }
+  irripetibile_ = true;
   double reale = 0;
   if (std::from_chars(testo.data(), ultimo, reale).ec != std::errc())
     throw ErroreDiSintassi(QStringLiteral("numero troppo grande"), sorgente_,
@@ -207,6 +223,7 @@ void Traduttore::numero(std::string_view testo) {
 }
 
 void Traduttore::data(const Pezzo& pezzo) {
+  irripetibile_ = true;
   const auto momento = LeggiDataOra(pezzo.dentro);
   if (!momento) throw ErroreDiSintassi(QStringLiteral("data non valida"), sorgente_, posizione(pezzo));
   parametroTesto(conserva(FormaOrdinabile(*momento)));

@@ -32,6 +32,7 @@ class Traduttore {
   std::string_view conserva(std::string testo);
   void parametroTesto(std::string_view testo);
   void parametroIntero(std::int64_t valore);
+  void ricorda(std::string_view letterale);
   void scrivi(std::string_view testo);
   void segna(const Pezzo& pezzo);
   bool prefissoSuIndice(std::string_view prefisso) const;
@@ -50,6 +51,8 @@ class Traduttore {
   std::size_t inizioNome_ = 0;
   std::string_view ultimoNome_;
   bool dopoPunto_ = false;
+  /// Some value has shaped the translation, or was not taken as it stands.
+  bool irripetibile_ = false;
 };
 
 }  // namespace store

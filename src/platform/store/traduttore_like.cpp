@@ -29,6 +29,7 @@ void Traduttore::like(const Pezzo& pezzo) {
     ultimoNome_ = {};
     return scrivi("LIKE");
   }
+  irripetibile_ = true;
   const Pezzo letterale = lessico_.prossimo();
   const std::string_view modello = contenuto(letterale);
   if (!ModelloValido(modello))
