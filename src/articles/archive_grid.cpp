@@ -73,7 +73,7 @@ void riempi(const QString& istruzione, bool conBandiere, const GrigliaArticoli& 
     griglia.dimensiona(righe.RecordCount());
     for (int riga = 1; !righe.fine(); righe.MoveNext(), ++riga) {
       griglia.scrivi(riga, articolo(righe, posti));
-      utente.DoEvents();
+      utente.DoEventsAlRecord();
     }
   });
 }

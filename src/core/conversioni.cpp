@@ -2,6 +2,7 @@
 
 #include <QLocale>
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -15,6 +16,9 @@
 namespace {
 
 constexpr int kCentesimi = 100;
+constexpr int kDecimaliImporto = 2;
+/// Room for ten digits, sign and decimal sign.
+constexpr std::size_t kPostiImporto = 12;
 
 Errore overflow() {
   return {errore::kOverflow, QStringLiteral("Overflow")};
@@ -67,11 +71,21 @@ QString ByteInTesto(std::span<const std::uint8_t> byte) {
   return windows1252::inTesto(std::string_view(reinterpret_cast<const char*>(testo.data()), testo.size()));
 }
 
+// Digit by digit: a list shows thousands of them.
 QString CentInTesto(std::int32_t valore) {
-  const std::int64_t assoluto = std::abs(static_cast<std::int64_t>(valore));
-  return (valore < 0 ? QStringLiteral("-") : QString()) + QString::number(assoluto / kCentesimi) +
-         QLocale().decimalPoint() +
-         QString::number(assoluto % kCentesimi).rightJustified(2, QLatin1Char('0'));
+  std::array<char16_t, kPostiImporto> posti{};
+  std::size_t primo = posti.size();
+  std::int64_t resto = std::abs(static_cast<std::int64_t>(valore));
+  const auto cifra = [&] {
+    posti[--primo] = static_cast<char16_t>(u'0' + resto % 10);
+    resto /= 10;
+  };
+  for (int i = 0; i < kDecimaliImporto; ++i) cifra();
+  posti[--primo] = QLocale().decimalPoint().front().unicode();
+  do cifra();
+  while (resto != 0);
+  if (valore < 0) posti[--primo] = u'-';
+  return QStringView(posti.data() + primo, static_cast<qsizetype>(posti.size() - primo)).toString();
 }
 
 double TestoInValore(QString& testo) {

@@ -148,7 +148,7 @@ void Form_ArchivioVenduto::riempiRighe(sales::LettoreVenduto& righe, sales::Elen
   sales::SommeVenduto somme;
   int riga = kPrimaRiga;
   for (; !righe.fine(); righe.avanti(), ++riga) {
-    contesto_.utente.DoEvents();
+    contesto_.utente.DoEventsAlRecord();
     if (!riempiRiga(righe, riga, elenco, somme)) return mostraQuante(riga);
   }
   SetTailGriglia(riga, somme);

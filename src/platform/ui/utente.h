@@ -47,6 +47,9 @@ class Utente {
 
   /// Lets waiting events through once. Input is eaten while an `Occupato` lives.
   virtual void DoEvents() = 0;
+  /// The same at each record of a long loop. The desktop's passes keep a beat, so that the loop does not
+  /// spend its time on looking for events.
+  virtual void DoEventsAlRecord() { DoEvents(); }
 
   virtual void CopiaNegliAppunti(const QString& testo) = 0;
   virtual QString TestoDegliAppunti() = 0;

@@ -44,6 +44,10 @@ void UtenteDesktop::DoEvents() {
   QCoreApplication::processEvents();
 }
 
+void UtenteDesktop::DoEventsAlRecord() {
+  if (ritmo_.tocca()) DoEvents();
+}
+
 void UtenteDesktop::CopiaNegliAppunti(const QString& testo) {
   QGuiApplication::clipboard()->setText(testo);
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "platform/ui/ritmo.h"
 #include "platform/ui/utente.h"
 
 /// The title of every box that has none of its own.
@@ -19,6 +20,7 @@ class UtenteDesktop : public Utente {
   std::optional<QString> FinestraApri(const FinestraFile& finestra) override;
   std::optional<QString> FinestraSalva(const FinestraFile& finestra) override;
   void DoEvents() override;
+  void DoEventsAlRecord() override;
   void CopiaNegliAppunti(const QString& testo) override;
   QString TestoDegliAppunti() override;
   void AvviaProgramma(const QString& programma, const QStringList& argomenti) override;
@@ -28,4 +30,5 @@ class UtenteDesktop : public Utente {
 
  private:
   std::function<void()> chiudi_;
+  Ritmo ritmo_;
 };

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDesktopServices>
 #include <QDir>
 #include <QMessageBox>
@@ -188,6 +189,19 @@ TEST(UtenteDesktop, DoEventsLasciaPassareITimerENonIClicConLaGuardia) {
   EXPECT_EQ(scatti, 3);
   EXPECT_EQ(clic, 0);
   EXPECT_TRUE(tasto.isVisible());
+}
+
+TEST(UtenteDesktop, ACiascunRecordGliEventiPassanoAlMenoOgniMillisecondo) {
+  UtenteDesktop utente(nullptr);
+  int scatti = 0;
+  const auto conta = [&] { ++scatti; };
+  QTimer::singleShot(0, conta);
+  utente.DoEventsAlRecord();
+  EXPECT_EQ(scatti, 1);
+  QTimer::singleShot(0, conta);
+  const QDeadlineTimer entro(1000);
+  while (scatti < 2 && !entro.hasExpired()) utente.DoEventsAlRecord();
+  EXPECT_EQ(scatti, 2);
 }
 
 TEST(UtenteDesktop, GliAppuntiTengonoIlTesto) {
