@@ -2,6 +2,7 @@
 
 #include <QStringBuilder>
 #include <optional>
+#include <variant>
 #include <vector>
 
 #include "articles/overwritten.h"
@@ -20,8 +21,6 @@ namespace {
 constexpr std::int16_t kFatto = 0;
 constexpr std::int16_t kNonEseguito = -1;
 constexpr std::int16_t kFallito = 1;
-
-const QString kTutti = QStringLiteral("SELECT Auto_ID,Codice_EAN ,ID_Position from TAB_ARTICOLI ");
 
 /// The failure of one statement of the upkeep: told whatever its number.
 void segnalaStatement(Utente& utente, const QString& prefisso, const Errore& errore, Errore* causa) {
@@ -46,34 +45,56 @@ QString testoUtf8(const store::Recordset& righe, int colonna) {
   return QString::fromUtf8(byte.data(), static_cast<qsizetype>(byte.size()));
 }
 
-/// What one row's statement is built of.
+/// What one row's statement is built of; a row that cannot be read keeps why until its turn comes.
 struct Voce {
   QString ean;
   std::int32_t indice = 0;
 };
+using VoceLetta = std::variant<Voce, Errore>;
 
-/// Row `riga`, from 0, as the renumbering sees it.
-Voce voceDaNumerare(const store::Recordset& righe, int riga) {
-  return {testoUtf8(righe, righe.colonna(QStringLiteral("Codice_EAN"))), riga};
-}
-
-/// The row as the checksum table sees it. A position that is no number throws 13.
-Voce voceNumerata(const store::Recordset& righe, int) {
-  return {testoUtf8(righe, righe.colonna(QStringLiteral("Codice_EAN"))),
-          righe.campo(QStringLiteral("ID_Position")).intero()};
-}
-
-using Lettura = Voce (*)(const store::Recordset&, int);
-
-/// The EAN of every row; nothing where the row cannot be read, which is told when its turn comes.
-std::vector<std::optional<QString>> chiavi(store::Recordset righe, Lettura leggi) {
-  std::vector<std::optional<QString>> tutte;
-  for (int riga = 0; !righe.fine(); righe.MoveNext(), ++riga) {
+/// Every row, by position. `indiceDi` gives what the row's EAN is to be written with.
+template <typename IndiceDi>
+std::vector<VoceLetta> leggi(store::Recordset righe, const IndiceDi& indiceDi) {
+  const int ean = righe.colonna(QStringLiteral("Codice_EAN"));
+  std::vector<VoceLetta> voci;
+  voci.reserve(static_cast<std::size_t>(righe.RecordCount()));
+  for (; !righe.fine(); righe.MoveNext()) {
     try {
-      tutte.emplace_back(leggi(righe, riga).ean);
-    } catch (const Errore&) {
-      tutte.emplace_back(std::nullopt);
+      voci.emplace_back(Voce{testoUtf8(righe, ean), indiceDi(righe)});
+    } catch (const Errore& errore) {
+      voci.emplace_back(errore);
     }
+  }
+  return voci;
+}
+
+/// The articles in ascending slot, each with its number from 0; a row that cannot be read keeps its number.
+std::vector<VoceLetta> daNumerare() {
+  const store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
+      QStringLiteral("SELECT Auto_ID,Codice_EAN from TAB_ARTICOLI ORDER by Auto_ID ASC"));
+  std::vector<VoceLetta> voci = leggi(righe, [](const store::Recordset&) { return 0; });
+  std::int32_t numero = 0;
+  for (VoceLetta& voce : voci) {
+    if (auto* letta = std::get_if<Voce>(&voce)) letta->indice = numero;
+    ++numero;
+  }
+  return voci;
+}
+
+/// The articles in the table's order with the position that they have; one that is no number is told as 13.
+std::vector<VoceLetta> numerate() {
+  const store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
+      QStringLiteral("SELECT Auto_ID,Codice_EAN ,ID_Position from TAB_ARTICOLI "));
+  const int posizione = righe.colonna(QStringLiteral("ID_Position"));
+  return leggi(righe, [posizione](const store::Recordset& riga) { return riga.campo(posizione).intero(); });
+}
+
+std::vector<std::optional<QString>> chiavi(const std::vector<VoceLetta>& voci) {
+  std::vector<std::optional<QString>> tutte;
+  tutte.reserve(voci.size());
+  for (const VoceLetta& voce : voci) {
+    const auto* letta = std::get_if<Voce>(&voce);
+    tutte.push_back(letta == nullptr ? std::nullopt : std::optional(letta->ean));
   }
   return tutte;
 }
@@ -100,19 +121,27 @@ struct Visita {
     });
   }
 
-  /// Hands the rows of `sql` over; the result is `fallito` if they could not be had and the person was told.
+  /// Hands the rows over; the result is `fallito` if they could not be had and the person was told.
   template <typename Corpo>
-  std::int16_t conRighe(const QString& sql, Corpo&& corpo) {
-    const auto letto = passo([&] { corpo(varGlobal().DB_Articoli.OpenRecordset(sql)); });
-    return letto == reazioni::Esito::Segnalato ? fallito : esito;
+  std::int16_t conVoci(std::vector<VoceLetta> (*lettura)(), Corpo&& corpo) {
+    std::vector<VoceLetta> voci;
+    if (passo([&] { voci = lettura(); }) == reazioni::Esito::Segnalato) return fallito;
+    corpo(voci);
+    return esito;
   }
 
-  /// Runs `statement` on each row until one results in -1. A row that cannot be read is told and passed over.
+  /// Runs `statement` on each row until one results in -1. A row that could not be read is told and passed
+  /// over.
   template <typename Statement>
-  void percorri(store::Recordset righe, Lettura leggi, const Statement& statement) {
-    for (int riga = 0; !righe.fine(); righe.MoveNext(), ++riga) {
+  void percorri(const std::vector<VoceLetta>& voci, const Statement& statement) {
+    std::size_t riga = 0;
+    for (const VoceLetta& voce : voci) {
       std::int16_t eseguito = kFatto;
-      passo([&] { eseguito = statement(static_cast<std::size_t>(riga), leggi(righe, riga)); });
+      passo([&] {
+        if (const auto* errore = std::get_if<Errore>(&voce)) throw Errore(*errore);
+        eseguito = statement(riga, std::get<Voce>(voce));
+      });
+      ++riga;
       if (eseguito != kNonEseguito) continue;
       utente.MsgBox(fermata, Icona::Critica);
       esito = fallito;
@@ -139,10 +168,9 @@ std::int16_t UpdateIDPosition(const QString& ean, std::int32_t position, Utente&
 std::int16_t CalcolaID_Position(Utente& utente, Errore* causa) {
   Visita visita{utente, QStringLiteral("CalcolaID_Position "), QStringLiteral("Fallito Inserimento indici "),
                 kFallito, causa};
-  const QString sql = QStringLiteral("SELECT Auto_ID,Codice_EAN from TAB_ARTICOLI ORDER by Auto_ID ASC");
-  return visita.conRighe(sql, [&](const store::Recordset& righe) {
-    const Sovrascritte sovrascritte(chiavi(righe, voceDaNumerare));
-    visita.percorri(righe, voceDaNumerare, [&](std::size_t riga, const Voce& voce) {
+  return visita.conVoci(daNumerare, [&](const std::vector<VoceLetta>& voci) {
+    const Sovrascritte sovrascritte(chiavi(voci));
+    visita.percorri(voci, [&](std::size_t riga, const Voce& voce) {
       return sovrascritte.superflua(riga) ? kFatto : UpdateIDPosition(voce.ean, voce.indice, utente, causa);
     });
   });
@@ -162,9 +190,9 @@ std::int16_t UpdateEanNumAndIndex(Utente& utente) {
   const Occupato occupato;
   Visita visita{utente, QStringLiteral("UpdateEanNumAndIndex "),
                 QStringLiteral("Fallito Inserimento Codice EAN Numerico "), kNonEseguito};
-  return visita.conRighe(kTutti, [&](const store::Recordset& righe) {
-    visita.percorri(righe, voceNumerata, [&](std::size_t, const Voce& voce) {
-      utente.DoEvents();
+  return visita.conVoci(numerate, [&](const std::vector<VoceLetta>& voci) {
+    visita.percorri(voci, [&](std::size_t, const Voce& voce) {
+      utente.DoEventsAlRecord();
       return InsertEanNumerici(voce.ean, CalcolaEanNum(voce.ean), voce.indice, utente);
     });
   });
@@ -195,11 +223,11 @@ std::int16_t UpdateIndex(const QString& ean, std::int32_t index, Utente& utente,
 std::int16_t UpdateALLIndex(Utente& utente, Errore* causa) {
   Visita visita{utente, QStringLiteral("Fallita UpdateALLIndex "), QStringLiteral("Fallito UpdateIndex  "),
                 kFallito, causa};
-  return visita.conRighe(kTutti, [&](const store::Recordset& righe) {
-    Sovrascritte sovrascritte(chiavi(righe, voceNumerata));
+  return visita.conVoci(numerate, [&](const std::vector<VoceLetta>& voci) {
+    Sovrascritte sovrascritte(chiavi(voci));
     // UpdateIndex fails with 1 and never with -1, so no row ends the walk: one EAN without its index is told
     // and the others keep theirs, instead of a deletion that cannot be done at all.
-    visita.percorri(righe, voceNumerata, [&](std::size_t riga, const Voce& voce) {
+    visita.percorri(voci, [&](std::size_t riga, const Voce& voce) {
       if (sovrascritte.superflua(riga)) return kFatto;
       const std::int16_t fatto = UpdateIndex(voce.ean, voce.indice, utente, causa);
       if (fatto != kFatto) sovrascritte.fallita();
