@@ -25,10 +25,13 @@ std::optional<QString> UtenteBanco::FinestraApri(const FinestraFile&) {
   return daAprire;
 }
 std::optional<QString> UtenteBanco::FinestraSalva(const FinestraFile&) {
-  return std::nullopt;
+  return daSalvare;
 }
 void UtenteBanco::DoEvents() {
   QCoreApplication::processEvents();
+}
+void UtenteBanco::DoEventsAlRecord() {
+  if (ritmo_.tocca()) DoEvents();
 }
 
 void UtenteBanco::Termina() {
