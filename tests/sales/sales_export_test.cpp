@@ -58,14 +58,14 @@ TEST_F(EsportazioneVenduto, UnaCartellaCheNonCeDa76ENominaIlFile) {
   EXPECT_TRUE(visto.descrizione.contains(QStringLiteral("assente/v.csv"))) << visto.descrizione.toStdString();
 }
 
-TEST_F(EsportazioneVenduto, UnPostoProibitoDa70ENonLasciaNulla) {
+TEST_F(EsportazioneVenduto, UnPostoProibitoDa75ENonLasciaNulla) {
   ASSERT_TRUE(QDir().mkdir(cartella.file(QStringLiteral("chiusa"))));
   // Whoever it is may look into the test's folder: only the one within is shut.
   ASSERT_TRUE(QFile::setPermissions(cartella.percorso(), QFile::permissions(cartella.percorso()) |
                                                              QFile::ReadGroup | QFile::ExeGroup |
                                                              QFile::ReadOther | QFile::ExeOther));
   const AltroUtente altro;
-  EXPECT_EQ(errore(cartella.file(QStringLiteral("chiusa/v.csv")), 1).numero, errore::kAccessoNegato);
+  EXPECT_EQ(errore(cartella.file(QStringLiteral("chiusa/v.csv")), 1).numero, errore::kAccessoPercorso);
   EXPECT_TRUE(QDir(cartella.file(QStringLiteral("chiusa"))).isEmpty());
 }
 

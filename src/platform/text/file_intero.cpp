@@ -15,7 +15,7 @@ namespace {
 }
 
 int numeroApertura(const QString& percorso) {
-  return QFileInfo(percorso).absoluteDir().exists() ? errore::kAccessoNegato : errore::kPercorsoAssente;
+  return QFileInfo(percorso).absoluteDir().exists() ? errore::kAccessoPercorso : errore::kPercorsoAssente;
 }
 
 }  // namespace
@@ -25,5 +25,5 @@ void ScriviFileIntero(const QString& percorso, const QByteArray& byte) {
   if (!file.open(QIODevice::WriteOnly)) nonScritto(file, numeroApertura(percorso));
   // On a full disk the commit alone would succeed and put a stump in the old file's place.
   if (file.write(byte) != byte.size() || !file.flush()) nonScritto(file, errore::kDiscoPieno);
-  if (!file.commit()) nonScritto(file, errore::kAccessoNegato);
+  if (!file.commit()) nonScritto(file, errore::kAccessoPercorso);
 }
