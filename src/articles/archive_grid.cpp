@@ -36,10 +36,6 @@ struct Posti {
   int filler = kAssente, varPrezzo = kAssente, prezzoZero = kAssente;
 };
 
-QString testo(const store::Recordset& righe, int colonna) {
-  return righe.nullo(colonna) ? QString() : righe.campo(colonna).testo();
-}
-
 QString prezzo(const store::Recordset& righe, int colonna) {
   return righe.nullo(colonna) ? QString() : CentInTesto(righe.campo(colonna).intero());
 }
@@ -50,10 +46,10 @@ QString lettera(const store::Recordset& righe, int colonna) {
 }
 
 RigaArticolo articolo(const store::Recordset& righe, const Posti& posti) {
-  return {.testi = {testo(righe, posti.posizione), testo(righe, posti.ean), testo(righe, posti.codice),
-                    testo(righe, posti.descrizione), prezzo(righe, posti.prezzo), testo(righe, posti.reparto),
+  return {.testi = {righe.testo(posti.posizione), righe.testo(posti.ean), righe.testo(posti.codice),
+                    righe.testo(posti.descrizione), prezzo(righe, posti.prezzo), righe.testo(posti.reparto),
                     lettera(righe, posti.varPrezzo), lettera(righe, posti.prezzoZero)},
-          .errata = posti.filler != kAssente && testo(righe, posti.filler) == kErrato};
+          .errata = posti.filler != kAssente && righe.testo(posti.filler) == kErrato};
 }
 
 /// What both fills do with a failure: it ends the program, since a grid half filled must not be worked on.

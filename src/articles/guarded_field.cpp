@@ -52,6 +52,8 @@ CampoSorvegliato::CampoSorvegliato(QLineEdit& campo, FiltroTasto filtro, Control
 
 bool CampoSorvegliato::lascia(const QString& testo, const QKeyEvent& tasto) const {
   if (tasto.matches(QKeySequence::Cut)) return filtro_(testo, kTastoTaglia);
+  // What comes back by undoing would be filtered as if typed, and a price shown with a point would lose it.
+  if (tasto.matches(QKeySequence::Undo) || tasto.matches(QKeySequence::Redo)) return false;
   if (comandoDiTastiera(tasto)) return true;
   const QString scritto = tasto.text();
   return scritto.isEmpty() || !scritto.front().isPrint() || filtro_(testo, scritto.front());

@@ -612,6 +612,15 @@ TEST_F(ArchivioArticoli, ConDueDecimaliSoloIlTastoIndietroCambiaIlPrezzo) {
   EXPECT_EQ(schermo.testo(kPrezzo), QString());
 }
 
+TEST_F(ArchivioArticoli, AnnullareLaScritturaNonCambiaIlPrezzo) {
+  const ArchivioGuidato schermo = apri();
+  auto& casella = schermo.controllo<QLineEdit>(kPrezzo);
+  schermo.clicCella(1, 1);
+  schermo.scrivi(kPrezzo, QStringLiteral("7"));
+  QTest::keyClick(&casella, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(schermo.testo(kPrezzo), QStringLiteral("7"));
+}
+
 TEST_F(ArchivioArticoli, TagliareUnRepartoSiPuo) {
   const ArchivioGuidato schermo = apri();
   auto& casella = schermo.controllo<QLineEdit>(kReparto);

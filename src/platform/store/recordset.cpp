@@ -95,6 +95,14 @@ std::string_view Recordset::utf8(int colonna) const {
   return righe_->testo(cella);
 }
 
+QString Recordset::testo(int colonna) const {
+  const Righe::Cella& cella = corrente(*righe_, riga_, colonna);
+  if (cella.tipo == Righe::Tipo::Nullo) return {};
+  if (cella.tipo != Righe::Tipo::Testo) return campo(colonna).testo();
+  const std::string_view testo = righe_->testo(cella);
+  return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
+}
+
 bool Recordset::nullo(int colonna) const {
   return corrente(*righe_, riga_, colonna).tipo == Righe::Tipo::Nullo;
 }

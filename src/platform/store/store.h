@@ -39,6 +39,8 @@ class Recordset {
   std::int64_t intero64(int colonna) const;
   /// UTF-8 bytes of a text; valid as long as the record set.
   std::string_view utf8(int colonna) const;
+  /// Text form of a field of any type, empty for null.
+  QString testo(int colonna) const;
   bool nullo(int colonna) const;
 
  private:

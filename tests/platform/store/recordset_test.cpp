@@ -72,6 +72,15 @@ TEST_F(RecordsetAperto, ILettoriVelociNonConvertono) {
   EXPECT_EQ(numeroErrore([&] { righe.utf8(0); }), 13);
 }
 
+TEST_F(RecordsetAperto, IlTestoDiUnCampoEDiOgniTipoEIlNulloEVuoto) {
+  auto righe = tutto();
+  EXPECT_EQ(righe.testo(0), QStringLiteral("7"));
+  EXPECT_EQ(righe.testo(1), righe.campo(1).testo());
+  EXPECT_EQ(righe.testo(2), QStringLiteral("città"));
+  EXPECT_EQ(righe.testo(3), QString());
+  EXPECT_EQ(numeroErrore([&] { righe.testo(4); }), 3265);
+}
+
 TEST_F(RecordsetAperto, LeRigheRestanoQuelleDellApertura) {
   auto righe = tutto();
   esegui("DELETE FROM T");
