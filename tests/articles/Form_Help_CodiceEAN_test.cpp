@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QFile>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -11,6 +12,7 @@
 #include <QTextTable>
 #include <QTimer>
 
+#include "articles/Form_ArchivioArticoli.h"
 #include "articles/bottega.h"
 #include "articles/schermo_guidato.h"
 #include "controls/rtf.h"
@@ -103,6 +105,27 @@ TEST_F(HelpCodiceEAN, DaModaleTieneGliAltriSchermiFinoAllaChiusura) {
   bottega_.schermate.mostraModale(kSchermo, bottega_.contesto);
   EXPECT_TRUE(visto);
   EXPECT_EQ(bottega_.schermate.trova(kSchermo), nullptr);
+}
+
+TEST_F(HelpCodiceEAN, SiApreDallArchivioEVaViaConEsc) {
+  bottega_.contesto.cartella = QStringLiteral(GESTIONALE_APP);
+  registraArchivioArticoli(bottega_.schermate);
+  bottega_.apriArchivio();
+  const SchermoGuidato archivio(bottega_, QStringLiteral("Form_ArchivioArticoli"));
+  QString pagina;
+  QTimer persona;
+  QObject::connect(&persona, &QTimer::timeout, [&] {
+    QWidget* help = QApplication::activeModalWidget();
+    if (help == nullptr) return;
+    EXPECT_EQ(help->objectName(), kSchermo);
+    if (const auto* testo = help->findChild<QTextBrowser*>(QStringLiteral("RichTextBox1")))
+      pagina = testo->toPlainText();
+    QTest::keyClick(help, Qt::Key_Escape);
+  });
+  persona.start(0);
+  archivio.clic(QStringLiteral("vkCommandHELP"));
+  EXPECT_EQ(pagina, testo());
+  EXPECT_TRUE(archivio.vivo());
 }
 
 TEST_F(HelpCodiceEAN, SenzaFileOConUnFileRottoDiceQualeErrore) {
