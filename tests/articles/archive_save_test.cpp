@@ -180,6 +180,19 @@ TEST_F(SalvaModifiche, UnArchivioTenutoDaAltriDiceLErroreERestaComEra) {
 }
 
 TEST_F(SalvaModifiche, UnaConfermaFallitaSiDiceSiAnnullaESiMostraDiNuovoLArchivio) {
+  // A reader elsewhere lets the statement run and stops the commit.
+  const AltroProgramma altro(bottega.cartella.file(QStringLiteral("archivio.mdb")),
+                             {QStringLiteral("BEGIN"), QStringLiteral("SELECT count(*) FROM TAB_ARTICOLI")});
+  EXPECT_EQ(salva(campi()), EsitoModifica::Fallita);
+  attendi(bottega,
+          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icona::Critica)});
+  EXPECT_EQ(aggiornamenti, 2);
+  EXPECT_EQ(livelloAllAggiornamento, 0);
+  EXPECT_EQ(campo(QStringLiteral("Descrizione")), QStringLiteral("PANE"));
+  EXPECT_EQ(bottega.area.livello(), 0);
+}
+
+TEST_F(SalvaModifiche, SulDiscoPienoSiDiceELArchivioRestaComEra) {
   bottega.area.NuovoComando();
   EsitoModifica esito{};
   {
