@@ -2,6 +2,7 @@
 
 #include "core/conversioni.h"
 #include "core/stato.h"
+#include "platform/text/windows1252.h"
 #include "platform/ui/utente.h"
 
 namespace articles {
@@ -28,6 +29,10 @@ qsizetype decimali(const QString& testo) {
 QString messaggioReparto() {
   return QStringLiteral("Attenzione il reparto deve essere compreso tra 1 e ") +
          QString::number(kRepartoMassimo) + QStringLiteral(" !!!!");
+}
+
+bool fuoriTabella(QChar carattere) {
+  return carattere != u'?' && windows1252::byteDi(carattere.unicode()) == '?';
 }
 
 bool siONo(const QString& testo) {
@@ -67,6 +72,14 @@ std::optional<Rifiuto> controllaReparto(const QString& testo) {
 
 bool siNo(const QString& testo) {
   return testo == QLatin1String("S") || testo == QLatin1String("s");
+}
+
+QString DescrizioneMaiuscola(QString testo) {
+  for (QChar& carattere : testo) {
+    const QChar maiuscolo = carattere.toUpper();
+    if (!fuoriTabella(maiuscolo) || fuoriTabella(carattere)) carattere = maiuscolo;
+  }
+  return testo;
 }
 
 std::int16_t CheckCampiArticolo(const CampiArticolo& campi, Utente& utente) {

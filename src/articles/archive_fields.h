@@ -56,6 +56,10 @@ std::optional<Rifiuto> controllaReparto(const QString& testo);
 /// True for S and s; anything else is no.
 bool siNo(const QString& testo);
 
+/// The description in upper case, as long as it was. A letter whose upper case is not in Windows-1252 ("µ")
+/// stays, since the till would show a "?" in its place.
+QString DescrizioneMaiuscola(QString testo);
+
 /// Four checks in a row, each with its own box: description, price, department, S/N of the price. 0 if all
 /// pass, -1 if one fails. The zero-price field is not looked at.
 std::int16_t CheckCampiArticolo(const CampiArticolo& campi, Utente& utente);

@@ -17,7 +17,7 @@ QString veroFalso(const QString& lettera) {
 
 QString istruzione(const CampiArticolo& campi, std::int32_t prezzo) {
   return QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_Articolo = '") + campi.codice + u'\'' +
-         QStringLiteral(",Descrizione = '") + campi.descrizione.toUpper() + u'\'' +
+         QStringLiteral(",Descrizione = '") + DescrizioneMaiuscola(campi.descrizione) + u'\'' +
          QStringLiteral(", Prezzo = ") + QString::number(prezzo) + QStringLiteral(",Codice_EAN ='") +
          campi.ean + u'\'' + QStringLiteral(",VarPrezzo = ") + veroFalso(campi.varPrezzo) +
          QStringLiteral(",PrezzoZero = ") + veroFalso(campi.prezzoZero) + QStringLiteral(",Reparto = ") +

@@ -90,8 +90,9 @@ QString inserimento(const CampiArticolo& campi) {
              "INSERT INTO TAB_ARTICOLI (Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler) Values "
              "('") %
          campi.ean % QStringLiteral("','") % campi.codice % QStringLiteral("','") %
-         campi.descrizione.toUpper() % QStringLiteral("',") % QString::number(TestoInCent(campi.prezzo)) %
-         QLatin1Char(',') % QString::number(Val(campi.reparto)) % QStringLiteral(",' ');");
+         DescrizioneMaiuscola(campi.descrizione) % QStringLiteral("',") %
+         QString::number(TestoInCent(campi.prezzo)) % QLatin1Char(',') % QString::number(Val(campi.reparto)) %
+         QStringLiteral(",' ');");
 }
 
 /// An article that was deleted and comes back is one insertion for the till.

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QTest>
 
@@ -163,6 +164,13 @@ TEST_F(ArchivioArticoli, LeTestateLeLarghezzeEIColori) {
   }
 }
 
+TEST_F(ArchivioArticoli, LaTestataEAltaSeicentoTwipELoSfondoEGialloChiaro) {
+  const ArchivioGuidato schermo = apri();
+  EXPECT_EQ(schermo.griglia().horizontalHeader()->height(), 40);
+  const QModelIndex cella = schermo.griglia().model()->index(0, 0);
+  EXPECT_EQ(cella.data(Qt::BackgroundRole).value<QBrush>().color(), QColor(255, 255, 224));
+}
+
 TEST_F(ArchivioArticoli, LeCelleHannoIlLoroAllineamento) {
   const ArchivioGuidato schermo = apri();
   const std::array versi{Qt::AlignHCenter, Qt::AlignLeft,  Qt::AlignLeft,    Qt::AlignLeft,
@@ -308,6 +316,21 @@ TEST_P(SegniNellaRicerca, VirgolettePercentiEFiniRigaNonTrovanoNullaENonFannoDan
 }
 INSTANTIATE_TEST_SUITE_P(Campi, SegniNellaRicerca, testing::Values(kEan, kCodice, kDescrizione));
 
+TEST_F(ArchivioArticoli, FraParentesiQuadreStaUnInsiemeDiCaratteri) {
+  const ArchivioGuidato schermo = apri();
+  schermo.scrivi(kDescrizione, QStringLiteral("[pl]a[st]"));
+  schermo.clic(kCerca);
+  EXPECT_EQ(schermo.colonna(0).join(u' '), QStringLiteral("4 2"));
+}
+
+TEST_F(ArchivioArticoli, UnaParentesiQuadraApertaSiDiceEIlProgrammaTermina) {
+  const ArchivioGuidato schermo = apri();
+  schermo.scrivi(kDescrizione, QStringLiteral("P["));
+  schermo.clic(kCerca);
+  attendi(bottega, {kSintassi});
+  EXPECT_TRUE(bottega.utente.terminato());
+}
+
 TEST_F(ArchivioArticoli, LAsteriscoTrovaTutto) {
   const ArchivioGuidato schermo = apri();
   schermo.scrivi(kEan, QStringLiteral("*"));
@@ -446,11 +469,11 @@ TEST_F(ArchivioArticoli, UnApostrofoNellaDescrizioneAnnullaELaGrigliaResta) {
   EXPECT_EQ(schermo.testo(kDescrizione), QStringLiteral("L'ACQUA"));
 }
 
-TEST_F(ArchivioArticoli, UnPrezzoIncollatoFuoriMisuraSiDiceSenzaScrivere) {
+TEST_F(ArchivioArticoli, UnPrezzoFuoriMisuraSalvatoSenzaLasciareIlCampoSiDiceSenzaScrivere) {
   const ArchivioGuidato schermo = apri();
   schermo.clicCella(1, 1);
   schermo.scrivi(kPrezzo, QStringLiteral("99999999"));
-  // By its mnemonic the command runs without the field being left.
+  // Pressed by an aid for the disabled, say: the focus stays in the field, which is not checked.
   schermo.controllo<QPushButton>(kSalva).click();
   attendi(bottega, {{QStringLiteral("Error 6 (*"), Icona::Nessuna, {}, Pulsanti::OK}});
   EXPECT_EQ(campo(QStringLiteral("Prezzo"), 1), QStringLiteral("250"));

@@ -116,6 +116,11 @@ TEST(CampiArchivio, SoloLaSValeSi) {
   for (const auto* testo : {u"", u"N", u"n", u"SI", u" "}) EXPECT_FALSE(siNo(QString::fromUtf16(testo)));
 }
 
+TEST(CampiArchivio, LaDescrizioneMaiuscolaRestaLungaComEraENellaTabellaDellaCassa) {
+  EXPECT_EQ(DescrizioneMaiuscola(QStringLiteral("tè straße 5µm ÿ œ ž? α")),
+            QStringLiteral("TÈ STRAßE 5µM Ÿ Œ Ž? Α"));
+}
+
 TEST(CheckCampiArticolo, CampiValidiNonMostranoNulla) {
   EXPECT_EQ(messaggi(validi(), kFalso), QStringList());
 }
