@@ -152,7 +152,7 @@ void Form_ArchivioVenduto::riempiRighe(sales::LettoreVenduto& righe, sales::Elen
     if (!riempiRiga(righe, riga, elenco, somme)) return mostraQuante(riga);
   }
   SetTailGriglia(riga, somme);
-  ui_->MSFlexGridVenduto->impostaCella(kPrimaRiga, sales::kData);
+  ui_->MSFlexGridVenduto->impostaCella(kPrimaRiga, sales::kNr);
   mostraQuante(righe.quante());
 }
 

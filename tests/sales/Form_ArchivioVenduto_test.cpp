@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 #include "articles/altri.h"
@@ -156,6 +157,15 @@ TEST_F(ArchivioVenduto, LeRigheSonoPerGiornoECodiceConTreRigheInPiu) {
   EXPECT_EQ(riga(schermo, 4).join(u'|'), QStringLiteral("| |||||||"));
   EXPECT_EQ(riga(schermo, 5).join(u'|'), QStringLiteral("|TOTALE||||2.833|7.000|6.000|0.100"));
   EXPECT_EQ(griglia(schermo).Row(), 1);
+}
+
+TEST_F(ArchivioVenduto, SuUnDisplayStrettoLElencoCominciaDalNumero) {
+  registra(bottega, {{}});
+  const SchermoGuidato schermo(bottega, kSchermo);
+  schermo.finestra().resize(792, 600);
+  QCoreApplication::processEvents();
+  ASSERT_GT(griglia(schermo).horizontalScrollBar()->maximum(), 0);
+  EXPECT_EQ(griglia(schermo).horizontalScrollBar()->value(), 0);
 }
 
 TEST_F(ArchivioVenduto, ISoliTotaliSonoGialliConTestoRosso) {
@@ -366,6 +376,19 @@ TEST_F(ArchivioVenduto, UnApostrofoNelFiltroSiDiceELElencoResta) {
   EXPECT_EQ(griglia(schermo).TextMatrix(3, 1), QStringLiteral("TOTALE"));
 }
 
+TEST_F(ArchivioVenduto, UnArchivioBloccatoInCercaSiDiceSenzaNomeDiProceduraELElencoResta) {
+  registra(bottega, {{}});
+  const SchermoGuidato schermo(bottega, kSchermo);
+  periodoLargo(schermo);
+  {
+    const AltroProgramma altro(varGlobal().NomeDB_Articoli, {QStringLiteral("BEGIN EXCLUSIVE")});
+    schermo.clic(kCerca);
+  }
+  attendi(bottega, {riquadro(QStringLiteral("3260 - *"), Icona::Critica)});
+  EXPECT_EQ(griglia(schermo).Rows(), 4);
+  EXPECT_EQ(griglia(schermo).TextMatrix(3, 1), QStringLiteral("TOTALE"));
+}
+
 TEST_F(ArchivioVenduto, CercaMostra000PerUnImportoNullo) {
   registra(bottega, {{.importo = {}}});
   const SchermoGuidato schermo(bottega, kSchermo);
@@ -374,6 +397,17 @@ TEST_F(ArchivioVenduto, CercaMostra000PerUnImportoNullo) {
   schermo.clic(kCerca);
   attendi(bottega, {kSenzaSconto});
   EXPECT_EQ(griglia(schermo).TextMatrix(1, 7), QStringLiteral("000"));
+}
+
+TEST_F(ArchivioVenduto, IPezziNulliSonoZeroELaMediaSiDice) {
+  registra(bottega, {{.pezzi = {}}});
+  const SchermoGuidato schermo(bottega, kSchermo);
+  attendi(bottega, {riquadro(QStringLiteral("RiempiGridCentral 11 - Divisione per zero"), Icona::Critica)});
+  periodoLargo(schermo);
+  schermo.clic(kCerca);
+  attendi(bottega, {riquadro(QStringLiteral("11 - Divisione per zero"), Icona::Critica), kSenzaSconto});
+  EXPECT_EQ(griglia(schermo).TextMatrix(1, 6), QStringLiteral("0"));
+  EXPECT_EQ(griglia(schermo).TextMatrix(3, 6), QStringLiteral("0.000"));
 }
 
 TEST_F(ArchivioVenduto, InCercaUnaDivisionePerZeroSiDiceESiVaAvanti) {
@@ -415,6 +449,17 @@ TEST_F(ArchivioVenduto, UnClicPortaLaSelezioneAllaColonna6DellaSuaRiga) {
   clicCella(schermo, 2, 3);
   EXPECT_EQ(griglia(schermo).Row(), 2);
   EXPECT_EQ(griglia(schermo).Col(), 6);
+}
+
+TEST_F(ArchivioVenduto, InvioNellaGrigliaSceglieComeIlClic) {
+  registra(bottega, {{.ean = QStringLiteral("A")}, {.ean = QStringLiteral("B")}});
+  const SchermoGuidato schermo(bottega, kSchermo);
+  griglia(schermo).setFocus();
+  schermo.tasto(Qt::Key_Down);
+  schermo.tasto(Qt::Key_Return);
+  EXPECT_EQ(griglia(schermo).Row(), 2);
+  EXPECT_EQ(griglia(schermo).Col(), 6);
+  EXPECT_TRUE(bottega.utente.prendiRiquadri().empty()) << "no search";
 }
 
 TEST_F(ArchivioVenduto, InvioNeiCampiCerca) {
@@ -472,6 +517,13 @@ TEST_F(ArchivioVenduto, LExportHaTutteLeRigheTotaliCompresiSenzaTestataNeNumero)
                        "TOTALE;;;;4.167;3.000;12.500;0.500\r\n"));
   ASSERT_EQ(bottega.utente.finestre().size(), 1U);
   EXPECT_EQ(bottega.utente.finestre()[0].filtro, QStringLiteral("csv (*.csv)|*.csv"));
+}
+
+TEST_F(ArchivioVenduto, LExportScriveITestiComeSonoAncheConSeparatoriEACapo) {
+  registra(bottega, {{.descrizione = QStringLiteral("A;\"B\"\r\nC")}});
+  const SchermoGuidato schermo(bottega, kSchermo);
+  EXPECT_TRUE(
+      esportato(schermo).startsWith("20/11/2026;A1;8001120000016;A;\"B\"\r\nC;1.250;2;2.500;0.000\r\n"));
 }
 
 TEST_F(ArchivioVenduto, LExportDiUnElencoVuotoScriveUnaRigaDiColonneVuote) {
