@@ -278,8 +278,13 @@ QString FlexGrid::Clip() const {
   return righe.join(QLatin1Char('\n'));
 }
 
+void FlexGrid::copia() const {
+  // With nothing selected the clipboard keeps what it holds.
+  if (selectionModel()->hasSelection()) QGuiApplication::clipboard()->setText(Clip());
+}
+
 void FlexGrid::keyPressEvent(QKeyEvent* evento) {
-  if (evento->matches(QKeySequence::Copy)) return QGuiApplication::clipboard()->setText(Clip());
+  if (evento->matches(QKeySequence::Copy)) return copia();
   const int tasto = evento->key();
   const bool sceglie = tasto == Qt::Key_Return || tasto == Qt::Key_Enter || tasto == Qt::Key_Space;
   if (!sceglie || evento->modifiers().testFlag(Qt::ControlModifier)) return QTableView::keyPressEvent(evento);

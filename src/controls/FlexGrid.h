@@ -92,6 +92,7 @@ class FlexGrid : public QTableView {
   void misuraRighe();
   void ridimensionata(int colonna, int prima, int larghezza);
   void premutaFissa(const QModelIndex& cella);
+  void copia() const;
 
   ModelloCelle* modello_;
   ColonneFisse* fisse_ = nullptr;

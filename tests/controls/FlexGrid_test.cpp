@@ -352,6 +352,14 @@ TEST_F(Griglia, CtrlCCopiaLaSelezioneATabulazioni) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(), atteso);
 }
 
+TEST_F(Griglia, CtrlCSenzaSelezioneLasciaGliAppuntiComeSono) {
+  mostra();
+  griglia_.selectionModel()->clear();
+  QGuiApplication::clipboard()->setText(QStringLiteral("di prima"));
+  tasto(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("di prima"));
+}
+
 TEST_F(Griglia, UnTestoConTabulazioniONuoveRigheNonRompeLaTabellaCopiata) {
   griglia_.impostaTextMatrix(2, 1, QStringLiteral("a\tb\r\nc"));
   griglia_.selezionaRiga(2);
