@@ -197,6 +197,21 @@ TEST_F(ExportArticoli, RilettoNonCambiaCheISegni) {
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Filler =' '")), 5000);
 }
 
+TEST_F(ExportArticoli, UnoSlotVuotoRilettoPrendeIlCodiceZero) {
+  bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id > 1"));
+  const ArchivioGuidato schermo(bottega);
+  bottega.utente.sceglie(lista);
+  schermo.clic(kExport);
+  attendi(bottega, {terminata()});
+  EXPECT_EQ(bottega.cartella.leggi(kLista), prezzo("1;;;;0,00;1;N;N; \r\n"));
+  QStringList attese = fotografia();
+  ASSERT_EQ(attese.size(), 1);
+  ASSERT_TRUE(attese[0].startsWith(QStringLiteral("1|1|||")));
+  attese[0].insert(QStringLiteral("1|1||").size(), u'0');
+  importa(lista);
+  EXPECT_EQ(fotografia(), attese);
+}
+
 /// A file that cannot be written: the box of the failure, and what was there before.
 struct ExportImpossibile : ExportArticoli {
   void esportaSu(const QString& percorso, int numero) {
