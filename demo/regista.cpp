@@ -144,6 +144,19 @@ void digita(const QString& finestraNome, const QString& nome, const QString& tes
   QTest::keyClicks(&casella, testo);
 }
 
+void ridigita(const QString& finestraNome, const QString& nome, const QString& testo) {
+  QWidget& casella = controllo(finestraNome, nome);
+  QTest::mouseClick(&casella, Qt::LeftButton);
+  QTest::keyClick(&casella, Qt::Key_End);
+  while (!casella.property("text").toString().isEmpty()) {
+    const QString prima = casella.property("text").toString();
+    QTest::keyClick(&casella, Qt::Key_Backspace);
+    if (casella.property("text").toString() == prima)
+      throw std::runtime_error(qPrintable(nome + QStringLiteral(" does not empty")));
+  }
+  QTest::keyClicks(&casella, testo);
+}
+
 QList<QStringList> celle(const QString& finestraNome, const QString& griglia) {
   const QAbstractItemModel* modello = tabella(finestraNome, griglia).model();
   QList<QStringList> righe;

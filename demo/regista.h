@@ -53,6 +53,8 @@ void clicca(const QString& finestra, const QString& nome);
 void passaSopra(const QString& finestra, const QString& nome);
 /// Replaces the text of an input box by keys.
 void digita(const QString& finestra, const QString& nome, const QString& testo);
+/// The same where the box drops keys typed over what it holds: the old text goes letter by letter first.
+void ridigita(const QString& finestra, const QString& nome, const QString& testo);
 /// The texts that a grid shows: one row of data after the other, the heading left out.
 QList<QStringList> celle(const QString& finestra, const QString& griglia);
 /// Clicks a cell of a grid, both from 0, the heading left out.

@@ -13,6 +13,7 @@
 #include "articles/article_database.h"
 #include "articles/schermo_guidato.h"
 #include "controls/FlexGrid.h"
+#include "sales/con_locale.h"
 #include "sales/registro_venduto.h"
 
 namespace {
@@ -90,6 +91,7 @@ class ArchivioVenduto : public testing::Test {
     return bottega.cartella.leggi(QStringLiteral("venduto.csv"));
   }
 
+  ConLocale locale{"C"};
   Bottega bottega;
 };
 
@@ -430,6 +432,26 @@ TEST_F(ArchivioVenduto, SenzaTabellaCercaFinisceIlProgramma) {
   EXPECT_TRUE(bottega.utente.terminato());
 }
 
+TEST_F(ArchivioVenduto, SottoIMessaggiDiCercaLoSchermoSiDipingeELaListaArrivaIntera) {
+  registra(bottega, vendutoDiProva(50));
+  registra(bottega, {{.ean = QStringLiteral("Z1")}, {.ean = QStringLiteral("Z2")}});
+  const SchermoGuidato schermo(bottega, kSchermo);
+  griglia(schermo).scrollToBottom();
+  periodoLargo(schermo);
+  scrivi(schermo, kCodEan, QStringLiteral("Z"));
+  bottega.utente.alRiquadro = [&](const Riquadro&) {
+    griglia(schermo).viewport()->repaint();
+    schermo.finestra().resize(schermo.finestra().size() + QSize(1, 1));
+    QCoreApplication::processEvents();
+  };
+  schermo.clic(kCerca);
+  bottega.utente.alRiquadro = nullptr;
+  attendi(bottega, {kSenzaSconto, kSenzaSconto});
+  EXPECT_EQ(griglia(schermo).Rows(), 5);
+  EXPECT_EQ(griglia(schermo).model()->rowCount(), 4);
+  EXPECT_EQ(griglia(schermo).TextMatrix(2, 2), QStringLiteral("Z2"));
+}
+
 TEST_F(ArchivioVenduto, PulisciSvuotaIFiltriELElencoResta) {
   registra(bottega, {{}});
   const SchermoGuidato schermo(bottega, kSchermo);
@@ -524,6 +546,16 @@ TEST_F(ArchivioVenduto, LExportScriveITestiComeSonoAncheConSeparatoriEACapo) {
   const SchermoGuidato schermo(bottega, kSchermo);
   EXPECT_TRUE(
       esportato(schermo).startsWith("20/11/2026;A1;8001120000016;A;\"B\"\r\nC;1.250;2;2.500;0.000\r\n"));
+}
+
+TEST_F(ArchivioVenduto, SuUnPCItalianoElencoEdExportHannoLaVirgola) {
+  const ConLocale italiano("it_IT");
+  registra(bottega, {{.importo = 1250, .pezzi = 3, .sconto = 50}});
+  const SchermoGuidato schermo(bottega, kSchermo);
+  EXPECT_EQ(riga(schermo, 1).mid(5).join(u'|'), QStringLiteral("4,167|3|12,500|0,500"));
+  EXPECT_EQ(esportato(schermo), QByteArray("20/11/2026;A1;8001120000016;PANE;4,167;3;12,500;0,500\r\n"
+                                           " ;;;;;;;\r\n"
+                                           "TOTALE;;;;4,167;3,000;12,500;0,500\r\n"));
 }
 
 TEST_F(ArchivioVenduto, LExportDiUnElencoVuotoScriveUnaRigaDiColonneVuote) {

@@ -2,25 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <QLocale>
-
+#include "sales/con_locale.h"
 #include "sales/registro_venduto.h"
 #include "sales/sales_search.h"
 
 namespace {
 
 using namespace sales;
-
-class ConLocale {
- public:
-  explicit ConLocale(const char* nome) { QLocale::setDefault(QLocale(QLatin1String(nome))); }
-  ~ConLocale() { QLocale::setDefault(prima_); }
-  ConLocale(const ConLocale&) = delete;
-  ConLocale& operator=(const ConLocale&) = delete;
-
- private:
-  QLocale prima_;
-};
 
 class RigheVenduto : public testing::Test {
  protected:
