@@ -52,26 +52,15 @@ RigaArticolo articolo(const store::Recordset& righe, const Posti& posti) {
           .errata = posti.filler != kAssente && righe.testo(posti.filler) == kErrato};
 }
 
-/// What both fills do with a failure: it ends the program, since a grid half filled must not be worked on.
-template <typename Passo>
-void riempimento(Utente& utente, Passo&& passo) {
-  const auto esito = reazioni::prossimaIstruzioneRiempimento(
-      utente, QStringLiteral("RiempiGridCentral: uscita dal programma per condizione anomala "),
-      std::forward<Passo>(passo));
-  if (esito == reazioni::Esito::Segnalato) utente.Termina();
-}
-
 void riempi(const QString& istruzione, bool conBandiere, const GrigliaArticoli& griglia, Utente& utente) {
-  riempimento(utente, [&] {
-    const Occupato occupato;
-    store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(istruzione);
-    const Posti posti(righe, conBandiere);
-    griglia.dimensiona(righe.RecordCount());
-    for (int riga = 1; !righe.fine(); righe.MoveNext(), ++riga) {
-      griglia.scrivi(riga, articolo(righe, posti));
-      utente.DoEventsAlRecord();
-    }
-  });
+  const Occupato occupato;
+  store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(istruzione);
+  const Posti posti(righe, conBandiere);
+  griglia.dimensiona(righe.RecordCount());
+  for (int riga = 1; !righe.fine(); righe.MoveNext(), ++riga) {
+    griglia.scrivi(riga, articolo(righe, posti));
+    utente.DoEventsAlRecord();
+  }
 }
 
 }  // namespace
@@ -91,13 +80,21 @@ const std::array<ColonnaGriglia, kColonneArticoli>& ColonneArticoli() {
 }
 
 void RiempiGridCentral(const GrigliaArticoli& griglia, Utente& utente) {
-  riempi(QStringLiteral("SELECT ID_Position,Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler,"
-                        "VarPrezzo,PrezzoZero from TAB_ARTICOLI"),
-         true, griglia, utente);
+  const auto esito = reazioni::prossimaIstruzioneRiempimento(
+      utente, QStringLiteral("RiempiGridCentral: uscita dal programma per condizione anomala "), [&] {
+        riempi(
+            QStringLiteral("SELECT ID_Position,Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler,"
+                           "VarPrezzo,PrezzoZero from TAB_ARTICOLI"),
+            true, griglia, utente);
+      });
+  // A grid half filled must not be worked on.
+  if (esito == reazioni::Esito::Segnalato) utente.Termina();
 }
 
 void RiempiRicerca(const QString& istruzione, const GrigliaArticoli& griglia, Utente& utente) {
-  riempi(istruzione, false, griglia, utente);
+  // An apostrophe among what was typed is no reason to end the day's work: the person is told, and the list
+  // stays as it was.
+  reazioni::prossimaIstruzioneRiempimento(utente, {}, [&] { riempi(istruzione, false, griglia, utente); });
 }
 
 }  // namespace articles

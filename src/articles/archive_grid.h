@@ -53,7 +53,8 @@ struct GrigliaArticoli {
 /// shows its message and ends the program too.
 void RiempiGridCentral(const GrigliaArticoli& griglia, Utente& utente);
 /// The articles of a search statement, which lacks the two flags: their columns stay empty and no row is
-/// marked. Failures as above.
+/// marked. A missing table ends the program as above; any other failure shows its number and description, and
+/// the grid stays as far as the fill came.
 void RiempiRicerca(const QString& istruzione, const GrigliaArticoli& griglia, Utente& utente);
 
 }  // namespace articles

@@ -38,9 +38,7 @@ const QColor kArancio(255, 128, 0);
 const Riquadro kGrave = riquadro(
     QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. PROCEDURA ABORTITA !!!"),
     Icona::Critica);
-const Riquadro kSintassi =
-    riquadro(QStringLiteral("RiempiGridCentral: uscita dal programma per condizione anomala 3075 - *"),
-             Icona::Critica);
+const Riquadro kSintassiRicerca = riquadro(QStringLiteral("3075 - *"), Icona::Critica);
 const Riquadro kModificaFallita =
     riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3075\n*"), Icona::Critica);
 const Riquadro kVarPrezzoErrato =
@@ -292,12 +290,14 @@ TEST_F(ArchivioArticoli, UnaRicercaSenzaEsitoLasciaUnaRigaVuota) {
 
 class ApostrofoNellaRicerca : public ArchivioArticoli, public testing::WithParamInterface<QString> {};
 
-TEST_P(ApostrofoNellaRicerca, SiDiceEIlProgrammaTermina) {
+TEST_P(ApostrofoNellaRicerca, SiDiceELElencoRestaComEra) {
   const ArchivioGuidato schermo = apri();
+  const QStringList prima = schermo.colonna(0);
   schermo.scrivi(GetParam(), QStringLiteral("L'A"));
   schermo.tasto(Qt::Key_Return);
-  attendi(bottega, {kSintassi});
-  EXPECT_TRUE(bottega.utente.terminato());
+  attendi(bottega, {kSintassiRicerca});
+  EXPECT_FALSE(bottega.utente.terminato());
+  EXPECT_EQ(schermo.colonna(0), prima);
   EXPECT_TRUE(schermo.griglia().Redraw());
 }
 INSTANTIATE_TEST_SUITE_P(Campi, ApostrofoNellaRicerca, testing::Values(kEan, kCodice, kDescrizione));
@@ -323,12 +323,14 @@ TEST_F(ArchivioArticoli, FraParentesiQuadreStaUnInsiemeDiCaratteri) {
   EXPECT_EQ(schermo.colonna(0).join(u' '), QStringLiteral("4 2"));
 }
 
-TEST_F(ArchivioArticoli, UnaParentesiQuadraApertaSiDiceEIlProgrammaTermina) {
+TEST_F(ArchivioArticoli, UnaParentesiQuadraApertaSiDiceELElencoRestaComEra) {
   const ArchivioGuidato schermo = apri();
+  const QStringList prima = schermo.colonna(0);
   schermo.scrivi(kDescrizione, QStringLiteral("P["));
   schermo.clic(kCerca);
-  attendi(bottega, {kSintassi});
-  EXPECT_TRUE(bottega.utente.terminato());
+  attendi(bottega, {kSintassiRicerca});
+  EXPECT_FALSE(bottega.utente.terminato());
+  EXPECT_EQ(schermo.colonna(0), prima);
 }
 
 TEST_F(ArchivioArticoli, LAsteriscoTrovaTutto) {

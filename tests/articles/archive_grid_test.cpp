@@ -184,10 +184,13 @@ TEST_F(GrigliaCentrale, LaRicercaLasciaVuoteLeLettereENonSegnaLeRighe) {
   EXPECT_FALSE(righe[0].errata);
 }
 
-TEST_F(GrigliaCentrale, UnaRicercaConApostrofoDiceLAnomaliaETermina) {
+TEST_F(GrigliaCentrale, UnaRicercaConApostrofoSiDiceESiVaAvanti) {
   bottega.apriArchivio();
-  termina([this] { cerca(QStringLiteral(" WHERE  Descrizione like 'L'A*' ORDER BY Codice_EAN ASC")); },
-          anomalia(3075));
+  cerca(QStringLiteral(" WHERE  Descrizione like 'L'A*' ORDER BY Codice_EAN ASC"));
+  attendi(bottega, {riquadro(QStringLiteral("3075 - *"), Icona::Critica)});
+  EXPECT_FALSE(bottega.utente.terminato());
+  EXPECT_TRUE(righe.empty());
+  EXPECT_FALSE(Occupato::attivo());
 }
 
 TEST_F(GrigliaCentrale, UnaRicercaSenzaLaTabellaDiceIlMessaggioGraveETermina) {
