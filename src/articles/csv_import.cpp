@@ -142,7 +142,7 @@ bool mancaUnCampo(std::int16_t codice) {
 EsitoImport::Tipo importaRighe(Corsa& corsa, LettoreRighe& lettore, const Attesa& attesa) {
   while (!lettore.fine()) {
     attesa.avanza(lettore);
-    corsa.contesto.utente.DoEvents();
+    corsa.contesto.utente.DoEventsAlRecord();
     const std::int16_t codice = leggiArticolo(corsa, lettore);
     if (mancaUnCampo(codice))
       annota(corsa, QString::number(codice));

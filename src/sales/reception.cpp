@@ -55,7 +55,7 @@ void carica(const Venduto& venduto, Contesto& contesto, const std::function<void
   articles::Transazione transazione(contesto.area);
   for (int slot = 0; slot < kSlot; ++slot) {
     avanza(slot);
-    contesto.utente.DoEvents();
+    contesto.utente.DoEventsAlRecord();
     caricaSlot(archivio, venduto, slot);
   }
   transazione.conferma();
