@@ -5,6 +5,7 @@
 
 #include "articles/Form_ArchivioArticoli.h"
 #include "bench/archivi_pieni.h"
+#include "bench/confronto.h"
 #include "bench/elenco_semplice.h"
 #include "bench/schermo_di_banco.h"
 #include "controls/FlexGrid.h"
@@ -154,26 +155,17 @@ void esporta_lettura(benchmark::State& stato) {
   });
 }
 
-constexpr int kGiri = 15;
-void registra(const char* nome, void (*lavoro)(benchmark::State&)) {
-  benchmark::RegisterBenchmark(nome, lavoro)
-      ->Arg(5000)
-      ->Arg(50000)
-      ->UseManualTime()
-      ->Iterations(1)
-      ->Repetitions(kGiri)
-      ->Unit(benchmark::kMillisecond);
-}
+const std::vector<int> kRighe{5000, 50000};
 
 [[maybe_unused]] const bool kRegistrati = [] {
-  registra("archive_open/programma", apre_programma);
-  registra("archive_open/lettura", apre_lettura);
-  registra("archive_search/programma", cerca_programma);
-  registra("archive_search/lettura", cerca_lettura);
-  registra("archive_save/programma", salva_programma);
-  registra("archive_save/lettura", salva_lettura);
-  registra("archive_export/programma", esporta_programma);
-  registra("archive_export/lettura", esporta_lettura);
+  confronto::registra("archive_open/programma", apre_programma, kRighe);
+  confronto::registra("archive_open/lettura", apre_lettura, kRighe);
+  confronto::registra("archive_search/programma", cerca_programma, kRighe);
+  confronto::registra("archive_search/lettura", cerca_lettura, kRighe);
+  confronto::registra("archive_save/programma", salva_programma, kRighe);
+  confronto::registra("archive_save/lettura", salva_lettura, kRighe);
+  confronto::registra("archive_export/programma", esporta_programma, kRighe);
+  confronto::registra("archive_export/lettura", esporta_lettura, kRighe);
   return true;
 }();
 

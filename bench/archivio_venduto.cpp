@@ -3,6 +3,7 @@
 #include <QFile>
 
 #include "bench/archivi_pieni.h"
+#include "bench/confronto.h"
 #include "bench/elenco_semplice.h"
 #include "bench/schermo_di_banco.h"
 #include "controls/FlexGrid.h"
@@ -131,24 +132,15 @@ void esporta_lettura(benchmark::State& stato) {
   });
 }
 
-constexpr int kGiri = 15;
-void registra(const char* nome, void (*lavoro)(benchmark::State&)) {
-  benchmark::RegisterBenchmark(nome, lavoro)
-      ->Arg(5000)
-      ->Arg(50000)
-      ->UseManualTime()
-      ->Iterations(1)
-      ->Repetitions(kGiri)
-      ->Unit(benchmark::kMillisecond);
-}
+const std::vector<int> kRighe{5000, 50000};
 
 [[maybe_unused]] const bool kRegistrati = [] {
-  registra("sales_open/programma", apre_programma);
-  registra("sales_open/lettura", apre_lettura);
-  registra("sales_refresh/programma", tutti_programma);
-  registra("sales_refresh/lettura", tutti_lettura);
-  registra("sales_export/programma", esporta_programma);
-  registra("sales_export/lettura", esporta_lettura);
+  confronto::registra("sales_open/programma", apre_programma, kRighe);
+  confronto::registra("sales_open/lettura", apre_lettura, kRighe);
+  confronto::registra("sales_refresh/programma", tutti_programma, kRighe);
+  confronto::registra("sales_refresh/lettura", tutti_lettura, kRighe);
+  confronto::registra("sales_export/programma", esporta_programma, kRighe);
+  confronto::registra("sales_export/lettura", esporta_lettura, kRighe);
   return true;
 }();
 

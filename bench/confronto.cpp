@@ -82,6 +82,13 @@ int tabella(const std::map<std::string, double>& mediane, const std::vector<Limi
 
 }  // namespace
 
+bool registra(const char* nome, void (*lavoro)(benchmark::State&), const std::vector<int>& righe, int giri) {
+  auto* voce = benchmark::RegisterBenchmark(nome, lavoro);
+  for (const int quante : righe) voce->Arg(quante);
+  voce->UseManualTime()->Iterations(1)->Repetitions(giri)->Unit(benchmark::kMillisecond);
+  return true;
+}
+
 int esegui(int argc, char** argv, const std::vector<Limite>& limiti) {
   benchmark::Initialize(&argc, argv);
   Raccolta raccolta;

@@ -1,13 +1,12 @@
 #include "articles/csv_import.h"
 
-#include <QCursor>
-#include <QGuiApplication>
 #include <optional>
 
 #include "articles/article_database.h"
 #include "articles/import_line.h"
 #include "articles/import_report.h"
 #include "articles/line_reader.h"
+#include "articles/puntatore.h"
 #include "core/contesto.h"
 #include "core/conversioni.h"
 #include "core/stato.h"
@@ -33,7 +32,6 @@ const QString kFineRiga = QStringLiteral("\r\n");
 class Attesa {
  public:
   explicit Attesa(const AttesaImport& schermo) : schermo_(schermo) {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     if (schermo_.apri) schermo_.apri();
   }
   Attesa(const Attesa&) = delete;
@@ -47,11 +45,13 @@ class Attesa {
     if (!occupato_) return;
     occupato_.reset();
     if (schermo_.chiudi) schermo_.chiudi();
-    QGuiApplication::restoreOverrideCursor();
+    puntatore_.reset();
   }
 
  private:
   const AttesaImport& schermo_;
+  // Before the box: the pointer goes to work first and comes back last.
+  std::optional<PuntatoreAttesa> puntatore_{std::in_place};
   std::optional<Occupato> occupato_{std::in_place};
 };
 
