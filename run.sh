@@ -3,13 +3,13 @@
 # simulated till; without one, the demo of the main road, which prints what it did and leaves screenshots.
 set -euo pipefail
 cd "$(dirname "$0")"
-packaging/installa.sh
-cmake --preset release -DGESTIONALE_PROVE=OFF >/dev/null
-cmake --build --preset release --target applicazione demo
+packaging/install.sh
+cmake --preset release -DGESTIONALE_TESTS=OFF >/dev/null
+cmake --build --preset release --target application demo
 
 app=$PWD/build/release/app
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-  exec build/release/demo/demo --cartella "$PWD/build/demo"
+  exec build/release/demo/demo --dir "$PWD/build/demo"
 fi
 
 mkdir -p build/cassa

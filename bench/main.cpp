@@ -2,12 +2,12 @@
 #include <QGuiApplication>
 #include <clocale>
 
-#include "bench/confronto.h"
-#include "bench/limiti.h"
+#include "bench/comparison.h"
+#include "bench/limits.h"
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication applicazione(argc, argv);
+  QApplication application(argc, argv);
   std::setlocale(LC_NUMERIC, "C");
-  return confronto::esegui(argc, argv, kLimiti) == 0 ? 0 : 1;
+  return comparison::run(argc, argv, kLimits) == 0 ? 0 : 1;
 }

@@ -4,9 +4,9 @@
 
 #include "articles/csv_import.h"
 #include "articles/plu_image.h"
-#include "bench/banco.h"
-#include "bench/base_sqlite.h"
-#include "config/immagine.h"
+#include "bench/bench.h"
+#include "bench/sqlite_base.h"
+#include "config/image.h"
 #include "ecrlink/file_channel.h"
 
 namespace {
@@ -15,176 +15,176 @@ constexpr int kSlot = config::kNumeroPLU;
 constexpr std::size_t kByte = config::kByteArchivioPLU;
 
 /// An archive with the real articles in it.
-void riempi(Banco& banco) {
-  banco.utente.daAprire = QStringLiteral(GESTIONALE_APP "/articoli.csv");
-  std::filesystem::copy_file(GESTIONALE_APP "/articoli.csv", banco.file("articoli.csv"));
-  banco.utente.daAprire = QString::fromStdString(banco.file("articoli.csv").string());
-  banco.riapri();
-  articles::ImportaArticoli(banco.contesto, {});
+void fill(Bench& bench) {
+  bench.utente.toOpen_ = QStringLiteral(GESTIONALE_APP "/articoli.csv");
+  std::filesystem::copy_file(GESTIONALE_APP "/articoli.csv", bench.file("articoli.csv"));
+  bench.utente.toOpen_ = QString::fromStdString(bench.file("articoli.csv").string());
+  bench.reopen();
+  articles::ImportaArticoli(bench.contesto, {});
 }
 
-std::string_view byteDi(sqlite3_stmt* frase, int colonna) {
-  return {reinterpret_cast<const char*>(sqlite3_column_text(frase, colonna)),
-          static_cast<std::size_t>(sqlite3_column_bytes(frase, colonna))};
+std::string_view byteOf(sqlite3_stmt* sentence, int column) {
+  return {reinterpret_cast<const char*>(sqlite3_column_text(sentence, column)),
+          static_cast<std::size_t>(sqlite3_column_bytes(sentence, column))};
 }
 
-void poni(std::vector<char>& immagine, std::size_t dove, std::int32_t valore) {
+void lay(std::vector<char>& image, std::size_t where, std::int32_t value) {
   for (std::size_t i = 0; i < 4; ++i)
-    immagine[dove + i] = static_cast<char>((static_cast<std::uint32_t>(valore) >> (8 * i)) & 0xff);
+    image[where + i] = static_cast<char>((static_cast<std::uint32_t>(value) >> (8 * i)) & 0xff);
 }
 
-void fill_programma(benchmark::State& stato) {
-  Banco banco;
-  riempi(banco);
-  std::vector<std::uint8_t> immagine(kByte + 1);
-  for (auto giro : stato) {
-    static_cast<void>(giro);
-    stato.SetIterationTime(secondi([&] {
-      articles::RiempiPLU(banco.utente);
-      const auto tabella = config::immagineProgrammazione().blocco(config::kPLU);
-      std::copy(tabella.begin(), tabella.end(), immagine.begin());
-      ecrlink::CreaFileProgrammazione(QStringLiteral("plu.bin"), immagine, banco.contesto);
+void fill_programma(benchmark::State& state) {
+  Bench bench;
+  fill(bench);
+  std::vector<std::uint8_t> image(kByte + 1);
+  for (auto loop : state) {
+    static_cast<void>(loop);
+    state.SetIterationTime(seconds([&] {
+      articles::RiempiPLU(bench.utente);
+      const auto table = config::immagineProgrammazione().blocco(config::kPLU);
+      std::copy(table.begin(), table.end(), image.begin());
+      ecrlink::CreaFileProgrammazione(QStringLiteral("plu.bin"), image, bench.contesto);
     }));
   }
 }
 
-void fill_select(benchmark::State& stato) {
-  Banco banco;
-  riempi(banco);
-  banco.chiudi();
-  base::Sqlite sqlite(banco.archivio());
-  for (auto giro : stato) {
-    static_cast<void>(giro);
-    stato.SetIterationTime(secondi([&] {
-      std::vector<char> immagine(kByte);
-      sqlite3_stmt* frase = sqlite.prepara(
+void fill_select(benchmark::State& state) {
+  Bench bench;
+  fill(bench);
+  bench.close();
+  base::Sqlite sqlite(bench.archive());
+  for (auto loop : state) {
+    static_cast<void>(loop);
+    state.SetIterationTime(seconds([&] {
+      std::vector<char> image(kByte);
+      sqlite3_stmt* sentence = sqlite.prepare(
           "SELECT Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler,VarPrezzo,PrezzoZero from "
           "TAB_ARTICOLI");
-      for (std::size_t dove = 0; sqlite3_step(frase) == SQLITE_ROW; dove += config::kBytePLU) {
-        const std::string_view ean = byteDi(frase, 0).substr(0, 14);
-        const std::string_view descrizione = byteDi(frase, 2).substr(0, 24);
-        std::copy(descrizione.begin(), descrizione.end(),
-                  immagine.begin() + static_cast<std::ptrdiff_t>(dove));
-        immagine[dove + 25] = static_cast<char>(sqlite3_column_int(frase, 4) - 1);
-        immagine[dove + 26] =
-            static_cast<char>(sqlite3_column_int(frase, 6) + 2 * sqlite3_column_int(frase, 7));
-        poni(immagine, dove + 27, sqlite3_column_int(frase, 3));
-        std::copy(ean.begin(), ean.end(), immagine.begin() + static_cast<std::ptrdiff_t>(dove + 31));
+      for (std::size_t where = 0; sqlite3_step(sentence) == SQLITE_ROW; where += config::kBytePLU) {
+        const std::string_view ean = byteOf(sentence, 0).substr(0, 14);
+        const std::string_view description = byteOf(sentence, 2).substr(0, 24);
+        std::copy(description.begin(), description.end(), image.begin() + static_cast<std::ptrdiff_t>(where));
+        image[where + 25] = static_cast<char>(sqlite3_column_int(sentence, 4) - 1);
+        image[where + 26] =
+            static_cast<char>(sqlite3_column_int(sentence, 6) + 2 * sqlite3_column_int(sentence, 7));
+        lay(image, where + 27, sqlite3_column_int(sentence, 3));
+        std::copy(ean.begin(), ean.end(), image.begin() + static_cast<std::ptrdiff_t>(where + 31));
       }
       std::ofstream("plu-base.bin", std::ios::binary)
-          .write(immagine.data(), static_cast<std::streamsize>(immagine.size()));
+          .write(image.data(), static_cast<std::streamsize>(image.size()));
     }));
   }
 }
 
-void save_programma(benchmark::State& stato) {
-  Banco banco;
-  riempi(banco);
-  articles::RiempiPLU(banco.utente);
-  for (auto giro : stato) {
-    static_cast<void>(giro);
-    banco.rinnova();
-    banco.riapri();
-    stato.SetIterationTime(secondi([&] { articles::SalvaPLU(banco.contesto); }));
+void save_programma_plu(benchmark::State& state) {
+  Bench bench;
+  fill(bench);
+  articles::RiempiPLU(bench.utente);
+  for (auto loop : state) {
+    static_cast<void>(loop);
+    bench.renew();
+    bench.reopen();
+    state.SetIterationTime(seconds([&] { articles::SalvaPLU(bench.contesto); }));
   }
 }
 
-QString testo(std::size_t indice, const config::Campo& campo) {
-  return config::leggiTesto(config::immagineProgrammazione().record(config::kPLU, indice), campo);
+QString text(std::size_t index, const config::Campo& field) {
+  return config::leggiTesto(config::immagineProgrammazione().record(config::kPLU, index), field);
 }
 
-void save_preparati(benchmark::State& stato) {
-  Banco banco;
-  riempi(banco);
-  articles::RiempiPLU(banco.utente);
-  for (auto giro : stato) {
-    static_cast<void>(giro);
-    banco.rinnova();
-    base::Sqlite sqlite(banco.archivio());
-    sqlite3_stmt* frase = sqlite.prepara(
+void save_preparati(benchmark::State& state) {
+  Bench bench;
+  fill(bench);
+  articles::RiempiPLU(bench.utente);
+  for (auto loop : state) {
+    static_cast<void>(loop);
+    bench.renew();
+    base::Sqlite sqlite(bench.archive());
+    sqlite3_stmt* sentence = sqlite.prepare(
         "UPDATE TAB_ARTICOLI SET Descrizione=?,Codice_EAN=?,Prezzo=?,Reparto=?,varprezzo=?,prezzozero=? "
         "WHERE auto_id=?");
-    stato.SetIterationTime(secondi([&] {
-      sqlite.esegui("BEGIN IMMEDIATE");
+    state.SetIterationTime(seconds([&] {
+      sqlite.run("BEGIN IMMEDIATE");
       for (int i = 0; i < kSlot; ++i) {
         const auto record =
             config::immagineProgrammazione().record(config::kPLU, static_cast<std::size_t>(i));
-        const std::string descrizione =
-            testo(static_cast<std::size_t>(i), config::plu::kDescrizione).toStdString();
-        const std::string ean = testo(static_cast<std::size_t>(i), config::plu::kCodiceEAN).toStdString();
-        sqlite3_bind_text(frase, 1, descrizione.data(), static_cast<int>(descrizione.size()), SQLITE_STATIC);
-        sqlite3_bind_text(frase, 2, ean.data(), static_cast<int>(ean.size()), SQLITE_STATIC);
-        sqlite3_bind_int(frase, 3, config::leggiIntero(record, config::plu::kPrezzo));
-        sqlite3_bind_int(frase, 4, config::leggiByte(record, config::plu::kReparto) + 1);
-        sqlite3_bind_int(frase, 5, config::leggiByte(record, config::plu::kAttributi) & 1);
-        sqlite3_bind_int(frase, 6, config::leggiByte(record, config::plu::kAttributi) >> 1);
-        sqlite3_bind_int(frase, 7, i + 1);
-        sqlite.passo(frase);
+        const std::string description =
+            text(static_cast<std::size_t>(i), config::plu::kDescrizione).toStdString();
+        const std::string ean = text(static_cast<std::size_t>(i), config::plu::kCodiceEAN).toStdString();
+        sqlite3_bind_text(sentence, 1, description.data(), static_cast<int>(description.size()),
+                          SQLITE_STATIC);
+        sqlite3_bind_text(sentence, 2, ean.data(), static_cast<int>(ean.size()), SQLITE_STATIC);
+        sqlite3_bind_int(sentence, 3, config::leggiIntero(record, config::plu::kPrezzo));
+        sqlite3_bind_int(sentence, 4, config::leggiByte(record, config::plu::kReparto) + 1);
+        sqlite3_bind_int(sentence, 5, config::leggiByte(record, config::plu::kAttributi) & 1);
+        sqlite3_bind_int(sentence, 6, config::leggiByte(record, config::plu::kAttributi) >> 1);
+        sqlite3_bind_int(sentence, 7, i + 1);
+        sqlite.step(sentence);
       }
-      sqlite.esegui("COMMIT");
+      sqlite.run("COMMIT");
     }));
   }
 }
 
-void save_shell(benchmark::State& stato) {
-  Banco banco;
-  riempi(banco);
-  articles::RiempiPLU(banco.utente);
-  std::ofstream copione(banco.file("copione.sql"), std::ios::binary);
-  copione << base::kImpostazioni << "\nBEGIN;\n";
+void save_shell(benchmark::State& state) {
+  Bench bench;
+  fill(bench);
+  articles::RiempiPLU(bench.utente);
+  std::ofstream script(bench.file("copione.sql"), std::ios::binary);
+  script << base::kSettings << "\nBEGIN;\n";
   for (int i = 0; i < kSlot; ++i) {
     const auto record = config::immagineProgrammazione().record(config::kPLU, static_cast<std::size_t>(i));
-    copione << "UPDATE TAB_ARTICOLI SET Descrizione = '"
-            << testo(static_cast<std::size_t>(i), config::plu::kDescrizione).toStdString()
-            << "',Codice_EAN ='" << testo(static_cast<std::size_t>(i), config::plu::kCodiceEAN).toStdString()
-            << "',Prezzo =" << config::leggiIntero(record, config::plu::kPrezzo)
-            << ",Reparto =" << config::leggiByte(record, config::plu::kReparto) + 1
-            << ",varprezzo = false,prezzozero = false WHERE auto_id =" << i + 1 << ";\n";
+    script << "UPDATE TAB_ARTICOLI SET Descrizione = '"
+           << text(static_cast<std::size_t>(i), config::plu::kDescrizione).toStdString() << "',Codice_EAN ='"
+           << text(static_cast<std::size_t>(i), config::plu::kCodiceEAN).toStdString()
+           << "',Prezzo =" << config::leggiIntero(record, config::plu::kPrezzo)
+           << ",Reparto =" << config::leggiByte(record, config::plu::kReparto) + 1
+           << ",varprezzo = false,prezzozero = false WHERE auto_id =" << i + 1 << ";\n";
   }
-  copione << "COMMIT;\n";
-  copione.close();
-  for (auto giro : stato) {
-    static_cast<void>(giro);
-    banco.rinnova();
-    stato.SetIterationTime(secondi([&] { base::shell(banco.archivio(), banco.file("copione.sql")); }));
+  script << "COMMIT;\n";
+  script.close();
+  for (auto loop : state) {
+    static_cast<void>(loop);
+    bench.renew();
+    state.SetIterationTime(seconds([&] { base::shell(bench.archive(), bench.file("copione.sql")); }));
   }
 }
 
-constexpr int kGiri = 15;
+constexpr int kRounds = 15;
 BENCHMARK(fill_programma)
     ->Name("fill_plu/programma")
     ->Arg(kSlot)
     ->UseManualTime()
     ->Iterations(1)
-    ->Repetitions(kGiri)
+    ->Repetitions(kRounds)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(fill_select)
     ->Name("fill_plu/select")
     ->Arg(kSlot)
     ->UseManualTime()
     ->Iterations(1)
-    ->Repetitions(kGiri)
+    ->Repetitions(kRounds)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK(save_programma)
+BENCHMARK(save_programma_plu)
     ->Name("save_plu/programma")
     ->Arg(kSlot)
     ->UseManualTime()
     ->Iterations(1)
-    ->Repetitions(kGiri)
+    ->Repetitions(kRounds)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(save_preparati)
     ->Name("save_plu/preparati")
     ->Arg(kSlot)
     ->UseManualTime()
     ->Iterations(1)
-    ->Repetitions(kGiri)
+    ->Repetitions(kRounds)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(save_shell)
     ->Name("save_plu/shell")
     ->Arg(kSlot)
     ->UseManualTime()
     ->Iterations(1)
-    ->Repetitions(kGiri)
+    ->Repetitions(kRounds)
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "core/stato.h"
+#include "core/state.h"
 #include "ecrlink/ecr_info.h"
 #include "ecrlink/models.h"
 #include "platform/text/windows1252.h"
@@ -9,7 +9,7 @@
 namespace {
 
 /// A reply is what the library left in its buffer: no more characters than that, whatever they are.
-void verifica(bool vero) {
+void check(bool vero) {
   if (!vero) std::abort();
 }
 
@@ -17,16 +17,16 @@ void verifica(bool vero) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t lunghezza) {
   const QString risposta =
-      windows1252::inTesto(std::string_view(reinterpret_cast<const char*>(dati), lunghezza));
-  verifica(ecrlink::ParseInfoECR(risposta) == 0);
+      windows1252::toText(std::string_view(reinterpret_cast<const char*>(dati), lunghezza));
+  check(ecrlink::ParseInfoECR(risposta) == 0);
   const EcrInfo& info = commonForKora().ECR_INFO;
   for (const QString& campo : info.campo) {
-    verifica(!campo.contains(QLatin1Char(',')));
-    verifica(campo.isEmpty() || risposta.contains(campo));
+    check(!campo.contains(QLatin1Char(',')));
+    check(campo.isEmpty() || risposta.contains(campo));
   }
   const bool ammesso = ecrlink::statoAmmesso(info.InfoStato);
-  verifica(!ammesso || ecrlink::parolaDelloStato(info.InfoStato).has_value());
-  verifica(ecrlink::larghezzaGrafica(info.InfoTipoBitmap).has_value() ||
+  check(!ammesso || ecrlink::parolaDelloStato(info.InfoStato).has_value());
+  check(ecrlink::larghezzaGrafica(info.InfoTipoBitmap).has_value() ||
            ecrlink::nomeDellaClasse(info.InfoTipoBitmap) == QLatin1String("LARGE"));
   return 0;
 }

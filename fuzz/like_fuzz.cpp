@@ -6,22 +6,22 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/store/data_ora.h"
-#include "platform/store/modello_like.h"
-#include "platform/store/parole.h"
+#include "platform/store/date_time.h"
+#include "platform/store/keywords.h"
+#include "platform/store/like_pattern.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
-  const std::string_view tutto(static_cast<const char*>(static_cast<const void*>(dati)), quanti);
-  const std::size_t taglio = tutto.find('\n');
-  const std::string_view modello = tutto.substr(0, taglio);
-  const std::string_view testo =
-      taglio == std::string_view::npos ? std::string_view() : tutto.substr(taglio + 1);
-  const std::string_view prefisso = store::PrefissoFisso(modello);
-  const bool preso = store::SomigliaAlModello(modello, testo);
-  if (preso && !store::UgualiSenzaMaiuscole(testo.substr(0, prefisso.size()), prefisso)) std::abort();
-  if (const auto momento = store::LeggiDataOra(testo)) {
-    if (store::FormaOrdinabile(*store::LeggiDataOra(store::FormaItaliana(*momento))) !=
-        store::FormaOrdinabile(*momento))
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t count) {
+  const std::string_view all(static_cast<const char*>(static_cast<const void*>(data)), count);
+  const std::size_t cut = all.find('\n');
+  const std::string_view pattern = all.substr(0, cut);
+  const std::string_view text =
+      cut == std::string_view::npos ? std::string_view() : all.substr(cut + 1);
+  const std::string_view prefix = store::FixedPrefix(pattern);
+  const bool preso = store::MatchesPattern(pattern, text);
+  if (preso && !store::EqualCaseless(text.substr(0, prefix.size()), prefix)) std::abort();
+  if (const auto moment = store::ReadDateTime(text)) {
+    if (store::SortableForm(*store::ReadDateTime(store::ItalianForm(*moment))) !=
+        store::SortableForm(*moment))
       std::abort();
   }
   return 0;

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "config/department_attributes.h"
-#include "config/immagine.h"
+#include "config/image.h"
 #include "config/narrow_lines.h"
 #include "config/records.h"
-#include "platform/errore.h"
+#include "platform/error.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ using config::Campo;
 using config::Tipo;
 using Byte = std::vector<std::uint8_t>;
 
-void verifica(bool vero) {
+void check(bool vero) {
   if (!vero) std::abort();
 }
 
@@ -26,29 +26,29 @@ void andataERitorno(Byte& record, const Campo& campo) {
     case Tipo::CampoTesto: {
       const QString testo = leggiTesto(record, campo);
       scriviTesto(record, campo, testo);
-      verifica(leggiTesto(record, campo) == testo.left(static_cast<qsizetype>(campo.limite)));
+      check(leggiTesto(record, campo) == testo.left(static_cast<qsizetype>(campo.limite)));
       return;
     }
     case Tipo::Intero32: {
       const Byte prima = record;
       scriviIntero(record, campo, leggiIntero(record, campo));
-      return verifica(record == prima);
+      return check(record == prima);
     }
     case Tipo::SenzaSegno32: {
       const Byte prima = record;
       scriviSenzaSegno(record, campo, leggiSenzaSegno(record, campo));
-      return verifica(record == prima);
+      return check(record == prima);
     }
     case Tipo::Flag: {
       const bool valore = leggiFlag(record, campo);
       scriviFlag(record, campo, valore);
-      return verifica(leggiFlag(record, campo) == valore);
+      return check(leggiFlag(record, campo) == valore);
     }
     case Tipo::Byte: {
       const std::uint8_t valore = leggiByte(record, campo);
-      verifica(config::imballaAttributi(config::sballaAttributi(valore)) == valore);
+      check(config::imballaAttributi(config::sballaAttributi(valore)) == valore);
       scriviByte(record, campo, valore);
-      return verifica(leggiByte(record, campo) == valore);
+      return check(leggiByte(record, campo) == valore);
     }
     case Tipo::Riservato:
       return;
@@ -61,9 +61,9 @@ void provaFamiglia(const config::Famiglia& famiglia, const Byte& dati) {
     Byte record = dati;
     try {
       andataERitorno(record, campo);
-      verifica(record.size() >= campo.inizio + campo.larghezza);
+      check(record.size() >= campo.inizio + campo.larghezza);
     } catch (const Errore& errore) {
-      verifica(errore.numero == errore::kIndice && record == dati);
+      check(errore.numero == errors::kOutOfRange && record == dati);
     }
   }
 }
@@ -75,7 +75,7 @@ void provaStretta(Byte dati) {
   config::allargaIntestazione(dati, piena);
   Byte tornata = dati;
   config::restringiIntestazione(piena, tornata);
-  verifica(tornata == dati);
+  check(tornata == dati);
 }
 
 }  // namespace

@@ -9,39 +9,39 @@
 #include <cstdlib>
 
 #include "controls/rtf.h"
-#include "platform/errore.h"
+#include "platform/error.h"
 
 namespace {
 
 /// A document's fonts need an application, and that needs no screen.
-QGuiApplication& applicazione() {
-  static int quanti = 1;
-  static char nome[] = "rtf_fuzz";
-  static char* argomenti[] = {nome, nullptr};
-  static QGuiApplication unica(quanti, argomenti);
-  return unica;
+QGuiApplication& application() {
+  static int count = 1;
+  static char name[] = "rtf_fuzz";
+  static char* arguments[] = {name, nullptr};
+  static QGuiApplication only(count, arguments);
+  return only;
 }
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* /*quanti*/, char*** /*argomenti*/) {
+extern "C" int LLVMFuzzerInitialize(int* /*count*/, char*** /*arguments*/) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  applicazione();
+  application();
   return 0;
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
-  const QByteArray byte(static_cast<const char*>(static_cast<const void*>(dati)),
-                        static_cast<qsizetype>(quanti));
-  QTextDocument documento;
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t count) {
+  const QByteArray byte(static_cast<const char*>(static_cast<const void*>(data)),
+                        static_cast<qsizetype>(count));
+  QTextDocument document;
   try {
-    rtf::leggi(byte, documento);
-  } catch (const Errore& errore) {
-    if (errore.numero != errore::kFormatoFile || errore.descrizione.isEmpty() || !documento.isEmpty())
+    rtf::read(byte, document);
+  } catch (const Errore& error) {
+    if (error.numero != errors::kFileFormat || error.descrizione.isEmpty() || !document.isEmpty())
       std::abort();
     return 0;
   }
   // No step of a file stands for more than one character, a number and a tab of a list aside.
-  if (documento.characterCount() > 4 * static_cast<int>(quanti)) std::abort();
+  if (document.characterCount() > 4 * static_cast<int>(count)) std::abort();
   return 0;
 }

@@ -2,19 +2,19 @@
 #include <QDir>
 #include <optional>
 
-#include "core/percorsi.h"
-#include "montaggio.h"
-#include "platform/errore.h"
-#include "platform/ui/utente_desktop.h"
+#include "core/paths.h"
+#include "platform/error.h"
+#include "platform/ui/desktop_user.h"
+#include "program.h"
 
 namespace {
 
 /// Nothing, after a box, where no folder of the program's files can be had.
-std::optional<QString> cartellaApplicazione() {
+std::optional<QString> applicationFolder() {
   try {
     return CartellaApplicazione(CartelleDelSistema());
-  } catch (const Errore& errore) {
-    UtenteDesktop(nullptr).MsgBox(errore.descrizione, Icona::Critica);
+  } catch (const Errore& error) {
+    DesktopUser(nullptr).MsgBox(error.descrizione, Icon::Critical);
     return std::nullopt;
   }
 }
@@ -22,14 +22,14 @@ std::optional<QString> cartellaApplicazione() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  QApplication applicazione(argc, argv);
-  const std::optional<QString> cartella = cartellaApplicazione();
-  if (!cartella) return EXIT_FAILURE;
+  QApplication application(argc, argv);
+  const std::optional<QString> folder = applicationFolder();
+  if (!folder) return EXIT_FAILURE;
   // The transfer files go to the current folder: started where it may not write, the program moves to its
   // own.
-  if (!Scrivibile(QDir::currentPath())) QDir::setCurrent(*cartella);
-  preparaApplicazione(applicazione, *cartella);
-  Montaggio programma(*cartella);
-  programma.mostraMenu();
+  if (!Scrivibile(QDir::currentPath())) QDir::setCurrent(*folder);
+  prepareApplication(application, *folder);
+  Program program(*folder);
+  program.showMenu();
   return QApplication::exec();
 }

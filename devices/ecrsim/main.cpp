@@ -5,58 +5,58 @@
 #include <span>
 #include <stdexcept>
 
-#include "ecrcom/trama.h"
-#include "ecrsim/riga_comando.h"
-#include "ecrsim/seriale.h"
+#include "ecrcom/frame.h"
+#include "ecrsim/command_line.h"
+#include "ecrsim/serial_line.h"
 
 namespace {
 
-constexpr int kUsoErrato = 2;
+constexpr int kBadUsage = 2;
 
-/// To be called before any thread starts, so that all of them leave the signals to aspettaFine().
-sigset_t bloccaSegnali() {
-  sigset_t segnali;
-  sigemptyset(&segnali);
-  sigaddset(&segnali, SIGINT);
-  sigaddset(&segnali, SIGTERM);
-  pthread_sigmask(SIG_BLOCK, &segnali, nullptr);
-  return segnali;
+/// To be called before any thread starts, so that all of them leave the signals to awaitEnd().
+sigset_t blockSignals() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGINT);
+  sigaddset(&signals, SIGTERM);
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+  return signals;
 }
 
-void aspettaFine(const sigset_t& segnali) {
-  int quale = 0;
-  sigwait(&segnali, &quale);
+void awaitEnd(const sigset_t& signals) {
+  int which = 0;
+  sigwait(&signals, &which);
 }
 
-void esegui(const ecrsim::Richiesta& richiesta) {
-  const sigset_t segnali = bloccaSegnali();
-  ecrsim::Simulatore cassa(richiesta.opzioni);
-  std::unique_ptr<ecrsim::Seriale> linea;
-  if (!richiesta.seriale.empty())
-    linea = std::make_unique<ecrsim::Seriale>(
-        richiesta.seriale, [&](const std::string& sequenza) { return cassa.premi(sequenza); });
-  if (richiesta.giornata > 0) {
-    const long long incasso = cassa.giornata(richiesta.giornata, richiesta.seme);
-    std::printf("ECRSIM giornata di %d scontrini, incasso %lld centesimi\n", richiesta.giornata, incasso);
+void run(const ecrsim::Request& request) {
+  const sigset_t signals = blockSignals();
+  ecrsim::Simulator till(request.options);
+  std::unique_ptr<ecrsim::SerialLine> line;
+  if (!request.serial.empty())
+    line = std::make_unique<ecrsim::SerialLine>(
+        request.serial, [&](const std::string& sequence) { return till.press(sequence); });
+  if (request.salesDay > 0) {
+    const long long takings = till.salesDay(request.salesDay, request.seed);
+    std::printf("ECRSIM giornata di %d scontrini, incasso %lld centesimi\n", request.salesDay, takings);
   }
-  std::printf("ECRSIM pronto su %s:%d\n", cassa.indirizzo().c_str(), int{ecrcom::kPorta});
+  std::printf("ECRSIM pronto su %s:%d\n", till.address().c_str(), int{ecrcom::kPort});
   std::fflush(stdout);
-  aspettaFine(segnali);
+  awaitEnd(signals);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) try {
-  const auto richiesta = ecrsim::leggiRigaComando(std::span(argv, static_cast<std::size_t>(argc)).subspan(1));
-  if (richiesta.aiuto)
-    std::fputs(ecrsim::testoAiuto(), stdout);
+  const auto request = ecrsim::readCommandLine(std::span(argv, static_cast<std::size_t>(argc)).subspan(1));
+  if (request.help)
+    std::fputs(ecrsim::helpText(), stdout);
   else
-    esegui(richiesta);
+    run(request);
   return 0;
-} catch (const std::invalid_argument& errore) {
-  std::fprintf(stderr, "%s\n%s", errore.what(), ecrsim::testoAiuto());
-  return kUsoErrato;
-} catch (const std::exception& errore) {
-  std::fprintf(stderr, "%s\n", errore.what());
+} catch (const std::invalid_argument& error) {
+  std::fprintf(stderr, "%s\n%s", error.what(), ecrsim::helpText());
+  return kBadUsage;
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "%s\n", error.what());
   return 1;
 }

@@ -10,17 +10,17 @@
 #include "articles/article_database.h"
 #include "articles/csv_export.h"
 #include "articles/guarded_field.h"
-#include "articles/puntatore.h"
+#include "articles/wait_pointer.h"
 #include "controls/FlexGrid.h"
-#include "controls/stile.h"
-#include "core/contesto.h"
-#include "core/conversioni.h"
-#include "core/percorsi.h"
-#include "core/reazioni.h"
-#include "core/schermate.h"
-#include "core/stato.h"
+#include "controls/style.h"
+#include "core/context.h"
+#include "core/conversions.h"
+#include "core/paths.h"
+#include "core/reactions.h"
+#include "core/screens.h"
+#include "core/state.h"
 #include "platform/store/store.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/user_port.h"
 #include "ui_Form_ArchivioArticoli.h"
 
 namespace {
@@ -48,8 +48,8 @@ auto attesa(Contesto& contesto) {
 
 /// The grid painted once, when the scope ends.
 auto senzaRidipingere(FlexGrid& griglia) {
-  griglia.impostaRedraw(false);
-  return qScopeGuard([&griglia] { griglia.impostaRedraw(true); });
+  griglia.setRedraw(false);
+  return qScopeGuard([&griglia] { griglia.setRedraw(true); });
 }
 
 /// What can be typed into the field of each column, in characters; the first takes no typing.
@@ -62,7 +62,7 @@ constexpr std::array<int, articles::kColonneArticoli> kLunghezze{kSenzaLimite, 1
 template <typename Corpo>
 void Form_ArchivioArticoli::comando(const char* nome, Corpo&& corpo) {
   reazioni::protetta(contesto_.utente, QLatin1String(nome), QLatin1String(kModulo), [&] {
-    contesto_.area.NuovoComando();
+    contesto_.area.NewCommand();
     corpo();
   });
 }
@@ -77,7 +77,7 @@ Form_ArchivioArticoli::Form_ArchivioArticoli(Contesto& contesto)
   sorveglia(*ui_->vkTextBoxRep, articles::accettaReparto, articles::controllaReparto);
   sorveglia(*ui_->vkTextBoxVarPrz, articles::accettaSiNo);
   sorveglia(*ui_->vkTextBoxPrz0, articles::accettaSiNo);
-  connect(ui_->MSFlexGridArticoli, &FlexGrid::clic, this, [this](int riga) { scegliRiga(riga); });
+  connect(ui_->MSFlexGridArticoli, &FlexGrid::cellClicked, this, [this](int riga) { scegliRiga(riga); });
   apri();
   ui_->vkTextBoxCodEan->setFocus();
 }
@@ -85,20 +85,20 @@ Form_ArchivioArticoli::Form_ArchivioArticoli(Contesto& contesto)
 Form_ArchivioArticoli::~Form_ArchivioArticoli() = default;
 
 void Form_ArchivioArticoli::vesti() {
-  stile::primario(*ui_->Vmd_Cerca, QStringLiteral("search"));
-  ui_->Cmd_Modifica->setIcon(stile::icona(QStringLiteral("save")));
-  ui_->Cmd_Reset->setIcon(stile::icona(QStringLiteral("x")));
-  ui_->Cmd_Refresh->setIcon(stile::icona(QStringLiteral("boxes")));
-  ui_->Cmd_Export->setIcon(stile::icona(QStringLiteral("download")));
-  ui_->vkCommandHELP->setIcon(stile::icona(QStringLiteral("circle-help")));
-  ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("arrow-left")));
+  style::primary(*ui_->Vmd_Cerca, QStringLiteral("search"));
+  ui_->Cmd_Modifica->setIcon(style::icon(QStringLiteral("save")));
+  ui_->Cmd_Reset->setIcon(style::icon(QStringLiteral("x")));
+  ui_->Cmd_Refresh->setIcon(style::icon(QStringLiteral("boxes")));
+  ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("download")));
+  ui_->vkCommandHELP->setIcon(style::icon(QStringLiteral("circle-help")));
+  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
 }
 
 void Form_ArchivioArticoli::sorveglia(QLineEdit& campo, articles::FiltroTasto filtro,
                                       std::optional<articles::Rifiuto> (*controllo)(const QString&)) {
   new articles::CampoSorvegliato(campo, filtro, controllo, [this](const QString& messaggio) {
     reazioni::protetta(contesto_.utente, QStringLiteral("LostFocus"), QLatin1String(kModulo),
-                       [&] { contesto_.utente.MsgBox(messaggio, Icona::Critica); });
+                       [&] { contesto_.utente.MsgBox(messaggio, Icon::Critical); });
   });
 }
 
@@ -113,16 +113,16 @@ void Form_ArchivioArticoli::apri() {
 
 void Form_ArchivioArticoli::GestGridCentral() {
   FlexGrid& griglia = *ui_->MSFlexGridArticoli;
-  griglia.impostaCols(articles::kColonneArticoli);
-  griglia.impostaAltezzaTestata(kAltezzaTestata);
-  griglia.impostaBackColor(kGialloChiaro);
-  griglia.impostaLarghezzaPiena(true);
+  griglia.setCols(articles::kColonneArticoli);
+  griglia.setHeadingHeight(kAltezzaTestata);
+  griglia.setBackColor(kGialloChiaro);
+  griglia.setFullWidth(true);
   int numero = 0;
   for (const articles::ColonnaGriglia& colonna : articles::ColonneArticoli()) {
-    griglia.impostaTextMatrix(kTestata, numero, colonna.testata);
-    griglia.impostaColWidth(numero, colonna.twip);
-    griglia.impostaColAlignment(numero, colonna.allineamento);
-    if (numero < kTestateBlu) griglia.impostaCellForeColor(kTestata, numero, kBlu);
+    griglia.setTextMatrix(kTestata, numero, colonna.testata);
+    griglia.setColWidth(numero, colonna.twip);
+    griglia.setColAlignment(numero, colonna.allineamento);
+    if (numero < kTestateBlu) griglia.setCellForeColor(kTestata, numero, kBlu);
     ++numero;
   }
 }
@@ -131,9 +131,9 @@ articles::GrigliaArticoli Form_ArchivioArticoli::destinazione(bool colorata) {
   return {.dimensiona =
               [this](int articoli) {
                 // What was there goes with its colours and its current cell.
-                ui_->MSFlexGridArticoli->impostaRows(kTestata + 1);
+                ui_->MSFlexGridArticoli->setRows(kTestata + 1);
                 // Of an empty set one empty row is left.
-                ui_->MSFlexGridArticoli->impostaRows(std::max(articoli, 1) + 1);
+                ui_->MSFlexGridArticoli->setRows(std::max(articoli, 1) + 1);
               },
           .scrivi = [this, colorata](
                         int riga,
@@ -143,11 +143,11 @@ articles::GrigliaArticoli Form_ArchivioArticoli::destinazione(bool colorata) {
 void Form_ArchivioArticoli::scriviRiga(int riga, const articles::RigaArticolo& articolo, bool colorata) {
   FlexGrid& griglia = *ui_->MSFlexGridArticoli;
   int colonna = 0;
-  for (const QString& testo : articolo.testi) griglia.impostaTextMatrix(riga, colonna++, testo);
+  for (const QString& testo : articolo.testi) griglia.setTextMatrix(riga, colonna++, testo);
   if (!colorata) return;
   const QColor& colore = articolo.errata ? kArancio : kBianco;
   for (colonna = articles::kPrimaColorata; colonna <= articles::kUltimaColorata; ++colonna)
-    griglia.impostaCellBackColor(riga, colonna, colore);
+    griglia.setCellBackColor(riga, colonna, colore);
 }
 
 void Form_ArchivioArticoli::Tasto_Refresh() {
@@ -191,7 +191,7 @@ void Form_ArchivioArticoli::scegliRiga(int riga) {
     FlexGrid& griglia = *ui_->MSFlexGridArticoli;
     for (int colonna = 0; colonna < articles::kColonneArticoli; ++colonna)
       scriviCasella(colonna, griglia.TextMatrix(riga, colonna));
-    griglia.selezionaRiga(riga);
+    griglia.markRow(riga);
   });
 }
 
@@ -212,8 +212,8 @@ void Form_ArchivioArticoli::modifica() {
   const auto esito = articles::tasto_modifica(campi(), contesto_, [this] { Tasto_Refresh(); });
   if (esito == articles::EsitoModifica::Fermata) return;
   griglia.setFocus();
-  griglia.impostaCella(riga, colonna);
-  griglia.selezionaRiga(riga);
+  griglia.setCell(riga, colonna);
+  griglia.markRow(riga);
 }
 
 void Form_ArchivioArticoli::esporta() {
@@ -226,7 +226,7 @@ void Form_ArchivioArticoli::esporta() {
 void Form_ArchivioArticoli::aiuto() {
   if (!FileEsiste(contesto_.cartella + QLatin1String(kFileAiuto))) {
     contesto_.utente.MsgBox(QStringLiteral("Attenzione il file di Help per Codice EAN non presente"),
-                            Icona::Critica);
+                            Icon::Critical);
     return;
   }
   contesto_.schermate.mostraModale(QStringLiteral("Form_Help_CodiceEAN"), contesto_);

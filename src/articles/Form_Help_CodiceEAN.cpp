@@ -3,10 +3,10 @@
 #include <QFile>
 
 #include "controls/rtf.h"
-#include "controls/stile.h"
-#include "core/contesto.h"
-#include "core/schermate.h"
-#include "platform/errore.h"
+#include "controls/style.h"
+#include "core/context.h"
+#include "core/screens.h"
+#include "platform/error.h"
 #include "ui_Form_Help_CodiceEAN.h"
 
 namespace {
@@ -18,10 +18,10 @@ constexpr int kAltezza = 620;
 
 QByteArray letto(const QString& nome) {
   QFile file(nome);
-  if (!file.exists()) throw Errore{errore::kFileAssente, QStringLiteral("File non trovato: ") + nome};
+  if (!file.exists()) throw Errore{errors::kFileMissing, QStringLiteral("File non trovato: ") + nome};
   if (!file.open(QIODevice::ReadOnly))
-    throw Errore{errore::kAccessoPercorso, QStringLiteral("Il file non si può leggere: ") + nome};
-  return file.read(rtf::kMassimo + 1);
+    throw Errore{errors::kPathAccess, QStringLiteral("Il file non si può leggere: ") + nome};
+  return file.read(rtf::kMaxBytes + 1);
 }
 
 }  // namespace
@@ -29,11 +29,11 @@ QByteArray letto(const QString& nome) {
 Form_Help_CodiceEAN::Form_Help_CodiceEAN(Contesto& contesto)
     : ui_(std::make_unique<Ui::Form_Help_CodiceEAN>()) {
   ui_->setupUi(this);
-  ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("arrow-left")));
+  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
   connect(ui_->Cmd_Esci, &QPushButton::clicked, this, &QWidget::close);
   QTextDocument& testo = *ui_->RichTextBox1->document();
   testo.setDefaultFont(ui_->RichTextBox1->font());
-  rtf::leggi(letto(contesto.cartella + QStringLiteral("/Help_CodiceEAN.rtf")), testo);
+  rtf::read(letto(contesto.cartella + QStringLiteral("/Help_CodiceEAN.rtf")), testo);
   testo.setDocumentMargin(kMargine);
   ui_->RichTextBox1->moveCursor(QTextCursor::Start);
   ui_->RichTextBox1->setMaximumWidth(ui_->RichTextBox1->fontMetrics().averageCharWidth() * kLettereRiga +

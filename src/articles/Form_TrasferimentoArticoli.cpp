@@ -1,10 +1,10 @@
 #include "articles/Form_TrasferimentoArticoli.h"
 
 #include "articles/transfer.h"
-#include "controls/stile.h"
-#include "core/contesto.h"
-#include "core/schermate.h"
-#include "platform/ui/utente.h"
+#include "controls/style.h"
+#include "core/context.h"
+#include "core/screens.h"
+#include "platform/ui/user_port.h"
 #include "ui_Form_TrasferimentoArticoli.h"
 
 namespace {
@@ -16,8 +16,8 @@ constexpr int kReteAssente = -1;
 Form_TrasferimentoArticoli::Form_TrasferimentoArticoli(Contesto& contesto)
     : FinestraTrasferimento(contesto), ui_(std::make_unique<Ui::Form_TrasferimentoArticoli>()) {
   ui_->setupUi(this);
-  stile::primario(*ui_->Cmd_Avvia, QStringLiteral("upload"));
-  ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("arrow-left")));
+  style::primary(*ui_->Cmd_Avvia, QStringLiteral("upload"));
+  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
   if (caricaSchermo() != kReteAssente) articles::RicavaDettagliPC(contesto.utente);
 }
 

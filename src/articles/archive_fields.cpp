@@ -1,9 +1,9 @@
 #include "articles/archive_fields.h"
 
-#include "core/conversioni.h"
-#include "core/stato.h"
+#include "core/conversions.h"
+#include "core/state.h"
 #include "platform/text/windows1252.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/user_port.h"
 
 namespace articles {
 
@@ -32,7 +32,7 @@ QString messaggioReparto() {
 }
 
 bool fuoriTabella(QChar carattere) {
-  return carattere != u'?' && windows1252::byteDi(carattere.unicode()) == '?';
+  return carattere != u'?' && windows1252::byteOf(carattere.unicode()) == '?';
 }
 
 bool siONo(const QString& testo) {
@@ -85,7 +85,7 @@ QString DescrizioneMaiuscola(QString testo) {
 std::int16_t CheckCampiArticolo(const CampiArticolo& campi, Utente& utente) {
   std::int16_t esito = kFalso;
   const auto rifiuta = [&](const QString& messaggio) {
-    utente.MsgBox(messaggio, Icona::Informazione);
+    utente.MsgBox(messaggio, Icon::Information);
     esito = kVero;
   };
   if (campi.descrizione.isEmpty())

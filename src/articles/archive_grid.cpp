@@ -1,11 +1,11 @@
 #include "articles/archive_grid.h"
 
-#include "core/conversioni.h"
-#include "core/reazioni.h"
-#include "core/stato.h"
+#include "core/conversions.h"
+#include "core/reactions.h"
+#include "core/state.h"
 #include "platform/store/store.h"
-#include "platform/ui/occupato.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/busy_guard.h"
+#include "platform/ui/user_port.h"
 
 namespace articles {
 
@@ -20,16 +20,16 @@ constexpr int kAssente = -1;
 /// Positions of the columns, looked up once.
 struct Posti {
   explicit Posti(const store::Recordset& righe, bool conBandiere)
-      : posizione(righe.colonna(QStringLiteral("ID_Position"))),
-        ean(righe.colonna(QStringLiteral("Codice_EAN"))),
-        codice(righe.colonna(QStringLiteral("Codice_Articolo"))),
-        descrizione(righe.colonna(QStringLiteral("Descrizione"))),
-        prezzo(righe.colonna(QStringLiteral("Prezzo"))),
-        reparto(righe.colonna(QStringLiteral("Reparto"))) {
+      : posizione(righe.column(QStringLiteral("ID_Position"))),
+        ean(righe.column(QStringLiteral("Codice_EAN"))),
+        codice(righe.column(QStringLiteral("Codice_Articolo"))),
+        descrizione(righe.column(QStringLiteral("Descrizione"))),
+        prezzo(righe.column(QStringLiteral("Prezzo"))),
+        reparto(righe.column(QStringLiteral("Reparto"))) {
     if (!conBandiere) return;
-    filler = righe.colonna(QStringLiteral("Filler"));
-    varPrezzo = righe.colonna(QStringLiteral("VarPrezzo"));
-    prezzoZero = righe.colonna(QStringLiteral("PrezzoZero"));
+    filler = righe.column(QStringLiteral("Filler"));
+    varPrezzo = righe.column(QStringLiteral("VarPrezzo"));
+    prezzoZero = righe.column(QStringLiteral("PrezzoZero"));
   }
 
   int posizione, ean, codice, descrizione, prezzo, reparto;
@@ -37,29 +37,29 @@ struct Posti {
 };
 
 QString prezzo(const store::Recordset& righe, int colonna) {
-  return righe.nullo(colonna) ? QString() : CentInTesto(righe.campo(colonna).intero());
+  return righe.isNull(colonna) ? QString() : CentInTesto(righe.field(colonna).int32());
 }
 
 QString lettera(const store::Recordset& righe, int colonna) {
-  if (colonna == kAssente || righe.nullo(colonna)) return {};
-  return righe.campo(colonna).booleano() ? QStringLiteral("S") : QStringLiteral("N");
+  if (colonna == kAssente || righe.isNull(colonna)) return {};
+  return righe.field(colonna).boolean() ? QStringLiteral("S") : QStringLiteral("N");
 }
 
 RigaArticolo articolo(const store::Recordset& righe, const Posti& posti) {
-  return {.testi = {righe.testo(posti.posizione), righe.testo(posti.ean), righe.testo(posti.codice),
-                    righe.testo(posti.descrizione), prezzo(righe, posti.prezzo), righe.testo(posti.reparto),
+  return {.testi = {righe.text(posti.posizione), righe.text(posti.ean), righe.text(posti.codice),
+                    righe.text(posti.descrizione), prezzo(righe, posti.prezzo), righe.text(posti.reparto),
                     lettera(righe, posti.varPrezzo), lettera(righe, posti.prezzoZero)},
-          .errata = posti.filler != kAssente && righe.testo(posti.filler) == kErrato};
+          .errata = posti.filler != kAssente && righe.text(posti.filler) == kErrato};
 }
 
 void riempi(const QString& istruzione, bool conBandiere, const GrigliaArticoli& griglia, Utente& utente) {
-  const Occupato occupato;
+  const BusyGuard occupato;
   store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(istruzione);
   const Posti posti(righe, conBandiere);
   griglia.dimensiona(righe.RecordCount());
-  for (int riga = 1; !righe.fine(); righe.MoveNext(), ++riga) {
+  for (int riga = 1; !righe.atEnd(); righe.MoveNext(), ++riga) {
     griglia.scrivi(riga, articolo(righe, posti));
-    utente.DoEventsAlRecord();
+    utente.DoEventsAtRecord();
   }
 }
 
@@ -88,7 +88,7 @@ void RiempiGridCentral(const GrigliaArticoli& griglia, Utente& utente) {
             true, griglia, utente);
       });
   // A grid half filled must not be worked on.
-  if (esito == reazioni::Esito::Segnalato) utente.Termina();
+  if (esito == reazioni::Esito::Segnalato) utente.Terminate();
 }
 
 void RiempiRicerca(const QString& istruzione, const GrigliaArticoli& griglia, Utente& utente) {

@@ -1,11 +1,11 @@
 #include "articles/archive_save.h"
 
-#include "articles/puntatore.h"
-#include "articles/transazione.h"
-#include "core/contesto.h"
-#include "core/conversioni.h"
-#include "core/stato.h"
-#include "platform/ui/utente.h"
+#include "articles/transaction.h"
+#include "articles/wait_pointer.h"
+#include "core/context.h"
+#include "core/conversions.h"
+#include "core/state.h"
+#include "platform/ui/user_port.h"
 
 namespace articles {
 
@@ -27,7 +27,7 @@ QString istruzione(const CampiArticolo& campi, std::int32_t prezzo) {
 void segnala(const Errore& errore, Utente& utente) {
   utente.MsgBox(QStringLiteral("Errore nella modifica articoli .\nErrore n° ") +
                     QString::number(errore.numero) + u'\n' + errore.descrizione,
-                Icona::Critica);
+                Icon::Critical);
 }
 
 /// True once committed.

@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-#include "core/conversioni.h"
+#include "core/conversions.h"
 
 namespace articles {
 

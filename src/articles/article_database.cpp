@@ -2,12 +2,12 @@
 
 #include <QDir>
 
-#include "core/contesto.h"
-#include "core/conversioni.h"
-#include "core/reazioni.h"
-#include "core/stato.h"
+#include "core/context.h"
+#include "core/conversions.h"
+#include "core/reactions.h"
+#include "core/state.h"
 #include "platform/store/store.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/user_port.h"
 
 namespace articles {
 
@@ -20,7 +20,7 @@ store::Recordset interroga(const QString& sql) {
 
 /// True if the current row names a till.
 bool rigaAssegnata(const store::Recordset& righe) {
-  return righe.campo(QStringLiteral("NomeCassa")).testo() != QLatin1String(kNonAssegnato);
+  return righe.field(QStringLiteral("NomeCassa")).text() != QLatin1String(kNonAssegnato);
 }
 
 }  // namespace
@@ -32,11 +32,11 @@ QString percorsoModello(const Contesto& contesto) {
 void avvisaModelloAssente(Contesto& contesto) {
   if (FileEsiste(percorsoModello(contesto))) return;
   contesto.utente.MsgBox(QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
-                         Icona::Critica, QStringLiteral("ATTENZIONE"));
+                         Icon::Critical, QStringLiteral("ATTENZIONE"));
 }
 
 void NuovoDatabase(const QString& percorso, Contesto& contesto) {
-  store::CopiaArchivio(percorsoModello(contesto), percorso);
+  store::CopyArchive(percorsoModello(contesto), percorso);
   ApriDatabase(percorso, contesto);
 }
 
@@ -54,7 +54,7 @@ std::int16_t CheckTabVarie(Utente& utente) {
   std::int16_t esito = kFalso;
   reazioni::prossimaIstruzione(utente, prefisso, [&] {
     store::Recordset righe = interroga(QStringLiteral("SELECT NomeCassa from TAB_VARIE "));
-    for (; !righe.fine(); righe.MoveNext()) {
+    for (; !righe.atEnd(); righe.MoveNext()) {
       reazioni::prossimaIstruzione(utente, prefisso, [&] {
         if (rigaAssegnata(righe)) esito = kVero;
       });
@@ -77,7 +77,7 @@ std::int16_t GetCodiceEAN(std::int32_t auto_id, const QString& ean, Utente& uten
     const store::Recordset righe = interroga(
         QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI where auto_id <>") + QString::number(auto_id) +
         QStringLiteral(" and Codice_Ean ='") + ean + QStringLiteral("';"));
-    if (!righe.vuoto()) esito = kEanDuplicato;
+    if (!righe.empty()) esito = kEanDuplicato;
   });
   return esito;
 }

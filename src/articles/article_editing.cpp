@@ -4,11 +4,11 @@
 
 #include "articles/archive_fields.h"
 #include "articles/ean_index.h"
-#include "articles/transazione.h"
-#include "core/contesto.h"
-#include "core/conversioni.h"
-#include "core/stato.h"
-#include "platform/ui/utente.h"
+#include "articles/transaction.h"
+#include "core/context.h"
+#include "core/conversions.h"
+#include "core/state.h"
+#include "platform/ui/user_port.h"
 
 namespace articles {
 
@@ -40,7 +40,7 @@ bool assegnato() {
 }
 
 bool trova(const QString& sql) {
-  return !varGlobal().DB_Articoli.OpenRecordset(sql).vuoto();
+  return !varGlobal().DB_Articoli.OpenRecordset(sql).empty();
 }
 
 /// One unit of work on the archive. A step that fails tells so and undoes the whole.
@@ -59,10 +59,10 @@ class Unita {
   }
   bool fallita(const QString& messaggio, const Errore& errore) {
     rifiuta(messaggio % QString::number(errore.numero) % QLatin1Char('\n') % errore.descrizione,
-            Icona::Critica);
+            Icon::Critical);
     return false;
   }
-  void rifiuta(const QString& testo, Icona icona) {
+  void rifiuta(const QString& testo, Icon icona) {
     utente_.MsgBox(testo, icona);
     transazione_.annulla();
   }
@@ -111,7 +111,7 @@ bool inserisci(const CampiArticolo& campi, Unita& unita) {
   if (eanAltrui(campi)) {
     unita.rifiuta(QStringLiteral("Attenzione il Codice EAN immesso [") % campi.ean %
                       QStringLiteral("] è già associato ad un'altro articolo !!!"),
-                  Icona::Esclamazione);
+                  Icon::Warning);
     return false;
   }
   if (!unita.esegui(inserimento(campi), QStringLiteral("Errore nell' inserimento articoli Errore n° ")))
@@ -129,7 +129,7 @@ bool confermata(const QString& ean, Utente& utente) {
              QStringLiteral(
                  "Attenzione questa operazione comporterà l'eliminazione dell'articolo con codice EAN [") %
                  ean % QStringLiteral("]. Continuare ?"),
-             Icona::Nessuna, QStringLiteral("Cancellazione articolo"), Pulsanti::OKAnnulla) == Risposta::OK;
+             Icon::None, QStringLiteral("Cancellazione articolo"), Buttons::OkCancel) == Answer::Ok;
 }
 
 /// The till does not know of the article. 'U' is left to archives that another program has written.

@@ -3,10 +3,10 @@
 #include <optional>
 
 #include "articles/archive_grid.h"
-#include "core/contesto.h"
-#include "platform/text/file_intero.h"
+#include "core/context.h"
+#include "platform/text/whole_file.h"
 #include "platform/text/windows1252.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/user_port.h"
 
 namespace articles {
 
@@ -31,12 +31,12 @@ QString RigaEsportata(int riga, const RigheEsportate& righe) {
 }
 
 void EsportaArticoli(const RigheEsportate& righe, Contesto& contesto) {
-  const std::optional<QString> scelto = contesto.utente.FinestraSalva(
+  const std::optional<QString> scelto = contesto.utente.AskSavePath(
       {QStringLiteral("Export Articoli"), QStringLiteral("csv (*.csv)|*.csv"), {}});
   if (!scelto || scelto->isEmpty()) return;
-  ScriviFileIntero(*scelto, windows1252::inByte(contenuto(righe)));
+  WriteWholeFile(*scelto, windows1252::toBytes(contenuto(righe)));
   contesto.utente.MsgBox(QStringLiteral("Creazione del file ") + *scelto + QStringLiteral(" terminata."),
-                         Icona::Informazione);
+                         Icon::Information);
 }
 
 }  // namespace articles

@@ -6,14 +6,14 @@
 #include "articles/import_line.h"
 #include "articles/import_report.h"
 #include "articles/line_reader.h"
-#include "articles/puntatore.h"
-#include "core/contesto.h"
-#include "core/conversioni.h"
-#include "core/stato.h"
-#include "platform/errore.h"
+#include "articles/wait_pointer.h"
+#include "core/context.h"
+#include "core/conversions.h"
+#include "core/state.h"
+#include "platform/error.h"
 #include "platform/text/windows1252.h"
-#include "platform/ui/occupato.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/busy_guard.h"
+#include "platform/ui/user_port.h"
 
 namespace articles {
 
@@ -52,7 +52,7 @@ class Attesa {
   const AttesaImport& schermo_;
   // Before the box: the pointer goes to work first and comes back last.
   std::optional<PuntatoreAttesa> puntatore_{std::in_place};
-  std::optional<Occupato> occupato_{std::in_place};
+  std::optional<BusyGuard> occupato_{std::in_place};
 };
 
 /// One run of the import.
@@ -108,7 +108,7 @@ bool esegui(Contesto& contesto, const QString& sql) {
   } catch (const Errore& errore) {
     contesto.utente.MsgBox(QStringLiteral("Errore nell'aggiornamento articoli Errore n° ") +
                                QString::number(errore.numero) + kFineRiga + errore.descrizione,
-                           Icona::Critica);
+                           Icon::Critical);
     contesto.area.Rollback();
     return false;
   }
@@ -131,7 +131,7 @@ bool importaArticolo(Corsa& corsa) {
 std::int16_t leggiArticolo(Corsa& corsa, LettoreRighe& lettore) {
   const Riga riga = lettore.prossima();
   if (!riga.intera) return kSeparatori;
-  return PutArticolo(windows1252::inTesto(riga.byte), corsa.campi);
+  return PutArticolo(windows1252::toText(riga.byte), corsa.campi);
 }
 
 bool mancaUnCampo(std::int16_t codice) {
@@ -142,7 +142,7 @@ bool mancaUnCampo(std::int16_t codice) {
 EsitoImport::Tipo importaRighe(Corsa& corsa, LettoreRighe& lettore, const Attesa& attesa) {
   while (!lettore.fine()) {
     attesa.avanza(lettore);
-    corsa.contesto.utente.DoEventsAlRecord();
+    corsa.contesto.utente.DoEventsAtRecord();
     const std::int16_t codice = leggiArticolo(corsa, lettore);
     if (mancaUnCampo(codice))
       annota(corsa, QString::number(codice));
@@ -158,15 +158,14 @@ void mostraFallita(Corsa& corsa, LettoreRighe& lettore, Attesa& attesa) {
   lettore.chiudi();
   chiudiLOG(corsa);
   attesa.chiudi();
-  corsa.contesto.utente.MsgBox(QStringLiteral("OPERAZIONE DI IMPORTAZIONE ARTICOLI FALLITA"), Icona::Critica);
+  corsa.contesto.utente.MsgBox(QStringLiteral("OPERAZIONE DI IMPORTAZIONE ARTICOLI FALLITA"), Icon::Critical);
 }
 
 /// The closing box counts the faults of the lines; a statement that failed has had its own box before.
 void mostraTotali(const Corsa& corsa) {
   Utente& utente = corsa.contesto.utente;
   if (corsa.esito.errori == 0) {
-    utente.MsgBox(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"),
-                  Icona::Informazione);
+    utente.MsgBox(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"), Icon::Information);
     return;
   }
   utente.MsgBox(QStringLiteral("Errore nell'importazione degli articoli") + kFineRiga + kFineRiga +
@@ -175,7 +174,7 @@ void mostraTotali(const Corsa& corsa) {
                     NomeFile(corsa.ingresso) + QStringLiteral("]") + kFineRiga + kFineRiga +
                     QStringLiteral("Per maggiori dettagli esaminare il file : [") + corsa.log +
                     QStringLiteral("]") + kFineRiga,
-                Icona::Informazione, QStringLiteral("ATTENZIONE"));
+                Icon::Information, QStringLiteral("ATTENZIONE"));
 }
 
 void importaFile(Corsa& corsa, const AttesaImport& schermo, const QDateTime& inizio) {
@@ -216,7 +215,7 @@ EsitoImport ImportaArticoli(Contesto& contesto, const AttesaImport& attesa, cons
   const QDateTime inizio = orologio();
   try {
     contesto.area.BeginTrans();
-    const std::optional<QString> scelto = contesto.utente.FinestraApri(
+    const std::optional<QString> scelto = contesto.utente.AskOpenPath(
         {QStringLiteral("Importa Articoli"), QStringLiteral("csv (*.csv)|*.csv"), {}});
     if (!scelto || scelto->isEmpty()) return corsa.esito;
     corsa.ingresso = *scelto;

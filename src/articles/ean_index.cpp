@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "articles/overwritten.h"
-#include "core/reazioni.h"
-#include "core/stato.h"
+#include "core/reactions.h"
+#include "core/state.h"
 #include "platform/store/store.h"
 #include "platform/text/windows1252.h"
-#include "platform/ui/occupato.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/busy_guard.h"
+#include "platform/ui/user_port.h"
 #include "platform/usermmc/usermmc.h"
 
 namespace articles {
@@ -25,7 +25,7 @@ constexpr std::int16_t kFallito = 1;
 /// The failure of one statement of the upkeep: told whatever its number.
 void segnalaStatement(Utente& utente, const QString& prefisso, const Errore& errore, Errore* causa) {
   utente.MsgBox(prefisso % QString::number(errore.numero) % QLatin1Char('\n') % errore.descrizione,
-                Icona::Critica);
+                Icon::Critical);
   if (causa != nullptr) *causa = errore;
 }
 
@@ -55,10 +55,10 @@ using VoceLetta = std::variant<Voce, Errore>;
 /// Every row, by position. `indiceDi` gives what the row's EAN is to be written with.
 template <typename IndiceDi>
 std::vector<VoceLetta> leggi(store::Recordset righe, const IndiceDi& indiceDi) {
-  const int ean = righe.colonna(QStringLiteral("Codice_EAN"));
+  const int ean = righe.column(QStringLiteral("Codice_EAN"));
   std::vector<VoceLetta> voci;
   voci.reserve(static_cast<std::size_t>(righe.RecordCount()));
-  for (; !righe.fine(); righe.MoveNext()) {
+  for (; !righe.atEnd(); righe.MoveNext()) {
     try {
       voci.emplace_back(Voce{testoUtf8(righe, ean), indiceDi(righe)});
     } catch (const Errore& errore) {
@@ -85,8 +85,8 @@ std::vector<VoceLetta> daNumerare() {
 std::vector<VoceLetta> numerate() {
   const store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
       QStringLiteral("SELECT Auto_ID,Codice_EAN ,ID_Position from TAB_ARTICOLI "));
-  const int posizione = righe.colonna(QStringLiteral("ID_Position"));
-  return leggi(righe, [posizione](const store::Recordset& riga) { return riga.campo(posizione).intero(); });
+  const int posizione = righe.column(QStringLiteral("ID_Position"));
+  return leggi(righe, [posizione](const store::Recordset& riga) { return riga.field(posizione).int32(); });
 }
 
 std::vector<std::optional<QString>> chiavi(const std::vector<VoceLetta>& voci) {
@@ -143,7 +143,7 @@ struct Visita {
       });
       ++riga;
       if (eseguito != kNonEseguito) continue;
-      utente.MsgBox(fermata, Icona::Critica);
+      utente.MsgBox(fermata, Icon::Critical);
       esito = fallito;
       return;
     }
@@ -153,7 +153,7 @@ struct Visita {
 }  // namespace
 
 double CalcolaEanNum(const QString& ean) {
-  const QByteArray byte = windows1252::inByte(ean);
+  const QByteArray byte = windows1252::toBytes(ean);
   return UserMMC::_get_crc32_double({byte.constData(), static_cast<std::size_t>(byte.size())});
 }
 
@@ -187,20 +187,20 @@ std::int16_t InsertEanNumerici(const QString& ean, double checksum, std::int32_t
 }
 
 std::int16_t UpdateEanNumAndIndex(Utente& utente) {
-  const Occupato occupato;
+  const BusyGuard occupato;
   Visita visita{utente, QStringLiteral("UpdateEanNumAndIndex "),
                 QStringLiteral("Fallito Inserimento Codice EAN Numerico "), kNonEseguito};
   return visita.conVoci(numerate, [&](const std::vector<VoceLetta>& voci) {
     visita.percorri(voci, [&](std::size_t, const Voce& voce) {
-      utente.DoEventsAlRecord();
+      utente.DoEventsAtRecord();
       return InsertEanNumerici(voce.ean, CalcolaEanNum(voce.ean), voce.indice, utente);
     });
   });
 }
 
 std::int16_t ReazioneUpdateIndex(const Errore& errore, Utente& utente) {
-  const bool oltre = errore.numero == 0 || errore.numero == errore::kFileAssente ||
-                     errore.numero == errore::kAccessoPercorso || errore.numero == errore::kNessunRecord;
+  const bool oltre = errore.numero == 0 || errore.numero == errors::kFileMissing ||
+                     errore.numero == errors::kPathAccess || errore.numero == errors::kNoCurrentRecord;
   if (oltre) return kFatto;
   reazioni::segnala(utente, QStringLiteral("Errore nella funzione UpdateIndex "), errore);
   return kFallito;

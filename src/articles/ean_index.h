@@ -3,7 +3,7 @@
 #include <QString>
 #include <cstdint>
 
-#include "platform/errore.h"
+#include "platform/error.h"
 
 class Utente;
 

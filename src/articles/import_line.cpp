@@ -3,7 +3,7 @@
 #include <QStringBuilder>
 #include <array>
 
-#include "core/conversioni.h"
+#include "core/conversions.h"
 
 namespace articles {
 
@@ -38,7 +38,9 @@ std::int16_t PutArticolo(const QString& riga, CampiImport& campi) {
   const Parti parti = dividi(riga);
   if (parti[0].isEmpty()) return kPosizione;
   campi.auto_id = TestoInIntero16(parti[0].toString());
-  if (campi.auto_id > kPosizioneMassima || campi.auto_id < 0) return kPosizione;
+  // A 16-bit number never gets there: kept for the day when the slots need more bits.
+  const std::int32_t posizione = campi.auto_id;
+  if (posizione > kPosizioneMassima || posizione < 0) return kPosizione;
   campi.Codice_EAN = parti[1].toString();
   campi.Codice_Articolo = conPredefinito(parti[2]);
   campi.Descrizione = parti[3].toString();

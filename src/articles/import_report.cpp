@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "platform/errore.h"
+#include "platform/error.h"
 #include "platform/text/windows1252.h"
 
 namespace articles {
@@ -27,7 +27,7 @@ QString dataEOra(const QDateTime& momento) {
 
 [[noreturn]] void nonScritto(const QFile& file) {
   const bool pieno = file.error() == QFileDevice::ResourceError || file.error() == QFileDevice::WriteError;
-  throw Errore{pieno ? errore::kDiscoPieno : errore::kAccessoPercorso,
+  throw Errore{pieno ? errors::kDiskFull : errors::kPathAccess,
                QStringLiteral("Impossibile scrivere il file ") + file.fileName() + QStringLiteral(": ") +
                    file.errorString()};
 }
@@ -35,7 +35,7 @@ QString dataEOra(const QDateTime& momento) {
 void scrivi(const QString& log, QIODevice::OpenMode modo, const QStringList& righe) {
   QFile file(log);
   if (!file.open(QIODevice::WriteOnly | modo)) nonScritto(file);
-  const QByteArray byte = windows1252::inByte(righe.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n"));
+  const QByteArray byte = windows1252::toBytes(righe.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n"));
   if (file.write(byte) != byte.size() || !file.flush()) nonScritto(file);
 }
 

@@ -3,7 +3,7 @@
 #include <QFileInfo>
 #include <algorithm>
 
-#include "platform/errore.h"
+#include "platform/error.h"
 
 namespace articles {
 
@@ -16,14 +16,14 @@ bool fineRiga(char carattere) {
 }
 
 Errore illeggibile(const QFile& file) {
-  return {errore::kAccessoPercorso, QStringLiteral("Impossibile leggere il file ") + file.fileName()};
+  return {errors::kPathAccess, QStringLiteral("Impossibile leggere il file ") + file.fileName()};
 }
 
 }  // namespace
 
 LettoreRighe::LettoreRighe(const QString& percorso) : file_(percorso) {
   const QFileInfo voce(percorso);
-  if (!voce.exists()) throw Errore{errore::kFileAssente, QStringLiteral("File non trovato: ") + percorso};
+  if (!voce.exists()) throw Errore{errors::kFileMissing, QStringLiteral("File non trovato: ") + percorso};
   // A pipe or a device would hold the program up, or never end.
   if (!voce.isFile() || !file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) throw illeggibile(file_);
   dimensione_ = file_.size();
@@ -49,7 +49,7 @@ bool LettoreRighe::fine() {
 }
 
 Riga LettoreRighe::prossima() {
-  if (fine()) throw Errore{errore::kOltreLaFine, QStringLiteral("Lettura oltre la fine del file")};
+  if (fine()) throw Errore{errors::kPastEnd, QStringLiteral("Lettura oltre la fine del file")};
   Riga riga;
   while (riempi()) {
     const char* da = blocco_.constData() + inizio_;

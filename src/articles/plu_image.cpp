@@ -6,13 +6,13 @@
 #include <limits>
 #include <string_view>
 
-#include "articles/transazione.h"
-#include "config/immagine.h"
-#include "core/contesto.h"
-#include "core/reazioni.h"
-#include "core/stato.h"
+#include "articles/transaction.h"
+#include "config/image.h"
+#include "core/context.h"
+#include "core/reactions.h"
+#include "core/state.h"
 #include "platform/text/windows1252.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/user_port.h"
 
 namespace articles {
 
@@ -26,12 +26,12 @@ namespace plu = config::plu;
 /// Positions of the columns that reach the till, looked up once.
 struct Colonne {
   explicit Colonne(const store::Recordset& righe)
-      : ean(righe.colonna(QStringLiteral("Codice_EAN"))),
-        descrizione(righe.colonna(QStringLiteral("Descrizione"))),
-        prezzo(righe.colonna(QStringLiteral("Prezzo"))),
-        reparto(righe.colonna(QStringLiteral("Reparto"))),
-        varPrezzo(righe.colonna(QStringLiteral("VarPrezzo"))),
-        prezzoZero(righe.colonna(QStringLiteral("PrezzoZero"))) {}
+      : ean(righe.column(QStringLiteral("Codice_EAN"))),
+        descrizione(righe.column(QStringLiteral("Descrizione"))),
+        prezzo(righe.column(QStringLiteral("Prezzo"))),
+        reparto(righe.column(QStringLiteral("Reparto"))),
+        varPrezzo(righe.column(QStringLiteral("VarPrezzo"))),
+        prezzoZero(righe.column(QStringLiteral("PrezzoZero"))) {}
 
   int ean, descrizione, prezzo, reparto, varPrezzo, prezzoZero;
 };
@@ -50,7 +50,7 @@ void copiaTesto(Record record, const Campo& campo, std::string_view utf8) {
 std::int32_t intero32(std::int64_t valore) {
   using Limiti = std::numeric_limits<std::int32_t>;
   if (valore < Limiti::min() || valore > Limiti::max())
-    throw Errore{errore::kOverflow, QStringLiteral("Overflow")};
+    throw Errore{errors::kOverflow, QStringLiteral("Overflow")};
   return static_cast<std::int32_t>(valore);
 }
 
@@ -82,7 +82,7 @@ class Riempimento {
 
   void tutte(store::Recordset& righe) {
     const Colonne colonne(righe);
-    for (std::size_t indice = 0; !righe.fine(); righe.MoveNext(), ++indice) {
+    for (std::size_t indice = 0; !righe.atEnd(); righe.MoveNext(), ++indice) {
       Record record;
       // There is no record for a row beyond the 5000th: one message, and the walk is over.
       if (!passo([&] { record = config::immagineProgrammazione().record(config::kPLU, indice); })) return;
@@ -93,10 +93,9 @@ class Riempimento {
   void riga(Record record, const store::Recordset& righe, const Colonne& colonne) {
     passo([&] { copiaTesto(record, plu::kCodiceEAN, righe.utf8(colonne.ean)); });
     passo([&] { copiaTesto(record, plu::kDescrizione, righe.utf8(colonne.descrizione)); });
-    passo([&] { config::scriviIntero(record, plu::kPrezzo, intero32(righe.intero64(colonne.prezzo))); });
+    passo([&] { config::scriviIntero(record, plu::kPrezzo, intero32(righe.int64(colonne.prezzo))); });
     passo([&] {
-      config::scriviByte(record, plu::kReparto,
-                         static_cast<std::uint8_t>(righe.intero64(colonne.reparto) - 1));
+      config::scriviByte(record, plu::kReparto, static_cast<std::uint8_t>(righe.int64(colonne.reparto) - 1));
     });
     config::scriviByte(record, plu::kAttributi, attributi(righe, colonne));
   }
@@ -104,10 +103,10 @@ class Riempimento {
   std::uint8_t attributi(const store::Recordset& righe, const Colonne& colonne) {
     unsigned bit = 0;
     passo([&] {
-      if (righe.intero64(colonne.varPrezzo) != 0) bit |= plu::kVarPrezzo;
+      if (righe.int64(colonne.varPrezzo) != 0) bit |= plu::kVarPrezzo;
     });
     passo([&] {
-      if (righe.intero64(colonne.prezzoZero) != 0) bit |= plu::kPrezzoZero;
+      if (righe.int64(colonne.prezzoZero) != 0) bit |= plu::kPrezzoZero;
     });
     return static_cast<std::uint8_t>(bit);
   }
@@ -144,7 +143,7 @@ void scriviRighe() {
 void segnalaModifica(Utente& utente, const Errore& errore) {
   utente.MsgBox(QStringLiteral("Errore nella modifica articoli .\nErrore n° ") +
                     QString::number(errore.numero) + QLatin1Char('\n') + errore.descrizione,
-                Icona::Critica);
+                Icon::Critical);
 }
 
 }  // namespace

@@ -6,12 +6,12 @@
 
 #include "articles/article_database.h"
 #include "articles/plu_image.h"
-#include "config/immagine.h"
-#include "core/contesto.h"
-#include "core/reazioni.h"
-#include "core/stato.h"
+#include "config/image.h"
+#include "core/context.h"
+#include "core/reactions.h"
+#include "core/state.h"
 #include "ecrlink/file_channel.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/user_port.h"
 
 namespace articles {
 
@@ -29,7 +29,7 @@ std::vector<std::uint8_t> immagineInvio() {
 void leggiMomenti(const store::Recordset& righe, Utente& utente, const QString& prefisso) {
   for (const QString& colonna : {QStringLiteral("Data_end_update"), QStringLiteral("Data_end_scarico")}) {
     reazioni::prossimaIstruzione(utente, prefisso,
-                                 [&] { static_cast<void>(scomponiMomento(righe.campo(colonna).testo())); });
+                                 [&] { static_cast<void>(scomponiMomento(righe.field(colonna).text())); });
   }
 }
 
@@ -38,10 +38,9 @@ void leggiMomenti(const store::Recordset& righe, Utente& utente, const QString& 
 void RicavaDettagliPC(Utente& utente) {
   const std::int32_t articoli = CalcolaNumArticoli(utente);
   if (articoli == 0)
-    utente.MsgBox(QStringLiteral("Attenzione l'archivio degli articoli e' vuoto"), Icona::Esclamazione);
+    utente.MsgBox(QStringLiteral("Attenzione l'archivio degli articoli e' vuoto"), Icon::Warning);
   if (articoli == -1)
-    utente.MsgBox(QStringLiteral("Errore nella determinazione del numero degli articoli"),
-                  Icona::Esclamazione);
+    utente.MsgBox(QStringLiteral("Errore nella determinazione del numero degli articoli"), Icon::Warning);
 }
 
 std::int16_t CheckErrTabArticoli(Utente& utente) {
@@ -49,7 +48,7 @@ std::int16_t CheckErrTabArticoli(Utente& utente) {
   reazioni::prossimaIstruzione(utente, QStringLiteral("Errore CheckErrTabArticoli "), [&] {
     const store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
         QStringLiteral("SELECT Filler from TAB_ARTICOLI where Filler ='ERR';"));
-    if (!righe.vuoto()) esito = kArticoliErrati;
+    if (!righe.empty()) esito = kArticoliErrati;
   });
   return esito;
 }
@@ -64,7 +63,7 @@ void RicavaDettagliECR(Utente& utente) {
   reazioni::prossimaIstruzione(utente, prefisso, [&] {
     store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
         QStringLiteral("SELECT Num_Articoli_Cassa,Data_end_update,Data_end_scarico from TAB_VARIE"));
-    for (; !righe.fine(); righe.MoveNext()) leggiMomenti(righe, utente, prefisso);
+    for (; !righe.atEnd(); righe.MoveNext()) leggiMomenti(righe, utente, prefisso);
   });
 }
 

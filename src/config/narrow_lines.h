@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "config/campo.h"
+#include "config/field.h"
 
 /// The narrow header and courtesy lines, which travel to and from a till of the small size class only; the
 /// configuration file never holds them.

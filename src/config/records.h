@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "config/campo.h"
+#include "config/field.h"
 
 /// The small records of the programme, each described once: field, offset, width, kind and the longest text.
 /// Records are numbered from 0 here, from 1 on the screens. Amounts and percentages are hundredths. The types

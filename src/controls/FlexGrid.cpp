@@ -7,36 +7,36 @@
 #include <algorithm>
 #include <numeric>
 
-#include "controls/colonne_fisse.h"
-#include "controls/modello_celle.h"
-#include "controls/testata.h"
+#include "controls/cell_model.h"
+#include "controls/fixed_columns.h"
+#include "controls/heading_view.h"
 
 namespace {
 
-constexpr int kTwipPerPixel = 15;
+constexpr int kTwipsPerPixel = 15;
 /// Of a column that was given no width.
-constexpr int kTwipColonna = 1500;
+constexpr int kColumnTwips = 1500;
 /// Pixels above and below the text of a row.
-constexpr int kAria = 8;
-constexpr int kAriaTestata = 12;
+constexpr int kPadding = 8;
+constexpr int kHeadingPadding = 12;
 
-int pixel(int twip, double ingrandimento = 1) {
-  return qRound(std::max(twip, 0) * ingrandimento / kTwipPerPixel);
+int pixel(int twip, double zoom = 1) {
+  return qRound(std::max(twip, 0) * zoom / kTwipsPerPixel);
 }
 
 /// A cell's text may not break the shape of the table that it is pasted into.
-QString inUnaCella(QString testo) {
-  for (QChar& c : testo)
+QString inOneCell(QString text) {
+  for (QChar& c : text)
     if (c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r')) c = QLatin1Char(' ');
-  return testo;
+  return text;
 }
 
 }  // namespace
 
-FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), modello_(new ModelloCelle(this)) {
+FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new CellModel(this)) {
   setAccessibleName(QStringLiteral("Griglia"));
-  setHorizontalHeader(new Testata(this));
-  setModel(modello_);
+  setHorizontalHeader(new HeadingView(this));
+  setModel(model_);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setSelectionMode(QAbstractItemView::ContiguousSelection);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -45,177 +45,176 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), modello_(new ModelloCe
   setCornerButtonEnabled(false);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->hide();
-  fisse_ = new ColonneFisse(*this);
-  connect(fisse_, &ColonneFisse::premuta, this, &FlexGrid::premutaFissa);
+  fixedView_ = new FixedColumns(*this);
+  connect(fixedView_, &FixedColumns::cellPressed, this, &FlexGrid::fixedPressed);
   connect(this, &QAbstractItemView::clicked, this,
-          [this](const QModelIndex& cella) { Q_EMIT clic(cella.row() + 1, cella.column()); });
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::ridimensionata);
-  modello_->impostaTavolozza(palette());
+          [this](const QModelIndex& cell) { Q_EMIT cellClicked(cell.row() + 1, cell.column()); });
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::resized);
+  model_->setPalette(palette());
   // Narrow columns are laid down too.
   horizontalHeader()->setMinimumSectionSize(1);
-  misuraRighe();
+  sizeRows();
 }
 
 FlexGrid::~FlexGrid() = default;
 
 int FlexGrid::Rows() const {
-  return modello_->righe();
+  return model_->rows();
 }
 
 int FlexGrid::Cols() const {
-  return modello_->colonne();
+  return model_->columns();
 }
 
-void FlexGrid::impostaRows(int righe) {
-  if (Row() >= std::max(righe, 1)) selectionModel()->clear();
-  modello_->impostaRighe(righe);
+void FlexGrid::setRows(int rows) {
+  if (Row() >= std::max(rows, 1)) selectionModel()->clear();
+  model_->setRowCount(rows);
 }
 
-void FlexGrid::impostaCols(int colonne) {
-  if (Col() >= std::max(colonne, 0)) selectionModel()->clear();
-  modello_->impostaColonne(colonne);
-  twip_.resize(Cols(), kTwipColonna);
-  mostraColonne();
+void FlexGrid::setCols(int columns) {
+  if (Col() >= std::max(columns, 0)) selectionModel()->clear();
+  model_->setColumnCount(columns);
+  twip_.resize(Cols(), kColumnTwips);
+  showColumns();
 }
 
 void FlexGrid::Clear() {
-  modello_->vuota();
+  model_->empty();
 }
 
-QString FlexGrid::TextMatrix(int riga, int colonna) const {
-  return modello_->testo(riga, colonna);
+QString FlexGrid::TextMatrix(int row, int column) const {
+  return model_->text(row, column);
 }
 
-void FlexGrid::impostaTextMatrix(int riga, int colonna, const QString& testo) {
-  modello_->impostaTesto(riga, colonna, testo);
+void FlexGrid::setTextMatrix(int row, int column, const QString& text) {
+  model_->setText(row, column, text);
 }
 
-QColor FlexGrid::CellBackColor(int riga, int colonna) const {
-  const ModelloCelle::Aspetto aspetto = modello_->aspetto(riga, colonna);
-  return aspetto.haSfondo ? QColor::fromRgba(aspetto.sfondo) : QColor();
+QColor FlexGrid::CellBackColor(int row, int column) const {
+  const CellModel::Look look = model_->look(row, column);
+  return look.hasBack ? QColor::fromRgba(look.background) : QColor();
 }
 
-void FlexGrid::impostaCellBackColor(int riga, int colonna, const QColor& colore) {
-  ModelloCelle::Aspetto aspetto = modello_->aspetto(riga, colonna);
-  aspetto.haSfondo = colore.isValid();
-  aspetto.sfondo = colore.isValid() ? colore.rgba() : QRgb{};
-  modello_->impostaAspetto(riga, colonna, aspetto);
+void FlexGrid::setCellBackColor(int row, int column, const QColor& colour) {
+  CellModel::Look look = model_->look(row, column);
+  look.hasBack = colour.isValid();
+  look.background = colour.isValid() ? colour.rgba() : QRgb{};
+  model_->setLook(row, column, look);
 }
 
-QColor FlexGrid::CellForeColor(int riga, int colonna) const {
-  const ModelloCelle::Aspetto aspetto = modello_->aspetto(riga, colonna);
-  return aspetto.haTesto ? QColor::fromRgba(aspetto.testo) : QColor();
+QColor FlexGrid::CellForeColor(int row, int column) const {
+  const CellModel::Look look = model_->look(row, column);
+  return look.hasFore ? QColor::fromRgba(look.text) : QColor();
 }
 
-void FlexGrid::impostaCellForeColor(int riga, int colonna, const QColor& colore) {
-  ModelloCelle::Aspetto aspetto = modello_->aspetto(riga, colonna);
-  aspetto.haTesto = colore.isValid();
-  aspetto.testo = colore.isValid() ? colore.rgba() : QRgb{};
-  modello_->impostaAspetto(riga, colonna, aspetto);
+void FlexGrid::setCellForeColor(int row, int column, const QColor& colour) {
+  CellModel::Look look = model_->look(row, column);
+  look.hasFore = colour.isValid();
+  look.text = colour.isValid() ? colour.rgba() : QRgb{};
+  model_->setLook(row, column, look);
 }
 
-Qt::Alignment FlexGrid::CellAlignment(int riga, int colonna) const {
-  return modello_->allineamento(riga, colonna);
+Qt::Alignment FlexGrid::CellAlignment(int row, int column) const {
+  return model_->alignment(row, column);
 }
 
-void FlexGrid::impostaCellAlignment(int riga, int colonna, Qt::Alignment allineamento) {
-  ModelloCelle::Aspetto aspetto = modello_->aspetto(riga, colonna);
-  aspetto.allineamento = static_cast<int>(allineamento);
-  modello_->impostaAspetto(riga, colonna, aspetto);
+void FlexGrid::setCellAlignment(int row, int column, Qt::Alignment alignment) {
+  CellModel::Look look = model_->look(row, column);
+  look.alignment = static_cast<int>(alignment);
+  model_->setLook(row, column, look);
 }
 
-void FlexGrid::impostaColAlignment(int colonna, Qt::Alignment allineamento) {
-  modello_->impostaAllineamentoColonna(colonna, allineamento);
+void FlexGrid::setColAlignment(int column, Qt::Alignment alignment) {
+  model_->setColumnAlignment(column, alignment);
 }
 
-void FlexGrid::impostaColWidth(int colonna, int twip) {
-  if (colonna < 0 || colonna >= Cols()) return;
-  twip_[colonna] = std::max(twip, 0);
-  mostraColonne();
+void FlexGrid::setColWidth(int column, int twip) {
+  if (column < 0 || column >= Cols()) return;
+  twip_[column] = std::max(twip, 0);
+  showColumns();
 }
 
-int FlexGrid::ColWidth(int colonna) const {
-  return twip_.value(colonna);
+int FlexGrid::ColWidth(int column) const {
+  return twip_.value(column);
 }
 
-void FlexGrid::ridimensionata(int colonna, int /*prima*/, int larghezza) {
-  if (!dispone_ && colonna < twip_.size())
-    twip_[colonna] = qRound(larghezza * kTwipPerPixel / ingrandimento());
+void FlexGrid::resized(int column, int /*prima*/, int width) {
+  if (!arranging_ && column < twip_.size()) twip_[column] = qRound(width * kTwipsPerPixel / zoom());
 }
 
-void FlexGrid::impostaAltezzaTestata(int twip) {
-  altezzaTestata_ = pixel(twip);
-  misuraRighe();
+void FlexGrid::setHeadingHeight(int twip) {
+  headingHeight_ = pixel(twip);
+  sizeRows();
 }
 
-void FlexGrid::impostaFixedCols(int colonne) {
-  fixed_ = std::max(colonne, 0);
+void FlexGrid::setFixedCols(int columns) {
+  fixedCols_ = std::max(columns, 0);
   if (Col() >= 0 && Col() < FixedCols()) selectionModel()->clear();
-  mostraColonne();
+  showColumns();
 }
 
 int FlexGrid::FixedCols() const {
-  return std::min(fixed_, Cols());
+  return std::min(fixedCols_, Cols());
 }
 
-void FlexGrid::mostraColonne() {
-  const QScopedValueRollback nonLUtente(dispone_, true);
-  QList<int> larghezze;
-  const double quanto = ingrandimento();
-  for (const int twip : std::as_const(twip_)) larghezze.append(pixel(twip, quanto));
-  for (int colonna = 0; colonna < Cols(); ++colonna) {
-    const bool visibile = colonna >= FixedCols() && larghezze[colonna] > 0;
-    setColumnHidden(colonna, !visibile);
-    if (visibile) setColumnWidth(colonna, larghezze[colonna]);
+void FlexGrid::showColumns() {
+  const QScopedValueRollback notTheUser(arranging_, true);
+  QList<int> widths;
+  const double scale = zoom();
+  for (const int twip : std::as_const(twip_)) widths.append(pixel(twip, scale));
+  for (int column = 0; column < Cols(); ++column) {
+    const bool visible = column >= FixedCols() && widths[column] > 0;
+    setColumnHidden(column, !visible);
+    if (visible) setColumnWidth(column, widths[column]);
   }
-  fisse_->mostra(FixedCols(), larghezze);
+  fixedView_->showColumns(FixedCols(), widths);
   // The row headings keep the place that the fixed columns lie on.
-  verticalHeader()->setFixedWidth(fisse_->larghezza());
-  verticalHeader()->setVisible(fisse_->larghezza() > 0);
+  verticalHeader()->setFixedWidth(fixedView_->shownWidth());
+  verticalHeader()->setVisible(fixedView_->shownWidth() > 0);
   updateGeometries();
 }
 
-void FlexGrid::impostaLarghezzaPiena(bool piena) {
-  piena_ = piena;
-  mostraColonne();
+void FlexGrid::setFullWidth(bool fullWidth) {
+  fullWidth_ = fullWidth;
+  showColumns();
 }
 
-double FlexGrid::ingrandimento() const {
-  const int somma = std::accumulate(twip_.begin(), twip_.end(), 0);
-  if (!piena_ || somma == 0) return 1;
-  const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+double FlexGrid::zoom() const {
+  const int sum = std::accumulate(twip_.begin(), twip_.end(), 0);
+  if (!fullWidth_ || sum == 0) return 1;
+  const int slash = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
   // Half a pixel a column is what rounding may take.
-  const double libera = width() - 2 * frameWidth() - barra - Cols() / 2.0;
-  return std::max(1.0, libera * kTwipPerPixel / somma);
+  const double release = width() - 2 * frameWidth() - slash - Cols() / 2.0;
+  return std::max(1.0, release * kTwipsPerPixel / sum);
 }
 
-void FlexGrid::resizeEvent(QResizeEvent* evento) {
-  QTableView::resizeEvent(evento);
-  if (piena_) mostraColonne();
+void FlexGrid::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (fullWidth_) showColumns();
 }
 
 void FlexGrid::updateGeometries() {
   QTableView::updateGeometries();
-  if (fisse_ != nullptr) fisse_->disponi();
+  if (fixedView_ != nullptr) fixedView_->arrange();
 }
 
-void FlexGrid::misuraRighe() {
-  const int riga = fontMetrics().height();
-  verticalHeader()->setMinimumSectionSize(riga + kAria);
-  verticalHeader()->setDefaultSectionSize(riga + kAria);
-  horizontalHeader()->setFixedHeight(std::max(altezzaTestata_, riga + kAriaTestata));
+void FlexGrid::sizeRows() {
+  const int row = fontMetrics().height();
+  verticalHeader()->setMinimumSectionSize(row + kPadding);
+  verticalHeader()->setDefaultSectionSize(row + kPadding);
+  horizontalHeader()->setFixedHeight(std::max(headingHeight_, row + kHeadingPadding));
   FlexGrid::updateGeometries();
 }
 
-void FlexGrid::changeEvent(QEvent* evento) {
-  QTableView::changeEvent(evento);
-  if (evento->type() == QEvent::FontChange || evento->type() == QEvent::StyleChange) misuraRighe();
-  if (evento->type() == QEvent::PaletteChange || evento->type() == QEvent::StyleChange)
-    modello_->impostaTavolozza(palette());
+void FlexGrid::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) sizeRows();
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+    model_->setPalette(palette());
 }
 
-void FlexGrid::impostaBackColor(const QColor& colore) {
-  modello_->impostaSfondo(colore);
+void FlexGrid::setBackColor(const QColor& colour) {
+  model_->setBackground(colour);
 }
 
 int FlexGrid::Row() const {
@@ -226,67 +225,67 @@ int FlexGrid::Col() const {
   return currentIndex().column();
 }
 
-void FlexGrid::impostaCella(int riga, int colonna) {
-  const QModelIndex cella = modello_->index(riga - 1, colonna);
-  if (!cella.isValid() || colonna < FixedCols()) return;
-  setCurrentIndex(cella);
-  scrollTo(cella);
+void FlexGrid::setCell(int row, int column) {
+  const QModelIndex cell = model_->index(row - 1, column);
+  if (!cell.isValid() || column < FixedCols()) return;
+  setCurrentIndex(cell);
+  scrollTo(cell);
 }
 
-void FlexGrid::selezionaRiga(int riga) {
-  if (riga < 1 || riga >= Rows() || FixedCols() >= Cols()) return;
-  if (Row() != riga) impostaCella(riga, FixedCols());
-  selectionModel()->select({modello_->index(riga - 1, 0), modello_->index(riga - 1, Cols() - 1)},
+void FlexGrid::markRow(int row) {
+  if (row < 1 || row >= Rows() || FixedCols() >= Cols()) return;
+  if (Row() != row) setCell(row, FixedCols());
+  selectionModel()->select({model_->index(row - 1, 0), model_->index(row - 1, Cols() - 1)},
                            QItemSelectionModel::ClearAndSelect);
 }
 
-void FlexGrid::premutaFissa(const QModelIndex& cella) {
+void FlexGrid::fixedPressed(const QModelIndex& cell) {
   setFocus(Qt::MouseFocusReason);
-  impostaCella(cella.row() + 1, FixedCols());
-  Q_EMIT clic(cella.row() + 1, cella.column());
+  setCell(cell.row() + 1, FixedCols());
+  Q_EMIT cellClicked(cell.row() + 1, cell.column());
 }
 
-void FlexGrid::currentChanged(const QModelIndex& nuova, const QModelIndex& prima) {
-  QTableView::currentChanged(nuova, prima);
-  if (nuova.isValid()) Q_EMIT entrata(nuova.row() + 1, nuova.column());
+void FlexGrid::currentChanged(const QModelIndex& fresh, const QModelIndex& before) {
+  QTableView::currentChanged(fresh, before);
+  if (fresh.isValid()) Q_EMIT entered(fresh.row() + 1, fresh.column());
 }
 
-void FlexGrid::impostaRedraw(bool acceso) {
-  const bool eraAcceso = Redraw();
-  spento_ = acceso ? std::max(spento_ - 1, 0) : spento_ + 1;
-  if (Redraw() == eraAcceso) return;
-  if (acceso)
-    modello_->riprendi();
+void FlexGrid::setRedraw(bool on) {
+  const bool wasOn = Redraw();
+  off_ = on ? std::max(off_ - 1, 0) : off_ + 1;
+  if (Redraw() == wasOn) return;
+  if (on)
+    model_->resume();
   else
-    modello_->sospendi();
-  setUpdatesEnabled(acceso);
+    model_->suspend();
+  setUpdatesEnabled(on);
 }
 
 bool FlexGrid::Redraw() const {
-  return spento_ == 0;
+  return off_ == 0;
 }
 
 QString FlexGrid::Clip() const {
-  QStringList righe;
-  for (const QItemSelectionRange& zona : selectionModel()->selection())
-    for (int riga = zona.top(); riga <= zona.bottom(); ++riga) {
-      QStringList celle;
-      for (int colonna = zona.left(); colonna <= zona.right(); ++colonna)
-        celle << inUnaCella(TextMatrix(riga + 1, colonna));
-      righe << celle.join(QLatin1Char('\t'));
+  QStringList rows;
+  for (const QItemSelectionRange& area : selectionModel()->selection())
+    for (int row = area.top(); row <= area.bottom(); ++row) {
+      QStringList cells;
+      for (int column = area.left(); column <= area.right(); ++column)
+        cells << inOneCell(TextMatrix(row + 1, column));
+      rows << cells.join(QLatin1Char('\t'));
     }
-  return righe.join(QLatin1Char('\n'));
+  return rows.join(QLatin1Char('\n'));
 }
 
-void FlexGrid::copia() const {
+void FlexGrid::copy() const {
   // With nothing selected the clipboard keeps what it holds.
   if (selectionModel()->hasSelection()) QGuiApplication::clipboard()->setText(Clip());
 }
 
-void FlexGrid::keyPressEvent(QKeyEvent* evento) {
-  if (evento->matches(QKeySequence::Copy)) return copia();
-  const int tasto = evento->key();
-  const bool sceglie = tasto == Qt::Key_Return || tasto == Qt::Key_Enter || tasto == Qt::Key_Space;
-  if (!sceglie || evento->modifiers().testFlag(Qt::ControlModifier)) return QTableView::keyPressEvent(evento);
-  if (!evento->isAutoRepeat() && Row() > 0) Q_EMIT clic(Row(), Col());
+void FlexGrid::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return copy();
+  const int key = event->key();
+  const bool chooses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+  if (!chooses || event->modifiers().testFlag(Qt::ControlModifier)) return QTableView::keyPressEvent(event);
+  if (!event->isAutoRepeat() && Row() > 0) Q_EMIT cellClicked(Row(), Col());
 }

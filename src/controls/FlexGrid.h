@@ -4,8 +4,8 @@
 #include <QString>
 #include <QTableView>
 
-class ColonneFisse;
-class ModelloCelle;
+class FixedColumns;
+class CellModel;
 
 /// The one grid of the program: a table view over plain cells (text, alignment, two colours each). A cell is
 /// no object, so tens of thousands of rows fill at once.
@@ -23,51 +23,51 @@ class FlexGrid : public QTableView {
   int Cols() const;
   /// New cells are empty, left aligned, in the grid's own colours; cells that go are forgotten, and a current
   /// cell among them leaves the grid with none. At least the heading row stays.
-  void impostaRows(int righe);
-  void impostaCols(int colonne);
+  void setRows(int rows);
+  void setCols(int columns);
   /// Empties every cell, headings aside, and takes its colours and alignment back; the shape stays.
   void Clear();
 
-  QString TextMatrix(int riga, int colonna) const;
-  void impostaTextMatrix(int riga, int colonna, const QString& testo);
+  QString TextMatrix(int row, int column) const;
+  void setTextMatrix(int row, int column, const QString& text);
   /// An invalid colour is the grid's own.
-  QColor CellBackColor(int riga, int colonna) const;
-  void impostaCellBackColor(int riga, int colonna, const QColor& colore);
-  QColor CellForeColor(int riga, int colonna) const;
+  QColor CellBackColor(int row, int column) const;
+  void setCellBackColor(int row, int column, const QColor& colour);
+  QColor CellForeColor(int row, int column) const;
   /// What is painted is this colour as far as it can be read on its ground, else a lighter or darker one.
-  void impostaCellForeColor(int riga, int colonna, const QColor& colore);
-  Qt::Alignment CellAlignment(int riga, int colonna) const;
-  void impostaCellAlignment(int riga, int colonna, Qt::Alignment allineamento);
+  void setCellForeColor(int row, int column, const QColor& colour);
+  Qt::Alignment CellAlignment(int row, int column) const;
+  void setCellAlignment(int row, int column, Qt::Alignment alignment);
   /// For the cells of a column that have none of their own, its heading among them.
-  void impostaColAlignment(int colonna, Qt::Alignment allineamento);
+  void setColAlignment(int column, Qt::Alignment alignment);
 
   /// In twips, 1440 to the inch at 96 dots: a width of 1500 is 100 pixels at scale 1. 0 hides the column.
   /// Reads what the user's hand made of it.
-  void impostaColWidth(int colonna, int twip);
-  int ColWidth(int colonna) const;
+  void setColWidth(int column, int twip);
+  int ColWidth(int column) const;
   /// On: columns grow alike to fill the view's width, and are never narrower than their widths say. Off at
   /// first.
-  void impostaLarghezzaPiena(bool piena);
-  void impostaAltezzaTestata(int twip);
+  void setFullWidth(bool fullWidth);
+  void setHeadingHeight(int twip);
   /// The leading columns that do not scroll sideways and take no current cell.
-  void impostaFixedCols(int colonne);
+  void setFixedCols(int columns);
   int FixedCols() const;
   /// Background of the cells that have no colour of their own; invalid: the palette's.
-  void impostaBackColor(const QColor& colore);
+  void setBackColor(const QColor& colour);
 
   /// The current cell; row 0 and column -1 with none.
   int Row() const;
   int Col() const;
   /// Makes a data cell the current one and brings it into view; a cell outside the data or in a fixed column
   /// does nothing.
-  void impostaCella(int riga, int colonna);
+  void setCell(int row, int column);
   /// Marks the whole row from its first to its last column, as the current one; the current column stays if
   /// it is in that row already.
-  void selezionaRiga(int riga);
+  void markRow(int row);
 
   /// While off, nothing is painted and changes of cells are told to the view once, when it is on again. Fills
   /// switch it off; nested switches count.
-  void impostaRedraw(bool acceso);
+  void setRedraw(bool on);
   bool Redraw() const;
 
   /// The selected cells as text: columns parted by tabs, rows by line ends; those within a cell are blanks.
@@ -75,31 +75,31 @@ class FlexGrid : public QTableView {
 
  Q_SIGNALS:
   /// A data cell was clicked, or chosen by Enter or Space.
-  void clic(int riga, int colonna);
+  void cellClicked(int row, int column);
   /// Another cell became the current one.
-  void entrata(int riga, int colonna);
+  void entered(int row, int column);
 
  protected:
-  void keyPressEvent(QKeyEvent* evento) override;
-  void changeEvent(QEvent* evento) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void updateGeometries() override;
-  void resizeEvent(QResizeEvent* evento) override;
-  void currentChanged(const QModelIndex& nuova, const QModelIndex& prima) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void currentChanged(const QModelIndex& fresh, const QModelIndex& before) override;
 
  private:
-  void mostraColonne();
-  double ingrandimento() const;
-  void misuraRighe();
-  void ridimensionata(int colonna, int prima, int larghezza);
-  void premutaFissa(const QModelIndex& cella);
-  void copia() const;
+  void showColumns();
+  double zoom() const;
+  void sizeRows();
+  void resized(int column, int before, int width);
+  void fixedPressed(const QModelIndex& cell);
+  void copy() const;
 
-  ModelloCelle* modello_;
-  ColonneFisse* fisse_ = nullptr;
+  CellModel* model_;
+  FixedColumns* fixedView_ = nullptr;
   QList<int> twip_;
-  int fixed_ = 0;
-  int altezzaTestata_ = 0;
-  int spento_ = 0;
-  bool dispone_ = false;
-  bool piena_ = false;
+  int fixedCols_ = 0;
+  int headingHeight_ = 0;
+  int off_ = 0;
+  bool arranging_ = false;
+  bool fullWidth_ = false;
 };

@@ -1,12 +1,12 @@
 #include "controls/rtf.h"
 
-#include "controls/rtf_documento.h"
-#include "controls/rtf_lettore.h"
+#include "controls/rtf_document.h"
+#include "controls/rtf_reader.h"
 
 namespace rtf {
 
-void leggi(const QByteArray& byte, QTextDocument& documento) {
-  scrivi(Lettore(byte).leggi(), documento);
+void read(const QByteArray& byte, QTextDocument& document) {
+  write(Reader(byte).read(), document);
 }
 
 }  // namespace rtf

@@ -10,10 +10,10 @@ class QTextDocument;
 namespace rtf {
 
 /// The longest text, in bytes, that is read.
-inline constexpr qsizetype kMassimo = qsizetype{16} * 1024 * 1024;
+inline constexpr qsizetype kMaxBytes = qsizetype{16} * 1024 * 1024;
 
-/// Replaces what `documento` holds. Sizes follow the document's default font. Throws Errore 321 for what is
+/// Replaces what `document` holds. Sizes follow the document's default font. Throws Errore 321 for what is
 /// no rich text, ends half-way or goes beyond what a help text needs; the document is untouched then.
-void leggi(const QByteArray& byte, QTextDocument& documento);
+void read(const QByteArray& byte, QTextDocument& document);
 
 }  // namespace rtf

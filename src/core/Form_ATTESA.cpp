@@ -1,6 +1,6 @@
 #include "core/Form_ATTESA.h"
 
-#include "controls/stile.h"
+#include "controls/style.h"
 #include "ui_Form_ATTESA.h"
 
 namespace {
@@ -12,7 +12,7 @@ constexpr Qt::WindowFlags kCornice = Qt::Dialog | Qt::CustomizeWindowHint | Qt::
 Form_ATTESA::Form_ATTESA(QWidget* parent)
     : QWidget(parent, kCornice), ui_(std::make_unique<Ui::Form_ATTESA>()) {
   ui_->setupUi(this);
-  ui_->Picture1->setPixmap(stile::icona(QStringLiteral("hourglass")).pixmap(kFigura));
+  ui_->Picture1->setPixmap(style::icon(QStringLiteral("hourglass")).pixmap(kFigura));
 }
 
 Form_ATTESA::~Form_ATTESA() = default;

@@ -1,6 +1,6 @@
-#include "core/conversioni.h"
-#include "core/stato.h"
-#include "platform/ui/utente.h"
+#include "core/conversions.h"
+#include "core/state.h"
+#include "platform/ui/user_port.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ bool bisestile(int anno) {
 }
 
 Bandiera rifiuta(Utente& utente, const QString& messaggio) {
-  utente.MsgBox(messaggio, Icona::Critica);
+  utente.MsgBox(messaggio, Icon::Critical);
   return kFalso;
 }
 

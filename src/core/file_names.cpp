@@ -1,8 +1,8 @@
 #include <QFileInfo>
 #include <algorithm>
 
-#include "core/conversioni.h"
-#include "core/percorsi.h"
+#include "core/conversions.h"
+#include "core/paths.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "core/menu.h"
 
 #include "core/Form_ATTESA.h"
-#include "core/Form_Provvisoria.h"
-#include "core/contesto.h"
+#include "core/context.h"
 #include "core/frmAbout.h"
-#include "core/schermate.h"
+#include "core/placeholder_workspace.h"
+#include "core/screens.h"
 #include "core/start.h"
-#include "platform/ui/schermo.h"
+#include "platform/ui/display.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ void MostraMenu(Contesto& contesto) {
 
 void registraSchermateCore(Schermate& schermate) {
   schermate.registra(kMenu, [](Contesto& c) {
-    const QSize misure = schermo::misure();
+    const QSize misure = display::sizes();
     return new start(c, {static_cast<float>(misure.width()), static_cast<float>(misure.height())});
   });
   schermate.registra(QStringLiteral("frmAbout"), [](Contesto& c) { return new frmAbout(c); });

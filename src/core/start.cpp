@@ -4,13 +4,13 @@
 #include <QTimer>
 #include <utility>
 
-#include "controls/stile.h"
-#include "core/avvio.h"
-#include "core/contesto.h"
-#include "core/reazioni.h"
-#include "core/schermate.h"
-#include "core/stato.h"
-#include "platform/ui/schermo.h"
+#include "controls/style.h"
+#include "core/context.h"
+#include "core/reactions.h"
+#include "core/screens.h"
+#include "core/startup.h"
+#include "core/state.h"
+#include "platform/ui/display.h"
 #include "ui_start.h"
 
 namespace {
@@ -44,7 +44,7 @@ start::start(Contesto& contesto, MisureSchermo misure)
     : contesto_(contesto), misure_(misure), ui_(std::make_unique<Ui::start>()) {
   misure_ = ControllaRisoluzione(misure, contesto_.utente, [this](float l, float a) { ChangeRes(l, a); });
   ui_->setupUi(this);
-  ui_->Picture1->setPixmap(stile::iconaPrimaria(QStringLiteral("receipt-euro")).pixmap(kMarchio));
+  ui_->Picture1->setPixmap(style::primaryIcon(QStringLiteral("receipt-euro")).pixmap(kMarchio));
   for (const Voce& voce : kVoci) collega(voce);
   aggiungiTimer();
   carica();
@@ -53,7 +53,7 @@ start::start(Contesto& contesto, MisureSchermo misure)
 start::~start() = default;
 
 void start::ChangeRes(float larghezza, float altezza) {
-  schermo::cambiaModo(larghezza, altezza);
+  display::changeMode(larghezza, altezza);
 }
 
 void start::aggiungiTimer() {
@@ -64,7 +64,7 @@ void start::aggiungiTimer() {
   primaImmagine_->setSingleShot(true);
   // A picture that is missing is told when the mouse comes to its entry, not at start.
   connect(primaImmagine_, &QTimer::timeout, this, [this] {
-    if (ui_->Image1->immagine().isNull()) ui_->Image1->carica(percorsoImmagine(kVoci[0]));
+    if (ui_->Image1->image().isNull()) ui_->Image1->load(percorsoImmagine(kVoci[0]));
   });
 }
 
@@ -81,8 +81,8 @@ void start::paintEvent(QPaintEvent* evento) {
 }
 
 void start::collega(const Voce& voce) {
-  VoceMenu& scritta = etichetta(voce);
-  scritta.setIcon(stile::icona(QLatin1String(voce.icona)));
+  MenuEntry& scritta = etichetta(voce);
+  scritta.setIcon(style::icon(QLatin1String(voce.icona)));
   const QString nome = scritta.objectName();
   const auto passaSopra = [this, &voce, nome] {
     reazioni::protetta(contesto_.utente, nome + QStringLiteral("_MouseMove"), QLatin1String(kModulo), [&] {
@@ -90,16 +90,16 @@ void start::collega(const Voce& voce) {
       illustra(voce);
     });
   };
-  connect(&scritta, &VoceMenu::mosso, this, passaSopra);
-  connect(&scritta, &VoceMenu::raggiunto, this, passaSopra);
-  connect(&scritta, &VoceMenu::clicked, this, [this, &voce, nome] {
+  connect(&scritta, &MenuEntry::hovered, this, passaSopra);
+  connect(&scritta, &MenuEntry::reached, this, passaSopra);
+  connect(&scritta, &MenuEntry::clicked, this, [this, &voce, nome] {
     reazioni::protetta(contesto_.utente, nome + QStringLiteral("_Click"), QLatin1String(kModulo),
                        [&] { scegli(voce); });
   });
 }
 
-VoceMenu& start::etichetta(const Voce& voce) {
-  return *findChild<VoceMenu*>(QLatin1String(voce.etichetta));
+MenuEntry& start::etichetta(const Voce& voce) {
+  return *findChild<MenuEntry*>(QLatin1String(voce.etichetta));
 }
 
 QString start::percorsoImmagine(const Voce& voce) const {
@@ -107,18 +107,18 @@ QString start::percorsoImmagine(const Voce& voce) const {
 }
 
 void start::evidenzia(const Voce& voce) {
-  for (const Voce& altra : kVoci) etichetta(altra).impostaAspetto(&altra == &voce ? 1 : 0);
+  for (const Voce& altra : kVoci) etichetta(altra).setLook(&altra == &voce ? 1 : 0);
 }
 
 void start::illustra(const Voce& voce) {
   if (*voce.immagine == '\0') return;
-  if (!ui_->Image1->carica(percorsoImmagine(voce)))
-    throw Errore{errore::kFileAssente, QStringLiteral("File non trovato")};
+  if (!ui_->Image1->load(percorsoImmagine(voce)))
+    throw Errore{errors::kFileMissing, QStringLiteral("File non trovato")};
 }
 
 void start::scegli(const Voce& voce) {
   const QString schermata = QLatin1String(voce.schermata);
-  if (schermata.isEmpty()) contesto_.utente.Termina();
+  if (schermata.isEmpty()) contesto_.utente.Terminate();
   if (*voce.chiamante != '\0') varGlobal().FormChiamante = QLatin1String(voce.chiamante);
   contesto_.schermate.carica(schermata, contesto_);
   contesto_.schermate.mostra(schermata, contesto_);

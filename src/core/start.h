@@ -3,10 +3,10 @@
 #include <QWidget>
 #include <memory>
 
-#include "core/risoluzione.h"
+#include "core/resolution.h"
 
 class QTimer;
-class VoceMenu;
+class MenuEntry;
 struct Contesto;
 namespace Ui {
 class start;
@@ -37,7 +37,7 @@ class start : public QWidget {
   void aggiungiTimer();
   void carica();
   void collega(const Voce& voce);
-  VoceMenu& etichetta(const Voce& voce);
+  MenuEntry& etichetta(const Voce& voce);
   QString percorsoImmagine(const Voce& voce) const;
   void evidenzia(const Voce& voce);
   void illustra(const Voce& voce);

@@ -1,12 +1,12 @@
 #include <QByteArray>
 
-#include "core/contesto.h"
-#include "core/conversioni.h"
-#include "core/stato.h"
+#include "core/context.h"
+#include "core/conversions.h"
+#include "core/state.h"
 #include "ecrlink/session.h"
-#include "platform/ecrcom/libreria.h"
+#include "platform/ecrcom/library.h"
 #include "platform/text/windows1252.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/user_port.h"
 
 namespace ecrlink {
 
@@ -26,8 +26,8 @@ bool vuoleTrasferimento(Modo modo) {
 
 void segnalaCodice(std::int16_t codice, Contesto& contesto) {
   const QByteArray testo = contesto.libreria.ecr_get_err(codice, kByteErrore);
-  contesto.utente.MsgBox(QStringLiteral("Errore nella comunicazione con ECR: ") + windows1252::inTesto(testo),
-                         Icona::Critica);
+  contesto.utente.MsgBox(QStringLiteral("Errore nella comunicazione con ECR: ") + windows1252::toText(testo),
+                         Icon::Critical);
 }
 
 int comandoSenzaRisposta(Modo modo, Contesto& contesto) {
@@ -51,15 +51,15 @@ int staffa(const QString& file, Modo modo, Contesto& contesto) {
 
 int ComandoECR(QString& file, Modo modo, QString& risposta, Contesto& contesto) {
   if (modo > Modo::ChiusuraFiscale) return kFallito;
-  QByteArray ip = windows1252::inByte(commonForKora().IP_ECR);
-  QByteArray nome = portaFile(modo) ? windows1252::inByte(file) : QByteArray("");
+  QByteArray ip = windows1252::toBytes(commonForKora().IP_ECR);
+  QByteArray nome = portaFile(modo) ? windows1252::toBytes(file) : QByteArray("");
   QByteArray buffer(kByteRisposta, ' ');
   const std::int16_t codice = contesto.libreria.ecr_command(ip, nome, static_cast<int>(modo), buffer);
-  commonForKora().IP_ECR = windows1252::inTesto(ip);
+  commonForKora().IP_ECR = windows1252::toText(ip);
   if (portaFile(modo))
-    file = windows1252::inTesto(nome);
+    file = windows1252::toText(nome);
   else
-    risposta = windows1252::inTesto(buffer);
+    risposta = windows1252::toText(buffer);
   if (codice != 0) segnalaCodice(codice, contesto);
   return codice;
 }
@@ -79,7 +79,7 @@ int ControllaFile(const QString& nome, bool mostra, Contesto& contesto) {
   if (mostra)
     contesto.utente.MsgBox(
         QStringLiteral("STATO DELLA CASSA NON CONGRUENTE \r\n") + nome + QStringLiteral(" non presente !!!"),
-        Icona::Nessuna, QStringLiteral("ATTENZIONE"));
+        Icon::None, QStringLiteral("ATTENZIONE"));
   return 1;
 }
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "core/stato.h"
+#include "core/state.h"
 
 namespace ecrlink {
 

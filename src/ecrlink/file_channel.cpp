@@ -4,10 +4,10 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "core/contesto.h"
-#include "core/reazioni.h"
+#include "core/context.h"
+#include "core/reactions.h"
 #include "ecrlink/session.h"
-#include "platform/errore.h"
+#include "platform/error.h"
 
 namespace ecrlink {
 
@@ -16,17 +16,17 @@ namespace {
 constexpr int kFallito = 1;
 
 Errore fileAssente() {
-  return {errore::kFileAssente, QStringLiteral("File non trovato")};
+  return {errors::kFileMissing, QStringLiteral("File non trovato")};
 }
 Errore argomentoNonValido() {
-  return {errore::kArgomento, QStringLiteral("Chiamata di routine o argomento non validi")};
+  return {errors::kBadArgument, QStringLiteral("Chiamata di routine o argomento non validi")};
 }
 
 /// Why a file could not be made, opened or read.
 Errore accessoFallito(const QString& file) {
   const QFileInfo info(file);
-  if (!info.absoluteDir().exists()) return {errore::kPercorsoAssente, QStringLiteral("Percorso non trovato")};
-  return {errore::kAccessoPercorso, QStringLiteral("Errore nell'accesso al percorso/file")};
+  if (!info.absoluteDir().exists()) return {errors::kPathMissing, QStringLiteral("Percorso non trovato")};
+  return {errors::kPathAccess, QStringLiteral("Errore nell'accesso al percorso/file")};
 }
 
 const char* comeCaratteri(const std::uint8_t* byte) {
@@ -38,7 +38,7 @@ void scriviTutto(QFile& file, std::span<const std::uint8_t> immagine) {
   const auto lunghezza = static_cast<qint64>(immagine.size());
   if (lunghezza == 0) return;
   if (file.write(comeCaratteri(immagine.data()), lunghezza) != lunghezza)
-    throw Errore{errore::kDiscoPieno, QStringLiteral("Disco pieno")};
+    throw Errore{errors::kDiskFull, QStringLiteral("Disco pieno")};
 }
 
 /// The old file is not emptied: a longer one keeps its tail, which the till does not read.

@@ -2,14 +2,14 @@
 
 #include <QStringList>
 
-#include "core/contesto.h"
-#include "core/conversioni.h"
-#include "core/reazioni.h"
-#include "core/stato.h"
-#include "ecrlink/controlli.h"
+#include "core/context.h"
+#include "core/conversions.h"
+#include "core/reactions.h"
+#include "core/state.h"
 #include "ecrlink/ecr_info.h"
+#include "ecrlink/link_controls.h"
 #include "ecrlink/models.h"
-#include "platform/net/rete.h"
+#include "platform/net/network.h"
 
 namespace ecrlink {
 
@@ -31,7 +31,7 @@ bool convertibile(const QString& parte) {
 }
 
 void critico(Contesto& contesto, const QString& testo) {
-  contesto.utente.MsgBox(testo, Icona::Critica);
+  contesto.utente.MsgBox(testo, Icon::Critical);
 }
 
 void rifiutaIndirizzo(QWidget& schermo, Contesto& contesto, const QString& motivo) {
@@ -90,7 +90,7 @@ void mostraInfo(QWidget& schermo) {
   if (!parola) return;
   controlli::scrivi(schermo, controlli::kStato, *parola);
   controlli::contrassegna(schermo, controlli::kStato, controlli::kProprietaStato, info.InfoStato);
-  distingui(schermo, statoAmmesso(info.InfoStato) ? QStringLiteral("pronto") : QStringLiteral("occupato"));
+  distingui(schermo, statoAmmesso(info.InfoStato) ? QStringLiteral("ready") : QStringLiteral("busy"));
 }
 
 Passo interroga(QWidget& schermo, Contesto& contesto) {
@@ -128,7 +128,7 @@ void pronto(QWidget& schermo) {
 void connetti(QWidget& schermo, Contesto& contesto) {
   if (verificaIndirizzo(schermo, contesto) == Passo::Basta) return;
   // The word of an earlier connection stays to be read; its colour would tell that it still holds.
-  distingui(schermo, QStringLiteral("neutro"));
+  distingui(schermo, QStringLiteral("neutral"));
   if (verificaPresenza(contesto) == Passo::Basta) return;
   controlli::abilita(schermo, controlli::kConnetti, false);
   controlli::fuoco(schermo, controlli::kEsci);
@@ -170,7 +170,7 @@ bool ControllaIP(const QString& testo) {
 }
 
 int PingECR(const QString& indirizzo, Contesto& contesto) {
-  return contesto.rete.eco(indirizzo, QByteArrayLiteral("hello"), kAttesaEco);
+  return contesto.rete.echo(indirizzo, QByteArrayLiteral("hello"), kAttesaEco);
 }
 
 }  // namespace ecrlink

@@ -7,14 +7,14 @@
 #include <utility>
 
 #include "controls/FlexGrid.h"
-#include "controls/stile.h"
-#include "core/contesto.h"
+#include "controls/style.h"
+#include "core/context.h"
 #include "core/date_combos.h"
-#include "core/percorsi.h"
-#include "core/reazioni.h"
-#include "core/schermate.h"
-#include "core/stato.h"
-#include "platform/ui/occupato.h"
+#include "core/paths.h"
+#include "core/reactions.h"
+#include "core/screens.h"
+#include "core/state.h"
+#include "platform/ui/busy_guard.h"
 #include "sales/sales_export.h"
 #include "sales/sales_search.h"
 #include "ui_Form_ArchivioVenduto.h"
@@ -36,8 +36,8 @@ const QColor kRosso(Qt::red);
 /// Holds the painting of a grid back for as long as it lives.
 class Ferma {
  public:
-  explicit Ferma(FlexGrid& griglia) : griglia_(griglia) { griglia_.impostaRedraw(false); }
-  ~Ferma() { griglia_.impostaRedraw(true); }
+  explicit Ferma(FlexGrid& griglia) : griglia_(griglia) { griglia_.setRedraw(false); }
+  ~Ferma() { griglia_.setRedraw(true); }
   Ferma(const Ferma&) = delete;
   Ferma& operator=(const Ferma&) = delete;
 
@@ -51,7 +51,7 @@ class Ferma {
 template <typename Corpo>
 void Form_ArchivioVenduto::comando(const char* nome, Corpo&& corpo) {
   reazioni::protetta(contesto_.utente, QLatin1String(nome), objectName(), [&] {
-    contesto_.area.NuovoComando();
+    contesto_.area.NewCommand();
     corpo();
   });
 }
@@ -80,11 +80,11 @@ Form_ArchivioVenduto::Form_ArchivioVenduto(Contesto& contesto)
 Form_ArchivioVenduto::~Form_ArchivioVenduto() = default;
 
 void Form_ArchivioVenduto::vesti() {
-  stile::primario(*ui_->Cmd_Cerca, QStringLiteral("search"));
-  ui_->Cmd_Reset->setIcon(stile::icona(QStringLiteral("x")));
-  ui_->Cmd_Refresh->setIcon(stile::icona(QStringLiteral("calendar")));
-  ui_->Cmd_Export->setIcon(stile::icona(QStringLiteral("download")));
-  ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("arrow-left")));
+  style::primary(*ui_->Cmd_Cerca, QStringLiteral("search"));
+  ui_->Cmd_Reset->setIcon(style::icon(QStringLiteral("x")));
+  ui_->Cmd_Refresh->setIcon(style::icon(QStringLiteral("calendar")));
+  ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("download")));
+  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
 }
 
 void Form_ArchivioVenduto::preparaSelettori() {
@@ -101,15 +101,15 @@ void Form_ArchivioVenduto::preparaSelettori() {
 
 void Form_ArchivioVenduto::GestGridCentral() {
   FlexGrid& griglia = *ui_->MSFlexGridVenduto;
-  griglia.impostaCols(sales::kColonneVenduto);
+  griglia.setCols(sales::kColonneVenduto);
   elencoVuoto();
-  griglia.impostaAltezzaTestata(kTwipTestata);
-  griglia.impostaLarghezzaPiena(true);
+  griglia.setHeadingHeight(kTwipTestata);
+  griglia.setFullWidth(true);
   int colonna = 0;
   for (const sales::DescrizioneColonna& una : sales::colonneVenduto()) {
-    griglia.impostaTextMatrix(0, colonna, una.testata);
-    griglia.impostaColWidth(colonna, una.twip);
-    griglia.impostaColAlignment(colonna, (una.numero ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    griglia.setTextMatrix(0, colonna, una.testata);
+    griglia.setColWidth(colonna, una.twip);
+    griglia.setColAlignment(colonna, (una.numero ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     ++colonna;
   }
 }
@@ -125,7 +125,7 @@ void Form_ArchivioVenduto::RefreshForm() {
 }
 
 void Form_ArchivioVenduto::riempi(const QString& sql, sales::Elenco elenco) {
-  const Occupato occupato;
+  const BusyGuard occupato;
   const Ferma ferma(*ui_->MSFlexGridVenduto);
   std::optional<sales::LettoreVenduto> righe;
   passo(elenco, [&] { righe.emplace(varGlobal().DB_Articoli.OpenRecordset(sql), elenco); });
@@ -140,7 +140,7 @@ void Form_ArchivioVenduto::preparaRighe(int quante) {
   // The totals of the list before must not stay behind among the rows of data.
   const int ultima = griglia.Rows() - 1;
   for (int riga = std::max(ultima - 1, kPrimaRiga); riga <= ultima; ++riga) pulisciRiga(riga);
-  griglia.impostaRows(quante + kRigheInPiu);
+  griglia.setRows(quante + kRigheInPiu);
   for (int riga = quante + kPrimaRiga; riga < griglia.Rows(); ++riga) pulisciRiga(riga);
 }
 
@@ -148,11 +148,11 @@ void Form_ArchivioVenduto::riempiRighe(sales::LettoreVenduto& righe, sales::Elen
   sales::SommeVenduto somme;
   int riga = kPrimaRiga;
   for (; !righe.fine(); righe.avanti(), ++riga) {
-    contesto_.utente.DoEventsAlRecord();
+    contesto_.utente.DoEventsAtRecord();
     if (!riempiRiga(righe, riga, elenco, somme)) return mostraQuante(riga);
   }
   SetTailGriglia(riga, somme);
-  ui_->MSFlexGridVenduto->impostaCella(kPrimaRiga, sales::kNr);
+  ui_->MSFlexGridVenduto->setCell(kPrimaRiga, sales::kNr);
   mostraQuante(righe.quante());
 }
 
@@ -162,8 +162,7 @@ bool Form_ArchivioVenduto::riempiRiga(const sales::LettoreVenduto& righe, int ri
   for (int colonna = 0; colonna < sales::kColonneVenduto; ++colonna) {
     // A cell that fails keeps the text it had.
     const reazioni::Esito esito = passo(elenco, [&] {
-      griglia.impostaTextMatrix(riga, colonna,
-                                righe.cella(static_cast<sales::ColonnaVenduto>(colonna), somme));
+      griglia.setTextMatrix(riga, colonna, righe.cella(static_cast<sales::ColonnaVenduto>(colonna), somme));
     });
     if (esito == reazioni::Esito::Segnalato && elenco == sales::Elenco::Tutti) return false;
   }
@@ -172,14 +171,14 @@ bool Form_ArchivioVenduto::riempiRiga(const sales::LettoreVenduto& righe, int ri
 
 void Form_ArchivioVenduto::SetTailGriglia(int riga, const sales::SommeVenduto& somme) {
   FlexGrid& griglia = *ui_->MSFlexGridVenduto;
-  griglia.impostaTextMatrix(riga, sales::kData, QStringLiteral(" "));
+  griglia.setTextMatrix(riga, sales::kData, QStringLiteral(" "));
   const int totale = riga + 1;
   int colonna = 0;
   for (const QString& testo : sales::rigaTotale(somme)) {
     if (sales::inEvidenza(static_cast<sales::ColonnaVenduto>(colonna))) {
-      griglia.impostaTextMatrix(totale, colonna, testo);
-      griglia.impostaCellBackColor(totale, colonna, kGiallo);
-      griglia.impostaCellForeColor(totale, colonna, kRosso);
+      griglia.setTextMatrix(totale, colonna, testo);
+      griglia.setCellBackColor(totale, colonna, kGiallo);
+      griglia.setCellForeColor(totale, colonna, kRosso);
     }
     ++colonna;
   }
@@ -188,15 +187,15 @@ void Form_ArchivioVenduto::SetTailGriglia(int riga, const sales::SommeVenduto& s
 void Form_ArchivioVenduto::pulisciRiga(int riga) {
   FlexGrid& griglia = *ui_->MSFlexGridVenduto;
   for (int colonna = 0; colonna < sales::kColonneVenduto; ++colonna) {
-    griglia.impostaTextMatrix(riga, colonna, {});
-    griglia.impostaCellBackColor(riga, colonna, {});
-    griglia.impostaCellForeColor(riga, colonna, {});
+    griglia.setTextMatrix(riga, colonna, {});
+    griglia.setCellBackColor(riga, colonna, {});
+    griglia.setCellForeColor(riga, colonna, {});
   }
 }
 
 void Form_ArchivioVenduto::elencoVuoto() {
   FlexGrid& griglia = *ui_->MSFlexGridVenduto;
-  griglia.impostaRows(kRigheVuoto);
+  griglia.setRows(kRigheVuoto);
   griglia.Clear();
   mostraQuante(0);
 }
@@ -216,7 +215,7 @@ void Form_ArchivioVenduto::cerca() {
 }
 
 void Form_ArchivioVenduto::esporta() {
-  const auto scelto = contesto_.utente.FinestraSalva(
+  const auto scelto = contesto_.utente.AskSavePath(
       {QStringLiteral("Export Venduto"), QStringLiteral("csv (*.csv)|*.csv"), QString()});
   if (!scelto || scelto->isEmpty()) return;
   const FlexGrid& griglia = *ui_->MSFlexGridVenduto;
@@ -229,7 +228,7 @@ void Form_ArchivioVenduto::esporta() {
   }
   contesto_.utente.MsgBox(
       QStringLiteral("Creazione del file ") + PercorsoNativo(*scelto) + QStringLiteral(" terminata."),
-      Icona::Informazione);
+      Icon::Information);
 }
 
 void Form_ArchivioVenduto::on_Cmd_Cerca_clicked() {
@@ -253,8 +252,8 @@ void Form_ArchivioVenduto::on_Cmd_Esci_clicked() {
   close();
 }
 
-void Form_ArchivioVenduto::on_MSFlexGridVenduto_clic(int riga, int) {
-  ui_->MSFlexGridVenduto->impostaCella(riga, sales::kPezzi);
+void Form_ArchivioVenduto::on_MSFlexGridVenduto_cellClicked(int riga, int) {
+  ui_->MSFlexGridVenduto->setCell(riga, sales::kPezzi);
 }
 
 void registraArchivioVenduto(Schermate& schermate) {

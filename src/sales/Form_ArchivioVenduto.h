@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <memory>
 
-#include "core/reazioni.h"
+#include "core/reactions.h"
 #include "sales/sales_rows.h"
 
 struct Contesto;
@@ -28,7 +28,7 @@ class Form_ArchivioVenduto : public QDialog {
   void on_Cmd_Refresh_clicked();
   void on_Cmd_Export_clicked();
   void on_Cmd_Esci_clicked();
-  void on_MSFlexGridVenduto_clic(int riga, int colonna);
+  void on_MSFlexGridVenduto_cellClicked(int riga, int colonna);
 
  private:
   template <typename Corpo>

@@ -1,17 +1,17 @@
 #include "sales/Form_RicezioneVenduto.h"
 
-#include "controls/stile.h"
-#include "core/contesto.h"
-#include "core/schermate.h"
-#include "platform/ui/utente.h"
-#include "sales/avanzamento.h"
+#include "controls/style.h"
+#include "core/context.h"
+#include "core/screens.h"
+#include "platform/ui/user_port.h"
+#include "sales/progress.h"
 #include "ui_Form_RicezioneVenduto.h"
 
 Form_RicezioneVenduto::Form_RicezioneVenduto(Contesto& contesto)
     : FinestraTrasferimento(contesto), ui_(std::make_unique<Ui::Form_RicezioneVenduto>()) {
   ui_->setupUi(this);
-  stile::primario(*ui_->Cmd_Avvia, QStringLiteral("download"));
-  ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("arrow-left")));
+  style::primary(*ui_->Cmd_Avvia, QStringLiteral("download"));
+  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
   caricaSchermo();
 }
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "articles/finestra_trasferimento.h"
+#include "articles/link_window.h"
 #include "sales/reception.h"
 
 class Schermate;

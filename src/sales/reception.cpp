@@ -5,14 +5,14 @@
 #include <optional>
 #include <vector>
 
-#include "articles/transazione.h"
-#include "core/contesto.h"
-#include "core/conversioni.h"
-#include "core/stato.h"
+#include "articles/transaction.h"
+#include "core/context.h"
+#include "core/conversions.h"
+#include "core/state.h"
 #include "ecrlink/file_channel.h"
 #include "ecrlink/session.h"
 #include "platform/store/store.h"
-#include "platform/ui/utente.h"
+#include "platform/ui/user_port.h"
 
 namespace sales {
 
@@ -28,7 +28,7 @@ static_assert(kInizioSconti + kByteSerie == kByteVenduto);
 using Venduto = std::vector<std::uint8_t>;
 
 Esito fallita(Contesto& contesto, const QString& messaggio) {
-  contesto.utente.MsgBox(messaggio, Icona::Esclamazione);
+  contesto.utente.MsgBox(messaggio, Icon::Warning);
   return Esito::Comunicazione;
 }
 
@@ -55,7 +55,7 @@ void carica(const Venduto& venduto, Contesto& contesto, const std::function<void
   articles::Transazione transazione(contesto.area);
   for (int slot = 0; slot < kSlot; ++slot) {
     avanza(slot);
-    contesto.utente.DoEventsAlRecord();
+    contesto.utente.DoEventsAtRecord();
     caricaSlot(archivio, venduto, slot);
   }
   transazione.conferma();
@@ -64,13 +64,13 @@ void carica(const Venduto& venduto, Contesto& contesto, const std::function<void
 void segnalaCaricamento(Contesto& contesto, const Errore& errore) {
   contesto.utente.MsgBox(QStringLiteral("Errore nel caricamento dati nella TAB_VENDUTO n° ") +
                              QString::number(errore.numero) + QLatin1Char('\n') + errore.descrizione,
-                         Icona::Critica);
+                         Icon::Critical);
 }
 
 Esito azzera(Contesto& contesto, const QString& riuscita) {
   if (ecrlink::avviaECR({}, ecrlink::Modo::AzzeraVenduto, contesto) != 0)
     return fallita(contesto, QStringLiteral("Errore nell'invio richiesta reset dati del venduto"));
-  contesto.utente.MsgBox(riuscita, Icona::Esclamazione);
+  contesto.utente.MsgBox(riuscita, Icon::Warning);
   return Esito::Fatto;
 }
 

@@ -1,6 +1,6 @@
 #include "sales/sales_export.h"
 
-#include "platform/text/file_intero.h"
+#include "platform/text/whole_file.h"
 #include "platform/text/windows1252.h"
 #include "sales/sales_rows.h"
 
@@ -14,7 +14,7 @@ void EsportaVenduto(const QString& percorso, int ultima, const CellaDiElenco& ce
       testo += QLatin1Char(';') + cella(riga, colonna);
     testo += QStringLiteral("\r\n");
   }
-  ScriviFileIntero(percorso, windows1252::inByte(testo));
+  WriteWholeFile(percorso, windows1252::toBytes(testo));
 }
 
 }  // namespace sales

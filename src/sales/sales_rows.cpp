@@ -27,7 +27,7 @@ constexpr int kPerNome = -1;
 const QString kCampoSconto = QStringLiteral("Sconto_giornaliero");
 
 [[noreturn]] void divisionePerZero() {
-  throw Errore{errore::kDivisionePerZero, QStringLiteral("Divisione per zero")};
+  throw Errore{errors::kDivisionByZero, QStringLiteral("Divisione per zero")};
 }
 
 double inEuro(std::int64_t centesimi) {
@@ -83,13 +83,13 @@ QString DataAVideo(const QString& data) {
 LettoreVenduto::LettoreVenduto(store::Recordset righe, Elenco elenco)
     : righe_(std::move(righe)),
       elenco_(elenco),
-      data_(righe_.colonna(QStringLiteral("Data"))),
-      ean_(righe_.colonna(QStringLiteral("Codice_EAN"))),
-      articolo_(righe_.colonna(QStringLiteral("Codice_Articolo"))),
-      descrizione_(righe_.colonna(QStringLiteral("Descrizione"))),
-      importo_(righe_.colonna(QStringLiteral("Importo_giornaliero"))),
-      pezzi_(righe_.colonna(QStringLiteral("Tot_giorn_articoli_venduti"))),
-      sconto_(elenco == Elenco::Tutti ? righe_.colonna(kCampoSconto) : kPerNome),
+      data_(righe_.column(QStringLiteral("Data"))),
+      ean_(righe_.column(QStringLiteral("Codice_EAN"))),
+      articolo_(righe_.column(QStringLiteral("Codice_Articolo"))),
+      descrizione_(righe_.column(QStringLiteral("Descrizione"))),
+      importo_(righe_.column(QStringLiteral("Importo_giornaliero"))),
+      pezzi_(righe_.column(QStringLiteral("Tot_giorn_articoli_venduti"))),
+      sconto_(elenco == Elenco::Tutti ? righe_.column(kCampoSconto) : kPerNome),
       decimale_(QLocale().decimalPoint()) {}
 
 void LettoreVenduto::avanti() {
@@ -98,11 +98,11 @@ void LettoreVenduto::avanti() {
 }
 
 QString LettoreVenduto::testo(int posizione) const {
-  return righe_.nullo(posizione) ? QString() : righe_.campo(posizione).testo();
+  return righe_.isNull(posizione) ? QString() : righe_.field(posizione).text();
 }
 
 std::int32_t LettoreVenduto::numero(int posizione) const {
-  return righe_.nullo(posizione) ? 0 : righe_.campo(posizione).intero();
+  return righe_.isNull(posizione) ? 0 : righe_.field(posizione).int32();
 }
 
 QString LettoreVenduto::prezzoMedio(SommeVenduto& somme) const {
@@ -114,7 +114,7 @@ QString LettoreVenduto::prezzoMedio(SommeVenduto& somme) const {
 }
 
 QString LettoreVenduto::importo(int posizione, std::int64_t& somma) const {
-  if (righe_.nullo(posizione))
+  if (righe_.isNull(posizione))
     return elenco_ == Elenco::Tutti ? Maschera(0, decimale_) : QStringLiteral("000");
   const std::int32_t centesimi = numero(posizione);
   somma += centesimi;
@@ -126,7 +126,7 @@ QString LettoreVenduto::cella(ColonnaVenduto colonna, SommeVenduto& somme) const
     case kNr:
       return QString::number(riga_);
     case kData:
-      return righe_.nullo(data_) ? QString() : DataAVideo(testo(data_));
+      return righe_.isNull(data_) ? QString() : DataAVideo(testo(data_));
     // The reception stores the article code under Codice_EAN and the EAN under Codice_Articolo, and the
     // archives in the shops are full of such rows: headings and filter stay with the stored names.
     case kCodEan:
@@ -146,7 +146,7 @@ QString LettoreVenduto::cella(ColonnaVenduto colonna, SommeVenduto& somme) const
       return importo(importo_, somme.importi);
     case kSconto:
       // The filtered list does not ask for it: looked up at every row, and each of them says so.
-      return importo(sconto_ == kPerNome ? righe_.colonna(kCampoSconto) : sconto_, somme.sconti);
+      return importo(sconto_ == kPerNome ? righe_.column(kCampoSconto) : sconto_, somme.sconti);
     case kColonneVenduto:
       break;
   }

@@ -57,7 +57,7 @@ class LettoreVenduto {
   LettoreVenduto(store::Recordset righe, Elenco elenco);
 
   int quante() const { return righe_.RecordCount(); }
-  bool fine() const { return righe_.fine(); }
+  bool fine() const { return righe_.atEnd(); }
   /// To the next row.
   void avanti();
 

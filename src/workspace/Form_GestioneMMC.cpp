@@ -9,13 +9,13 @@
 #include "articles/article_database.h"
 #include "articles/ean_index.h"
 #include "articles/import_report.h"
-#include "controls/stile.h"
-#include "core/contesto.h"
-#include "core/conversioni.h"
+#include "controls/style.h"
+#include "core/context.h"
+#include "core/conversions.h"
 #include "core/menu.h"
-#include "core/reazioni.h"
-#include "core/schermate.h"
-#include "core/stato.h"
+#include "core/reactions.h"
+#include "core/screens.h"
+#include "core/state.h"
 #include "ui_Form_GestioneMMC.h"
 #include "workspace/archive_summary.h"
 #include "workspace/import_wait.h"
@@ -25,19 +25,19 @@ namespace {
 constexpr auto kModulo = "Form_GestioneMMC";
 constexpr int kFigura = 40;
 
-FinestraFile finestraArchivio(const QString& titolo, const Contesto& contesto) {
+FileRequest finestraArchivio(const QString& titolo, const Contesto& contesto) {
   return {titolo, QStringLiteral("mdb (*.mdb)|*.mdb"), contesto.cartella};
 }
 
 bool confermaSovrascrittura(const QString& percorso, Utente& utente) {
   return !FileEsiste(percorso) ||
-         utente.MsgBox(QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icona::Nessuna,
-                       QStringLiteral("ATTENZIONE"), Pulsanti::SiNo) == Risposta::Si;
+         utente.MsgBox(QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icon::None,
+                       QStringLiteral("ATTENZIONE"), Buttons::YesNo) == Answer::Yes;
 }
 
 /// A transaction that an import left open belongs to the archive that is about to be let go.
 void concludiTransazione(store::Workspace& area) {
-  if (area.livello() == 0) return;
+  if (area.level() == 0) return;
   area.BeginTrans();
   area.CommitTrans();
 }
@@ -82,7 +82,7 @@ QString testoEsito(const articles::EsitoImport& importazione) {
 template <typename Corpo>
 void Form_GestioneMMC::comando(const char* nome, Corpo&& corpo) {
   reazioni::protetta(contesto_.utente, QLatin1String(nome), QLatin1String(kModulo), [&] {
-    contesto_.area.NuovoComando();
+    contesto_.area.NewCommand();
     corpo();
   });
 }
@@ -112,19 +112,19 @@ Form_GestioneMMC::Form_GestioneMMC(Contesto& contesto, articles::Orologio orolog
 Form_GestioneMMC::~Form_GestioneMMC() = default;
 
 void Form_GestioneMMC::vesti() {
-  ui_->mnuNuovo->setIcon(stile::icona(QStringLiteral("file-plus")));
-  ui_->mnuApri->setIcon(stile::icona(QStringLiteral("folder-open")));
-  ui_->mnuImporta->setIcon(stile::icona(QStringLiteral("file-down")));
-  ui_->mnuClose->setIcon(stile::icona(QStringLiteral("folder-x")));
-  ui_->Cmd_Articoli->setIcon(stile::icona(QStringLiteral("boxes")));
-  ui_->Cmd_Down->setIcon(stile::icona(QStringLiteral("upload")));
-  ui_->Cmd_Upl->setIcon(stile::icona(QStringLiteral("download")));
-  ui_->Cmd_Venduto->setIcon(stile::icona(QStringLiteral("chart-column")));
-  ui_->Cmd_Esci->setIcon(stile::icona(QStringLiteral("log-out")));
+  ui_->mnuNuovo->setIcon(style::icon(QStringLiteral("file-plus")));
+  ui_->mnuApri->setIcon(style::icon(QStringLiteral("folder-open")));
+  ui_->mnuImporta->setIcon(style::icon(QStringLiteral("file-down")));
+  ui_->mnuClose->setIcon(style::icon(QStringLiteral("folder-x")));
+  ui_->Cmd_Articoli->setIcon(style::icon(QStringLiteral("boxes")));
+  ui_->Cmd_Down->setIcon(style::icon(QStringLiteral("upload")));
+  ui_->Cmd_Upl->setIcon(style::icon(QStringLiteral("download")));
+  ui_->Cmd_Venduto->setIcon(style::icon(QStringLiteral("chart-column")));
+  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("log-out")));
   accoppia(*ui_->PulsanteNuovo, *ui_->mnuNuovo);
   accoppia(*ui_->PulsanteApri, *ui_->mnuApri);
   accoppia(*ui_->PulsanteImporta, *ui_->mnuImporta);
-  ui_->Picture1->setPixmap(stile::icona(QStringLiteral("store")).pixmap(kFigura));
+  ui_->Picture1->setPixmap(style::icon(QStringLiteral("store")).pixmap(kFigura));
 }
 
 bool Form_GestioneMMC::comandiAbilitati() const {
@@ -142,7 +142,7 @@ void Form_GestioneMMC::esito(const QString& testo) {
 }
 
 void Form_GestioneMMC::aggiorna() {
-  const bool aperto = varGlobal().DB_Articoli.aperto();
+  const bool aperto = varGlobal().DB_Articoli.isOpen();
   const QString percorso = QDir::toNativeSeparators(varGlobal().NomeDB_Articoli);
   ui_->LabelArchivio->setText(aperto ? articles::NomeFile(percorso)
                                      : QStringLiteral("Nessun archivio aperto"));
@@ -155,7 +155,7 @@ void Form_GestioneMMC::aggiorna() {
 void Form_GestioneMMC::nuovo() {
   articles::avvisaModelloAssente(contesto_);
   const auto scelto =
-      contesto_.utente.FinestraSalva(finestraArchivio(QStringLiteral("Nuovo Archivio"), contesto_));
+      contesto_.utente.AskSavePath(finestraArchivio(QStringLiteral("Nuovo Archivio"), contesto_));
   if (!scelto || scelto->isEmpty() || !confermaSovrascrittura(*scelto, contesto_.utente)) return;
   concludiTransazione(contesto_.area);
   articles::NuovoDatabase(*scelto, contesto_);
@@ -168,7 +168,7 @@ void Form_GestioneMMC::apri() {
   const bool prima = comandiAbilitati();
   abilitaComandi(false);
   const auto scelto =
-      contesto_.utente.FinestraApri(finestraArchivio(QStringLiteral("Apri Archivio"), contesto_));
+      contesto_.utente.AskOpenPath(finestraArchivio(QStringLiteral("Apri Archivio"), contesto_));
   if (!scelto || scelto->isEmpty()) return abilitaComandi(prima);
   concludiTransazione(contesto_.area);
   articles::ApriDatabase(*scelto, contesto_);

@@ -2,7 +2,7 @@
 
 #include <QLocale>
 
-#include "core/stato.h"
+#include "core/state.h"
 #include "platform/store/store.h"
 
 namespace workspace {
@@ -13,10 +13,10 @@ RiepilogoArchivio Riepiloga() {
     store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
         QStringLiteral("SELECT Codice_EAN, Descrizione from TAB_ARTICOLI"));
     const auto scritto = [&righe](int colonna) {
-      return !righe.nullo(colonna) && !righe.utf8(colonna).empty();
+      return !righe.isNull(colonna) && !righe.utf8(colonna).empty();
     };
     riepilogo.posizioni = righe.RecordCount();
-    for (; !righe.fine(); righe.MoveNext())
+    for (; !righe.atEnd(); righe.MoveNext())
       if (scritto(0) || scritto(1)) ++riepilogo.articoli;
     riepilogo.leggibile = true;
   } catch (const Errore&) {

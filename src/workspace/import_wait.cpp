@@ -6,8 +6,8 @@
 #include <QWindow>
 #include <memory>
 
-#include "core/contesto.h"
-#include "core/schermate.h"
+#include "core/context.h"
+#include "core/screens.h"
 
 namespace workspace {
 

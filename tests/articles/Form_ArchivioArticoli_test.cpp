@@ -10,8 +10,8 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "articles/archivio_guidato.h"
 #include "articles/article_database.h"
+#include "articles/guided_archive.h"
 #include "core/menu.h"
 
 namespace {
@@ -35,14 +35,14 @@ const QString kEsci = QStringLiteral("Cmd_Esci");
 const QColor kBlu(0, 0, 255);
 const QColor kArancio(255, 128, 0);
 
-const Riquadro kGrave = riquadro(
+const Box kGrave = riquadro(
     QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. PROCEDURA ABORTITA !!!"),
-    Icona::Critica);
-const Riquadro kSintassiRicerca = riquadro(QStringLiteral("3075 - *"), Icona::Critica);
-const Riquadro kModificaFallita =
-    riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3075\n*"), Icona::Critica);
-const Riquadro kVarPrezzoErrato =
-    riquadro(QStringLiteral("Attenzione var.prezzo deve essere S/s o N/n"), Icona::Informazione);
+    Icon::Critical);
+const Box kSintassiRicerca = riquadro(QStringLiteral("3075 - *"), Icon::Critical);
+const Box kModificaFallita =
+    riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3075\n*"), Icon::Critical);
+const Box kVarPrezzoErrato =
+    riquadro(QStringLiteral("Attenzione var.prezzo deve essere S/s o N/n"), Icon::Information);
 const QString kTestoReparto = QStringLiteral("Attenzione il reparto deve essere compreso tra 1 e 80 !!!!");
 
 class ArchivioArticoli : public testing::Test {
@@ -95,7 +95,7 @@ TEST_F(ArchivioArticoli, AllAperturaMostraTuttoLArchivioColFuocoSullEan) {
 TEST_F(ArchivioArticoli, DuranteIlRiempimentoCELaFinestraDiAttesaNonModaleELaClessidra) {
   preparaArchivio();
   int viste = 0;
-  bottega.utente.alPassaggio = [&] {
+  bottega.utente.onPass = [&] {
     const QWidget* attesa = bottega.schermate.trova(QStringLiteral("Form_ATTESA"));
     ASSERT_NE(attesa, nullptr);
     EXPECT_TRUE(attesa->isVisible());
@@ -105,7 +105,7 @@ TEST_F(ArchivioArticoli, DuranteIlRiempimentoCELaFinestraDiAttesaNonModaleELaCle
     ++viste;
   };
   const ArchivioGuidato schermo(bottega);
-  bottega.utente.alPassaggio = nullptr;
+  bottega.utente.onPass = nullptr;
   EXPECT_EQ(viste, 4);
   EXPECT_EQ(bottega.schermate.trova(QStringLiteral("Form_ATTESA")), nullptr);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
@@ -130,16 +130,16 @@ TEST_F(ArchivioArticoli, SenzaLaTabellaDelleImpostazioniSiDiceESiLavora) {
   preparaArchivio();
   bottega.esegui(QStringLiteral("DROP TABLE TAB_VARIE"));
   const ArchivioGuidato schermo(bottega);
-  attendi(bottega, {riquadro(QStringLiteral("CheckTabVarie 3078 - *"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("CheckTabVarie 3078 - *"), Icon::Critical)});
   EXPECT_EQ(varGlobal().FlagVariazioni, 0);
   EXPECT_EQ(schermo.griglia().Rows(), 5);
 }
 
 TEST_F(ArchivioArticoli, SenzaLaTabellaDegliArticoliIlProgrammaTerminaSenzaLasciareNulla) {
   bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
-  EXPECT_THROW(bottega.schermate.carica(kSchermo, bottega.contesto), ProgrammaTerminato);
+  EXPECT_THROW(bottega.schermate.carica(kSchermo, bottega.contesto), ProgramEnded);
   attendi(bottega, {kGrave});
-  EXPECT_TRUE(bottega.utente.terminato());
+  EXPECT_TRUE(bottega.utente.terminated());
   EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
   EXPECT_EQ(bottega.schermate.trova(QStringLiteral("Form_ATTESA")), nullptr);
   EXPECT_EQ(bottega.schermate.trova(kSchermo), nullptr);
@@ -296,7 +296,7 @@ TEST_P(ApostrofoNellaRicerca, SiDiceELElencoRestaComEra) {
   schermo.scrivi(GetParam(), QStringLiteral("L'A"));
   schermo.tasto(Qt::Key_Return);
   attendi(bottega, {kSintassiRicerca});
-  EXPECT_FALSE(bottega.utente.terminato());
+  EXPECT_FALSE(bottega.utente.terminated());
   EXPECT_EQ(schermo.colonna(0), prima);
   EXPECT_TRUE(schermo.griglia().Redraw());
 }
@@ -329,7 +329,7 @@ TEST_F(ArchivioArticoli, UnaParentesiQuadraApertaSiDiceELElencoRestaComEra) {
   schermo.scrivi(kDescrizione, QStringLiteral("P["));
   schermo.clic(kCerca);
   attendi(bottega, {kSintassiRicerca});
-  EXPECT_FALSE(bottega.utente.terminato());
+  EXPECT_FALSE(bottega.utente.terminated());
   EXPECT_EQ(schermo.colonna(0), prima);
 }
 
@@ -345,7 +345,7 @@ TEST_F(ArchivioArticoli, UnArchivioGuastatoSottoLaRicercaTerminaIlProgramma) {
   bottega.esegui(QStringLiteral("DROP TABLE TAB_ARTICOLI"));
   schermo.clic(kCerca);
   attendi(bottega, {kGrave});
-  EXPECT_TRUE(bottega.utente.terminato());
+  EXPECT_TRUE(bottega.utente.terminated());
   EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
 }
 
@@ -379,7 +379,7 @@ TEST_F(ArchivioArticoli, UnValorePiuLungoDelCampoSiMostraInteroENonSiSalvaTaglia
   schermo.clicCella(1, 1);
   EXPECT_EQ(schermo.testo(kReparto), QStringLiteral("100"));
   schermo.clic(kSalva);
-  attendi(bottega, {riquadro(kTestoReparto, Icona::Informazione)});
+  attendi(bottega, {riquadro(kTestoReparto, Icon::Information)});
   schermo.clic(kPulisci);
   schermo.scrivi(kReparto, QStringLiteral("100"));
   EXPECT_EQ(schermo.testo(kReparto), QStringLiteral("10"));
@@ -399,7 +399,7 @@ TEST_F(ArchivioArticoli, UnaCorrezioneSiSalvaRilegendoETornandoAllaRiga) {
   EXPECT_EQ(campo(QStringLiteral("Prezzo"), 2), QStringLiteral("350"));
   EXPECT_EQ(schermo.griglia().Row(), 2);
   EXPECT_EQ(schermo.fuoco(), kGriglia);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
@@ -431,11 +431,10 @@ TEST_F(ArchivioArticoli, UnaRigaTrovataSiSalvaSoloDopoAverScrittoLeLettere) {
 TEST_F(ArchivioArticoli, SenzaRigaSceltaECampiVuotiQuattroMessaggiInFila) {
   const ArchivioGuidato schermo = apri();
   schermo.clic(kSalva);
-  attendi(
-      bottega,
-      {riquadro(QStringLiteral("Attenzione il campo DESCRIZIONE non e' valorizzato"), Icona::Informazione),
-       riquadro(QStringLiteral("Attenzione il campo PREZZO non e' valorizzato"), Icona::Informazione),
-       riquadro(kTestoReparto, Icona::Informazione), kVarPrezzoErrato});
+  attendi(bottega,
+          {riquadro(QStringLiteral("Attenzione il campo DESCRIZIONE non e' valorizzato"), Icon::Information),
+           riquadro(QStringLiteral("Attenzione il campo PREZZO non e' valorizzato"), Icon::Information),
+           riquadro(kTestoReparto, Icon::Information), kVarPrezzoErrato});
 }
 
 TEST_F(ArchivioArticoli, ConIlRepartoZeroIlSalvataggioDiceIlReparto) {
@@ -443,7 +442,7 @@ TEST_F(ArchivioArticoli, ConIlRepartoZeroIlSalvataggioDiceIlReparto) {
   schermo.clicCella(1, 1);
   schermo.scrivi(kReparto, QStringLiteral("0"));
   schermo.clic(kSalva);
-  attendi(bottega, {riquadro(kTestoReparto, Icona::Informazione)});
+  attendi(bottega, {riquadro(kTestoReparto, Icon::Information)});
   EXPECT_EQ(campo(QStringLiteral("Reparto"), 1), QStringLiteral("2"));
 }
 
@@ -477,7 +476,7 @@ TEST_F(ArchivioArticoli, UnPrezzoFuoriMisuraSalvatoSenzaLasciareIlCampoSiDiceSen
   schermo.scrivi(kPrezzo, QStringLiteral("99999999"));
   // Pressed by an aid for the disabled, say: the focus stays in the field, which is not checked.
   schermo.controllo<QPushButton>(kSalva).click();
-  attendi(bottega, {{QStringLiteral("Error 6 (*"), Icona::Nessuna, {}, Pulsanti::OK}});
+  attendi(bottega, {{QStringLiteral("Error 6 (*"), Icon::None, {}, Buttons::Ok}});
   EXPECT_EQ(campo(QStringLiteral("Prezzo"), 1), QStringLiteral("250"));
 }
 
@@ -516,7 +515,7 @@ TEST_F(ArchivioArticoli, BloccaComandiSpegneSeiComandiELasciaEsci) {
 }
 
 TEST_F(ArchivioArticoli, SenzaIlFileDiAiutoSiDiceENonSiApreNulla) {
-  bottega.contesto.cartella = bottega.cartella.percorso();
+  bottega.contesto.cartella = bottega.cartella.path();
   bottega.schermate.registra(QStringLiteral("Form_Help_CodiceEAN"), [](Contesto&) -> QWidget* {
     ADD_FAILURE() << "opened";
     return new QDialog;
@@ -527,13 +526,13 @@ TEST_F(ArchivioArticoli, SenzaIlFileDiAiutoSiDiceENonSiApreNulla) {
   const ArchivioGuidato schermo(bottega);
   schermo.clic(kAiuto);
   attendi(bottega, {riquadro(QStringLiteral("Attenzione il file di Help per Codice EAN non presente"),
-                             Icona::Critica)});
+                             Icon::Critical)});
 }
 
 TEST_F(ArchivioArticoli, ConIlFileDiAiutoSiApreLaSuaSchermataModale) {
   bottega.apriArchivio();
-  bottega.contesto.cartella = bottega.cartella.percorso();
-  bottega.cartella.scrivi(QStringLiteral("Help_CodiceEAN.rtf"), "{\\rtf1 EAN}");
+  bottega.contesto.cartella = bottega.cartella.path();
+  bottega.cartella.write(QStringLiteral("Help_CodiceEAN.rtf"), "{\\rtf1 EAN}");
   int aperture = 0;
   bottega.schermate.registra(QStringLiteral("Form_Help_CodiceEAN"), [&](Contesto&) -> QWidget* {
     auto* aiuto = new QDialog;
@@ -560,7 +559,7 @@ TEST_F(ArchivioArticoli, EsciChiudeERiportaAllaGestione) {
   EXPECT_FALSE(schermo.vivo());
   ASSERT_NE(bottega.schermate.trova(QStringLiteral("Form_GestioneMMC")), nullptr);
   EXPECT_TRUE(bottega.schermate.trova(QStringLiteral("Form_GestioneMMC"))->isVisible());
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
 }
 
 TEST_F(ArchivioArticoli, EscChiudeSenzaControllareIlCampoCheSiStavaScrivendo) {
@@ -574,7 +573,7 @@ TEST_F(ArchivioArticoli, ClicEscEChiusuraImbucatiAOgniPassaggioNonFannoNulla) {
   const ArchivioGuidato schermo = apri();
   schermo.clicCella(1, 1);
   schermo.scrivi(kDescrizione, QStringLiteral("IMPAZIENZA"));
-  bottega.utente.alPassaggio = [&] {
+  bottega.utente.onPass = [&] {
     for (const QString& nome : {kSalva, kCerca, kPulisci, kEsci})
       for (const QEvent::Type tipo : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
         QCoreApplication::postEvent(
@@ -587,7 +586,7 @@ TEST_F(ArchivioArticoli, ClicEscEChiusuraImbucatiAOgniPassaggioNonFannoNulla) {
     QCoreApplication::postEvent(&schermo.finestra(), new QCloseEvent);
   };
   schermo.clic(kTutti);
-  bottega.utente.alPassaggio = nullptr;
+  bottega.utente.onPass = nullptr;
   QCoreApplication::processEvents();
   EXPECT_TRUE(schermo.vivo());
   EXPECT_EQ(schermo.testo(kDescrizione), QStringLiteral("IMPAZIENZA"));
@@ -676,7 +675,7 @@ TEST_F(ArchivioArticoli, LasciandoIlPrezzoConDueVirgoleSiDiceEDiventaZero) {
   schermo.scrivi(kPrezzo, QStringLiteral("1,,"));
   schermo.tasto(Qt::Key_Tab);
   attendi(bottega, {riquadro(QStringLiteral("Attenzione il valore immesso non è di tipo numerico !!!"),
-                             Icona::Critica)});
+                             Icon::Critical)});
   EXPECT_EQ(schermo.testo(kPrezzo), QStringLiteral("0"));
   EXPECT_EQ(schermo.fuoco(), kReparto);
 }
@@ -685,7 +684,7 @@ TEST_F(ArchivioArticoli, LasciandoUnPrezzoTroppoAltoSiDiceEDiventaZero) {
   const ArchivioGuidato schermo = apri();
   schermo.scrivi(kPrezzo, QStringLiteral("100000"));
   schermo.clic(kReparto);
-  attendi(bottega, {riquadro(QStringLiteral("Attenzione il valore immesso > 99999.99!"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("Attenzione il valore immesso > 99999.99!"), Icon::Critical)});
   EXPECT_EQ(schermo.testo(kPrezzo), QStringLiteral("0"));
 }
 
@@ -693,7 +692,7 @@ TEST_F(ArchivioArticoli, LasciandoUnRepartoTroppoAltoSiDiceESiSvuota) {
   const ArchivioGuidato schermo = apri();
   schermo.scrivi(kReparto, QStringLiteral("81"));
   schermo.tasto(Qt::Key_Tab);
-  attendi(bottega, {riquadro(kTestoReparto, Icona::Critica)});
+  attendi(bottega, {riquadro(kTestoReparto, Icon::Critical)});
   EXPECT_EQ(schermo.testo(kReparto), QString());
 }
 
@@ -721,12 +720,12 @@ TEST_F(ArchivioArticoli, UnClicSuUnComandoCheFaLasciareIlCampoNonLoLasciaPremuto
   auto& tasto = schermo.controllo<QPushButton>(kTutti);
   QWidget riquadroAperto;
   // The box that comes up under the mouse takes the release.
-  bottega.utente.alRiquadro = [&](const Riquadro&) { QTest::mouseRelease(&riquadroAperto, Qt::LeftButton); };
+  bottega.utente.onBox = [&](const Box&) { QTest::mouseRelease(&riquadroAperto, Qt::LeftButton); };
   QTest::mousePress(&tasto, Qt::LeftButton);
-  bottega.utente.alRiquadro = nullptr;
+  bottega.utente.onBox = nullptr;
   EXPECT_TRUE(tasto.isDown());
   EXPECT_TRUE(QTest::qWaitFor([&] { return !tasto.isDown(); }));
-  attendi(bottega, {riquadro(kTestoReparto, Icona::Critica)});
+  attendi(bottega, {riquadro(kTestoReparto, Icon::Critical)});
 }
 
 }  // namespace

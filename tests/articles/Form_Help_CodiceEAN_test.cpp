@@ -13,10 +13,10 @@
 #include <QTimer>
 
 #include "articles/Form_ArchivioArticoli.h"
-#include "articles/bottega.h"
-#include "articles/schermo_guidato.h"
+#include "articles/back_room.h"
+#include "articles/guided_screen.h"
 #include "controls/rtf.h"
-#include "platform/errore.h"
+#include "platform/error.h"
 
 namespace {
 
@@ -35,14 +35,14 @@ class HelpCodiceEAN : public testing::Test {
  protected:
   HelpCodiceEAN() {
     registraHelpCodiceEAN(bottega_.schermate);
-    bottega_.contesto.cartella = bottega_.cartella.percorso();
+    bottega_.contesto.cartella = bottega_.cartella.path();
     EXPECT_TRUE(QFile::copy(QStringLiteral(GESTIONALE_APP "/") + kFile, bottega_.cartella.file(kFile)));
   }
   QString testo() const {
     QTextDocument documento;
     QFile file(QStringLiteral(GESTIONALE_APP "/") + kFile);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    rtf::leggi(file.readAll(), documento);
+    rtf::read(file.readAll(), documento);
     return documento.toPlainText();
   }
 
@@ -140,7 +140,7 @@ TEST_F(HelpCodiceEAN, SenzaFileOConUnFileRottoDiceQualeErrore) {
   };
   QFile::remove(bottega_.cartella.file(kFile));
   EXPECT_EQ(numero(), 53);
-  bottega_.cartella.scrivi(kFile, "niente di buono");
+  bottega_.cartella.write(kFile, "niente di buono");
   EXPECT_EQ(numero(), 321);
   EXPECT_EQ(bottega_.schermate.trova(kSchermo), nullptr);
 }

@@ -11,10 +11,10 @@
 #include <QTest>
 #include <algorithm>
 
-#include "articles/altri.h"
 #include "articles/article_database.h"
-#include "articles/bottega.h"
-#include "articles/schermo_guidato.h"
+#include "articles/back_room.h"
+#include "articles/guided_screen.h"
+#include "articles/others.h"
 
 namespace {
 
@@ -24,14 +24,11 @@ const QString kEsci = QStringLiteral("Cmd_Esci");
 const QString kConnetti = QStringLiteral("CmdInviaModECR");
 const QString kBarra = QStringLiteral("vkBar1");
 const QString kPlu = QStringLiteral("plu.bin");
-const Riquadro kTrasferito =
-    riquadro(QStringLiteral("ARCHIVIO DEGLI ARTICOLI CORRETTAMENTE TRASFERITO"), Icona::Esclamazione);
-const Riquadro kComunicazione =
-    riquadro(QStringLiteral("Errore nella comunicazione con ECR: *"), Icona::Critica);
-const Riquadro kFallita =
-    riquadro(QStringLiteral("Fallita operazione trasferimento plu.bin"), Icona::Nessuna);
-const Riquadro kErrore =
-    riquadro(QStringLiteral("Errore durante il trasferimento/ricezione. "), Icona::Esclamazione);
+const Box kTrasferito =
+    riquadro(QStringLiteral("ARCHIVIO DEGLI ARTICOLI CORRETTAMENTE TRASFERITO"), Icon::Warning);
+const Box kComunicazione = riquadro(QStringLiteral("Errore nella comunicazione con ECR: *"), Icon::Critical);
+const Box kFallita = riquadro(QStringLiteral("Fallita operazione trasferimento plu.bin"), Icon::None);
+const Box kErrore = riquadro(QStringLiteral("Errore durante il trasferimento/ricezione. "), Icon::Warning);
 
 class TrasferimentoArticoli : public testing::Test {
  protected:
@@ -47,13 +44,13 @@ class TrasferimentoArticoli : public testing::Test {
     return schermo;
   }
   int invii() {
-    const auto chiamate = cassa->chiamate();
-    return static_cast<int>(std::ranges::count(chiamate, 6, &ecrsim::Chiamata::modo));
+    const auto chiamate = cassa->calls();
+    return static_cast<int>(std::ranges::count(chiamate, 6, &ecrsim::Call::mode));
   }
 
   const std::vector<ArticoloDiProva> articoli = articoliDiProva(5000);
   Bottega bottega;
-  Cassa cassa;
+  TestTill cassa;
 };
 
 TEST_F(TrasferimentoArticoli, AllAperturaMostraLIndirizzoPredefinitoEAvviaESpento) {
@@ -78,7 +75,7 @@ TEST_F(TrasferimentoArticoli, UnArchivioVuotoSiDiceAllAperturaEdEInviatoLoStesso
   sporcaMemoria(0x11);
   const SchermoGuidato schermo(bottega, kSchermo);
   attendi(bottega,
-          {riquadro(QStringLiteral("Attenzione l'archivio degli articoli e' vuoto"), Icona::Esclamazione)});
+          {riquadro(QStringLiteral("Attenzione l'archivio degli articoli e' vuoto"), Icon::Warning)});
   schermo.connetti(cassa);
   schermo.clic(kAvvia);
   attendi(bottega, {kTrasferito});
@@ -88,9 +85,9 @@ TEST_F(TrasferimentoArticoli, UnArchivioVuotoSiDiceAllAperturaEdEInviatoLoStesso
 TEST_F(TrasferimentoArticoli, UnConteggioFallitoSiDiceEloSchermoRestaUsabile) {
   bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   const SchermoGuidato schermo(bottega, kSchermo);
-  attendi(bottega, {riquadro(QStringLiteral("CalcolaNumArticoli 3078 - *"), Icona::Critica),
-                    riquadro(QStringLiteral("Errore nella determinazione del numero degli articoli"),
-                             Icona::Esclamazione)});
+  attendi(bottega,
+          {riquadro(QStringLiteral("CalcolaNumArticoli 3078 - *"), Icon::Critical),
+           riquadro(QStringLiteral("Errore nella determinazione del numero degli articoli"), Icon::Warning)});
   EXPECT_TRUE(schermo.vivo());
   EXPECT_TRUE(schermo.abilitato(kConnetti));
 }
@@ -104,7 +101,7 @@ TEST_F(TrasferimentoArticoli, ConClicETastiLaCassaRiceveLImmagineByteAByte) {
   EXPECT_EQ(schermo.controllo<QProgressBar>(kBarra).value(), 1);
   EXPECT_TRUE(schermo.abilitato(kAvvia));
   EXPECT_TRUE(schermo.abilitato(kEsci));
-  EXPECT_FALSE(cassa->trasferimentoAperto());
+  EXPECT_FALSE(cassa->transferOpen());
 }
 
 TEST_F(TrasferimentoArticoli, DopoLaRiuscitaLImmagineSiInviaAncora) {
@@ -118,22 +115,22 @@ TEST_F(TrasferimentoArticoli, DopoLaRiuscitaLImmagineSiInviaAncora) {
 }
 
 TEST_F(TrasferimentoArticoli, IlFileSulDiscoMisuraDuecentoquarantamilaByteAncheSopraUnoPiuLungo) {
-  bottega.cartella.scrivi(kPlu, QByteArray(240001, 'x'));
+  bottega.cartella.write(kPlu, QByteArray(240001, 'x'));
   const SchermoGuidato schermo = pronto();
   schermo.clic(kAvvia);
   attendi(bottega, {kTrasferito});
-  EXPECT_EQ(bottega.cartella.leggi(kPlu).size(), 240000);
-  EXPECT_TRUE(bottega.cartella.leggi(kPlu) == cassa.byte(kPlu));
+  EXPECT_EQ(bottega.cartella.read(kPlu).size(), 240000);
+  EXPECT_TRUE(bottega.cartella.read(kPlu) == cassa.byte(kPlu));
 }
 
 TEST_F(TrasferimentoArticoli, IComandiSonoSpentiMentreInvia) {
   const SchermoGuidato schermo = pronto();
   bool spenti = false;
-  bottega.utente.alRiquadro = [&](const Riquadro&) {
+  bottega.utente.onBox = [&](const Box&) {
     spenti = !schermo.abilitato(kAvvia) && !schermo.abilitato(kEsci);
   };
   schermo.clic(kAvvia);
-  bottega.utente.alRiquadro = nullptr;
+  bottega.utente.onBox = nullptr;
   EXPECT_TRUE(spenti);
   attendi(bottega, {kTrasferito});
 }
@@ -154,7 +151,7 @@ TEST_F(TrasferimentoArticoli, UnRiempimentoFallitoSiDiceEPoiMostraLoStessoTestoS
   bottega.esegui(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Descrizione) Values (5001,'TROPPO');"));
   schermo.clic(kAvvia);
   attendi(bottega, {riquadro(QStringLiteral("RiempiPLU: uscita dal programma per condizione anomala 9 - *"),
-                             Icona::Critica),
+                             Icon::Critical),
                     kTrasferito});
   EXPECT_EQ(invii(), 0);
   EXPECT_EQ(schermo.controllo<QProgressBar>(kBarra).value(), 0);
@@ -166,43 +163,43 @@ TEST_F(TrasferimentoArticoli, UnArchivioDAltroGenereTerminaIlProgramma) {
   articles::ChiudiDatabase();
   bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   schermo.clic(kAvvia);
-  EXPECT_TRUE(bottega.utente.terminato());
+  EXPECT_TRUE(bottega.utente.terminated());
   EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
   attendi(bottega, {riquadro(QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. "
                                             "PROCEDURA ABORTITA !!!"),
-                             Icona::Critica)});
+                             Icon::Critical)});
   EXPECT_EQ(invii(), 0);
 }
 
 TEST_F(TrasferimentoArticoli, ClicEscEChiusuraImbucatiAOgniPassaggioNonFannoNulla) {
   const SchermoGuidato schermo = pronto();
-  bottega.utente.alPassaggio = [&] { schermo.impazienza(); };
+  bottega.utente.onPass = [&] { schermo.impazienza(); };
   schermo.clic(kAvvia);
-  bottega.utente.alPassaggio = nullptr;
+  bottega.utente.onPass = nullptr;
   attendi(bottega, {kTrasferito});
-  EXPECT_GE(bottega.utente.passaggi(), 1);
+  EXPECT_GE(bottega.utente.passes(), 1);
   EXPECT_EQ(invii(), 1);
   EXPECT_TRUE(schermo.vivo());
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
 }
 
 TEST_F(TrasferimentoArticoli, SeIlFileNonSiPuoScrivereNullaParte) {
   const SchermoGuidato schermo = pronto();
   ASSERT_TRUE(QDir().mkdir(bottega.cartella.file(kPlu)));
   schermo.clic(kAvvia);
-  attendi(bottega, {{QStringLiteral("Error 75 (*"), Icona::Nessuna, {}, Pulsanti::OK}, kErrore});
+  attendi(bottega, {{QStringLiteral("Error 75 (*"), Icon::None, {}, Buttons::Ok}, kErrore});
   EXPECT_EQ(invii(), 0);
   EXPECT_FALSE(schermo.vivo());
 }
 
 TEST_F(TrasferimentoArticoli, SulDiscoPienoNullaParteELaCassaTieneIlSuo) {
   const SchermoGuidato schermo = pronto();
-  cassa.metti(kPlu, QByteArray(240000, 'v'));
+  cassa.put(kPlu, QByteArray(240000, 'v'));
   {
     const DiscoPieno pieno(100000);
     schermo.clic(kAvvia);
   }
-  attendi(bottega, {riquadro(QStringLiteral("Error 61 (*"), Icona::Nessuna), kErrore});
+  attendi(bottega, {riquadro(QStringLiteral("Error 61 (*"), Icon::None), kErrore});
   EXPECT_EQ(invii(), 0);
   EXPECT_TRUE(cassa.byte(kPlu) == QByteArray(240000, 'v'));
   EXPECT_FALSE(schermo.vivo());
@@ -210,7 +207,7 @@ TEST_F(TrasferimentoArticoli, SulDiscoPienoNullaParteELaCassaTieneIlSuo) {
 
 TEST_F(TrasferimentoArticoli, LaCassaSpentaDopoLaConnessioneSiDiceELoSchermoSiChiude) {
   const SchermoGuidato schermo = pronto();
-  cassa.spegni();
+  cassa.switchOff();
   schermo.clic(kAvvia);
   attendi(bottega, {kComunicazione, kFallita, kErrore});
   EXPECT_FALSE(schermo.vivo());
@@ -237,7 +234,7 @@ TEST_F(TrasferimentoArticoli, EscChiudeLoSchermoFermo) {
 TEST_F(TrasferimentoArticoli, InvioNellIndirizzoConnette) {
   bottega.apriArchivio();
   const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.scriviIndirizzo(cassa.indirizzo());
+  schermo.scriviIndirizzo(cassa.address());
   schermo.tasto(Qt::Key_Return);
   EXPECT_TRUE(schermo.abilitato(kAvvia));
   EXPECT_FALSE(schermo.abilitato(kConnetti));
@@ -277,13 +274,13 @@ class TrasferimentoNelloStato : public TrasferimentoArticoli, public testing::Wi
 
 TEST_P(TrasferimentoNelloStato, CheNonAmmetteTrasferimentiAvviaRestaSpento) {
   bottega.apriArchivio();
-  cassa->stato(GetParam());
+  cassa->state(GetParam());
   const SchermoGuidato schermo(bottega, kSchermo);
   schermo.connetti(cassa);
   attendi(bottega,
           {riquadro(QStringLiteral("Funzione non disponibile! Prego porre la cassa nello stato di IDLE o "
                                    "PROGRAMMAZIONE"),
-                    Icona::Critica)});
+                    Icon::Critical)});
   EXPECT_FALSE(schermo.abilitato(kAvvia));
   QTest::mouseClick(&schermo.controllo(kAvvia), Qt::LeftButton);
   EXPECT_EQ(invii(), 0);
@@ -292,7 +289,7 @@ TEST_P(TrasferimentoNelloStato, CheNonAmmetteTrasferimentiAvviaRestaSpento) {
 INSTANTIATE_TEST_SUITE_P(Stati, TrasferimentoNelloStato, testing::Values('V', 'A', 'L'));
 
 TEST_F(TrasferimentoArticoli, InProgrammazioneLaCassaRiceve) {
-  cassa->stato('P');
+  cassa->state('P');
   const SchermoGuidato schermo = pronto();
   schermo.clic(kAvvia);
   attendi(bottega, {kTrasferito});
@@ -303,20 +300,20 @@ TEST_F(TrasferimentoArticoli, InProgrammazioneLaCassaRiceve) {
 
 struct CasoGuasto {
   int modo;
-  ecrsim::Cosa cosa;
+  ecrsim::FaultKind cosa;
 };
 class TrasferimentoConGuasto : public TrasferimentoArticoli,
                                public testing::WithParamInterface<CasoGuasto> {};
 
 TEST_P(TrasferimentoConGuasto, SiDiceLoSchermoSiChiudeELaCassaHaIlVecchioOIlNuovo) {
-  const AttesaBreve breve;
+  const ShortTimeouts breve;
   const SchermoGuidato schermo = pronto();
   const QByteArray vecchio(240000, 'v');
-  cassa.metti(kPlu, vecchio);
-  ecrsim::Guasto guasto;
-  guasto.modo = GetParam().modo;
-  guasto.cosa = GetParam().cosa;
-  cassa->guasti({guasto});
+  cassa.put(kPlu, vecchio);
+  ecrsim::Fault guasto;
+  guasto.mode = GetParam().modo;
+  guasto.what = GetParam().cosa;
+  cassa->faults({guasto});
   schermo.clic(kAvvia);
   attendi(bottega, {kComunicazione, kFallita, kErrore});
   EXPECT_FALSE(schermo.vivo());
@@ -328,9 +325,9 @@ TEST_P(TrasferimentoConGuasto, SiDiceLoSchermoSiChiudeELaCassaHaIlVecchioOIlNuov
 std::vector<CasoGuasto> tuttiIGuasti() {
   std::vector<CasoGuasto> casi;
   for (const int modo : {1, 2, 6})
-    for (const ecrsim::Cosa cosa :
-         {ecrsim::Cosa::Codice, ecrsim::Cosa::Silenzio, ecrsim::Cosa::TaglioPrima, ecrsim::Cosa::TaglioDentro,
-          ecrsim::Cosa::TaglioDopo, ecrsim::Cosa::Spazzatura})
+    for (const ecrsim::FaultKind cosa :
+         {ecrsim::FaultKind::Code, ecrsim::FaultKind::Silence, ecrsim::FaultKind::CutBefore,
+          ecrsim::FaultKind::CutWithin, ecrsim::FaultKind::CutAfter, ecrsim::FaultKind::Garbage})
       casi.push_back({modo, cosa});
   return casi;
 }

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/stato.h"
-#include "platform/ui/utente_copione.h"
+#include "core/state.h"
+#include "platform/ui/scripted_user.h"
 
 using namespace articles;
 
@@ -33,12 +33,12 @@ QString digita(FiltroTasto filtro, const QString& tasti) {
 
 /// The texts of the boxes that the check shows; each bears the information icon.
 QStringList messaggi(const CampiArticolo& campi, std::int16_t atteso) {
-  UtenteCopione utente;
+  ScriptedUser utente;
   EXPECT_EQ(CheckCampiArticolo(campi, utente), atteso);
   QStringList testi;
-  for (const Riquadro& riquadro : utente.riquadri()) {
-    EXPECT_EQ(riquadro, (Riquadro{riquadro.testo, Icona::Informazione, {}, Pulsanti::OK}));
-    testi += riquadro.testo;
+  for (const Box& riquadro : utente.boxes()) {
+    EXPECT_EQ(riquadro, (Box{riquadro.text, Icon::Information, {}, Buttons::Ok}));
+    testi += riquadro.text;
   }
   return testi;
 }

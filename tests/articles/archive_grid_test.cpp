@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "articles/article_database.h"
-#include "articles/bottega.h"
-#include "articles/schermo_guidato.h"
-#include "platform/ui/occupato.h"
+#include "articles/back_room.h"
+#include "articles/guided_screen.h"
+#include "platform/ui/busy_guard.h"
 
 using namespace articles;
 
@@ -40,10 +40,10 @@ struct GrigliaCentrale : testing::Test {
   /// The wanted failure shows this box and ends the program.
   template <typename Passo>
   void termina(Passo&& passo, const QString& messaggio) {
-    EXPECT_THROW(passo(), ProgrammaTerminato);
-    attendi(bottega, {riquadro(messaggio, Icona::Critica)});
-    EXPECT_TRUE(bottega.utente.terminato());
-    EXPECT_FALSE(Occupato::attivo());
+    EXPECT_THROW(passo(), ProgramEnded);
+    attendi(bottega, {riquadro(messaggio, Icon::Critical)});
+    EXPECT_TRUE(bottega.utente.terminated());
+    EXPECT_FALSE(BusyGuard::active());
   }
 };
 
@@ -89,11 +89,11 @@ TEST_F(GrigliaCentrale, UnPassaggioDiEventiARecordColPortoneChiuso) {
   bottega.apriArchivio();
   bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id > 100"));
   int chiusi = 0;
-  bottega.utente.alPassaggio = [&] { chiusi += Occupato::attivo() ? 1 : 0; };
+  bottega.utente.onPass = [&] { chiusi += BusyGuard::active() ? 1 : 0; };
   riempi();
-  EXPECT_EQ(bottega.utente.passaggi(), 100);
+  EXPECT_EQ(bottega.utente.passes(), 100);
   EXPECT_EQ(chiusi, 100);
-  EXPECT_FALSE(Occupato::attivo());
+  EXPECT_FALSE(BusyGuard::active());
 }
 
 TEST_F(GrigliaCentrale, SoloIlFillerERRSegnaLaRiga) {
@@ -187,10 +187,10 @@ TEST_F(GrigliaCentrale, LaRicercaLasciaVuoteLeLettereENonSegnaLeRighe) {
 TEST_F(GrigliaCentrale, UnaRicercaConApostrofoSiDiceESiVaAvanti) {
   bottega.apriArchivio();
   cerca(QStringLiteral(" WHERE  Descrizione like 'L'A*' ORDER BY Codice_EAN ASC"));
-  attendi(bottega, {riquadro(QStringLiteral("3075 - *"), Icona::Critica)});
-  EXPECT_FALSE(bottega.utente.terminato());
+  attendi(bottega, {riquadro(QStringLiteral("3075 - *"), Icon::Critical)});
+  EXPECT_FALSE(bottega.utente.terminated());
   EXPECT_TRUE(righe.empty());
-  EXPECT_FALSE(Occupato::attivo());
+  EXPECT_FALSE(BusyGuard::active());
 }
 
 TEST_F(GrigliaCentrale, UnaRicercaSenzaLaTabellaDiceIlMessaggioGraveETermina) {

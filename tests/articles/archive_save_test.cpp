@@ -6,10 +6,10 @@
 #include <array>
 #include <utility>
 
-#include "articles/altri.h"
 #include "articles/article_database.h"
-#include "articles/bottega.h"
-#include "articles/schermo_guidato.h"
+#include "articles/back_room.h"
+#include "articles/guided_screen.h"
+#include "articles/others.h"
 
 using namespace articles;
 
@@ -36,10 +36,10 @@ struct SalvaModifiche : testing::Test {
             .prezzoZero = QStringLiteral("x")};
   }
   EsitoModifica salva(const CampiArticolo& scritti) {
-    bottega.area.NuovoComando();
+    bottega.area.NewCommand();
     return tasto_modifica(scritti, bottega.contesto, [this] {
       ++aggiornamenti;
-      livelloAllAggiornamento = bottega.area.livello();
+      livelloAllAggiornamento = bottega.area.level();
     });
   }
   QString campo(const QString& nome, int slot = 1) {
@@ -49,8 +49,8 @@ struct SalvaModifiche : testing::Test {
   bool bandiera(const QString& nome) {
     return varGlobal()
         .DB_Articoli.OpenRecordset(QStringLiteral("SELECT %1 from TAB_ARTICOLI where auto_id =1").arg(nome))
-        .campo(0)
-        .booleano();
+        .field(0)
+        .boolean();
   }
 };
 
@@ -81,7 +81,7 @@ TEST_F(SalvaModifiche, LAggiornamentoVienePrimaDellaConferma) {
   salva(campi());
   EXPECT_EQ(aggiornamenti, 1);
   EXPECT_EQ(livelloAllAggiornamento, 1);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(SalvaModifiche, UnCampoRifiutatoNonEsegueNulla) {
@@ -89,7 +89,7 @@ TEST_F(SalvaModifiche, UnCampoRifiutatoNonEsegueNulla) {
   scritti.descrizione.clear();
   EXPECT_EQ(salva(scritti), EsitoModifica::Fermata);
   attendi(bottega, {riquadro(QStringLiteral("Attenzione il campo DESCRIZIONE non e' valorizzato"),
-                             Icona::Informazione)});
+                             Icon::Information)});
   EXPECT_EQ(aggiornamenti, 0);
   EXPECT_EQ(campo(QStringLiteral("Prezzo")), QStringLiteral("100"));
 }
@@ -99,9 +99,9 @@ TEST_F(SalvaModifiche, ApostrofoNellaDescrizioneAnnullaLaModifica) {
   scritti.descrizione = QStringLiteral("L'ACQUA");
   EXPECT_EQ(salva(scritti), EsitoModifica::Fallita);
   attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3075\n*"), Icona::Critica)});
+          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3075\n*"), Icon::Critical)});
   EXPECT_EQ(aggiornamenti, 0);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_EQ(campo(QStringLiteral("Descrizione")), QStringLiteral("PANE"));
 }
 
@@ -111,7 +111,7 @@ TEST_F(SalvaModifiche, ApostrofoNelCodiceONellEanAnnullaLaModifica) {
     scritti.*dove = QStringLiteral("A'B");
     EXPECT_EQ(salva(scritti), EsitoModifica::Fallita);
     attendi(bottega, {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3075\n*"),
-                               Icona::Critica)});
+                               Icon::Critical)});
   }
   EXPECT_EQ(campo(QStringLiteral("Codice_EAN")), QStringLiteral("8001"));
 }
@@ -132,7 +132,7 @@ TEST_F(SalvaModifiche, SenzaUnaRigaSceltaLIstruzioneFallisceConIlSuoMessaggio) {
   scritti.id.clear();
   EXPECT_EQ(salva(scritti), EsitoModifica::Fallita);
   attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icona::Critica)});
+          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icon::Critical)});
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Codice_EAN ='8009'")), 0);
 }
 
@@ -164,9 +164,9 @@ TEST_F(SalvaModifiche, UnPrezzoOltreITrentadueBitNonEsegueNulla) {
     salva(scritti);
     ADD_FAILURE() << "no overflow";
   } catch (const Errore& errore) {
-    EXPECT_EQ(errore.numero, errore::kOverflow);
+    EXPECT_EQ(errore.numero, errors::kOverflow);
   }
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
@@ -175,7 +175,7 @@ TEST_F(SalvaModifiche, UnArchivioTenutoDaAltriDiceLErroreERestaComEra) {
                              {QStringLiteral("BEGIN IMMEDIATE")});
   EXPECT_EQ(salva(campi()), EsitoModifica::Fallita);
   attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icona::Critica)});
+          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icon::Critical)});
   EXPECT_EQ(campo(QStringLiteral("Descrizione")), QStringLiteral("PANE"));
 }
 
@@ -185,15 +185,15 @@ TEST_F(SalvaModifiche, UnaConfermaFallitaSiDiceSiAnnullaESiMostraDiNuovoLArchivi
                              {QStringLiteral("BEGIN"), QStringLiteral("SELECT count(*) FROM TAB_ARTICOLI")});
   EXPECT_EQ(salva(campi()), EsitoModifica::Fallita);
   attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icona::Critica)});
+          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icon::Critical)});
   EXPECT_EQ(aggiornamenti, 2);
   EXPECT_EQ(livelloAllAggiornamento, 0);
   EXPECT_EQ(campo(QStringLiteral("Descrizione")), QStringLiteral("PANE"));
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(SalvaModifiche, SulDiscoPienoSiDiceELArchivioRestaComEra) {
-  bottega.area.NuovoComando();
+  bottega.area.NewCommand();
   EsitoModifica esito{};
   {
     const DiscoPieno pieno(512);
@@ -201,9 +201,9 @@ TEST_F(SalvaModifiche, SulDiscoPienoSiDiceELArchivioRestaComEra) {
   }
   EXPECT_EQ(esito, EsitoModifica::Fallita);
   attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icona::Critica)});
+          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icon::Critical)});
   EXPECT_EQ(campo(QStringLiteral("Descrizione")), QStringLiteral("PANE"));
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(SalvaModifiche, DuranteIlSalvataggioIlPuntatoreELaClessidra) {

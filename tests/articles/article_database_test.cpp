@@ -4,10 +4,10 @@
 
 #include <QFile>
 
-#include "articles/bottega.h"
+#include "articles/back_room.h"
 #include "articles/plu_image.h"
 #include "articles/transfer.h"
-#include "core/reazioni.h"
+#include "core/reactions.h"
 
 namespace {
 
@@ -30,27 +30,27 @@ int numeroDi(Chiamata&& chiamata) {
 
 /// The one box of a failure: prefix, number and some description behind it, critical.
 void attendiErrore(Bottega& bottega, const QString& prefisso, int numero) {
-  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  const std::vector<Box> visti = bottega.utente.takeBoxes();
   ASSERT_EQ(visti.size(), 1U);
-  EXPECT_TRUE(visti[0].testo.startsWith(prefisso + QString::number(numero) + QStringLiteral(" - ")))
-      << visti[0].testo.toStdString();
-  EXPECT_EQ(visti[0].icona, Icona::Critica);
-  EXPECT_EQ(visti[0].pulsanti, Pulsanti::OK);
+  EXPECT_TRUE(visti[0].text.startsWith(prefisso + QString::number(numero) + QStringLiteral(" - ")))
+      << visti[0].text.toStdString();
+  EXPECT_EQ(visti[0].icon, Icon::Critical);
+  EXPECT_EQ(visti[0].buttons, Buttons::Ok);
 }
 
 // New, open, close.
 
-TEST(ArchivioArticoli, IlNuovoArchivioHaLeCinquemilaPosizioniDelModello) {
+TEST(BaseDatiArticoli, IlNuovoArchivioHaLeCinquemilaPosizioniDelModello) {
   Bottega bottega;
   bottega.apriArchivio();
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where ID_Position <> '' ")), 5000);
   EXPECT_EQ(bottega.valore(QStringLiteral("SELECT NomeCassa from TAB_VARIE ")),
             QStringLiteral("NON_ASSEGNATO"));
   EXPECT_EQ(varGlobal().NomeDB_Articoli, bottega.cartella.file(QStringLiteral("archivio.mdb")));
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
 }
 
-TEST(ArchivioArticoli, IlNuovoArchivioSopraUnoEsistenteNePerdeGliArticoli) {
+TEST(BaseDatiArticoli, IlNuovoArchivioSopraUnoEsistenteNePerdeGliArticoli) {
   Bottega bottega;
   bottega.apriArchivio();
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
@@ -59,73 +59,73 @@ TEST(ArchivioArticoli, IlNuovoArchivioSopraUnoEsistenteNePerdeGliArticoli) {
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Descrizione ='PANE'")), 0);
 }
 
-TEST(ArchivioArticoli, SenzaModelloLaCopiaFallisceENullaSiApre) {
+TEST(BaseDatiArticoli, SenzaModelloLaCopiaFallisceENullaSiApre) {
   Bottega bottega;
-  bottega.contesto.cartella = bottega.cartella.percorso();
-  EXPECT_EQ(numeroDi([&] { bottega.apriArchivio(); }), errore::kFileAssente);
-  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+  bottega.contesto.cartella = bottega.cartella.path();
+  EXPECT_EQ(numeroDi([&] { bottega.apriArchivio(); }), errors::kFileMissing);
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
   EXPECT_FALSE(QFile::exists(bottega.cartella.file(QStringLiteral("archivio.mdb"))));
 }
 
-TEST(ArchivioArticoli, IlModelloAssenteSiDiceSottoAttenzione) {
+TEST(BaseDatiArticoli, IlModelloAssenteSiDiceSottoAttenzione) {
   Bottega bottega;
   articles::avvisaModelloAssente(bottega.contesto);
-  EXPECT_THAT(bottega.utente.prendiRiquadri(), IsEmpty());
-  bottega.contesto.cartella = bottega.cartella.percorso();
+  EXPECT_THAT(bottega.utente.takeBoxes(), IsEmpty());
+  bottega.contesto.cartella = bottega.cartella.path();
   articles::avvisaModelloAssente(bottega.contesto);
-  EXPECT_THAT(bottega.utente.prendiRiquadri(),
-              ElementsAreArray(
-                  {Riquadro{QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
-                            Icona::Critica, QStringLiteral("ATTENZIONE"), Pulsanti::OK}}));
+  EXPECT_THAT(
+      bottega.utente.takeBoxes(),
+      ElementsAreArray({Box{QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
+                            Icon::Critical, QStringLiteral("ATTENZIONE"), Buttons::Ok}}));
 }
 
-TEST(ArchivioArticoli, UnFileDiTestoConEstensioneMdbNonSiApre) {
+TEST(BaseDatiArticoli, UnFileDiTestoConEstensioneMdbNonSiApre) {
   Bottega bottega;
-  const QString file = bottega.cartella.scrivi(QStringLiteral("testo.mdb"), "una lista della spesa\r\n");
-  EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errore::kNonDatabase);
-  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
-  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("testo.mdb")), QByteArray("una lista della spesa\r\n"));
+  const QString file = bottega.cartella.write(QStringLiteral("testo.mdb"), "una lista della spesa\r\n");
+  EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errors::kNotADatabase);
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
+  EXPECT_EQ(bottega.cartella.read(QStringLiteral("testo.mdb")), QByteArray("una lista della spesa\r\n"));
 }
 
-TEST(ArchivioArticoli, UnFileVuotoNonDiventaUnArchivio) {
+TEST(BaseDatiArticoli, UnFileVuotoNonDiventaUnArchivio) {
   Bottega bottega;
-  const QString file = bottega.cartella.scrivi(QStringLiteral("vuoto.mdb"), {});
-  EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errore::kNonDatabase);
-  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("vuoto.mdb")), QByteArray());
+  const QString file = bottega.cartella.write(QStringLiteral("vuoto.mdb"), {});
+  EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errors::kNotADatabase);
+  EXPECT_EQ(bottega.cartella.read(QStringLiteral("vuoto.mdb")), QByteArray());
 }
 
-TEST(ArchivioArticoli, UnArchivioAssenteNonSiApreENonNasce) {
+TEST(BaseDatiArticoli, UnArchivioAssenteNonSiApreENonNasce) {
   Bottega bottega;
   const QString file = bottega.cartella.file(QStringLiteral("assente.mdb"));
-  EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errore::kArchivioAssente);
+  EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errors::kArchiveMissing);
   EXPECT_FALSE(QFile::exists(file));
 }
 
-TEST(ArchivioArticoli, UnAperturaFallitaLasciaApertoLArchivioDiPrima) {
+TEST(BaseDatiArticoli, UnAperturaFallitaLasciaApertoLArchivioDiPrima) {
   Bottega bottega;
   bottega.apriArchivio();
-  const QString file = bottega.cartella.scrivi(QStringLiteral("testo.mdb"), "testo");
+  const QString file = bottega.cartella.write(QStringLiteral("testo.mdb"), "testo");
   EXPECT_NE(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), 0);
   EXPECT_TRUE(varGlobal().NomeDB_Articoli.endsWith(QStringLiteral("archivio.mdb")));
   EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), 5000);
 }
 
-TEST(ArchivioArticoli, UnDatabaseDAltroGenereSiApreETerminaIlProgrammaAlPrimoRiempimento) {
+TEST(BaseDatiArticoli, UnDatabaseDAltroGenereSiApreETerminaIlProgrammaAlPrimoRiempimento) {
   Bottega bottega;
   bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
-  EXPECT_THROW(articles::RiempiPLU(bottega.utente), ProgrammaTerminato);
-  EXPECT_TRUE(bottega.utente.terminato());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
+  EXPECT_THROW(articles::RiempiPLU(bottega.utente), ProgramEnded);
+  EXPECT_TRUE(bottega.utente.terminated());
   EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
-  EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAreArray(riquadri({kGrave}, Icona::Critica)));
+  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAreArray(riquadri({kGrave}, Icon::Critical)));
 }
 
-TEST(ArchivioArticoli, ChiudereSenzaArchivioNonFaNulla) {
+TEST(BaseDatiArticoli, ChiudereSenzaArchivioNonFaNulla) {
   Bottega bottega;
   EXPECT_EQ(numeroDi([] { articles::ChiudiDatabase(); }), 0);
   bottega.apriArchivio();
   articles::ChiudiDatabase();
-  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
 }
 
 // CheckTabVarie.
@@ -156,15 +156,15 @@ TEST(CheckTabVarie, UnNomeNulloSiDiceELeAltreRigheContano) {
   bottega.apriVuoto({QStringLiteral("CREATE TABLE TAB_VARIE (NomeCassa TEXT)"),
                      QStringLiteral("INSERT INTO TAB_VARIE VALUES (NULL), ('CASSA 1')")});
   EXPECT_EQ(articles::CheckTabVarie(bottega.utente), -1);
-  attendiErrore(bottega, QStringLiteral("CheckTabVarie "), errore::kNullo);
+  attendiErrore(bottega, QStringLiteral("CheckTabVarie "), errors::kNullValue);
 }
 
 TEST(CheckTabVarie, SenzaTabellaDiceIlNumeroERestituisceQuelCheAveva) {
   Bottega bottega;
   bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   EXPECT_EQ(articles::CheckTabVarie(bottega.utente), 0);
-  attendiErrore(bottega, QStringLiteral("CheckTabVarie "), errore::kTabellaAssente);
-  EXPECT_FALSE(bottega.utente.terminato());
+  attendiErrore(bottega, QStringLiteral("CheckTabVarie "), errors::kTableMissing);
+  EXPECT_FALSE(bottega.utente.terminated());
 }
 
 // CalcolaNumArticoli.
@@ -186,14 +186,14 @@ TEST(CalcolaNumArticoli, SenzaTabellaDiceIlNumeroEDaMenoUno) {
   Bottega bottega;
   bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), -1);
-  attendiErrore(bottega, QStringLiteral("CalcolaNumArticoli "), errore::kTabellaAssente);
+  attendiErrore(bottega, QStringLiteral("CalcolaNumArticoli "), errors::kTableMissing);
 }
 
 TEST(CalcolaNumArticoli, SenzaColonnaDiceIlNumeroEDaMenoUno) {
   Bottega bottega;
   bottega.apriVuoto({QStringLiteral("CREATE TABLE TAB_ARTICOLI (a INTEGER)")});
   EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), -1);
-  attendiErrore(bottega, QStringLiteral("CalcolaNumArticoli "), errore::kParametroMancante);
+  attendiErrore(bottega, QStringLiteral("CalcolaNumArticoli "), errors::kMissingParameter);
 }
 
 // GetCodiceEAN.
@@ -225,11 +225,11 @@ TEST_F(GetCodiceEAN, UnEanCheNessunoPortaDa123) {
 
 TEST_F(GetCodiceEAN, UnApostrofoRompeLoStatementESiDice) {
   EXPECT_EQ(chiedi(8, QStringLiteral("80'1")), 123);
-  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  const std::vector<Box> visti = bottega.utente.takeBoxes();
   ASSERT_EQ(visti.size(), 1U);
-  EXPECT_TRUE(visti[0].testo.startsWith(QStringLiteral("Errore GetCodiceEAN 30")))
-      << visti[0].testo.toStdString();
-  EXPECT_EQ(visti[0].icona, Icona::Critica);
+  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Errore GetCodiceEAN 30")))
+      << visti[0].text.toStdString();
+  EXPECT_EQ(visti[0].icon, Icon::Critical);
 }
 
 // The shared reaction to failures, one row a test.
@@ -237,36 +237,35 @@ TEST_F(GetCodiceEAN, UnApostrofoRompeLoStatementESiDice) {
 class ReazioneComune : public testing::TestWithParam<int> {};
 
 TEST_P(ReazioneComune, IlNumeroSiPassaOltreInSilenzio) {
-  UtenteCopione utente;
+  ScriptedUser utente;
   const auto fallisce = [] { throw Errore{GetParam(), QStringLiteral("descrizione")}; };
   EXPECT_EQ(reazioni::prossimaIstruzione(utente, QStringLiteral("P "), fallisce), reazioni::Esito::Ignorato);
   EXPECT_EQ(reazioni::prossimaIstruzioneRiempimento(utente, QStringLiteral("P "), fallisce),
             reazioni::Esito::Ignorato);
-  EXPECT_THAT(utente.prendiRiquadri(), IsEmpty());
+  EXPECT_THAT(utente.takeBoxes(), IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Numeri, ReazioneComune, testing::Values(0, 20, 53, 75, 3021));
 
 TEST(ReazioneComuneAgliErrori, OgniAltroNumeroSiDiceConPrefissoEDescrizione) {
-  UtenteCopione utente;
+  ScriptedUser utente;
   const auto fallisce = [] { throw Errore{3260, QStringLiteral("bloccato")}; };
   EXPECT_EQ(reazioni::prossimaIstruzione(utente, QStringLiteral("P "), fallisce), reazioni::Esito::Segnalato);
-  EXPECT_THAT(utente.prendiRiquadri(),
-              ElementsAreArray(riquadri({QStringLiteral("P 3260 - bloccato")}, Icona::Critica)));
+  EXPECT_THAT(utente.takeBoxes(),
+              ElementsAreArray(riquadri({QStringLiteral("P 3260 - bloccato")}, Icon::Critical)));
 }
 
 TEST(ReazioneComuneAgliErrori, LaTabellaAssenteTerminaIlProgrammaSoloNeiRiempimenti) {
   azzeraStato();
-  UtenteCopione utente;
-  const auto fallisce = [] { throw Errore{errore::kTabellaAssente, QStringLiteral("assente")}; };
+  ScriptedUser utente;
+  const auto fallisce = [] { throw Errore{errors::kTableMissing, QStringLiteral("assente")}; };
   EXPECT_EQ(reazioni::prossimaIstruzione(utente, QStringLiteral("P "), fallisce), reazioni::Esito::Segnalato);
-  EXPECT_FALSE(utente.terminato());
-  EXPECT_THROW(reazioni::prossimaIstruzioneRiempimento(utente, QStringLiteral("P "), fallisce),
-               ProgrammaTerminato);
-  EXPECT_TRUE(utente.terminato());
+  EXPECT_FALSE(utente.terminated());
+  EXPECT_THROW(reazioni::prossimaIstruzioneRiempimento(utente, QStringLiteral("P "), fallisce), ProgramEnded);
+  EXPECT_TRUE(utente.terminated());
   EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
-  EXPECT_THAT(utente.prendiRiquadri(),
-              ElementsAreArray(riquadri({QStringLiteral("P 3078 - assente"), kGrave}, Icona::Critica)));
+  EXPECT_THAT(utente.takeBoxes(),
+              ElementsAreArray(riquadri({QStringLiteral("P 3078 - assente"), kGrave}, Icon::Critical)));
   azzeraStato();
 }
 

@@ -4,9 +4,9 @@
 
 #include "articles/archive_fields.h"
 #include "articles/article_database.h"
-#include "articles/bottega.h"
-#include "articles/conta_scritture.h"
+#include "articles/back_room.h"
 #include "articles/ean_index.h"
+#include "articles/write_count.h"
 
 namespace {
 
@@ -32,7 +32,7 @@ class Articoli : public testing::Test {
     schermo.Cancella_TextBox = [this] { chiesto << QStringLiteral("svuota"); };
     schermo.Tasto_Refresh = [this] {
       chiesto << QStringLiteral("riempi");
-      livelloAlRefresh = bottega.area.livello();
+      livelloAlRefresh = bottega.area.level();
     };
   }
 
@@ -51,9 +51,9 @@ class Articoli : public testing::Test {
   /// Rows of a query, their fields parted by blanks.
   QStringList lette(const QString& sql) {
     QStringList righe;
-    for (store::Recordset set = varGlobal().DB_Articoli.OpenRecordset(sql); !set.fine(); set.MoveNext()) {
+    for (store::Recordset set = varGlobal().DB_Articoli.OpenRecordset(sql); !set.atEnd(); set.MoveNext()) {
       QStringList valori;
-      for (int i = 0; i < set.colonne(); ++i) valori << set.campo(i).testo();
+      for (int i = 0; i < set.columns(); ++i) valori << set.field(i).text();
       righe << valori.join(u' ');
     }
     return righe;
@@ -74,27 +74,27 @@ class Articoli : public testing::Test {
     return {};
   }
   bool inserisci() { return articles::InserimentoArticolo(campi, bottega.contesto, schermo); }
-  bool cancella(const QString& quale = kEan, Risposta risposta = Risposta::OK) {
-    bottega.utente.risponde(risposta);
+  bool cancella(const QString& quale = kEan, Answer risposta = Answer::Ok) {
+    bottega.utente.answers(risposta);
     return articles::Tasto_Cancella(quale, bottega.contesto, schermo);
   }
-  static Riquadro domanda(const QString& quale = kEan) {
+  static Box domanda(const QString& quale = kEan) {
     return {QStringLiteral(
                 "Attenzione questa operazione comporterà l'eliminazione dell'articolo con codice EAN [") +
                 quale + QStringLiteral("]. Continuare ?"),
-            Icona::Nessuna, QStringLiteral("Cancellazione articolo"), Pulsanti::OKAnnulla};
+            Icon::None, QStringLiteral("Cancellazione articolo"), Buttons::OkCancel};
   }
   void attendiCritici(const QStringList& testi) {
-    EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAreArray(riquadri(testi, Icona::Critica)));
+    EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAreArray(riquadri(testi, Icon::Critical)));
   }
   /// The boxes of a deletion that was confirmed and failed.
   void attendiFallita(const QStringList& testi) {
-    std::vector<Riquadro> attesi = riquadri(testi, Icona::Critica);
+    std::vector<Box> attesi = riquadri(testi, Icon::Critical);
     attesi.insert(attesi.begin(), domanda());
-    EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAreArray(attesi));
-    EXPECT_EQ(bottega.area.livello(), 0);
+    EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAreArray(attesi));
+    EXPECT_EQ(bottega.area.level(), 0);
   }
-  void attendiDomanda() { EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAre(domanda())); }
+  void attendiDomanda() { EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAre(domanda())); }
 
   Bottega bottega;
   articles::SchermoArticoli schermo;
@@ -128,11 +128,11 @@ TEST_F(Inserimento, ScriveLaRigaConDescrizioneMaiuscolaEPrezzoInCentesimi) {
 TEST_F(Inserimento, ICampiErratiLoFermanoConTuttiIMessaggiPrimaDiOgniTransazione) {
   campi = {};
   EXPECT_FALSE(inserisci());
-  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 4U);
+  EXPECT_EQ(bottega.utente.takeBoxes().size(), 4U);
   EXPECT_THAT(ean(), IsEmpty());
   EXPECT_EQ(campi.ean, QString());
   EXPECT_THAT(chiesto, IsEmpty());
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(Inserimento, UnEanCortoSiRiempieDiSpaziFinoATredici) {
@@ -150,12 +150,12 @@ TEST_F(Inserimento, UnEanDiTrediciRestaComE) {
 TEST_F(Inserimento, LEanDiUnAltroArticoloSiDiceENullaSiScrive) {
   articolo(1, kEan);
   EXPECT_FALSE(inserisci());
-  EXPECT_THAT(bottega.utente.prendiRiquadri(),
+  EXPECT_THAT(bottega.utente.takeBoxes(),
               ElementsAreArray(riquadri({QStringLiteral("Attenzione il Codice EAN immesso [") + kEan +
                                          QStringLiteral("] è già associato ad un'altro articolo !!!")},
-                                        Icona::Esclamazione)));
+                                        Icon::Warning)));
   EXPECT_EQ(ean().size(), 1);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_THAT(chiesto, IsEmpty());
 }
 
@@ -176,7 +176,7 @@ TEST_F(Inserimento, UnApostrofoNellaDescrizioneSiDiceESiAnnulla) {
           .arg(kEan));
   attendiCritici({QStringLiteral("Errore nell' inserimento articoli Errore n° ") + perche});
   EXPECT_THAT(ean(), IsEmpty());
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_THAT(chiesto, IsEmpty());
 }
 
@@ -186,10 +186,10 @@ TEST_F(Inserimento, UnApostrofoNellEanFallisceNellaRicercaESiAnnulla) {
     inserisci();
     ADD_FAILURE() << "no failure";
   } catch (const Errore& errore) {
-    EXPECT_EQ(errore.numero, errore::kSintassi);
+    EXPECT_EQ(errore.numero, errors::kSyntax);
   }
   EXPECT_THAT(ean(), IsEmpty());
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(Inserimento, SuUnArchivioAssegnatoIlGiornaleHaUnaI) {
@@ -231,7 +231,7 @@ TEST_F(Inserimento, UnGiornaleCheNonSiScriveSiDiceEAnnullaAncheLArticolo) {
   attendiCritici({QStringLiteral("Errore nell' inserimento variazioni Errore n° ") + perche});
   EXPECT_THAT(ean(), IsEmpty());
   EXPECT_THAT(chiesto, IsEmpty());
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(Inserimento, SenzaLaTabellaDelGiornaleLaRicercaFallisceETuttoSiAnnulla) {
@@ -239,7 +239,7 @@ TEST_F(Inserimento, SenzaLaTabellaDelGiornaleLaRicercaFallisceETuttoSiAnnulla) {
   senza(QStringLiteral("TAB_VARIAZIONI"));
   EXPECT_THROW(inserisci(), Errore);
   EXPECT_THAT(ean(), IsEmpty());
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 // Deletion: the question.
@@ -248,16 +248,16 @@ TEST_F(Cancellazione, SenzaEanChiedeDiSelezionareUnArticoloENonCancellaLeRigheSe
   articolo(1, {});
   campi.ean.clear();
   EXPECT_FALSE(articles::EliminaSelezionato(campi, bottega.contesto, schermo));
-  EXPECT_THAT(bottega.utente.prendiRiquadri(),
-              ElementsAreArray(riquadri({QStringLiteral("Attenzione selezionare l'articolo da eliminare")},
-                                        Icona::Nessuna)));
+  EXPECT_THAT(bottega.utente.takeBoxes(),
+              ElementsAreArray(
+                  riquadri({QStringLiteral("Attenzione selezionare l'articolo da eliminare")}, Icon::None)));
   EXPECT_EQ(ean().size(), 1);
   EXPECT_THAT(chiesto, IsEmpty());
 }
 
 TEST_F(Cancellazione, ConUnEanDomandaECancella) {
   articolo(1, kEan);
-  bottega.utente.risponde(Risposta::OK);
+  bottega.utente.answers(Answer::Ok);
   EXPECT_TRUE(articles::EliminaSelezionato(campi, bottega.contesto, schermo));
   attendiDomanda();
   EXPECT_THAT(ean(), IsEmpty());
@@ -265,17 +265,17 @@ TEST_F(Cancellazione, ConUnEanDomandaECancella) {
 
 TEST_F(Cancellazione, OgniAltraRispostaRiabilitaIComandiESiFerma) {
   articolo(1, kEan);
-  EXPECT_FALSE(cancella(kEan, Risposta::Annulla));
+  EXPECT_FALSE(cancella(kEan, Answer::Cancel));
   attendiDomanda();
   EXPECT_EQ(ean().size(), 1);
   EXPECT_EQ(chiesto, QStringList({QStringLiteral("sblocca")}));
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(Cancellazione, LaDomandaStaDentroLaTransazione) {
   articolo(1, kEan);
   int livello = 0;
-  bottega.utente.alRiquadro = [&](const Riquadro&) { livello = bottega.area.livello(); };
+  bottega.utente.onBox = [&](const Box&) { livello = bottega.area.level(); };
   EXPECT_TRUE(cancella());
   attendiDomanda();
   EXPECT_EQ(livello, 1);
@@ -318,15 +318,15 @@ TEST_F(Cancellazione, UnApostrofoNellEanSiDiceENullaSiCancella) {
   const QString rotto = QStringLiteral("80'1");
   EXPECT_FALSE(cancella(rotto));
   const QString perche = fallimento(QStringLiteral("Delete  from TAB_ARTICOLI where Codice_EAN ='80'1';"));
-  EXPECT_THAT(bottega.utente.prendiRiquadri(),
+  EXPECT_THAT(bottega.utente.takeBoxes(),
               ElementsAre(domanda(rotto),
-                          Riquadro{QStringLiteral("Errore nell' eliminazione articoli Errore n° ") + perche,
-                                   Icona::Critica,
-                                   {},
-                                   Pulsanti::OK}));
+                          Box{QStringLiteral("Errore nell' eliminazione articoli Errore n° ") + perche,
+                              Icon::Critical,
+                              {},
+                              Buttons::Ok}));
   EXPECT_EQ(ean().size(), 1);
   EXPECT_EQ(chiesto, QStringList({QStringLiteral("blocca"), QStringLiteral("sblocca")}));
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 // Deletion on an archive of a till: the journal.
@@ -402,7 +402,7 @@ TEST_F(Cancellazione, SenzaLaTabellaDelGiornaleLaRicercaFallisceETuttoSiAnnulla)
   attendiDomanda();
   EXPECT_EQ(ean().size(), 1);
   EXPECT_EQ(chiesto, QStringList({QStringLiteral("blocca"), QStringLiteral("sblocca")}));
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(Cancellazione, UnaRigaDelGiornaleCheNonSiCancellaSiDice) {
@@ -471,18 +471,18 @@ TEST_F(Cancellazione, GliIndiciCheNonSiLeggonoSiDiconoDopoIlLoroMessaggio) {
   bottega.esegui(QStringLiteral("CREATE TABLE TAB_ARTICOLI (auto_id INTEGER, Codice_EAN TEXT)"));
   bottega.esegui(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Codice_EAN) Values (1,'%1');").arg(kEan));
   EXPECT_FALSE(cancella());
-  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  const std::vector<Box> visti = bottega.utente.takeBoxes();
   ASSERT_EQ(visti.size(), 3U);
   EXPECT_EQ(visti[0], domanda());
   const QString prefisso = QStringLiteral("Fallita UpdateALLIndex 3061 - ");
-  ASSERT_TRUE(visti[1].testo.startsWith(prefisso)) << visti[1].testo.toStdString();
-  EXPECT_EQ(visti[2].testo,
+  ASSERT_TRUE(visti[1].text.startsWith(prefisso)) << visti[1].text.toStdString();
+  EXPECT_EQ(visti[2].text,
             QStringLiteral("Fallita operazione update inici in TAB_EAN_NUMERICI: Errore n° 3061\n") +
-                visti[1].testo.mid(prefisso.size()));
-  EXPECT_EQ(visti[2].icona, Icona::Critica);
+                visti[1].text.mid(prefisso.size()));
+  EXPECT_EQ(visti[2].icon, Icon::Critical);
   EXPECT_EQ(ean().size(), 1);
   EXPECT_THAT(giornale(), IsEmpty());
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(Cancellazione, UnaRigaSenzaIndiceLeggibileSiDiceELaCancellazioneSiFa) {
@@ -491,12 +491,12 @@ TEST_F(Cancellazione, UnaRigaSenzaIndiceLeggibileSiDiceELaCancellazioneSiFa) {
   articolo(2, QStringLiteral("B"));
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = null WHERE auto_id =2"));
   EXPECT_TRUE(cancella());
-  std::vector<Riquadro> attesi =
+  std::vector<Box> attesi =
       riquadri({QStringLiteral("CalcolaID_Position 94 - Utilizzo non valido di Null"),
                 QStringLiteral("Fallita UpdateALLIndex 94 - Utilizzo non valido di Null")},
-               Icona::Critica);
+               Icon::Critical);
   attesi.insert(attesi.begin(), domanda());
-  EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAreArray(attesi));
+  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAreArray(attesi));
   EXPECT_EQ(lette(QStringLiteral("SELECT auto_id from TAB_ARTICOLI")), QStringList({QStringLiteral("2")}));
 }
 
@@ -505,8 +505,8 @@ TEST_F(Cancellazione, SenzaRichiamiDelloSchermoLavoraLoStesso) {
   assegnaACassa();
   EXPECT_TRUE(inserisci());
   EXPECT_TRUE(cancella());
-  EXPECT_FALSE(cancella(kEan, Risposta::Annulla));
-  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 2U);
+  EXPECT_FALSE(cancella(kEan, Answer::Cancel));
+  EXPECT_EQ(bottega.utente.takeBoxes().size(), 2U);
   EXPECT_THAT(ean(), IsEmpty());
 }
 

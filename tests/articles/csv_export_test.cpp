@@ -7,9 +7,9 @@
 #include <QDir>
 #include <QFile>
 
-#include "articles/altri.h"
-#include "articles/archivio_guidato.h"
 #include "articles/csv_import.h"
+#include "articles/guided_archive.h"
+#include "articles/others.h"
 
 using namespace articles;
 
@@ -86,15 +86,15 @@ struct ExportArticoli : testing::Test {
                     {QStringLiteral("9001"), QString(), 120000, 80, false, false}});
   }
   void importa(const QString& file) {
-    bottega.area.NuovoComando();
-    bottega.utente.sceglie(file);
+    bottega.area.NewCommand();
+    bottega.utente.chooses(file);
     ImportaArticoli(bottega.contesto, {});
     attendi(bottega, {riquadro(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"),
-                               Icona::Informazione)});
+                               Icon::Information)});
   }
-  Riquadro terminata() const {
+  Box terminata() const {
     return riquadro(QStringLiteral("Creazione del file ") + lista + QStringLiteral(" terminata."),
-                    Icona::Informazione);
+                    Icon::Information);
   }
   static QByteArray prezzo(QByteArray testo) {
     return testo.replace(',', QLocale().decimalPoint().toLatin1());
@@ -105,9 +105,9 @@ struct ExportArticoli : testing::Test {
     store::Recordset tutte = varGlobal().DB_Articoli.OpenRecordset(
         QStringLiteral("SELECT auto_id,ID_Position,Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,"
                        "VarPrezzo,PrezzoZero from TAB_ARTICOLI order by auto_id"));
-    for (; !tutte.fine(); tutte.MoveNext()) {
+    for (; !tutte.atEnd(); tutte.MoveNext()) {
       QStringList riga;
-      for (int colonna = 0; colonna < tutte.colonne(); ++colonna) riga += tutte.campo(colonna).testo();
+      for (int colonna = 0; colonna < tutte.columns(); ++colonna) riga += tutte.field(colonna).text();
       righe += riga.join(u'|');
     }
     return righe;
@@ -117,14 +117,14 @@ struct ExportArticoli : testing::Test {
 TEST_F(ExportArticoli, OgniRigaDellaGrigliaDiventaUnaRigaDiNoveCampi) {
   soloTre();
   const ArchivioGuidato schermo(bottega);
-  bottega.utente.sceglie(lista);
+  bottega.utente.chooses(lista);
   schermo.clic(kExport);
   attendi(bottega, {terminata()});
-  EXPECT_EQ(bottega.cartella.leggi(kLista), prezzo("1;8003;A1;CAFF\xC8 \x80 ?;2,50;2;S;N; \r\n") +
-                                                prezzo("2;8001;A2;T\xC8 \"VERDE\" 10% [*];0,05;3;N;S; \r\n") +
-                                                prezzo("3;9001;A3;;1200,00;80;N;N; \r\n"));
-  ASSERT_EQ(bottega.utente.finestre().size(), 1U);
-  EXPECT_EQ(bottega.utente.finestre()[0].filtro, QStringLiteral("csv (*.csv)|*.csv"));
+  EXPECT_EQ(bottega.cartella.read(kLista), prezzo("1;8003;A1;CAFF\xC8 \x80 ?;2,50;2;S;N; \r\n") +
+                                               prezzo("2;8001;A2;T\xC8 \"VERDE\" 10% [*];0,05;3;N;S; \r\n") +
+                                               prezzo("3;9001;A3;;1200,00;80;N;N; \r\n"));
+  ASSERT_EQ(bottega.utente.requests().size(), 1U);
+  EXPECT_EQ(bottega.utente.requests()[0].filter, QStringLiteral("csv (*.csv)|*.csv"));
 }
 
 TEST_F(ExportArticoli, UnElencoCercatoSiNumeraPerRigaDellaGriglia) {
@@ -132,51 +132,51 @@ TEST_F(ExportArticoli, UnElencoCercatoSiNumeraPerRigaDellaGriglia) {
   const ArchivioGuidato schermo(bottega);
   schermo.scrivi(QStringLiteral("vkTextBoxCodEan"), QStringLiteral("80"));
   schermo.clic(QStringLiteral("Vmd_Cerca"));
-  bottega.utente.sceglie(lista);
+  bottega.utente.chooses(lista);
   schermo.clic(kExport);
   attendi(bottega, {terminata()});
-  EXPECT_EQ(bottega.cartella.leggi(kLista), prezzo("1;8001;A2;T\xC8 \"VERDE\" 10% [*];0,05;3;;; \r\n") +
-                                                prezzo("2;8003;A1;CAFF\xC8 \x80 ?;2,50;2;;; \r\n"));
+  EXPECT_EQ(bottega.cartella.read(kLista), prezzo("1;8001;A2;T\xC8 \"VERDE\" 10% [*];0,05;3;;; \r\n") +
+                                               prezzo("2;8003;A1;CAFF\xC8 \x80 ?;2,50;2;;; \r\n"));
 }
 
 TEST_F(ExportArticoli, UnaGrigliaVuotaEsportaLaSuaRigaVuota) {
   bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI"));
   const ArchivioGuidato schermo(bottega);
-  bottega.utente.sceglie(lista);
+  bottega.utente.chooses(lista);
   schermo.clic(kExport);
   attendi(bottega, {terminata()});
-  EXPECT_EQ(bottega.cartella.leggi(kLista), QByteArray("1;;;;;;;; \r\n"));
+  EXPECT_EQ(bottega.cartella.read(kLista), QByteArray("1;;;;;;;; \r\n"));
 }
 
 TEST_F(ExportArticoli, AnnullareOLasciareIlNomeVuotoNonScriveNulla) {
   soloTre();
   const ArchivioGuidato schermo(bottega);
-  const QStringList prima = QDir(bottega.cartella.percorso()).entryList();
-  bottega.utente.sceglie(std::nullopt).sceglie(QString());
+  const QStringList prima = QDir(bottega.cartella.path()).entryList();
+  bottega.utente.chooses(std::nullopt).chooses(QString());
   schermo.clic(kExport);
   schermo.clic(kExport);
-  EXPECT_EQ(bottega.utente.finestre().size(), 2U);
-  EXPECT_EQ(QDir(bottega.cartella.percorso()).entryList(), prima);
+  EXPECT_EQ(bottega.utente.requests().size(), 2U);
+  EXPECT_EQ(QDir(bottega.cartella.path()).entryList(), prima);
 }
 
 TEST_F(ExportArticoli, UnFileCheCEGiaSiSostituisceSenzaDomande) {
   soloTre();
-  bottega.cartella.scrivi(kLista, QByteArray(100000, 'x'));
+  bottega.cartella.write(kLista, QByteArray(100000, 'x'));
   const ArchivioGuidato schermo(bottega);
-  bottega.utente.sceglie(lista);
+  bottega.utente.chooses(lista);
   schermo.clic(kExport);
   attendi(bottega, {terminata()});
-  EXPECT_TRUE(bottega.cartella.leggi(kLista).startsWith("1;8003;"));
-  EXPECT_EQ(bottega.cartella.leggi(kLista).count('\n'), 3);
+  EXPECT_TRUE(bottega.cartella.read(kLista).startsWith("1;8003;"));
+  EXPECT_EQ(bottega.cartella.read(kLista).count('\n'), 3);
 }
 
 TEST_F(ExportArticoli, IlListinoVeroEEgualeAQuantoSiCalcolaDalDatabase) {
   importa(QStringLiteral(GESTIONALE_APP) + QStringLiteral("/articoli.csv"));
   const ArchivioGuidato schermo(bottega);
-  bottega.utente.sceglie(lista);
+  bottega.utente.chooses(lista);
   schermo.clic(kExport);
   attendi(bottega, {terminata()});
-  const QByteArray scritto = bottega.cartella.leggi(kLista);
+  const QByteArray scritto = bottega.cartella.read(kLista);
   EXPECT_EQ(scritto.count('\n'), 5000);
   EXPECT_TRUE(scritto == attesoDalFile(bottega.cartella.file(QStringLiteral("archivio.mdb"))));
 }
@@ -188,7 +188,7 @@ TEST_F(ExportArticoli, RilettoNonCambiaCheISegni) {
       QStringLiteral("UPDATE TAB_ARTICOLI SET VarPrezzo =true,PrezzoZero =true where auto_id < 50"));
   const QStringList prima = fotografia();
   const ArchivioGuidato schermo(bottega);
-  bottega.utente.sceglie(lista);
+  bottega.utente.chooses(lista);
   schermo.clic(kExport);
   attendi(bottega, {terminata()});
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='',Prezzo =0,Reparto =1"));
@@ -200,10 +200,10 @@ TEST_F(ExportArticoli, RilettoNonCambiaCheISegni) {
 TEST_F(ExportArticoli, UnoSlotVuotoRilettoPrendeIlCodiceZero) {
   bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id > 1"));
   const ArchivioGuidato schermo(bottega);
-  bottega.utente.sceglie(lista);
+  bottega.utente.chooses(lista);
   schermo.clic(kExport);
   attendi(bottega, {terminata()});
-  EXPECT_EQ(bottega.cartella.leggi(kLista), prezzo("1;;;;0,00;1;N;N; \r\n"));
+  EXPECT_EQ(bottega.cartella.read(kLista), prezzo("1;;;;0,00;1;N;N; \r\n"));
   QStringList attese = fotografia();
   ASSERT_EQ(attese.size(), 1);
   ASSERT_TRUE(attese[0].startsWith(QStringLiteral("1|1|||")));
@@ -215,36 +215,36 @@ TEST_F(ExportArticoli, UnoSlotVuotoRilettoPrendeIlCodiceZero) {
 /// A file that cannot be written: the box of the failure, and what was there before.
 struct ExportImpossibile : ExportArticoli {
   void esportaSu(const QString& percorso, int numero) {
-    const QStringList prima = QDir(bottega.cartella.percorso()).entryList(QDir::AllEntries | QDir::Hidden);
+    const QStringList prima = QDir(bottega.cartella.path()).entryList(QDir::AllEntries | QDir::Hidden);
     const ArchivioGuidato schermo(bottega);
-    bottega.utente.sceglie(percorso);
+    bottega.utente.chooses(percorso);
     schermo.clic(kExport);
-    const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+    const std::vector<Box> visti = bottega.utente.takeBoxes();
     ASSERT_EQ(visti.size(), 1U);
-    EXPECT_TRUE(visti[0].testo.startsWith(QStringLiteral("Error %1 (").arg(numero)))
-        << visti[0].testo.toStdString();
-    EXPECT_TRUE(visti[0].testo.endsWith(
+    EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Error %1 (").arg(numero)))
+        << visti[0].text.toStdString();
+    EXPECT_TRUE(visti[0].text.endsWith(
         QStringLiteral(") in procedure Cmd_Export_Click of Modulo Form_ArchivioArticoli")));
-    EXPECT_EQ(QDir(bottega.cartella.percorso()).entryList(QDir::AllEntries | QDir::Hidden), prima);
+    EXPECT_EQ(QDir(bottega.cartella.path()).entryList(QDir::AllEntries | QDir::Hidden), prima);
     EXPECT_TRUE(schermo.vivo());
     EXPECT_TRUE(schermo.griglia().Redraw());
   }
 };
 
 TEST_F(ExportImpossibile, InUnaCartellaCheNonCE) {
-  esportaSu(bottega.cartella.file(QStringLiteral("manca/lista.csv")), errore::kPercorsoAssente);
+  esportaSu(bottega.cartella.file(QStringLiteral("manca/lista.csv")), errors::kPathMissing);
 }
 
 TEST_F(ExportImpossibile, SopraUnaCartella) {
   ASSERT_TRUE(QDir().mkdir(lista));
-  esportaSu(lista, errore::kAccessoPercorso);
+  esportaSu(lista, errors::kPathAccess);
 }
 
 TEST_F(ExportImpossibile, SulDiscoPienoRestaIlFileDiPrima) {
-  bottega.cartella.scrivi(kLista, "prima");
+  bottega.cartella.write(kLista, "prima");
   const DiscoPieno pieno(10000);
-  esportaSu(lista, errore::kDiscoPieno);
-  EXPECT_EQ(bottega.cartella.leggi(kLista), QByteArray("prima"));
+  esportaSu(lista, errors::kDiskFull);
+  EXPECT_EQ(bottega.cartella.read(kLista), QByteArray("prima"));
 }
 
 TEST_F(ExportImpossibile, InUnaCartellaDiAltriRestaIlFileDiPrima) {
@@ -252,12 +252,11 @@ TEST_F(ExportImpossibile, InUnaCartellaDiAltriRestaIlFileDiPrima) {
   ASSERT_TRUE(QDir().mkdir(chiusa));
   constexpr auto kDiTutti =
       QFileDevice::ReadGroup | QFileDevice::ExeGroup | QFileDevice::ReadOther | QFileDevice::ExeOther;
-  QFile::setPermissions(bottega.cartella.percorso(),
-                        QFile::permissions(bottega.cartella.percorso()) | kDiTutti);
+  QFile::setPermissions(bottega.cartella.path(), QFile::permissions(bottega.cartella.path()) | kDiTutti);
   QFile::setPermissions(chiusa, QFileDevice::ReadOwner | QFileDevice::ExeOwner | kDiTutti);
   {
     const AltroUtente altro;
-    esportaSu(chiusa + QStringLiteral("/lista.csv"), errore::kAccessoPercorso);
+    esportaSu(chiusa + QStringLiteral("/lista.csv"), errors::kPathAccess);
   }
   EXPECT_TRUE(QDir(chiusa).isEmpty());
 }

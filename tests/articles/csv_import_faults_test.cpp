@@ -7,11 +7,11 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "articles/altri.h"
 #include "articles/article_database.h"
 #include "articles/csv_import.h"
-#include "articles/importazione.h"
-#include "articles/sincronismi.h"
+#include "articles/import_fixture.h"
+#include "articles/others.h"
+#include "articles/sync_count.h"
 
 namespace {
 
@@ -23,17 +23,17 @@ struct ImportGuasti : ImportArticoli {};
 
 TEST_F(ImportGuasti, UnArchivioInSolaLetturaFallisceConIlMessaggioDelloStatement) {
   varGlobal().DB_Articoli.Close();
-  const QString lista = bottega.cartella.scrivi(QStringLiteral("lista.csv"), listaSana(3));
-  ASSERT_EQ(chmod(bottega.cartella.percorso().toUtf8().constData(), 0777), 0);
+  const QString lista = bottega.cartella.write(QStringLiteral("lista.csv"), listaSana(3));
+  ASSERT_EQ(chmod(bottega.cartella.path().toUtf8().constData(), 0777), 0);
   ASSERT_EQ(chmod(archivio.toUtf8().constData(), 0444), 0);
   const AltroUtente altro;
   articles::ApriDatabase(archivio, bottega.contesto);
   const Fotografia prima = fotografia();
   EXPECT_EQ(importaFile(lista).tipo, Tipo::Annullato);
-  const auto riquadri = bottega.utente.prendiRiquadri();
+  const auto riquadri = bottega.utente.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(
-      riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3073\r\n")));
+      riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3073\r\n")));
   EXPECT_EQ(fotografia(), prima);
 }
 
@@ -43,26 +43,26 @@ TEST_F(ImportGuasti, UnArchivioBloccatoDaUnAltroProgrammaNonCambia) {
     const AltroProgramma altro(archivio, {QStringLiteral("BEGIN EXCLUSIVE")});
     EXPECT_NE(importa(rigaCsv(1, {}, "A", "B", "1,00", "1")).tipo, Tipo::Importato);
   }
-  const auto riquadri = bottega.utente.prendiRiquadri();
+  const auto riquadri = bottega.utente.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(
-      riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3260\r\n")));
+      riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3260\r\n")));
   EXPECT_EQ(fotografia(), prima);
 }
 
 TEST_F(ImportGuasti, UnDiscoPienoLasciaLArchivioComEra) {
   const Fotografia prima = fotografia();
   const QByteArray lista = listaSana(5000);
-  const QString percorso = bottega.cartella.scrivi(QStringLiteral("lista.csv"), lista);
+  const QString percorso = bottega.cartella.write(QStringLiteral("lista.csv"), lista);
   {
     const DiscoPieno pieno(static_cast<unsigned long>(QFileInfo(archivio).size()) / 2);
     EXPECT_NE(importaFile(percorso).tipo, Tipo::Importato);
   }
-  const auto riquadri = bottega.utente.prendiRiquadri();
+  const auto riquadri = bottega.utente.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(
-      riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 61\r\n")))
-      << riquadri[0].testo.toStdString();
+      riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 61\r\n")))
+      << riquadri[0].text.toStdString();
   EXPECT_EQ(fotografia(), prima);
   EXPECT_EQ(fotografiaDaFuori(), prima);
 }
@@ -74,8 +74,8 @@ bool importaEMuori(Bottega& bottega, const QString& archivio, const QString& lis
   const pid_t figlio = fork();
   if (figlio == 0) {
     articles::ApriDatabase(archivio, bottega.contesto);
-    bottega.utente.sceglie(lista);
-    bottega.utente.alPassaggio = [passaggio, fatti = 0]() mutable {
+    bottega.utente.chooses(lista);
+    bottega.utente.onPass = [passaggio, fatti = 0]() mutable {
       if (++fatti == passaggio) raise(SIGKILL);
     };
     sincronismi::conta([sincronismo](int numero) {
@@ -97,14 +97,14 @@ struct ImportUcciso : ImportArticoli {
 
   void SetUp() override {
     ImportArticoli::SetUp();
-    lista = bottega.cartella.scrivi(QStringLiteral("lista.csv"), listaSana(kRighe));
+    lista = bottega.cartella.write(QStringLiteral("lista.csv"), listaSana(kRighe));
     prima = fotografia();
     varGlobal().DB_Articoli.Close();
     const QString copia = bottega.cartella.file(QStringLiteral("intera.mdb"));
     ASSERT_TRUE(QFile::copy(archivio, copia));
     articles::ApriDatabase(copia, bottega.contesto);
     importaFile(lista);
-    bottega.utente.prendiRiquadri();
+    bottega.utente.takeBoxes();
     dopo = fotografia();
     ASSERT_NE(prima, dopo);
     varGlobal().DB_Articoli.Close();

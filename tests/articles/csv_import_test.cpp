@@ -6,10 +6,10 @@
 #include <QFile>
 #include <QGuiApplication>
 
+#include "articles/import_fixture.h"
 #include "articles/import_line.h"
-#include "articles/importazione.h"
-#include "articles/sincronismi.h"
-#include "platform/ui/occupato.h"
+#include "articles/sync_count.h"
+#include "platform/ui/busy_guard.h"
 
 namespace {
 
@@ -55,21 +55,21 @@ TEST_F(ImportArticoli, UnaRigaSanaScriveICinqueCampiEPulisceIlMarchio) {
   EXPECT_EQ(esito.righe, 1);
   EXPECT_THAT(fotografia()[2],
               ElementsAre(u"3", u"3", u"8001", u"A1", u"Caffè", u"238", u"4", u" ", testing::_, testing::_));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
   EXPECT_THAT(annotazioni(), IsEmpty());
 }
 
 TEST_F(ImportArticoli, LaFinestraFiltraIFileCsv) {
   importa(listaSana(1));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
-  ASSERT_EQ(bottega.utente.finestre().size(), 1U);
-  EXPECT_EQ(bottega.utente.finestre()[0].filtro, QStringLiteral("csv (*.csv)|*.csv"));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  ASSERT_EQ(bottega.utente.requests().size(), 1U);
+  EXPECT_EQ(bottega.utente.requests()[0].filter, QStringLiteral("csv (*.csv)|*.csv"));
 }
 
 TEST_F(ImportArticoli, LaDescrizioneRestaNelleSueMaiuscole) {
   importa(rigaCsv(1, "8001", "a1", "Olio Extra", "1,00", "1"));
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 1), QStringLiteral("Olio Extra"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
 }
 
 TEST_F(ImportArticoli, LaListaDiEsempioArrivaRigaPerRiga) {
@@ -77,7 +77,7 @@ TEST_F(ImportArticoli, LaListaDiEsempioArrivaRigaPerRiga) {
   const QString copia = bottega.cartella.file(QStringLiteral("lista.csv"));
   ASSERT_TRUE(QFile::copy(lista, copia));
   EXPECT_EQ(importaFile(copia).righe, 5000);
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
   QFile file(copia);
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   const QList<QByteArray> righe = file.readAll().replace("\r\n", "\n").chopped(1).split('\n');
@@ -92,7 +92,8 @@ TEST_F(ImportArticoli, LaListaDiEsempioArrivaRigaPerRiga) {
 TEST_F(ImportArticoli, GliApostrofiFalliscono_ConIlMessaggioDelloStatementENienteCambia) {
   const Fotografia prima = fotografia();
   const QString copia = bottega.cartella.file(QStringLiteral("lista.csv"));
-  ASSERT_TRUE(QFile::copy(QStringLiteral(GESTIONALE_SORGENTI "/tests/dati/articoli-apostrofi.csv"), copia));
+  ASSERT_TRUE(
+      QFile::copy(QStringLiteral(GESTIONALE_SOURCES "/tests/sample_data/articoli-apostrofi.csv"), copia));
   QString descrizione;
   try {
     bottega.esegui(
@@ -101,42 +102,42 @@ TEST_F(ImportArticoli, GliApostrofiFalliscono_ConIlMessaggioDelloStatementENient
                        "auto_id =1"));
     FAIL() << "the statement ran";
   } catch (const Errore& errore) {
-    EXPECT_EQ(errore.numero, errore::kSintassi);
+    EXPECT_EQ(errore.numero, errors::kSyntax);
     descrizione = errore.descrizione;
   }
   EXPECT_EQ(importaFile(copia).tipo, Tipo::Annullato);
-  EXPECT_THAT(bottega.utente.riquadri(),
-              ElementsAre(Riquadro{QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n") +
-                                       descrizione,
-                                   Icona::Critica,
-                                   {},
-                                   Pulsanti::OK},
-                          riuscita()));
+  EXPECT_THAT(
+      bottega.utente.boxes(),
+      ElementsAre(Box{QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n") + descrizione,
+                      Icon::Critical,
+                      {},
+                      Buttons::Ok},
+                  riuscita()));
   EXPECT_EQ(fotografia(), prima);
   EXPECT_EQ(fotografiaDaFuori(), prima);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(ImportArticoli, UnApostrofoNellEanDiceAncheLErroreDellaRicerca) {
   importa(rigaCsv(1, "80'1", "A", "B", "1,00", "1"));
-  const auto riquadri = bottega.utente.prendiRiquadri();
+  const auto riquadri = bottega.utente.takeBoxes();
   ASSERT_EQ(riquadri.size(), 3U);
-  EXPECT_TRUE(riquadri[0].testo.startsWith(QStringLiteral("Errore GetCodiceEAN 3075 - ")));
+  EXPECT_TRUE(riquadri[0].text.startsWith(QStringLiteral("Errore GetCodiceEAN 3075 - ")));
   EXPECT_TRUE(
-      riquadri[1].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n")));
+      riquadri[1].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n")));
   EXPECT_EQ(riquadri[2], riuscita());
 }
 
 TEST_F(ImportArticoli, UnFileEsportatoRilettoAggiornaOgniRigaLasciaIPermessiEPulisceIlMarchio) {
   const QByteArray lista = listaSana(5000);
   importa(lista);
-  bottega.utente.prendiRiquadri();
+  bottega.utente.takeBoxes();
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET VarPrezzo =true WHERE auto_id >2500"));
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET PrezzoZero =true WHERE auto_id <1000"));
   const Fotografia prima = fotografia();
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR'"));
   importa(lista);
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
   EXPECT_EQ(fotografia(), prima);
 }
 
@@ -145,7 +146,7 @@ TEST_F(ImportArticoli, SetteSeparatoriFermanoLImportAQuellaRiga) {
                              rigaCsv(4, "8004", "A4", "QUATTRO", "1,00", "1"));
   EXPECT_EQ(esito.tipo, Tipo::Fallito);
   EXPECT_EQ(esito.righe, 2);
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 2), QStringLiteral("ARTICOLO 2"));
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 4), QString());
   EXPECT_THAT(annotazioni(), IsEmpty());
@@ -154,12 +155,12 @@ TEST_F(ImportArticoli, SetteSeparatoriFermanoLImportAQuellaRiga) {
 TEST_F(ImportArticoli, DopoUnaRigaSenzaFormaLaTransazioneRestaApertaFinoAlComandoDopo) {
   const Fotografia prima = fotografia();
   importa(listaSana(2) + "rotta\r\n");
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
-  EXPECT_EQ(bottega.area.livello(), 1);
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
+  EXPECT_EQ(bottega.area.level(), 1);
   EXPECT_EQ(fotografiaDaFuori(), prima);
-  bottega.area.NuovoComando();
+  bottega.area.NewCommand();
   bottega.area.BeginTrans();
-  EXPECT_EQ(bottega.area.livello(), 1);
+  EXPECT_EQ(bottega.area.level(), 1);
   bottega.area.Rollback();
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 2), QStringLiteral("ARTICOLO 2"));
   EXPECT_EQ(fotografiaDaFuori(), fotografia());
@@ -167,7 +168,7 @@ TEST_F(ImportArticoli, DopoUnaRigaSenzaFormaLaTransazioneRestaApertaFinoAlComand
 
 TEST_F(ImportArticoli, LaChiusuraDellArchivioTieneQuantoLImportFermatoHaScritto) {
   importa(listaSana(2) + "rotta\r\n");
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
   const Fotografia vista = fotografia();
   varGlobal().DB_Articoli.Close();
   EXPECT_EQ(fotografiaDaFuori(), vista);
@@ -175,24 +176,24 @@ TEST_F(ImportArticoli, LaChiusuraDellArchivioTieneQuantoLImportFermatoHaScritto)
 
 TEST_F(ImportArticoli, UnaPosizioneVuotaFermaLImport) {
   importa(";8001;A;B;1,00;1;N;N; \r\n");
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
 }
 
 TEST_F(ImportArticoli, UnaPosizioneSottoZeroFermaLImport) {
   importa(rigaCsv(-1, "8001", "A", "B", "1,00", "1"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
 }
 
 TEST_F(ImportArticoli, IlReportEChiusoPrimaDelRiquadroDiUnImportFermato) {
-  bottega.utente.alRiquadro = [this](const Riquadro&) { EXPECT_THAT(annotazioni(), IsEmpty()); };
+  bottega.utente.onBox = [this](const Box&) { EXPECT_THAT(annotazioni(), IsEmpty()); };
   importa("rotta\r\n");
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(fallita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
 }
 
 TEST_F(ImportArticoli, IlReportEChiusoDopoIlRiquadroDiUnImportFinito) {
-  bottega.utente.alRiquadro = [this](const Riquadro&) { EXPECT_FALSE(report().contains("FINE REPORT")); };
+  bottega.utente.onBox = [this](const Box&) { EXPECT_FALSE(report().contains("FINE REPORT")); };
   importa(listaSana(1));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
   EXPECT_TRUE(report().contains("FINE REPORT"));
 }
 
@@ -203,20 +204,20 @@ TEST_F(ImportArticoli, UnPrezzoDi100000EScrittoMarcatoEAnnotato) {
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral("ERR"));
   EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 100000 4 [CODICE ERRORE=ERR: PREZZO *100000*]"));
   EXPECT_TRUE(report().contains("TOTALI ERRORI RISCONTRATI: [1]"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(1)));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(1)));
 }
 
 TEST_F(ImportArticoli, IlPrezzoMassimoPassa) {
   importa(rigaCsv(1, "8001", "A1", "UNO", "99999,99", "80"));
   EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 1), QStringLiteral("9999999"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
 }
 
 TEST_F(ImportArticoli, UnPrezzoSottoZeroEMarcato) {
   importa(rigaCsv(1, "8001", "A1", "UNO", "-0,01", "4"));
   EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 1), QStringLiteral("-1"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral("ERR"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(1)));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(1)));
 }
 
 TEST_F(ImportArticoli, UnRepartoOltre80EScrittoMarcatoEAnnotato) {
@@ -224,21 +225,21 @@ TEST_F(ImportArticoli, UnRepartoOltre80EScrittoMarcatoEAnnotato) {
   EXPECT_EQ(colonna(QStringLiteral("Reparto"), 1), QStringLiteral("81"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral("ERR"));
   EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 1,00 81 [CODICE ERRORE=ERR: REPARTO *81*]"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(1)));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(1)));
 }
 
 TEST_F(ImportArticoli, UnReparto90ConUnPrezzoGuastoAnnotaSoloIlPrezzo) {
   const auto esito = importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "90"));
   EXPECT_EQ(esito.errori, 1);
   EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 100000 90 [CODICE ERRORE=ERR: PREZZO *100000*]"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(1)));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(1)));
 }
 
 TEST_F(ImportArticoli, LaBandieraDelPrezzoValePerUnaRigaSola) {
   importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "4") + rigaCsv(2, "8002", "A2", "DUE", "1,00", "90"));
   EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 100000 4 [CODICE ERRORE=ERR: PREZZO *100000*]",
                                          u"8002|A2 DUE 1,00 90 [CODICE ERRORE=ERR: REPARTO *90*]"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(2)));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(2)));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 2), QStringLiteral("ERR"));
 }
 
@@ -248,7 +249,7 @@ TEST_F(ImportArticoli, DopoIlPrimoErroreOgniRigaEMarcata) {
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral(" "));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 2), QStringLiteral("ERR"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 3), QStringLiteral("ERR"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(1)));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(1)));
 }
 
 TEST_F(ImportArticoli, TreRigheGuasteAnnullanoTutto) {
@@ -258,11 +259,11 @@ TEST_F(ImportArticoli, TreRigheGuasteAnnullanoTutto) {
   const auto esito = importa(csv);
   EXPECT_EQ(esito.tipo, Tipo::Annullato);
   EXPECT_EQ(esito.errori, 3);
-  const auto riquadri = bottega.utente.prendiRiquadri();
+  const auto riquadri = bottega.utente.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(
-      riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n")));
-  EXPECT_EQ(riquadri[0].icona, Icona::Critica);
+      riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n")));
+  EXPECT_EQ(riquadri[0].icon, Icon::Critical);
   EXPECT_EQ(riquadri[1], conErrori(3));
   EXPECT_EQ(annotazioni().size(), 3);
   EXPECT_EQ(fotografia(), prima);
@@ -274,7 +275,7 @@ TEST_F(ImportArticoli, DueRepartiGuastiPesanoQuantoTrePrezzi) {
   const auto esito =
       importa(rigaCsv(1, "8001", "A1", "UNO", "1,00", "90") + rigaCsv(2, "8002", "A2", "DUE", "1,00", "90"));
   EXPECT_EQ(esito.tipo, Tipo::Annullato);
-  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 2U);
+  EXPECT_EQ(bottega.utente.takeBoxes().size(), 2U);
   EXPECT_EQ(fotografia(), prima);
 }
 
@@ -282,14 +283,14 @@ TEST_F(ImportArticoli, UnPrezzoEUnRepartoGuastiPassanoMarcati) {
   importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "1") + rigaCsv(2, "8002", "A2", "DUE", "1,00", "90") +
           rigaCsv(3, "8003", "A3", "TRE", "1,00", "1"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 3), QStringLiteral("ERR"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(conErrori(2)));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(2)));
 }
 
 TEST_F(ImportArticoli, ICampiMancantiSonoAnnotatiEScrittiConIPredefinitiSenzaErrore) {
   importa(
       "1;;A1;UNO;1,00;1;N;N; \r\n2;8002;;DUE;1,00;1;N;N; \r\n3;8003;A3;;1,00;1;N;N; \r\n"
       "4;8004;A4;QUATTRO;1,00;;N;N; \r\n5;8005;A5;CINQUE;;1;N;N; \r\n");
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
   EXPECT_THAT(annotazioni(),
               ElementsAre(u"|A1 UNO 1,00 1 [CODICE ERRORE=4 *CODICE EAN ASSENTE*]",
                           u"8002|0 DUE 1,00 1 [CODICE ERRORE=5 *CODICE ARTICOLO ASSENTE*]",
@@ -309,13 +310,13 @@ TEST_F(ImportArticoli, UnEanDuplicatoEAnnotatoENonFermaLaRiga) {
               ElementsAre(u"8001|A2 DUE 1,00 1 [CODICE ERRORE=WARNING: EAN DUPLICATO *8001*]"));
   EXPECT_EQ(colonna(QStringLiteral("Codice_EAN"), 2), QStringLiteral("8001"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 2), QStringLiteral(" "));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
 }
 
 TEST_F(ImportArticoli, UnEanVuotoNonEDuplicato) {
   importa("1;;A1;UNO;1,00;1;N;N; \r\n");
   EXPECT_THAT(annotazioni(), ElementsAre(u"|A1 UNO 1,00 1 [CODICE ERRORE=4 *CODICE EAN ASSENTE*]"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
 }
 
 TEST_F(ImportArticoli, UnaPosizioneSenzaRigaNonAggiornaNulla) {
@@ -323,7 +324,7 @@ TEST_F(ImportArticoli, UnaPosizioneSenzaRigaNonAggiornaNulla) {
   EXPECT_EQ(
       importa(rigaCsv(0, "8001", "A", "B", "1,00", "1") + rigaCsv(5001, "8002", "A", "B", "1,00", "1")).righe,
       2);
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
   EXPECT_EQ(fotografia(), prima);
 }
 
@@ -332,35 +333,35 @@ TEST_F(ImportArticoli, LaPosizione40000InterrompeInSilenzioConLaTransazioneApert
   EXPECT_EQ(esito.tipo, Tipo::Interrotto);
   EXPECT_EQ(esito.righe, 1);
   EXPECT_NE(esito.dettaglio, QString());
-  EXPECT_THAT(bottega.utente.riquadri(), IsEmpty());
-  EXPECT_EQ(bottega.area.livello(), 1);
+  EXPECT_THAT(bottega.utente.boxes(), IsEmpty());
+  EXPECT_EQ(bottega.area.level(), 1);
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 1), QStringLiteral("ARTICOLO 1"));
   EXPECT_THAT(annotazioni(), IsEmpty());
 }
 
 TEST_F(ImportArticoli, UnPrezzoSmisuratoInterrompeInSilenzio) {
   EXPECT_EQ(importa(rigaCsv(1, "8001", "A", "B", "99999999999", "1")).tipo, Tipo::Interrotto);
-  EXPECT_THAT(bottega.utente.riquadri(), IsEmpty());
+  EXPECT_THAT(bottega.utente.boxes(), IsEmpty());
   EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 1), QStringLiteral("0"));
 }
 
 TEST_F(ImportArticoli, UnRepartoCheNonEUnNumeroFallisceConIlMessaggioDelloStatement) {
   const Fotografia prima = fotografia();
   EXPECT_EQ(importa(rigaCsv(1, "8001", "A", "B", "1,00", "pane")).tipo, Tipo::Annullato);
-  const auto riquadri = bottega.utente.prendiRiquadri();
+  const auto riquadri = bottega.utente.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(
-      riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3061\r\n")));
+      riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3061\r\n")));
   EXPECT_EQ(fotografia(), prima);
 }
 
 TEST_F(ImportArticoli, UnRepartoConDecimaliAnnullaTutto) {
   const Fotografia prima = fotografia();
   EXPECT_EQ(importa(listaSana(1) + rigaCsv(2, "8001", "A", "B", "1,00", "5.5")).tipo, Tipo::Annullato);
-  const auto riquadri = bottega.utente.prendiRiquadri();
+  const auto riquadri = bottega.utente.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
-  EXPECT_TRUE(riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° ")));
-  EXPECT_EQ(riquadri[0].icona, Icona::Critica);
+  EXPECT_TRUE(riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° ")));
+  EXPECT_EQ(riquadri[0].icon, Icon::Critical);
   EXPECT_EQ(fotografia(), prima);
 }
 
@@ -369,51 +370,51 @@ TEST_F(ImportArticoli, UnEanOCodiceOltreTrediciCaratteriAnnullaTuttoConIlMessagg
   for (const QByteArray& riga : {rigaCsv(2, "80000000000001", "A", "B", "1,00", "1"),
                                  rigaCsv(2, "8001", "ABCDEFGHIJKLMN", "B", "1,00", "1")}) {
     EXPECT_EQ(importa(listaSana(1) + riga).tipo, Tipo::Annullato);
-    const auto riquadri = bottega.utente.prendiRiquadri();
+    const auto riquadri = bottega.utente.takeBoxes();
     ASSERT_EQ(riquadri.size(), 2U);
     EXPECT_TRUE(
-        riquadri[0].testo.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3163\r\n")))
-        << riquadri[0].testo.toStdString();
+        riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3163\r\n")))
+        << riquadri[0].text.toStdString();
     EXPECT_EQ(fotografia(), prima);
   }
 }
 
 TEST_F(ImportArticoli, LAnnullamentoDellaFinestraLasciaLaTransazioneAperta) {
   const Fotografia prima = fotografia();
-  bottega.utente.sceglie(std::nullopt);
-  bottega.area.NuovoComando();
+  bottega.utente.chooses(std::nullopt);
+  bottega.area.NewCommand();
   EXPECT_EQ(articles::ImportaArticoli(bottega.contesto, {}, [this] { return ora; }).tipo, Tipo::Abbandonato);
-  EXPECT_EQ(bottega.area.livello(), 1);
+  EXPECT_EQ(bottega.area.level(), 1);
   EXPECT_EQ(fotografia(), prima);
 }
 
 TEST_F(ImportArticoli, DopoUnAnnullamentoUnNuovoImportRiesce) {
-  bottega.utente.sceglie(std::nullopt);
-  bottega.area.NuovoComando();
+  bottega.utente.chooses(std::nullopt);
+  bottega.area.NewCommand();
   articles::ImportaArticoli(bottega.contesto, {}, [this] { return ora; });
   importa(listaSana(3));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_EQ(fotografiaDaFuori(), fotografia());
 }
 
 TEST_F(ImportArticoli, UnNomeVuotoEUnAnnullamento) {
   EXPECT_EQ(importaFile(QString()).tipo, Tipo::Abbandonato);
-  EXPECT_EQ(bottega.area.livello(), 1);
+  EXPECT_EQ(bottega.area.level(), 1);
 }
 
 TEST_F(ImportArticoli, LAttesaSiApreSiMuoveESiChiudePrimaDelRiquadro) {
   QStringList passi;
-  bottega.utente.alRiquadro = [&](const Riquadro&) {
+  bottega.utente.onBox = [&](const Box&) {
     passi.append(QStringLiteral("riquadro"));
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_FALSE(Occupato::attivo());
+    EXPECT_FALSE(BusyGuard::active());
   };
-  bottega.utente.alPassaggio = [&] {
+  bottega.utente.onPass = [&] {
     passi.append(QStringLiteral("passaggio"));
     ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    EXPECT_TRUE(Occupato::attivo());
+    EXPECT_TRUE(BusyGuard::active());
   };
   const QByteArray csv = listaSana(2);
   importa(csv, {.apri = [&] { passi.append(QStringLiteral("apri")); },
@@ -425,13 +426,13 @@ TEST_F(ImportArticoli, LAttesaSiApreSiMuoveESiChiudePrimaDelRiquadro) {
                 .chiudi = [&] { passi.append(QStringLiteral("chiudi")); }});
   EXPECT_THAT(passi,
               ElementsAre(u"apri", u"zero", u"passaggio", u"avanza", u"passaggio", u"chiudi", u"riquadro"));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
 }
 
 TEST_F(ImportArticoli, UnSoloPassaggioDiEventiPerRiga) {
   importa(listaSana(37));
-  EXPECT_EQ(bottega.utente.passaggi(), 37);
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_EQ(bottega.utente.passes(), 37);
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
 }
 
 /// How the engine goes about a statement on the archive.
@@ -474,7 +475,7 @@ TEST_F(ImportArticoli, CinquemilaRigheCostanoCinqueSincronismi) {
   importa(lista);
   EXPECT_LE(sincronismi::contati(), 5);
   EXPECT_GE(sincronismi::contati(), 2);
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
 }
 
 }  // namespace

@@ -4,13 +4,13 @@
 
 #include <sys/stat.h>
 
-#include "articles/altri.h"
 #include "articles/article_database.h"
-#include "articles/bottega.h"
-#include "articles/conta_scritture.h"
+#include "articles/back_room.h"
+#include "articles/others.h"
 #include "articles/overwritten.h"
-#include "articles/transazione.h"
-#include "platform/ui/occupato.h"
+#include "articles/transaction.h"
+#include "articles/write_count.h"
+#include "platform/ui/busy_guard.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ class IndiceEan : public testing::Test {
   QStringList colonna(const QString& sql) {
     QStringList valori;
     store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(sql);
-    for (; !righe.fine(); righe.MoveNext()) valori << righe.campo(0).testo();
+    for (; !righe.atEnd(); righe.MoveNext()) valori << righe.field(0).text();
     return valori;
   }
   QStringList posizioni() {
@@ -56,7 +56,7 @@ class IndiceEan : public testing::Test {
   std::int16_t costruisci() { return articles::UpdateEanNumAndIndex(bottega.utente); }
   std::int16_t riporta() { return articles::UpdateALLIndex(bottega.utente); }
   void attendiRiquadri(const QStringList& testi) {
-    EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAreArray(riquadri(testi, Icona::Critica)));
+    EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAreArray(riquadri(testi, Icon::Critical)));
   }
   /// The description of a statement's failure as the store words it.
   QString descrizione(const QString& sql) {
@@ -72,7 +72,7 @@ class IndiceEan : public testing::Test {
     QString testo;
     store::Recordset righe =
         varGlobal().DB_Articoli.OpenRecordset(QStringLiteral("EXPLAIN QUERY PLAN ") + sql);
-    for (; !righe.fine(); righe.MoveNext()) testo += righe.campo(QStringLiteral("detail")).testo();
+    for (; !righe.atEnd(); righe.MoveNext()) testo += righe.field(QStringLiteral("detail")).text();
     return testo;
   }
 
@@ -111,7 +111,7 @@ TEST_F(IndiceEan, ConLaTabellaVuotaTutteELeTreVisiteFinisconoSubito) {
   EXPECT_EQ(costruisci(), 0);
   EXPECT_EQ(riporta(), 0);
   EXPECT_THAT(indici(), IsEmpty());
-  EXPECT_EQ(bottega.utente.passaggi(), 0);
+  EXPECT_EQ(bottega.utente.passes(), 0);
 }
 
 TEST_F(IndiceEan, GliSlotCinqueSetteENovePrendonoZeroUnoEDue) {
@@ -151,8 +151,8 @@ TEST_F(IndiceEan, LaCausaDellaNumerazioneFallitaTornaAlChiamante) {
   soli({QStringLiteral("8''1")});
   Errore causa;
   EXPECT_EQ(articles::CalcolaID_Position(bottega.utente, &causa), 1);
-  EXPECT_EQ(causa.numero, errore::kSintassi);
-  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 2U);
+  EXPECT_EQ(causa.numero, errors::kSyntax);
+  EXPECT_EQ(bottega.utente.takeBoxes().size(), 2U);
 }
 
 TEST_F(IndiceEan, SenzaTabellaOgniVisitaDiceIlSuoPrefissoEFallisce) {
@@ -164,7 +164,7 @@ TEST_F(IndiceEan, SenzaTabellaOgniVisitaDiceIlSuoPrefissoEFallisce) {
   attendiRiquadri({QStringLiteral("CalcolaID_Position ") + perche,
                    QStringLiteral("UpdateEanNumAndIndex ") + perche,
                    QStringLiteral("Fallita UpdateALLIndex ") + perche});
-  EXPECT_FALSE(bottega.utente.terminato());
+  EXPECT_FALSE(bottega.utente.terminated());
 }
 
 TEST_F(IndiceEan, UnEanNulloSiDiceELaNumerazioneVaAvantiContandolo) {
@@ -179,7 +179,7 @@ TEST_F(IndiceEan, UnEanNulloInFondoNonToglieIlTurnoAgliEanVuoti) {
   soli({QString(), QString(), QString(), QString()});
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = null WHERE auto_id =4"));
   EXPECT_EQ(numera(), 0);
-  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 1U);
+  EXPECT_EQ(bottega.utente.takeBoxes().size(), 1U);
   EXPECT_EQ(posizioni(), QStringList({QStringLiteral("2"), QStringLiteral("2"), QStringLiteral("2"),
                                       QStringLiteral("4")}));
 }
@@ -188,14 +188,14 @@ TEST_F(IndiceEan, LaNumerazioneNonApreTransazioniENonFaPassareEventi) {
   soli({QStringLiteral("A")});
   EXPECT_EQ(numera(), 0);
   EXPECT_EQ(riporta(), 0);
-  EXPECT_EQ(bottega.area.livello(), 0);
-  EXPECT_EQ(bottega.utente.passaggi(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.utente.passes(), 0);
 }
 
 TEST_F(IndiceEan, UnArchivioInSolaLetturaFermaLaNumerazioneAllaPrimaRiga) {
   const QString file = varGlobal().NomeDB_Articoli;
   articles::ChiudiDatabase();
-  ASSERT_EQ(chmod(bottega.cartella.percorso().toUtf8().constData(), 0777), 0);
+  ASSERT_EQ(chmod(bottega.cartella.path().toUtf8().constData(), 0777), 0);
   ASSERT_EQ(chmod(file.toUtf8().constData(), 0444), 0);
   const AltroUtente altro;
   articles::ApriDatabase(file, bottega.contesto);
@@ -226,7 +226,7 @@ TEST_F(IndiceEan, AncheUnFallimentoChePassaOltreAltroveSiDiceDopoLoStatement) {
 TEST_F(IndiceEan, LaCostruzioneScriveUnaRigaPerArticoloConUnPassaggioCiascuna) {
   soli({QStringLiteral("80012345"), QStringLiteral("80012346"), QString()});
   EXPECT_EQ(costruisci(), 0);
-  EXPECT_EQ(bottega.utente.passaggi(), 3);
+  EXPECT_EQ(bottega.utente.passes(), 3);
   EXPECT_EQ(colonna(QStringLiteral("SELECT Codice_EAN from TAB_EAN_NUMERICI")),
             QStringList({QStringLiteral("80012345"), QStringLiteral("80012346"), QString()}));
   EXPECT_EQ(
@@ -240,10 +240,10 @@ TEST_F(IndiceEan, LaCostruzioneScriveUnaRigaPerArticoloConUnPassaggioCiascuna) {
 TEST_F(IndiceEan, DuranteLaCostruzioneClicETastiNonPassano) {
   soli({QStringLiteral("A"), QStringLiteral("B")});
   int occupati = 0;
-  bottega.utente.alPassaggio = [&] { occupati += Occupato::attivo() ? 1 : 0; };
+  bottega.utente.onPass = [&] { occupati += BusyGuard::active() ? 1 : 0; };
   EXPECT_EQ(costruisci(), 0);
   EXPECT_EQ(occupati, 2);
-  EXPECT_FALSE(Occupato::attivo());
+  EXPECT_FALSE(BusyGuard::active());
 }
 
 TEST_F(IndiceEan, UnApostrofoFermaLaCostruzioneConDueMessaggi) {
@@ -332,7 +332,7 @@ TEST_F(IndiceEan, SenzaLaTabellaOgniRigaLoDiceELaVisitaDaZero) {
 TEST_F(IndiceEan, LaReazioneFuoriDalloStatementPassaOltreQuattroNumeri) {
   for (const int numero : {0, 53, 75, 3021})
     EXPECT_EQ(articles::ReazioneUpdateIndex({numero, QStringLiteral("x")}, bottega.utente), 0) << numero;
-  EXPECT_THAT(bottega.utente.prendiRiquadri(), IsEmpty());
+  EXPECT_THAT(bottega.utente.takeBoxes(), IsEmpty());
 }
 
 TEST_F(IndiceEan, LaReazioneFuoriDalloStatementDiceGliAltriAncheIlVenti) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/errore.h"
+#include "platform/error.h"
 
 namespace {
 
@@ -121,15 +121,15 @@ TEST(PutArticolo, LaPosizionePiuAltaDiSediciBitNonHaCodice) {
 }
 
 TEST(PutArticolo, LaPosizione40000NonHaCodiceMaNonStaInSediciBit) {
-  EXPECT_EQ(erroreDi(QStringLiteral("40000;80;A;B;1;1;N;N; ")), errore::kOverflow);
+  EXPECT_EQ(erroreDi(QStringLiteral("40000;80;A;B;1;1;N;N; ")), errors::kOverflow);
 }
 
 TEST(PutArticolo, LaPosizione60000NonStaInSediciBit) {
-  EXPECT_EQ(erroreDi(QStringLiteral("60000;80;A;B;1;1;N;N; ")), errore::kOverflow);
+  EXPECT_EQ(erroreDi(QStringLiteral("60000;80;A;B;1;1;N;N; ")), errors::kOverflow);
 }
 
 TEST(PutArticolo, UnaPosizioneCheNonEUnNumeroDaErrore13) {
-  EXPECT_EQ(erroreDi(QStringLiteral("N.;80;A;B;1;1;N;N; ")), errore::kTipo);
+  EXPECT_EQ(erroreDi(QStringLiteral("N.;80;A;B;1;1;N;N; ")), errors::kTypeMismatch);
 }
 
 TEST(IstruzioneImport, LaTestaPortaITestiComeStannoEIlPrezzoInCentesimi) {
@@ -148,7 +148,7 @@ TEST(IstruzioneImport, UnPrezzoOltreTrentadueBitDaErrore6) {
     TestaIstruzione(campiDi(QStringLiteral("1;80;A;B;99999999999;4;N;N; ")));
     FAIL() << "no overflow";
   } catch (const Errore& errore) {
-    EXPECT_EQ(errore.numero, errore::kOverflow);
+    EXPECT_EQ(errore.numero, errors::kOverflow);
   }
 }
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/errore.h"
-#include "sostegno/cartella_temporanea.h"
+#include "platform/error.h"
+#include "sostegno/temporary_folder.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ const QDateTime kFine(QDate(2024, 3, 7), QTime(18, 30, 59));
 const QByteArray kTratti(80, '-');
 
 struct Report : testing::Test {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   QString log = cartella.file(QStringLiteral("r.log"));
   CampiImport campi{3,
                     QStringLiteral("8001"),
@@ -29,9 +29,9 @@ struct Report : testing::Test {
                     QStringLiteral("90")};
 
   QByteArray riga(const QString& codice) {
-    cartella.scrivi(QStringLiteral("r.log"), {});
+    cartella.write(QStringLiteral("r.log"), {});
     WriteFileLOG(log, codice, campi);
-    return cartella.leggi(QStringLiteral("r.log"));
+    return cartella.read(QStringLiteral("r.log"));
   }
 };
 
@@ -69,7 +69,7 @@ TEST_F(Report, IlNomeDelFileEQuelloDopoLUltimoSeparatore) {
 TEST_F(Report, LIntestazioneHaDataOraENomeDellIngresso) {
   CreaFileLOG(log, QStringLiteral("/liste/articoli.csv"), kInizio);
   EXPECT_EQ(
-      cartella.leggi(QStringLiteral("r.log")),
+      cartella.read(QStringLiteral("r.log")),
       kTratti +
           "\r\nREPORT PER L'IMPORTAZIONE DEGLI ARTICOLI EFFETTUATO IN DATA: 07/03/2024 09:05:01\r\n \r\n"
           "NOME FILE INPUT: articoli.csv\r\n \r\n" +
@@ -77,14 +77,14 @@ TEST_F(Report, LIntestazioneHaDataOraENomeDellIngresso) {
 }
 
 TEST_F(Report, LIntestazioneSostituisceUnReportDelloStessoNome) {
-  cartella.scrivi(QStringLiteral("r.log"), "vecchio");
+  cartella.write(QStringLiteral("r.log"), "vecchio");
   CreaFileLOG(log, QStringLiteral("articoli.csv"), kInizio);
-  EXPECT_FALSE(cartella.leggi(QStringLiteral("r.log")).contains("vecchio"));
+  EXPECT_FALSE(cartella.read(QStringLiteral("r.log")).contains("vecchio"));
 }
 
 TEST_F(Report, LaChiusuraHaDataOraETotale) {
   CloseFileLOG(log, 2, kFine);
-  EXPECT_EQ(cartella.leggi(QStringLiteral("r.log")),
+  EXPECT_EQ(cartella.read(QStringLiteral("r.log")),
             kTratti +
                 "\r\nFINE REPORT IN DATA: 07/03/2024 18:30:59\r\n \r\nTOTALI ERRORI RISCONTRATI: [2]\r\n" +
                 kTratti + "\r\n");
@@ -123,14 +123,14 @@ TEST_F(Report, Codice7DiceDescrizioneAssente) {
 
 TEST_F(Report, UnaCartellaAssenteDaErrore75) {
   EXPECT_EQ(erroreDi([&] { CreaFileLOG(cartella.file(QStringLiteral("no/r.log")), {}, kInizio); }),
-            errore::kAccessoPercorso);
+            errors::kPathAccess);
 }
 
 TEST_F(Report, UnDiscoPienoDaErrore61) {
-  EXPECT_EQ(erroreDi([&] { CreaFileLOG(QStringLiteral("/dev/full"), {}, kInizio); }), errore::kDiscoPieno);
+  EXPECT_EQ(erroreDi([&] { CreaFileLOG(QStringLiteral("/dev/full"), {}, kInizio); }), errors::kDiskFull);
   EXPECT_EQ(erroreDi([&] { WriteFileLOG(QStringLiteral("/dev/full"), QStringLiteral("4"), campi); }),
-            errore::kDiscoPieno);
-  EXPECT_EQ(erroreDi([&] { CloseFileLOG(QStringLiteral("/dev/full"), 1, kFine); }), errore::kDiscoPieno);
+            errors::kDiskFull);
+  EXPECT_EQ(erroreDi([&] { CloseFileLOG(QStringLiteral("/dev/full"), 1, kFine); }), errors::kDiskFull);
 }
 
 }  // namespace

@@ -6,8 +6,8 @@
 
 #include <vector>
 
-#include "platform/errore.h"
-#include "sostegno/cartella_temporanea.h"
+#include "platform/error.h"
+#include "sostegno/temporary_folder.h"
 
 namespace {
 
@@ -18,8 +18,8 @@ using testing::ElementsAre;
 constexpr qsizetype kBloccoLettura = 1 << 16;
 constexpr qint64 kMega = 1 << 20;
 
-std::vector<QByteArray> righeDi(const CartellaTemporanea& cartella, const QByteArray& byte) {
-  LettoreRighe lettore(cartella.scrivi(QStringLiteral("lista.csv"), byte));
+std::vector<QByteArray> righeDi(const TemporaryFolder& cartella, const QByteArray& byte) {
+  LettoreRighe lettore(cartella.write(QStringLiteral("lista.csv"), byte));
   std::vector<QByteArray> righe;
   while (!lettore.fine()) righe.push_back(lettore.prossima().byte);
   EXPECT_EQ(lettore.letti(), byte.size());
@@ -43,7 +43,7 @@ long memoriaMassima() {
 }
 
 /// Fifty megabytes of `pezzo` over and over.
-QString fileGrande(const CartellaTemporanea& cartella, const QByteArray& pezzo) {
+QString fileGrande(const TemporaryFolder& cartella, const QByteArray& pezzo) {
   const QString percorso = cartella.file(QStringLiteral("grande.csv"));
   QFile file(percorso);
   EXPECT_TRUE(file.open(QIODevice::WriteOnly));
@@ -53,58 +53,58 @@ QString fileGrande(const CartellaTemporanea& cartella, const QByteArray& pezzo) 
 }
 
 TEST(LettoreRighe, RitornoEAvanzamentoTerminanoLaRiga) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   EXPECT_THAT(righeDi(cartella, "uno\r\ndue\r\n"), ElementsAre("uno", "due"));
 }
 
 TEST(LettoreRighe, IlSoloAvanzamentoTerminaLaRiga) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   EXPECT_THAT(righeDi(cartella, "uno\ndue\n"), ElementsAre("uno", "due"));
 }
 
 TEST(LettoreRighe, IlSoloRitornoTerminaLaRiga) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   EXPECT_THAT(righeDi(cartella, "uno\rdue\r"), ElementsAre("uno", "due"));
 }
 
 TEST(LettoreRighe, LUltimaRigaPuoNonAvereFine) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   EXPECT_THAT(righeDi(cartella, "uno\r\ndue"), ElementsAre("uno", "due"));
 }
 
 TEST(LettoreRighe, UnaRigaVuotaEUnaRiga) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   EXPECT_THAT(righeDi(cartella, "uno\r\n\r\ntre\r\n"), ElementsAre("uno", "", "tre"));
 }
 
 TEST(LettoreRighe, UnFileVuotoNonHaRighe) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   EXPECT_THAT(righeDi(cartella, ""), ElementsAre());
 }
 
 TEST(LettoreRighe, IByteNulliRestanoNellaRiga) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   const QByteArray riga("a\0b", 3);
   EXPECT_THAT(righeDi(cartella, riga + "\r\n"), ElementsAre(riga));
 }
 
 TEST(LettoreRighe, LaFineDiRigaACavalloDiDueBlocchiEUnaSola) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   const QByteArray lunga(kBloccoLettura - 1, 'x');
   EXPECT_THAT(righeDi(cartella, lunga + "\r\ndue\r\n"), ElementsAre(lunga, "due"));
 }
 
 TEST(LettoreRighe, UnaRigaPiuLungaDiUnBloccoEIntera) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   const QByteArray lunga(3 * kBloccoLettura + 5, 'x');
   EXPECT_THAT(righeDi(cartella, "uno\n" + lunga + "\ntre"), ElementsAre("uno", lunga, "tre"));
 }
 
 TEST(LettoreRighe, UnaRigaOltreIlLimiteETagliataEDetta) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   const QByteArray giusta(LettoreRighe::kRigaMassima, 'x');
   LettoreRighe lettore(
-      cartella.scrivi(QStringLiteral("lista.csv"), giusta + "\r\n" + giusta + "y\r\nultima\r\n"));
+      cartella.write(QStringLiteral("lista.csv"), giusta + "\r\n" + giusta + "y\r\nultima\r\n"));
   EXPECT_TRUE(lettore.prossima().intera);
   const Riga tagliata = lettore.prossima();
   EXPECT_FALSE(tagliata.intera);
@@ -116,7 +116,7 @@ TEST(LettoreRighe, UnaRigaOltreIlLimiteETagliataEDetta) {
 }
 
 TEST(LettoreRighe, CinquantaMegabyteSenzaFineDiRigaNonOccupanoMemoria) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   const QString percorso = fileGrande(cartella, "x");
   const long prima = memoriaMassima();
   LettoreRighe lettore(percorso);
@@ -126,29 +126,29 @@ TEST(LettoreRighe, CinquantaMegabyteSenzaFineDiRigaNonOccupanoMemoria) {
 }
 
 TEST(LettoreRighe, OltreLaFineDaErrore62) {
-  CartellaTemporanea cartella;
-  LettoreRighe lettore(cartella.scrivi(QStringLiteral("lista.csv"), "uno"));
+  TemporaryFolder cartella;
+  LettoreRighe lettore(cartella.write(QStringLiteral("lista.csv"), "uno"));
   lettore.prossima();
   try {
     lettore.prossima();
     FAIL() << "no failure behind the end";
   } catch (const Errore& errore) {
-    EXPECT_EQ(errore.numero, errore::kOltreLaFine);
+    EXPECT_EQ(errore.numero, errors::kPastEnd);
   }
 }
 
 TEST(LettoreRighe, UnFileAssenteDaErrore53) {
-  CartellaTemporanea cartella;
-  EXPECT_EQ(erroreAllApertura(cartella.file(QStringLiteral("assente.csv"))), errore::kFileAssente);
+  TemporaryFolder cartella;
+  EXPECT_EQ(erroreAllApertura(cartella.file(QStringLiteral("assente.csv"))), errors::kFileMissing);
 }
 
 TEST(LettoreRighe, UnaCartellaDaErrore75) {
-  CartellaTemporanea cartella;
-  EXPECT_EQ(erroreAllApertura(cartella.percorso()), errore::kAccessoPercorso);
+  TemporaryFolder cartella;
+  EXPECT_EQ(erroreAllApertura(cartella.path()), errors::kPathAccess);
 }
 
 TEST(LettoreRighe, UnDispositivoDaErrore75) {
-  EXPECT_EQ(erroreAllApertura(QStringLiteral("/dev/zero")), errore::kAccessoPercorso);
+  EXPECT_EQ(erroreAllApertura(QStringLiteral("/dev/zero")), errors::kPathAccess);
 }
 
 }  // namespace

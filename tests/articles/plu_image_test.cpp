@@ -4,11 +4,11 @@
 
 #include <QFileInfo>
 
-#include "articles/altri.h"
 #include "articles/article_database.h"
-#include "articles/bottega.h"
-#include "articles/schermo_guidato.h"
-#include "config/immagine.h"
+#include "articles/back_room.h"
+#include "articles/guided_screen.h"
+#include "articles/others.h"
+#include "config/image.h"
 
 namespace {
 
@@ -147,10 +147,10 @@ TEST(RiempiPLU, LaRigaCinquemilaunoEFuoriDaiLimitiESiDiceUnaVoltaSola) {
       QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Descrizione) Values (5002,'DUE DI TROPPO');"));
   scriviArticoli(bottega, articoliDiProva(5000));
   EXPECT_EQ(articles::RiempiPLU(bottega.utente), 1);
-  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  const std::vector<Box> visti = bottega.utente.takeBoxes();
   ASSERT_EQ(visti.size(), 1U);
-  EXPECT_TRUE(visti[0].testo.startsWith(kPrefisso + QStringLiteral("9 - "))) << visti[0].testo.toStdString();
-  EXPECT_EQ(visti[0].icona, Icona::Critica);
+  EXPECT_TRUE(visti[0].text.startsWith(kPrefisso + QStringLiteral("9 - "))) << visti[0].text.toStdString();
+  EXPECT_EQ(visti[0].icon, Icon::Critical);
   EXPECT_TRUE(immagineInMemoria() == immagineAttesa(articoliDiProva(5000)));
 }
 
@@ -185,9 +185,9 @@ TEST_P(RiempiPLUNullo, SiDiceIlCampoRestaEGliAltriSiRiempiono) {
   attesa.replace(GetParam().inizio, GetParam().lunghezza, GetParam().restano);
   EXPECT_EQ(articles::RiempiPLU(bottega.utente), 1);
   EXPECT_EQ(record(1), attesa);
-  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  const std::vector<Box> visti = bottega.utente.takeBoxes();
   ASSERT_EQ(visti.size(), 1U);
-  EXPECT_TRUE(visti[0].testo.startsWith(kPrefisso + QStringLiteral("94 - "))) << visti[0].testo.toStdString();
+  EXPECT_TRUE(visti[0].text.startsWith(kPrefisso + QStringLiteral("94 - "))) << visti[0].text.toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -210,7 +210,7 @@ TEST(RiempiPLU, UnPrezzoOltreITrentadueBitSiDiceEIlCampoResta) {
   sporcaMemoria(0xA5);
   EXPECT_EQ(articles::RiempiPLU(bottega.utente), 1);
   EXPECT_EQ(record(1).mid(27, 4), QByteArray(4, '\xA5'));
-  EXPECT_EQ(bottega.utente.prendiRiquadri().at(0).testo, kPrefisso + QStringLiteral("6 - Overflow"));
+  EXPECT_EQ(bottega.utente.takeBoxes().at(0).text, kPrefisso + QStringLiteral("6 - Overflow"));
 }
 
 TEST(RiempiPLU, SenzaUnaColonnaSiDiceENullaSiRiempie) {
@@ -218,8 +218,8 @@ TEST(RiempiPLU, SenzaUnaColonnaSiDiceENullaSiRiempie) {
   bottega.apriVuoto(
       {QStringLiteral("CREATE TABLE TAB_ARTICOLI (auto_id INTEGER PRIMARY KEY, Codice_EAN TEXT)")});
   EXPECT_EQ(articles::RiempiPLU(bottega.utente), 1);
-  EXPECT_TRUE(bottega.utente.prendiRiquadri().at(0).testo.startsWith(kPrefisso + QStringLiteral("3061 - ")));
-  EXPECT_FALSE(bottega.utente.terminato());
+  EXPECT_TRUE(bottega.utente.takeBoxes().at(0).text.startsWith(kPrefisso + QStringLiteral("3061 - ")));
+  EXPECT_FALSE(bottega.utente.terminated());
 }
 
 // SalvaPLU.
@@ -240,7 +240,7 @@ TEST(SalvaPLU, LaTabellaTornaCheEraDopoIlGiroCompleto) {
   sporcaMemoria(0);
   ASSERT_EQ(articles::RiempiPLU(bottega.utente), 0);
   EXPECT_TRUE(immagineInMemoria() == prima);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Codice_Articolo from TAB_ARTICOLI where auto_id = 42")),
             QStringLiteral("A42"));
 }
@@ -276,13 +276,13 @@ TEST(SalvaPLU, UnApostrofoNellaDescrizioneAnnullaTutto) {
   config::scriviTesto(config::immagineProgrammazione().record(config::kPLU, 2999), config::plu::kDescrizione,
                       QStringLiteral("TE' VERDE"));
   EXPECT_EQ(articles::SalvaPLU(bottega.contesto), 1);
-  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  const std::vector<Box> visti = bottega.utente.takeBoxes();
   ASSERT_EQ(visti.size(), 1U);
-  EXPECT_TRUE(visti[0].testo.startsWith(QStringLiteral("Errore nella modifica articoli .\nErrore n° 30")))
-      << visti[0].testo.toStdString();
-  EXPECT_EQ(visti[0].testo.split(QLatin1Char('\n')).size(), 3);
-  EXPECT_EQ(visti[0].icona, Icona::Critica);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Errore nella modifica articoli .\nErrore n° 30")))
+      << visti[0].text.toStdString();
+  EXPECT_EQ(visti[0].text.split(QLatin1Char('\n')).size(), 3);
+  EXPECT_EQ(visti[0].icon, Icon::Critical);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Descrizione from TAB_ARTICOLI where auto_id = 1")),
             QStringLiteral("PRIMA"));
 }
@@ -295,8 +295,8 @@ TEST(SalvaPLU, UnArchivioBloccatoDaUnAltroProgrammaRestaComEra) {
     EXPECT_EQ(articles::SalvaPLU(bottega.contesto), 1);
   }
   attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icona::Critica)});
-  EXPECT_EQ(bottega.area.livello(), 0);
+          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icon::Critical)});
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST(SalvaPLU, SulDiscoPienoLArchivioRestaComEra) {
@@ -311,17 +311,17 @@ TEST(SalvaPLU, SulDiscoPienoLArchivioRestaComEra) {
     EXPECT_EQ(articles::SalvaPLU(bottega.contesto), 1);
   }
   attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icona::Critica)});
-  EXPECT_EQ(bottega.area.livello(), 0);
+          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icon::Critical)});
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Descrizione =''")), 5000);
 }
 
 TEST(SalvaPLU, SenzaArchivioApertoSiDice) {
   Bottega bottega;
   EXPECT_EQ(articles::SalvaPLU(bottega.contesto), 1);
-  EXPECT_TRUE(bottega.utente.prendiRiquadri().at(0).testo.startsWith(
-      QStringLiteral("Errore nella modifica articoli .\n")));
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_TRUE(
+      bottega.utente.takeBoxes().at(0).text.startsWith(QStringLiteral("Errore nella modifica articoli .\n")));
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "articles/bottega.h"
-#include "articles/schermo_guidato.h"
+#include "articles/back_room.h"
+#include "articles/guided_screen.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ TEST(RicavaDettagliPC, UnArchivioConPosizioniTace) {
   Bottega bottega;
   bottega.apriArchivio();
   articles::RicavaDettagliPC(bottega.utente);
-  EXPECT_THAT(bottega.utente.prendiRiquadri(), IsEmpty());
+  EXPECT_THAT(bottega.utente.takeBoxes(), IsEmpty());
 }
 
 TEST(RicavaDettagliPC, UnArchivioVuotoSiDice) {
@@ -24,16 +24,16 @@ TEST(RicavaDettagliPC, UnArchivioVuotoSiDice) {
   bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI"));
   articles::RicavaDettagliPC(bottega.utente);
   attendi(bottega,
-          {riquadro(QStringLiteral("Attenzione l'archivio degli articoli e' vuoto"), Icona::Esclamazione)});
+          {riquadro(QStringLiteral("Attenzione l'archivio degli articoli e' vuoto"), Icon::Warning)});
 }
 
 TEST(RicavaDettagliPC, UnConteggioFallitoSiDiceDopoIlSuoErrore) {
   Bottega bottega;
   bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   articles::RicavaDettagliPC(bottega.utente);
-  attendi(bottega, {riquadro(QStringLiteral("CalcolaNumArticoli 3078 - *"), Icona::Critica),
-                    riquadro(QStringLiteral("Errore nella determinazione del numero degli articoli"),
-                             Icona::Esclamazione)});
+  attendi(bottega,
+          {riquadro(QStringLiteral("CalcolaNumArticoli 3078 - *"), Icon::Critical),
+           riquadro(QStringLiteral("Errore nella determinazione del numero degli articoli"), Icon::Warning)});
 }
 
 // CheckErrTabArticoli.
@@ -55,7 +55,7 @@ TEST(CheckErrTabArticoli, SenzaTabellaSiDice) {
   Bottega bottega;
   bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   EXPECT_EQ(articles::CheckErrTabArticoli(bottega.utente), 999);
-  attendi(bottega, {riquadro(QStringLiteral("Errore CheckErrTabArticoli 3078 - *"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("Errore CheckErrTabArticoli 3078 - *"), Icon::Critical)});
 }
 
 // RicavaDettagliECR.
@@ -77,7 +77,7 @@ TEST(RicavaDettagliECR, LeggeInSilenzioELasciaTabVarieComEra) {
   bottega.esegui(
       QStringLiteral("UPDATE TAB_VARIE SET Data_end_update = '20261120184507', Data_end_scarico ='2026'"));
   articles::RicavaDettagliECR(bottega.utente);
-  EXPECT_THAT(bottega.utente.prendiRiquadri(), IsEmpty());
+  EXPECT_THAT(bottega.utente.takeBoxes(), IsEmpty());
   EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Data_end_update from TAB_VARIE")),
             QStringLiteral("20261120184507"));
 }
@@ -89,15 +89,15 @@ TEST(RicavaDettagliECR, UnMomentoNulloSiDiceELAltroSiLegge) {
                       "Data_end_scarico TEXT)"),
        QStringLiteral("INSERT INTO TAB_VARIE VALUES (0, NULL, NULL)")});
   articles::RicavaDettagliECR(bottega.utente);
-  attendi(bottega, {riquadro(QStringLiteral("RicavaDettagliECR 94 - *"), Icona::Critica),
-                    riquadro(QStringLiteral("RicavaDettagliECR 94 - *"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("RicavaDettagliECR 94 - *"), Icon::Critical),
+                    riquadro(QStringLiteral("RicavaDettagliECR 94 - *"), Icon::Critical)});
 }
 
 TEST(RicavaDettagliECR, SenzaTabellaSiDice) {
   Bottega bottega;
   bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   articles::RicavaDettagliECR(bottega.utente);
-  attendi(bottega, {riquadro(QStringLiteral("RicavaDettagliECR 3078 - *"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("RicavaDettagliECR 3078 - *"), Icon::Critical)});
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/errore.h"
+#include "platform/error.h"
 
 using config::AttributiReparto;
 using config::imballaAttributi;
@@ -46,7 +46,7 @@ TEST(AttributiReparto, UnaSommaFuoriDalByteEOverflow) {
       imballaAttributi(fuori);
       ADD_FAILURE();
     } catch (const Errore& errore) {
-      EXPECT_EQ(errore.numero, errore::kOverflow);
+      EXPECT_EQ(errore.numero, errors::kOverflow);
     }
   }
 }

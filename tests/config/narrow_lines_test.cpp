@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "platform/errore.h"
+#include "platform/error.h"
 
 using namespace config;
 
@@ -100,7 +100,7 @@ TEST(RigheStrette, UnImmagineCortaEErrore9ENonCopiaNulla) {
         caso.copia(sorgente, destinazione);
         ADD_FAILURE() << da << " to " << a;
       } catch (const Errore& errore) {
-        EXPECT_EQ(errore.numero, errore::kIndice);
+        EXPECT_EQ(errore.numero, errors::kOutOfRange);
       }
       EXPECT_EQ(destinazione, Byte(a, 0xA5));
     }

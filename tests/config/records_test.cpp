@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "config/department_attributes.h"
-#include "config/immagine.h"
-#include "config/parametri.h"
+#include "config/general_options.h"
+#include "config/image.h"
 
 using namespace config;
 

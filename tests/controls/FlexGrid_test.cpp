@@ -13,9 +13,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "controls/contrasto.h"
-#include "controls/stile.h"
-#include "controls/tavolozza.h"
+#include "controls/contrast.h"
+#include "controls/palette.h"
+#include "controls/style.h"
 
 namespace {
 
@@ -24,13 +24,13 @@ QString nome(int riga, int colonna) {
 }
 
 void riempi(FlexGrid& griglia, int righe, int colonne) {
-  griglia.impostaRedraw(false);
-  griglia.impostaRows(righe);
-  griglia.impostaCols(colonne);
+  griglia.setRedraw(false);
+  griglia.setRows(righe);
+  griglia.setCols(colonne);
   for (int riga = 0; riga < righe; ++riga)
     for (int colonna = 0; colonna < colonne; ++colonna)
-      griglia.impostaTextMatrix(riga, colonna, nome(riga, colonna));
-  griglia.impostaRedraw(true);
+      griglia.setTextMatrix(riga, colonna, nome(riga, colonna));
+  griglia.setRedraw(true);
 }
 
 class Griglia : public testing::Test {
@@ -83,7 +83,7 @@ TEST(GrigliaNuova, HaLaSolaTestataENessunaColonna) {
   EXPECT_EQ(griglia.FixedCols(), 0);
   EXPECT_TRUE(griglia.Redraw());
   EXPECT_EQ(griglia.Clip(), QString());
-  griglia.selezionaRiga(1);
+  griglia.markRow(1);
   griglia.Clear();
   EXPECT_EQ(griglia.Row(), 0);
 }
@@ -99,12 +99,12 @@ TEST_F(Griglia, LaRigaZeroELaTestataELaPrimaDiDatiEQuellaDelModello) {
 
 TEST_F(Griglia, FuoriDallaGrigliaSiLeggeVuotoENonSiScrive) {
   for (const auto& [riga, colonna] : {std::pair(-1, 0), {0, -1}, {31, 0}, {0, 5}}) {
-    griglia_.impostaTextMatrix(riga, colonna, QStringLiteral("x"));
-    griglia_.impostaCellBackColor(riga, colonna, Qt::red);
-    griglia_.impostaCellForeColor(riga, colonna, Qt::red);
-    griglia_.impostaCellAlignment(riga, colonna, Qt::AlignRight);
-    griglia_.impostaColAlignment(colonna == 0 ? 9 : colonna, Qt::AlignRight);
-    griglia_.impostaColWidth(colonna == 0 ? 9 : colonna, 10);
+    griglia_.setTextMatrix(riga, colonna, QStringLiteral("x"));
+    griglia_.setCellBackColor(riga, colonna, Qt::red);
+    griglia_.setCellForeColor(riga, colonna, Qt::red);
+    griglia_.setCellAlignment(riga, colonna, Qt::AlignRight);
+    griglia_.setColAlignment(colonna == 0 ? 9 : colonna, Qt::AlignRight);
+    griglia_.setColWidth(colonna == 0 ? 9 : colonna, 10);
     EXPECT_EQ(griglia_.TextMatrix(riga, colonna), QString());
     EXPECT_FALSE(griglia_.CellBackColor(riga, colonna).isValid());
     EXPECT_FALSE(griglia_.CellForeColor(riga, colonna).isValid());
@@ -117,17 +117,17 @@ TEST_F(Griglia, FuoriDallaGrigliaSiLeggeVuotoENonSiScrive) {
 }
 
 TEST_F(Griglia, LeCelleCheRestanoTengonoIlTestoELeNuoveSonoVuote) {
-  griglia_.impostaCellBackColor(2, 1, Qt::red);
-  griglia_.impostaCols(7);
-  griglia_.impostaRows(40);
+  griglia_.setCellBackColor(2, 1, Qt::red);
+  griglia_.setCols(7);
+  griglia_.setRows(40);
   EXPECT_EQ(griglia_.TextMatrix(2, 1), nome(2, 1));
   EXPECT_EQ(griglia_.CellBackColor(2, 1), QColor(Qt::red));
   EXPECT_EQ(griglia_.TextMatrix(2, 6), QString());
   EXPECT_EQ(griglia_.TextMatrix(39, 0), QString());
-  griglia_.impostaCols(2);
-  griglia_.impostaRows(2);
-  griglia_.impostaRows(31);
-  griglia_.impostaCols(5);
+  griglia_.setCols(2);
+  griglia_.setRows(2);
+  griglia_.setRows(31);
+  griglia_.setCols(5);
   EXPECT_EQ(griglia_.TextMatrix(1, 1), nome(1, 1));
   EXPECT_EQ(griglia_.TextMatrix(1, 2), QString()) << "what went is forgotten";
   EXPECT_EQ(griglia_.TextMatrix(2, 1), QString());
@@ -135,20 +135,20 @@ TEST_F(Griglia, LeCelleCheRestanoTengonoIlTestoELeNuoveSonoVuote) {
 }
 
 TEST_F(Griglia, SenzaRigheOConNumeriNegativiRestaLaTestata) {
-  griglia_.impostaRows(0);
+  griglia_.setRows(0);
   EXPECT_EQ(griglia_.Rows(), 1);
   EXPECT_EQ(griglia_.TextMatrix(0, 3), nome(0, 3));
-  griglia_.impostaRows(-7);
-  griglia_.impostaCols(-1);
+  griglia_.setRows(-7);
+  griglia_.setCols(-1);
   EXPECT_EQ(griglia_.Rows(), 1);
   EXPECT_EQ(griglia_.Cols(), 0);
 }
 
 TEST_F(Griglia, VuotaLeCelleENonLeTestateNeLaForma) {
-  griglia_.impostaCellBackColor(0, 0, Qt::green);
-  griglia_.impostaCellBackColor(3, 3, Qt::red);
-  griglia_.impostaCellForeColor(3, 3, Qt::blue);
-  griglia_.impostaCellAlignment(3, 3, Qt::AlignRight);
+  griglia_.setCellBackColor(0, 0, Qt::green);
+  griglia_.setCellBackColor(3, 3, Qt::red);
+  griglia_.setCellForeColor(3, 3, Qt::blue);
+  griglia_.setCellAlignment(3, 3, Qt::AlignRight);
   griglia_.Clear();
   EXPECT_EQ(griglia_.Rows(), 31);
   EXPECT_EQ(griglia_.TextMatrix(0, 0), nome(0, 0));
@@ -160,8 +160,8 @@ TEST_F(Griglia, VuotaLeCelleENonLeTestateNeLaForma) {
 }
 
 TEST_F(Griglia, UnAllineamentoDellaCellaVinceSuQuelloDellaColonna) {
-  griglia_.impostaColAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
-  griglia_.impostaCellAlignment(2, 1, Qt::AlignCenter);
+  griglia_.setColAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
+  griglia_.setCellAlignment(2, 1, Qt::AlignCenter);
   EXPECT_EQ(griglia_.CellAlignment(1, 1), Qt::AlignRight | Qt::AlignVCenter);
   EXPECT_EQ(griglia_.CellAlignment(0, 1), Qt::AlignRight | Qt::AlignVCenter);
   EXPECT_EQ(griglia_.CellAlignment(2, 1), Qt::AlignCenter);
@@ -170,42 +170,42 @@ TEST_F(Griglia, UnAllineamentoDellaCellaVinceSuQuelloDellaColonna) {
 }
 
 TEST_F(Griglia, UnColoreNonValidoRidaQuelloDellaGriglia) {
-  griglia_.impostaBackColor(Qt::yellow);
-  griglia_.impostaCellBackColor(1, 1, QColor(255, 128, 0));
+  griglia_.setBackColor(Qt::yellow);
+  griglia_.setCellBackColor(1, 1, QColor(255, 128, 0));
   EXPECT_EQ(dato(1, 1, Qt::BackgroundRole).value<QColor>(), QColor(255, 128, 0));
   EXPECT_EQ(dato(1, 2, Qt::BackgroundRole).value<QColor>(), QColor(Qt::yellow));
   EXPECT_FALSE(dato(0, 2, Qt::BackgroundRole).isValid()) << "a heading keeps its own ground";
-  griglia_.impostaCellBackColor(1, 1, {});
+  griglia_.setCellBackColor(1, 1, {});
   EXPECT_FALSE(griglia_.CellBackColor(1, 1).isValid());
   EXPECT_EQ(dato(1, 1, Qt::BackgroundRole).value<QColor>(), QColor(Qt::yellow));
-  griglia_.impostaBackColor({});
+  griglia_.setBackColor({});
   EXPECT_FALSE(dato(1, 1, Qt::BackgroundRole).isValid());
   EXPECT_FALSE(dato(1, 1, Qt::ForegroundRole).isValid());
-  griglia_.impostaCellForeColor(1, 1, Qt::black);
-  griglia_.impostaCellForeColor(1, 1, {});
+  griglia_.setCellForeColor(1, 1, Qt::black);
+  griglia_.setCellForeColor(1, 1, {});
   EXPECT_FALSE(griglia_.CellForeColor(1, 1).isValid());
 }
 
 TEST_F(Griglia, LeLarghezzeVannoDaTwipAPixel) {
-  griglia_.impostaColWidth(1, 1500);
-  griglia_.impostaColWidth(2, 1000);
+  griglia_.setColWidth(1, 1500);
+  griglia_.setColWidth(2, 1000);
   EXPECT_EQ(griglia_.columnWidth(1), 100);
   EXPECT_EQ(griglia_.columnWidth(2), 67);
   EXPECT_EQ(griglia_.ColWidth(2), 1000) << "rounding to pixels loses nothing";
   griglia_.horizontalHeader()->resizeSection(2, 80);
   EXPECT_EQ(griglia_.ColWidth(2), 1200) << "the user's hand";
-  griglia_.impostaColWidth(3, 0);
+  griglia_.setColWidth(3, 0);
   EXPECT_TRUE(griglia_.isColumnHidden(3));
-  griglia_.impostaColWidth(3, 300);
+  griglia_.setColWidth(3, 300);
   EXPECT_EQ(griglia_.columnWidth(3), 20);
-  griglia_.impostaCols(6);
+  griglia_.setCols(6);
   EXPECT_EQ(griglia_.columnWidth(1), 100) << "a new column leaves the others";
 }
 
 TEST_F(Griglia, ALarghezzaPienaLeColonneCresconoInsiemeENonSiStringono) {
   mostra();
-  griglia_.impostaLarghezzaPiena(true);
-  for (int colonna = 0; colonna < 5; ++colonna) griglia_.impostaColWidth(colonna, colonna == 0 ? 500 : 1500);
+  griglia_.setFullWidth(true);
+  for (int colonna = 0; colonna < 5; ++colonna) griglia_.setColWidth(colonna, colonna == 0 ? 500 : 1500);
   griglia_.resize(1000, 260);
   QApplication::processEvents();
   EXPECT_NEAR(griglia_.horizontalHeader()->length(), griglia_.viewport()->width(), 5);
@@ -216,19 +216,19 @@ TEST_F(Griglia, ALarghezzaPienaLeColonneCresconoInsiemeENonSiStringono) {
   griglia_.horizontalHeader()->resizeSection(1, 2 * griglia_.columnWidth(1));
   EXPECT_NEAR(griglia_.ColWidth(1), 3000, 15);
   EXPECT_EQ(griglia_.columnWidth(2), prima);
-  griglia_.impostaColWidth(1, 1500);
+  griglia_.setColWidth(1, 1500);
   griglia_.resize(200, 260);
   QApplication::processEvents();
   EXPECT_EQ(griglia_.columnWidth(1), 100);
   griglia_.resize(1000, 260);
-  griglia_.impostaLarghezzaPiena(false);
+  griglia_.setFullWidth(false);
   EXPECT_EQ(griglia_.columnWidth(1), 100);
 }
 
 TEST_F(Griglia, LAltezzaDellaTestataNonScendeSottoIlSuoTesto) {
-  griglia_.impostaAltezzaTestata(600);
+  griglia_.setHeadingHeight(600);
   EXPECT_EQ(griglia_.horizontalHeader()->height(), 40);
-  griglia_.impostaAltezzaTestata(15);
+  griglia_.setHeadingHeight(15);
   EXPECT_GE(griglia_.horizontalHeader()->height(), griglia_.fontMetrics().height());
 }
 
@@ -241,15 +241,15 @@ TEST_F(Griglia, UnCarattereGrandeAlzaLeRighe) {
 
 TEST_F(Griglia, LaCellaCorrenteSiImpostaESiVede) {
   mostra();
-  const QSignalSpy entrate(&griglia_, &FlexGrid::entrata);
-  griglia_.impostaCella(25, 4);
+  const QSignalSpy entrate(&griglia_, &FlexGrid::entered);
+  griglia_.setCell(25, 4);
   EXPECT_EQ(griglia_.Row(), 25);
   EXPECT_EQ(griglia_.Col(), 4);
   EXPECT_EQ(ultima(entrate), std::pair(25, 4));
   EXPECT_TRUE(
       griglia_.viewport()->rect().contains(griglia_.visualRect(griglia_.model()->index(24, 4)).center()));
   for (const auto& [riga, colonna] : {std::pair(0, 1), {31, 1}, {-1, 1}, {3, -1}, {3, 5}}) {
-    griglia_.impostaCella(riga, colonna);
+    griglia_.setCell(riga, colonna);
     EXPECT_EQ(griglia_.Row(), 25);
     EXPECT_EQ(griglia_.Col(), 4);
   }
@@ -257,36 +257,36 @@ TEST_F(Griglia, LaCellaCorrenteSiImpostaESiVede) {
 }
 
 TEST_F(Griglia, LaCellaCorrenteCheSparisceNonNeLasciaNessuna) {
-  griglia_.impostaCella(20, 3);
-  griglia_.impostaRows(21);
+  griglia_.setCell(20, 3);
+  griglia_.setRows(21);
   EXPECT_EQ(griglia_.Row(), 20);
-  const QSignalSpy entrate(&griglia_, &FlexGrid::entrata);
-  griglia_.impostaRows(20);
+  const QSignalSpy entrate(&griglia_, &FlexGrid::entered);
+  griglia_.setRows(20);
   EXPECT_EQ(griglia_.Row(), 0);
   EXPECT_EQ(griglia_.Col(), -1);
-  griglia_.impostaCella(5, 4);
-  griglia_.impostaCols(4);
+  griglia_.setCell(5, 4);
+  griglia_.setCols(4);
   EXPECT_EQ(griglia_.Row(), 0);
   EXPECT_EQ(entrate.size(), 1) << "the one that the test set";
 }
 
 TEST_F(Griglia, SelezionaLaRigaInteraELaFaCorrente) {
-  griglia_.selezionaRiga(7);
+  griglia_.markRow(7);
   EXPECT_EQ(griglia_.Row(), 7);
   EXPECT_EQ(griglia_.Col(), 0);
   EXPECT_EQ(griglia_.selectionModel()->selectedIndexes().size(), 5);
-  griglia_.impostaCella(9, 3);
-  griglia_.selezionaRiga(9);
+  griglia_.setCell(9, 3);
+  griglia_.markRow(9);
   EXPECT_EQ(griglia_.Col(), 3) << "the arrows go on from where they were";
   EXPECT_EQ(griglia_.Clip(), QStringLiteral("r9c0\tr9c1\tr9c2\tr9c3\tr9c4"));
-  griglia_.selezionaRiga(0);
-  griglia_.selezionaRiga(31);
+  griglia_.markRow(0);
+  griglia_.markRow(31);
   EXPECT_EQ(griglia_.Row(), 9);
 }
 
 TEST_F(Griglia, LeFrecceEPaginaMuovonoLaCellaCorrente) {
   mostra();
-  griglia_.impostaCella(1, 0);
+  griglia_.setCell(1, 0);
   tasto(Qt::Key_Down);
   tasto(Qt::Key_Right);
   EXPECT_EQ(std::pair(griglia_.Row(), griglia_.Col()), std::pair(2, 1));
@@ -312,10 +312,10 @@ TEST_F(Griglia, LeFrecceEPaginaMuovonoLaCellaCorrente) {
 TEST_F(Griglia, InvioESpazioScelgonoLaCellaCorrente) {
   mostra();
   griglia_.selectionModel()->clear();
-  const QSignalSpy scelte(&griglia_, &FlexGrid::clic);
+  const QSignalSpy scelte(&griglia_, &FlexGrid::cellClicked);
   tasto(Qt::Key_Return);
   EXPECT_EQ(scelte.size(), 0) << "there is none";
-  griglia_.impostaCella(4, 2);
+  griglia_.setCell(4, 2);
   for (const Qt::Key chiave : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) tasto(chiave);
   EXPECT_EQ(scelte.size(), 3);
   EXPECT_EQ(ultima(scelte), std::pair(4, 2));
@@ -327,7 +327,7 @@ TEST_F(Griglia, InvioESpazioScelgonoLaCellaCorrente) {
 
 TEST_F(Griglia, IlClicDelMouseSceglieEUnTastoNonScriveNellaCella) {
   mostra();
-  const QSignalSpy scelte(&griglia_, &FlexGrid::clic);
+  const QSignalSpy scelte(&griglia_, &FlexGrid::cellClicked);
   clicca(3, 1);
   EXPECT_EQ(ultima(scelte), std::pair(3, 1));
   EXPECT_EQ(griglia_.Row(), 3);
@@ -361,8 +361,8 @@ TEST_F(Griglia, CtrlCSenzaSelezioneLasciaGliAppuntiComeSono) {
 }
 
 TEST_F(Griglia, UnTestoConTabulazioniONuoveRigheNonRompeLaTabellaCopiata) {
-  griglia_.impostaTextMatrix(2, 1, QStringLiteral("a\tb\r\nc"));
-  griglia_.selezionaRiga(2);
+  griglia_.setTextMatrix(2, 1, QStringLiteral("a\tb\r\nc"));
+  griglia_.markRow(2);
   EXPECT_EQ(griglia_.Clip(), QStringLiteral("r2c0\ta b  c\tr2c2\tr2c3\tr2c4"));
 }
 
@@ -377,15 +377,15 @@ TEST_F(Griglia, TabLasciaLaGriglia) {
   finestra.show();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&finestra));
   griglia->setFocus();
-  griglia->impostaCella(1, 0);
+  griglia->setCell(1, 0);
   QTest::keyClick(griglia, Qt::Key_Tab);
   EXPECT_TRUE(casella->hasFocus());
   EXPECT_EQ(griglia->Col(), 0);
 }
 
 TEST_F(Griglia, LeColonneFisseNonScorronoDiLato) {
-  griglia_.impostaFixedCols(1);
-  griglia_.impostaColWidth(0, 750);
+  griglia_.setFixedCols(1);
+  griglia_.setColWidth(0, 750);
   mostra();
   EXPECT_EQ(griglia_.FixedCols(), 1);
   EXPECT_EQ(griglia_.ColWidth(0), 750);
@@ -399,7 +399,7 @@ TEST_F(Griglia, LeColonneFisseNonScorronoDiLato) {
 }
 
 TEST_F(Griglia, LeColonneFisseScendonoConLeAltreRigaPerRiga) {
-  griglia_.impostaFixedCols(1);
+  griglia_.setFixedCols(1);
   mostra();
   const auto pari = [&](int riga) {
     const QModelIndex fissa = fisse().model()->index(riga - 1, 0);
@@ -408,7 +408,7 @@ TEST_F(Griglia, LeColonneFisseScendonoConLeAltreRigaPerRiga) {
            griglia_.viewport()->mapTo(&griglia_, griglia_.visualRect(mobile).topLeft()).y();
   };
   EXPECT_TRUE(pari(1));
-  griglia_.impostaCella(30, 3);
+  griglia_.setCell(30, 3);
   EXPECT_TRUE(pari(30));
   EXPECT_EQ(fisse().verticalScrollBar()->value(), griglia_.verticalScrollBar()->value());
   EXPECT_EQ(fisse().verticalScrollBar()->maximum(), griglia_.verticalScrollBar()->maximum());
@@ -417,47 +417,47 @@ TEST_F(Griglia, LeColonneFisseScendonoConLeAltreRigaPerRiga) {
 }
 
 TEST_F(Griglia, LeColonneFisseSeguonoAncheAppenaCresceLaGriglia) {
-  griglia_.impostaFixedCols(1);
+  griglia_.setFixedCols(1);
   mostra();
-  griglia_.impostaRedraw(false);
-  griglia_.impostaRows(50001);
-  griglia_.impostaCella(50000, 2);
-  griglia_.impostaRedraw(true);
+  griglia_.setRedraw(false);
+  griglia_.setRows(50001);
+  griglia_.setCell(50000, 2);
+  griglia_.setRedraw(true);
   QApplication::processEvents();
   EXPECT_GT(griglia_.verticalScrollBar()->value(), 49000);
   EXPECT_EQ(fisse().verticalScrollBar()->value(), griglia_.verticalScrollBar()->value());
-  griglia_.impostaRows(31);
+  griglia_.setRows(31);
   QApplication::processEvents();
   EXPECT_EQ(fisse().verticalScrollBar()->value(), griglia_.verticalScrollBar()->value());
   EXPECT_EQ(fisse().verticalScrollBar()->maximum(), griglia_.verticalScrollBar()->maximum());
 }
 
 TEST_F(Griglia, UnaColonnaFissaNonPrendeLaCellaCorrente) {
-  griglia_.impostaCella(2, 0);
-  griglia_.impostaFixedCols(2);
+  griglia_.setCell(2, 0);
+  griglia_.setFixedCols(2);
   EXPECT_EQ(griglia_.Col(), -1);
   mostra();
-  griglia_.impostaCella(2, 1);
+  griglia_.setCell(2, 1);
   EXPECT_EQ(griglia_.Row(), 0);
-  griglia_.impostaCella(2, 2);
+  griglia_.setCell(2, 2);
   tasto(Qt::Key_Left);
   tasto(Qt::Key_Home);
   EXPECT_EQ(griglia_.Col(), 2);
-  const QSignalSpy scelte(&griglia_, &FlexGrid::clic);
+  const QSignalSpy scelte(&griglia_, &FlexGrid::cellClicked);
   const QRect cella = fisse().visualRect(fisse().model()->index(4, 1));
   QTest::mouseClick(fisse().viewport(), Qt::LeftButton, {}, cella.center());
   EXPECT_EQ(ultima(scelte), std::pair(5, 1));
   EXPECT_EQ(std::pair(griglia_.Row(), griglia_.Col()), std::pair(5, 2));
-  griglia_.selezionaRiga(5);
+  griglia_.markRow(5);
   EXPECT_EQ(griglia_.Clip(), QStringLiteral("r5c0\tr5c1\tr5c2\tr5c3\tr5c4"));
 }
 
 TEST_F(Griglia, PiuColonneFisseDiQuanteCeNeSonoBloccanoTutte) {
-  griglia_.impostaFixedCols(9);
+  griglia_.setFixedCols(9);
   EXPECT_EQ(griglia_.FixedCols(), 5);
-  griglia_.selezionaRiga(3);
+  griglia_.markRow(3);
   EXPECT_EQ(griglia_.Row(), 0);
-  griglia_.impostaFixedCols(-1);
+  griglia_.setFixedCols(-1);
   EXPECT_EQ(griglia_.FixedCols(), 0);
   EXPECT_FALSE(fisse().isVisibleTo(&griglia_));
   EXPECT_FALSE(griglia_.isColumnHidden(0));
@@ -468,25 +468,25 @@ TEST_F(Griglia, NellAttesaNonSiDipingeEAllaFineSiDiceUnaVoltaSola) {
   QApplication::processEvents();
   Pitture pitture(*griglia_.viewport());
   const QSignalSpy cambi(griglia_.model(), &QAbstractItemModel::dataChanged);
-  griglia_.impostaRedraw(false);
-  griglia_.impostaRedraw(false);
-  griglia_.impostaTextMatrix(1, 1, QStringLiteral("a"));
-  griglia_.impostaCellBackColor(2, 1, Qt::red);
-  griglia_.impostaRedraw(true);
+  griglia_.setRedraw(false);
+  griglia_.setRedraw(false);
+  griglia_.setTextMatrix(1, 1, QStringLiteral("a"));
+  griglia_.setCellBackColor(2, 1, Qt::red);
+  griglia_.setRedraw(true);
   EXPECT_FALSE(griglia_.Redraw()) << "the outer switch is still off";
   QApplication::processEvents();
   EXPECT_EQ(cambi.size(), 0);
   EXPECT_EQ(pitture.quante, 0);
-  griglia_.impostaRedraw(true);
+  griglia_.setRedraw(true);
   EXPECT_TRUE(griglia_.Redraw());
   EXPECT_EQ(cambi.size(), 1);
   QApplication::processEvents();
   EXPECT_EQ(pitture.quante, 1);
-  griglia_.impostaRedraw(true);
+  griglia_.setRedraw(true);
   EXPECT_TRUE(griglia_.Redraw());
-  griglia_.impostaRedraw(false);
+  griglia_.setRedraw(false);
   EXPECT_FALSE(griglia_.Redraw()) << "one switch too many does not count";
-  griglia_.impostaRedraw(true);
+  griglia_.setRedraw(true);
   EXPECT_EQ(cambi.size(), 1) << "nothing had changed";
 }
 
@@ -499,21 +499,21 @@ TEST_F(Griglia, CinquantamilaRigheSiDipingonoUnaVoltaSola) {
   Pitture pitture(*griglia_.viewport());
   const QSignalSpy cambi(griglia_.model(), &QAbstractItemModel::dataChanged);
   const QSignalSpy forme(griglia_.model(), &QAbstractItemModel::rowsInserted);
-  griglia_.impostaRedraw(false);
-  griglia_.impostaCols(kColonne);
-  griglia_.impostaRows(kRighe);
+  griglia_.setRedraw(false);
+  griglia_.setCols(kColonne);
+  griglia_.setRows(kRighe);
   for (int riga = 1; riga < kRighe; ++riga) {
     for (int colonna = 0; colonna < kColonne; ++colonna)
-      griglia_.impostaTextMatrix(riga, colonna, nome(riga, colonna));
+      griglia_.setTextMatrix(riga, colonna, nome(riga, colonna));
     if (riga % kPassata == 0) QApplication::processEvents();
   }
   EXPECT_EQ(pitture.quante, 0);
-  griglia_.impostaRedraw(true);
+  griglia_.setRedraw(true);
   QApplication::processEvents();
   EXPECT_LE(pitture.quante, 2);
   EXPECT_EQ(cambi.size(), 1);
   EXPECT_EQ(forme.size(), 1);
-  griglia_.impostaCella(kRighe - 1, kColonne - 1);
+  griglia_.setCell(kRighe - 1, kColonne - 1);
   EXPECT_EQ(griglia_.TextMatrix(griglia_.Row(), griglia_.Col()), nome(kRighe - 1, kColonne - 1));
 }
 
@@ -539,7 +539,7 @@ TEST_F(Griglia, LettoriDiSchermoTrovanoCelleETestate) {
 class ColoriGriglia : public testing::TestWithParam<bool> {
  protected:
   ColoriGriglia() {
-    stile::applica(*qApp, GetParam() ? stile::Tema::Scuro : stile::Tema::Chiaro);
+    style::apply(*qApp, GetParam() ? style::Theme::Dark : style::Theme::Light);
     griglia_ = std::make_unique<FlexGrid>();
     riempi(*griglia_, 6, 2);
   }
@@ -552,7 +552,7 @@ class ColoriGriglia : public testing::TestWithParam<bool> {
     return colore.isValid() ? colore.value<QColor>() : griglia_->palette().color(QPalette::Text);
   }
 
-  const stile::Tinte& t_ = stile::tinte(GetParam());
+  const style::Tints& t_ = style::tints(GetParam());
   std::unique_ptr<FlexGrid> griglia_;
 };
 
@@ -561,19 +561,21 @@ INSTANTIATE_TEST_SUITE_P(ChiaroEScuro, ColoriGriglia, testing::Bool());
 TEST_P(ColoriGriglia, IlTestoSiLeggeSuOgniFondoDellaCella) {
   for (const QColor& fondo : {QColor(255, 128, 0), QColor(Qt::yellow), QColor(255, 255, 224),
                               QColor(Qt::white), QColor(Qt::black), QColor(0, 0, 128)}) {
-    griglia_->impostaCellBackColor(1, 0, fondo);
-    EXPECT_GE(contrasto::fra(testoDipinto(1, 0), fondo), contrasto::kLeggibile) << fondo.name().toStdString();
-    griglia_->impostaBackColor(fondo);
-    EXPECT_GE(contrasto::fra(testoDipinto(2, 0), fondo), contrasto::kLeggibile) << fondo.name().toStdString();
+    griglia_->setCellBackColor(1, 0, fondo);
+    EXPECT_GE(contrast::between(testoDipinto(1, 0), fondo), contrast::kReadable)
+        << fondo.name().toStdString();
+    griglia_->setBackColor(fondo);
+    EXPECT_GE(contrast::between(testoDipinto(2, 0), fondo), contrast::kReadable)
+        << fondo.name().toStdString();
   }
 }
 
 TEST_P(ColoriGriglia, IlColoreDelTestoRestaDellaSuaTintaESiLegge) {
-  griglia_->impostaCellForeColor(0, 0, Qt::blue);
-  griglia_->impostaCellForeColor(1, 0, Qt::blue);
+  griglia_->setCellForeColor(0, 0, Qt::blue);
+  griglia_->setCellForeColor(1, 0, Qt::blue);
   EXPECT_EQ(griglia_->CellForeColor(1, 0), QColor(Qt::blue));
-  EXPECT_GE(contrasto::fra(testoDipinto(1, 0), t_.carta), contrasto::kLeggibile);
-  EXPECT_GE(contrasto::fra(testoDipinto(0, 0), t_.sfondo), contrasto::kLeggibile);
+  EXPECT_GE(contrast::between(testoDipinto(1, 0), t_.paper), contrast::kReadable);
+  EXPECT_GE(contrast::between(testoDipinto(0, 0), t_.background), contrast::kReadable);
   EXPECT_NEAR(testoDipinto(1, 0).hslHue(), QColor(Qt::blue).hslHue(), 2);
   if (!GetParam()) {
     EXPECT_EQ(testoDipinto(0, 0), QColor(Qt::blue));
@@ -581,9 +583,9 @@ TEST_P(ColoriGriglia, IlColoreDelTestoRestaDellaSuaTintaESiLegge) {
 }
 
 TEST_P(ColoriGriglia, FondoETestoSonoQuelliDipinti) {
-  griglia_->impostaCellBackColor(0, 0, QColor(255, 128, 0));
-  griglia_->impostaCellBackColor(1, 0, QColor(255, 128, 0));
-  griglia_->impostaCellForeColor(0, 1, Qt::blue);
+  griglia_->setCellBackColor(0, 0, QColor(255, 128, 0));
+  griglia_->setCellBackColor(1, 0, QColor(255, 128, 0));
+  griglia_->setCellForeColor(0, 1, Qt::blue);
   griglia_->setFocusPolicy(Qt::NoFocus);
   griglia_->resize(300, 200);
   griglia_->selectionModel()->clear();
@@ -609,16 +611,16 @@ TEST_P(ColoriGriglia, FondoETestoSonoQuelliDipinti) {
                    QColor(255, 128, 0)));
   EXPECT_TRUE(vede(sezione(0), QColor(255, 128, 0)));
   EXPECT_FALSE(vede(sezione(1), QColor(255, 128, 0)));
-  EXPECT_TRUE(vede(sezione(1), t_.rilievo));
+  EXPECT_TRUE(vede(sezione(1), t_.emphasis));
   const auto azzurri = sezione(1);
   EXPECT_TRUE(std::any_of(azzurri.begin(), azzurri.end(),
                           [](QRgb c) { return qBlue(c) > qRed(c) + 60 && qBlue(c) > qGreen(c) + 60; }));
 }
 
 TEST_P(ColoriGriglia, UnCambioDiTemaRifaIColori) {
-  griglia_->impostaCellForeColor(1, 0, Qt::blue);
-  stile::applica(*qApp, GetParam() ? stile::Tema::Chiaro : stile::Tema::Scuro);
+  griglia_->setCellForeColor(1, 0, Qt::blue);
+  style::apply(*qApp, GetParam() ? style::Theme::Light : style::Theme::Dark);
   QApplication::processEvents();
-  const QColor carta = stile::tinte(!GetParam()).carta;
-  EXPECT_GE(contrasto::fra(testoDipinto(1, 0), carta), contrasto::kLeggibile);
+  const QColor carta = style::tints(!GetParam()).paper;
+  EXPECT_GE(contrast::between(testoDipinto(1, 0), carta), contrast::kReadable);
 }

@@ -8,17 +8,17 @@
 #include <QTextTable>
 #include <random>
 
-#include "platform/errore.h"
+#include "platform/error.h"
 
 namespace {
 
 /// A document with the page between the braces of a file.
 class Rtf : public testing::Test {
  protected:
-  void leggi(const QByteArray& pagina) { rtf::leggi("{\\rtf1\\ansi " + pagina + "}", documento_); }
+  void leggi(const QByteArray& pagina) { rtf::read("{\\rtf1\\ansi " + pagina + "}", documento_); }
   QString testo() const { return documento_.toPlainText(); }
   QTextBlock riga(int numero) const { return documento_.findBlockByNumber(numero); }
-  /// The format of the first letter of `parola`.
+  /// The format of the first letter of `word`.
   QTextCharFormat formato(const QString& parola) const {
     QTextCursor cursore = documento_.find(parola, 0, QTextDocument::FindCaseSensitively);
     EXPECT_FALSE(cursore.isNull()) << parola.toStdString();
@@ -45,7 +45,7 @@ class Rtf : public testing::Test {
 Errore fallita(const QByteArray& byte) {
   QTextDocument documento(QStringLiteral("prima"));
   try {
-    rtf::leggi(byte, documento);
+    rtf::read(byte, documento);
   } catch (const Errore& errore) {
     EXPECT_EQ(documento.toPlainText(), QStringLiteral("prima"));
     return errore;
@@ -213,7 +213,7 @@ TEST_F(Rtf, LeParoleIgnoteNonSiVedono) {
 }
 
 TEST_F(Rtf, QuelCheSegueLUltimaGraffaNonConta) {
-  rtf::leggi(QByteArray("{\\rtf1 x}\0\0{altro", 18), documento_);
+  rtf::read(QByteArray("{\\rtf1 x}\0\0{altro", 18), documento_);
   EXPECT_EQ(testo(), QStringLiteral("x"));
 }
 
@@ -236,7 +236,7 @@ TEST(RtfIlleggibile, CioCheNonERtfELErrore321) {
 TEST(RtfIlleggibile, UnFileTagliatoInQualunquePuntoELErrore321) {
   const QByteArray intero(kBreve);
   QTextDocument documento;
-  rtf::leggi(intero, documento);
+  rtf::read(intero, documento);
   ASSERT_TRUE(documento.toPlainText().startsWith(QStringLiteral("Titolo")));
   for (qsizetype lunghezza = 0; lunghezza < intero.size(); ++lunghezza)
     EXPECT_EQ(fallita(intero.first(lunghezza)).numero, 321) << lunghezza;
@@ -258,7 +258,7 @@ TEST(RtfIlleggibile, TestiSenzaMisuraSonoLErrore321) {
   EXPECT_EQ(fallita("{\\rtf1 " + QByteArray("\\par").repeated(50'000) + "}").descrizione, lungo);
   EXPECT_EQ(fallita("{\\rtf1\\trowd\\intbl " + QByteArray("\\cell\\row").repeated(50'000) + "}").descrizione,
             lungo);
-  EXPECT_EQ(fallita("{\\rtf1 " + QByteArray(rtf::kMassimo, ' ') + "}").descrizione,
+  EXPECT_EQ(fallita("{\\rtf1 " + QByteArray(rtf::kMaxBytes, ' ') + "}").descrizione,
             QStringLiteral("Il testo non è leggibile: il file è troppo grande."));
   EXPECT_EQ(fallita("{\\rtf1\\trowd\\intbl " + QByteArray("\\cell").repeated(64) + "\\row" +
                     QByteArray("\\intbl\\cell\\row").repeated(1'000) + "}")
@@ -279,7 +279,7 @@ TEST(RtfIlleggibile, ByteACasoSiLeggonoOSonoLErrore321) {
     }
     try {
       QTextDocument documento;
-      rtf::leggi(guasto, documento);
+      rtf::read(guasto, documento);
       ++letti;
     } catch (const Errore& errore) {
       EXPECT_EQ(errore.numero, 321);

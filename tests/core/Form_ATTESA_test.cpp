@@ -2,9 +2,9 @@
 
 #include <QLabel>
 
-#include "banco.h"
+#include "menu_fixture.h"
 
-using FormAttesa = Banco;
+using FormAttesa = Bench;
 
 TEST_F(FormAttesa, TitoloTestoEFiguraSonoQuelli) {
   QWidget& attesa = schermate_.mostra(QStringLiteral("Form_ATTESA"), contesto_);

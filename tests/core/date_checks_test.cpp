@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "core/conversioni.h"
-#include "platform/ui/utente_copione.h"
+#include "core/conversions.h"
+#include "platform/ui/scripted_user.h"
 
 namespace {
 
@@ -13,17 +13,17 @@ constexpr std::int16_t kNonValida = 0;
 
 /// The message of a refused date, with its result and icon looked at; empty for a date refused in silence.
 QString rifiuto(Controllo controllo, const char* cifre) {
-  UtenteCopione utente;
+  ScriptedUser utente;
   EXPECT_EQ(controllo(QLatin1String(cifre), utente), kNonValida) << cifre;
-  const auto riquadri = utente.prendiRiquadri();
+  const auto riquadri = utente.takeBoxes();
   if (riquadri.empty()) return {};
   EXPECT_EQ(riquadri.size(), 1u) << cifre;
-  EXPECT_EQ(riquadri.front(), (Riquadro{riquadri.front().testo, Icona::Critica, {}, Pulsanti::OK})) << cifre;
-  return riquadri.front().testo;
+  EXPECT_EQ(riquadri.front(), (Box{riquadri.front().text, Icon::Critical, {}, Buttons::Ok})) << cifre;
+  return riquadri.front().text;
 }
 
 void valida(Controllo controllo, const char* cifre) {
-  UtenteCopione utente;
+  ScriptedUser utente;
   EXPECT_EQ(controllo(QLatin1String(cifre), utente), kValida) << cifre;
 }
 

@@ -2,9 +2,9 @@
 
 #include <QDir>
 
-#include "core/conversioni.h"
-#include "core/percorsi.h"
-#include "sostegno/cartella_temporanea.h"
+#include "core/conversions.h"
+#include "core/paths.h"
+#include "sostegno/temporary_folder.h"
 
 TEST(DammiNomeBase, ELaParteDopoLUltimoSeparatoreFinoAlPrimoPunto) {
   const std::pair<const char*, const char*> casi[] = {{"C:\\dati\\negozio.dat", "negozio"},
@@ -21,24 +21,24 @@ TEST(DammiNomeBase, ELaParteDopoLUltimoSeparatoreFinoAlPrimoPunto) {
 }
 
 TEST(FileEsiste, UnNomeVuotoOConUnSeparatoreInFondoEAssente) {
-  const CartellaTemporanea cartella;
+  const TemporaryFolder cartella;
   EXPECT_FALSE(FileEsiste(QString()));
-  EXPECT_FALSE(FileEsiste(cartella.percorso() + QLatin1Char('/')));
-  EXPECT_FALSE(FileEsiste(cartella.percorso() + QLatin1Char('\\')));
+  EXPECT_FALSE(FileEsiste(cartella.path() + QLatin1Char('/')));
+  EXPECT_FALSE(FileEsiste(cartella.path() + QLatin1Char('\\')));
 }
 
 TEST(FileEsiste, ValgonoIDueSeparatoriEINomiRelativi) {
-  const CartellaTemporanea cartella;
-  ASSERT_TRUE(QDir(cartella.percorso()).mkdir(QStringLiteral("sotto")));
-  cartella.scrivi(QStringLiteral("sotto/uno.txt"), "");
-  EXPECT_TRUE(FileEsiste(cartella.percorso() + QStringLiteral("/sotto/uno.txt")));
-  EXPECT_TRUE(FileEsiste(cartella.percorso() + QStringLiteral("\\sotto\\uno.txt")));
+  const TemporaryFolder cartella;
+  ASSERT_TRUE(QDir(cartella.path()).mkdir(QStringLiteral("sotto")));
+  cartella.write(QStringLiteral("sotto/uno.txt"), "");
+  EXPECT_TRUE(FileEsiste(cartella.path() + QStringLiteral("/sotto/uno.txt")));
+  EXPECT_TRUE(FileEsiste(cartella.path() + QStringLiteral("\\sotto\\uno.txt")));
   EXPECT_TRUE(FileEsiste(QStringLiteral("sotto\\uno.txt")));
   EXPECT_FALSE(FileEsiste(QStringLiteral("sotto\\due.txt")));
 }
 
 TEST(FileEsiste, UnaCartellaNonEUnFile) {
-  const CartellaTemporanea cartella;
-  ASSERT_TRUE(QDir(cartella.percorso()).mkdir(QStringLiteral("sotto")));
+  const TemporaryFolder cartella;
+  ASSERT_TRUE(QDir(cartella.path()).mkdir(QStringLiteral("sotto")));
   EXPECT_FALSE(FileEsiste(QStringLiteral("sotto")));
 }

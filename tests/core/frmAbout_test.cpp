@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "banco.h"
-#include "core/info_sistema.h"
+#include "core/system_info.h"
+#include "menu_fixture.h"
 
 namespace {
 
@@ -30,24 +30,23 @@ void eseguibile(const QString& file) {
 }
 
 /// A person whose desktop refuses the first program.
-class UtenteCheRifiuta : public UtenteCopione {
+class UtenteCheRifiuta : public ScriptedUser {
  public:
-  void AvviaProgramma(const QString& programma, const QStringList& argomenti) override {
-    if (rifiuti++ == 0) throw Errore{errore::kFileAssente, QStringLiteral("File non trovato")};
-    UtenteCopione::AvviaProgramma(programma, argomenti);
+  void StartProgram(const QString& programma, const QStringList& argomenti) override {
+    if (rifiuti++ == 0) throw Errore{errors::kFileMissing, QStringLiteral("File non trovato")};
+    ScriptedUser::StartProgram(programma, argomenti);
   }
   int rifiuti = 0;
 };
 
-const Riquadro kNonDisponibili{
-    QStringLiteral("Le informazioni sul sistema non sono attualmente disponibili."),
-    Icona::Nessuna,
-    {},
-    Pulsanti::OK};
+const Box kNonDisponibili{QStringLiteral("Le informazioni sul sistema non sono attualmente disponibili."),
+                          Icon::None,
+                          {},
+                          Buttons::Ok};
 
 }  // namespace
 
-class About : public Banco {
+class About : public Bench {
  protected:
   QWidget& finestra() { return schermate_.mostra(QStringLiteral("frmAbout"), contesto_); }
   QString testo(const char* etichetta) {
@@ -56,7 +55,7 @@ class About : public Banco {
   void clicca(const char* pulsante) {
     QTest::mouseClick(finestra().findChild<QPushButton*>(QLatin1String(pulsante)), Qt::LeftButton);
   }
-  QString bin_ = corrente_.percorso();
+  QString bin_ = corrente_.path();
 };
 
 TEST_F(About, ITestiSonoQuelli) {
@@ -89,38 +88,38 @@ TEST_F(About, EscChiude) {
 TEST_F(About, SenzaImmagineSiApreLoStesso) {
   ASSERT_TRUE(QFile::remove(immagine("About.jpg")));
   EXPECT_TRUE(finestra().isVisible());
-  EXPECT_TRUE(utente_.riquadri().empty());
+  EXPECT_TRUE(utente_.boxes().empty());
 }
 
 TEST_F(About, LeInformazioniDiSistemaAvvianoIlProgrammaDelDesktop) {
   const Percorso percorso(bin_);
   eseguibile(bin_ + QStringLiteral("/hardinfo"));
   clicca("cmdSysInfo");
-  EXPECT_EQ(utente_.programmi(), QStringList{bin_ + QStringLiteral("/hardinfo")});
+  EXPECT_EQ(utente_.programs(), QStringList{bin_ + QStringLiteral("/hardinfo")});
 }
 
 TEST_F(About, SenzaUnProgrammaDelDesktopLoDice) {
   const Percorso percorso(bin_);
   clicca("cmdSysInfo");
-  EXPECT_EQ(utente_.riquadri(), std::vector{kNonDisponibili});
-  EXPECT_TRUE(utente_.programmi().isEmpty());
+  EXPECT_EQ(utente_.boxes(), std::vector{kNonDisponibili});
+  EXPECT_TRUE(utente_.programs().isEmpty());
 }
 
 TEST(InfoSistema, SeIlPrimoProgrammaNonParteSiProvaIlSeguente) {
-  const CartellaTemporanea cartella;
-  const Percorso percorso(cartella.percorso());
+  const TemporaryFolder cartella;
+  const Percorso percorso(cartella.path());
   eseguibile(cartella.file(QStringLiteral("kinfocenter")));
   eseguibile(cartella.file(QStringLiteral("hardinfo")));
   UtenteCheRifiuta utente;
   StartSysInfo(utente);
-  EXPECT_EQ(utente.programmi(), QStringList{cartella.file(QStringLiteral("hardinfo"))});
+  EXPECT_EQ(utente.programs(), QStringList{cartella.file(QStringLiteral("hardinfo"))});
 }
 
 TEST(InfoSistema, SeNessunProgrammaParteLoDice) {
-  const CartellaTemporanea cartella;
-  const Percorso percorso(cartella.percorso());
+  const TemporaryFolder cartella;
+  const Percorso percorso(cartella.path());
   eseguibile(cartella.file(QStringLiteral("hardinfo")));
   UtenteCheRifiuta utente;
   StartSysInfo(utente);
-  EXPECT_EQ(utente.riquadri(), std::vector{kNonDisponibili});
+  EXPECT_EQ(utente.boxes(), std::vector{kNonDisponibili});
 }

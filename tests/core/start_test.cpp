@@ -4,14 +4,14 @@
 #include <QLabel>
 #include <QTimer>
 
-#include "banco.h"
-#include "controls/quadro.h"
+#include "controls/picture_frame.h"
+#include "menu_fixture.h"
 
-class Start : public Banco {
+class Start : public Bench {
  protected:
   /// Colour of the picture in `Image1`, told by its middle.
   QColor colore() {
-    const QPixmap& mostrata = menu().findChild<Quadro*>(QStringLiteral("Image1"))->immagine();
+    const QPixmap& mostrata = menu().findChild<PictureFrame*>(QStringLiteral("Image1"))->image();
     return mostrata.isNull() ? QColor() : mostrata.toImage().pixelColor(32, 24);
   }
   /// JPEG keeps a plain colour to a few units.
@@ -23,7 +23,7 @@ class Start : public Banco {
   std::vector<std::string> evidenziate() {
     std::vector<std::string> nomi;
     for (const char* nome : kVociMenu)
-      if (voce(nome).aspetto() == 1) nomi.emplace_back(nome);
+      if (voce(nome).look() == 1) nomi.emplace_back(nome);
     return nomi;
   }
 };
@@ -104,12 +104,12 @@ TEST_F(Start, UnImmagineAssenteMostraLErroreELasciaQuellaDiPrima) {
   for (const auto& [nome, file] : voci) {
     ASSERT_TRUE(QFile::remove(immagine(file)));
     passaSopra(nome);
-    EXPECT_EQ(utente_.prendiRiquadri(),
-              (std::vector{Riquadro{QStringLiteral("Error 53 (File non trovato) in procedure ") +
-                                        QLatin1String(nome) + QStringLiteral("_MouseMove of Modulo start"),
-                                    Icona::Nessuna,
-                                    {},
-                                    Pulsanti::OK}}));
+    EXPECT_EQ(utente_.takeBoxes(),
+              (std::vector{Box{QStringLiteral("Error 53 (File non trovato) in procedure ") +
+                                   QLatin1String(nome) + QStringLiteral("_MouseMove of Modulo start"),
+                               Icon::None,
+                               {},
+                               Buttons::Ok}}));
     EXPECT_EQ(evidenziate(), (std::vector<std::string>{nome}));
     EXPECT_TRUE(mostra(Qt::red)) << nome;
   }
@@ -130,7 +130,7 @@ TEST_F(Start, UnFileCheNonEUnImmagineMostraLErrore) {
   rotta.write("non e' un'immagine");
   rotta.close();
   passaSopra("Label7");
-  EXPECT_EQ(utente_.riquadri().size(), 1U);
+  EXPECT_EQ(utente_.boxes().size(), 1U);
 }
 
 TEST_F(Start, LeGraficheELaProgrammazioneLascianoIlLoroNomePrimaDiCaricareLaSchermata) {
@@ -181,17 +181,16 @@ TEST_F(Start, OgniVoceApreLaSuaAreaENascondeIlMenu) {
 
 TEST_F(Start, UnaSchermataSconosciutaMostraLErroreEIlMenuResta) {
   Schermate vuote;
-  Contesto contesto{utente_, area_, libreria_, reteDiSistema(), vuote, app_};
+  Contesto contesto{utente_, area_, libreria_, systemNetwork(), vuote, app_};
   start solo(contesto, misure_);
   solo.show();
-  QTest::mouseClick(solo.findChild<VoceMenu*>(QStringLiteral("Label7")), Qt::LeftButton);
-  EXPECT_EQ(
-      utente_.riquadri(),
-      (std::vector{Riquadro{QStringLiteral("Error 9 (Schermata non registrata: Form_GestioneClienti) in "
-                                           "procedure Label7_Click of Modulo start"),
-                            Icona::Nessuna,
-                            {},
-                            Pulsanti::OK}}));
+  QTest::mouseClick(solo.findChild<MenuEntry*>(QStringLiteral("Label7")), Qt::LeftButton);
+  EXPECT_EQ(utente_.boxes(),
+            (std::vector{Box{QStringLiteral("Error 9 (Schermata non registrata: Form_GestioneClienti) in "
+                                            "procedure Label7_Click of Modulo start"),
+                             Icon::None,
+                             {},
+                             Buttons::Ok}}));
   EXPECT_TRUE(solo.isVisible());
 }
 
@@ -209,8 +208,8 @@ TEST_F(Start, AboutDueVolteMostraLaStessaFinestraColMenuVisibileDietro) {
 
 TEST_F(Start, EsciTerminaSubitoSenzaDomande) {
   clicca("Label4");
-  EXPECT_TRUE(utente_.terminato());
-  EXPECT_TRUE(utente_.riquadri().empty());
+  EXPECT_TRUE(utente_.terminated());
+  EXPECT_TRUE(utente_.boxes().empty());
 }
 
 TEST_F(Start, ChiudereLaCorniceScaricaOgniSchermata) {
@@ -223,7 +222,7 @@ TEST_F(Start, ChiudereLaCorniceScaricaOgniSchermata) {
   EXPECT_TRUE(solo.isNull());
   EXPECT_EQ(aperta("start"), nullptr);
   EXPECT_EQ(aperta("frmAbout"), nullptr);
-  EXPECT_FALSE(utente_.terminato());
+  EXPECT_FALSE(utente_.terminated());
 }
 
 TEST_F(Start, TornandoAlMenuSiTrovaLaStessaIstanza) {
@@ -276,12 +275,12 @@ TEST_F(Start, IlRitornoDelFuocoDaUnRiquadroNonRileggeLImmagine) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&riquadro));
   EXPECT_TRUE(voce("Label1").hasFocus());
   EXPECT_EQ(evidenziate(), (std::vector<std::string>{"Label2"}));
-  EXPECT_TRUE(utente_.riquadri().empty());
+  EXPECT_TRUE(utente_.boxes().empty());
 }
 
 TEST_F(Start, OgniVoceHaUnNomePerILettoriDiSchermo) {
   for (const char* nome : kVociMenu) EXPECT_EQ(voce(nome).accessibleName(), voce(nome).text().trimmed());
-  EXPECT_FALSE(menu().findChild<Quadro*>(QStringLiteral("Image1"))->accessibleName().isEmpty());
+  EXPECT_FALSE(menu().findChild<PictureFrame*>(QStringLiteral("Image1"))->accessibleName().isEmpty());
 }
 
 TEST_F(Start, StaInUnoSchermo1024x768AlDoppioDellaScala) {
@@ -292,17 +291,17 @@ TEST_F(Start, StaInUnoSchermo1024x768AlDoppioDellaScala) {
 
 TEST_F(Start, SuUnoSchermoPiccoloChiedeEAnnotaLaNuovaMisura) {
   misure_ = {1024, 600};
-  utente_.risponde(Risposta::OK);
+  utente_.answers(Answer::Ok);
   EXPECT_EQ(menu().misure(), (MisureSchermo{1024, 768}));
-  EXPECT_EQ(utente_.riquadri().size(), 1U);
+  EXPECT_EQ(utente_.boxes().size(), 1U);
 }
 
 TEST_F(Start, SuUnoSchermoPiccoloConAnnullaIlMenuSiApreComunque) {
   misure_ = {800, 600};
-  utente_.risponde(Risposta::Annulla);
+  utente_.answers(Answer::Cancel);
   EXPECT_EQ(menu().misure(), (MisureSchermo{800, 600}));
   EXPECT_TRUE(menu().isVisible());
-  EXPECT_EQ(utente_.riquadri().size(), 1U);
+  EXPECT_EQ(utente_.boxes().size(), 1U);
 }
 
 TEST_F(Start, IlLogNellaCartellaDellApplicazioneESparitoQuandoIlMenuCompare) {
@@ -314,7 +313,7 @@ TEST_F(Start, IlLogNellaCartellaDellApplicazioneESparitoQuandoIlMenuCompare) {
 }
 
 TEST_F(Start, IlLogNellaSolaCartellaCorrenteResta) {
-  const QString log = corrente_.scrivi(QStringLiteral("crc32Log.txt"), "x");
+  const QString log = corrente_.write(QStringLiteral("crc32Log.txt"), "x");
   menu();
   EXPECT_TRUE(QFile::exists(log));
 }

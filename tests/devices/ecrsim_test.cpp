@@ -9,20 +9,20 @@
 #include <QProcess>
 #include <system_error>
 
-#include "devices/finta_cassa.h"
-#include "devices/libreria.h"
-#include "ecrcom/codici.h"
-#include "ecrsim/riga_comando.h"
-#include "ecrsim/seriale.h"
-#include "sostegno/cartella_temporanea.h"
-#include "sostegno/cassa.h"
+#include "devices/fake_till.h"
+#include "devices/loaded_library.h"
+#include "ecrcom/codes.h"
+#include "ecrsim/command_line.h"
+#include "ecrsim/serial_line.h"
+#include "sostegno/temporary_folder.h"
+#include "sostegno/test_till.h"
 
-using ecrsim::Cosa;
+using ecrsim::FaultKind;
 
 namespace {
 
-ecrsim::Richiesta leggi(const std::vector<const char*>& argomenti) {
-  return ecrsim::leggiRigaComando(argomenti);
+ecrsim::Request leggi(const std::vector<const char*>& argomenti) {
+  return ecrsim::readCommandLine(argomenti);
 }
 
 /// The program, killed with the test if it has not gone by itself.
@@ -52,20 +52,20 @@ struct Programma : testing::Test {
     ASSERT_TRUE(processo.waitForFinished(10000));
     EXPECT_EQ(processo.exitStatus(), QProcess::CrashExit);
   }
-  in_addr dove() const { return *ecrcom::indirizzo(indirizzo.toStdString()); }
+  in_addr dove() const { return *ecrcom::address(indirizzo.toStdString()); }
 
-  CartellaTemporanea cartella;
-  QString indirizzo = indirizzoProprio();
+  TemporaryFolder cartella;
+  QString indirizzo = ownAddress();
   QProcess processo;
 };
 
 /// The frame of a mode with a file name, and the file.
 std::vector<std::uint8_t> comando(std::uint8_t modo, const char* file,
                                   const std::vector<std::uint8_t>& dati = {}) {
-  ecrcom::Intestazione testa;
-  testa.modo = modo;
-  testa.nome = file;
-  return ecrcom::componi(testa, dati);
+  ecrcom::Header testa;
+  testa.mode = modo;
+  testa.name = file;
+  return ecrcom::compose(testa, dati);
 }
 
 QStringList voci(const QString& cartella) {
@@ -88,34 +88,34 @@ QByteArray leggiLinea(int linea, int quanti) {
 }  // namespace
 
 TEST(RigaComando, SenzaOpzioniValgonoQuelleDiSempre) {
-  const ecrsim::Richiesta richiesta = leggi({});
-  EXPECT_EQ(richiesta.opzioni.indirizzo, "127.0.0.20");
-  EXPECT_EQ(richiesta.opzioni.bitmap, "L");
-  EXPECT_EQ(richiesta.opzioni.stato, 'I');
-  EXPECT_EQ(richiesta.giornata, 0);
-  EXPECT_TRUE(richiesta.opzioni.guasti.empty());
-  EXPECT_FALSE(richiesta.aiuto);
+  const ecrsim::Request richiesta = leggi({});
+  EXPECT_EQ(richiesta.options.address, "127.0.0.20");
+  EXPECT_EQ(richiesta.options.bitmap, "L");
+  EXPECT_EQ(richiesta.options.state, 'I');
+  EXPECT_EQ(richiesta.salesDay, 0);
+  EXPECT_TRUE(richiesta.options.faults.empty());
+  EXPECT_FALSE(richiesta.help);
 }
 
 TEST(RigaComando, OgniOpzioneArrivaAlSuoPosto) {
-  const ecrsim::Richiesta richiesta =
+  const ecrsim::Request richiesta =
       leggi({"--address", "127.9.9.9", "--dir",      "/x",        "--bitmap",
              "S",         "--stato",   "V",          "--fiscale", "12",
              "--seriale", "/l",        "--giornata", "30",        "--seme",
              "9",         "--guasto",  "5:silenzio", "--guasto",  "7:venduto.bin:corto",
              "--help"});
-  EXPECT_EQ(richiesta.opzioni.indirizzo, "127.9.9.9");
-  EXPECT_EQ(richiesta.opzioni.cartella, "/x");
-  EXPECT_EQ(richiesta.opzioni.bitmap, "S");
-  EXPECT_EQ(richiesta.opzioni.stato, 'V');
-  EXPECT_EQ(richiesta.opzioni.fiscale, 12);
-  EXPECT_EQ(richiesta.seriale, "/l");
-  EXPECT_EQ(richiesta.giornata, 30);
-  EXPECT_EQ(richiesta.seme, 9U);
-  ASSERT_EQ(richiesta.opzioni.guasti.size(), 2U);
-  EXPECT_EQ(richiesta.opzioni.guasti[0].cosa, Cosa::Silenzio);
-  EXPECT_EQ(richiesta.opzioni.guasti[1].file, "venduto.bin");
-  EXPECT_TRUE(richiesta.aiuto);
+  EXPECT_EQ(richiesta.options.address, "127.9.9.9");
+  EXPECT_EQ(richiesta.options.folder, "/x");
+  EXPECT_EQ(richiesta.options.bitmap, "S");
+  EXPECT_EQ(richiesta.options.state, 'V');
+  EXPECT_EQ(richiesta.options.fiscal, 12);
+  EXPECT_EQ(richiesta.serial, "/l");
+  EXPECT_EQ(richiesta.salesDay, 30);
+  EXPECT_EQ(richiesta.seed, 9U);
+  ASSERT_EQ(richiesta.options.faults.size(), 2U);
+  EXPECT_EQ(richiesta.options.faults[0].what, FaultKind::Silence);
+  EXPECT_EQ(richiesta.options.faults[1].file, "venduto.bin");
+  EXPECT_TRUE(richiesta.help);
 }
 
 TEST(RigaComando, CioCheNonVaSiRifiuta) {
@@ -142,44 +142,44 @@ TEST(RigaComando, CioCheNonVaSiRifiuta) {
 }
 
 TEST(RigaComando, OgniGuastoHaIlSuoNome) {
-  EXPECT_EQ(ecrsim::leggiGuasto("0:codice").codice, 7);
-  EXPECT_EQ(ecrsim::leggiGuasto("0:codice=33").codice, 33);
-  EXPECT_EQ(ecrsim::leggiGuasto("1:silenzio").cosa, Cosa::Silenzio);
-  EXPECT_EQ(ecrsim::leggiGuasto("2:taglio-prima").cosa, Cosa::TaglioPrima);
-  EXPECT_EQ(ecrsim::leggiGuasto("6:taglio-dentro").cosa, Cosa::TaglioDentro);
-  EXPECT_EQ(ecrsim::leggiGuasto("8:taglio-dopo").cosa, Cosa::TaglioDopo);
-  EXPECT_EQ(ecrsim::leggiGuasto("7:corto").cosa, Cosa::FileCorto);
-  EXPECT_EQ(ecrsim::leggiGuasto("7:lungo").cosa, Cosa::FileLungo);
-  EXPECT_EQ(ecrsim::leggiGuasto("7:iva.bin:spazzatura").cosa, Cosa::Spazzatura);
-  EXPECT_EQ(ecrsim::leggiGuasto("7:iva.bin:spazzatura").modo, 7);
+  EXPECT_EQ(ecrsim::readFault("0:codice").code, 7);
+  EXPECT_EQ(ecrsim::readFault("0:codice=33").code, 33);
+  EXPECT_EQ(ecrsim::readFault("1:silenzio").what, FaultKind::Silence);
+  EXPECT_EQ(ecrsim::readFault("2:taglio-prima").what, FaultKind::CutBefore);
+  EXPECT_EQ(ecrsim::readFault("6:taglio-dentro").what, FaultKind::CutWithin);
+  EXPECT_EQ(ecrsim::readFault("8:taglio-dopo").what, FaultKind::CutAfter);
+  EXPECT_EQ(ecrsim::readFault("7:corto").what, FaultKind::ShortFile);
+  EXPECT_EQ(ecrsim::readFault("7:lungo").what, FaultKind::LongFile);
+  EXPECT_EQ(ecrsim::readFault("7:iva.bin:spazzatura").what, FaultKind::Garbage);
+  EXPECT_EQ(ecrsim::readFault("7:iva.bin:spazzatura").mode, 7);
 }
 
 TEST(IndirizzoDellaCassa, SoloLaReteLocaleEPerUnoSolo) {
-  ecrsim::Opzioni opzioni;
-  opzioni.cartella = QDir::tempPath().toStdString();
+  ecrsim::Options opzioni;
+  opzioni.folder = QDir::tempPath().toStdString();
   for (const char* indirizzo : {"10.0.0.1", "192.168.0.20", "0.0.0.0", "126.255.255.255", "128.0.0.1",
                                 "127.1", "::1", "localhost", "casa", ""}) {
-    opzioni.indirizzo = indirizzo;
-    EXPECT_THROW(ecrsim::Simulatore{opzioni}, std::system_error) << indirizzo;
+    opzioni.address = indirizzo;
+    EXPECT_THROW(ecrsim::Simulator{opzioni}, std::system_error) << indirizzo;
   }
-  const Cassa cassa;
-  opzioni.indirizzo = cassa.indirizzo().toStdString();
-  EXPECT_THROW(ecrsim::Simulatore{opzioni}, std::system_error);
+  const TestTill cassa;
+  opzioni.address = cassa.address().toStdString();
+  EXPECT_THROW(ecrsim::Simulator{opzioni}, std::system_error);
 }
 
 TEST(IndirizzoDellaCassa, ADueCasseToccanoIndirizziDiversi) {
-  const Cassa una;
-  const Cassa altra;
-  EXPECT_NE(una.indirizzo(), altra.indirizzo());
-  EXPECT_TRUE(una.indirizzo().startsWith(QStringLiteral("127.")));
-  EXPECT_FALSE(una.indirizzo().startsWith(QStringLiteral("127.0.0.")));
+  const TestTill una;
+  const TestTill altra;
+  EXPECT_NE(una.address(), altra.address());
+  EXPECT_TRUE(una.address().startsWith(QStringLiteral("127.")));
+  EXPECT_FALSE(una.address().startsWith(QStringLiteral("127.0.0.")));
 }
 
 TEST_F(Programma, DiceDoveRispondeServeESeNeVaConSigterm) {
   avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--dir"), QStringLiteral("memoria")});
   EXPECT_EQ(riga(), "ECRSIM pronto su " + indirizzo.toLatin1() + ":17471\n");
-  Libreria libreria;
-  EXPECT_EQ(libreria.comando(indirizzo, ECR_INFO_MODE), ecrcom::kFatto);
+  Library libreria;
+  EXPECT_EQ(libreria.command(indirizzo, ECR_INFO_MODE), ecrcom::kDone);
   EXPECT_TRUE(QFileInfo(QStringLiteral("memoria")).isDir());
   processo.terminate();
   ASSERT_TRUE(processo.waitForFinished(10000));
@@ -190,7 +190,7 @@ TEST_F(Programma, DiceDoveRispondeServeESeNeVaConSigterm) {
 TEST_F(Programma, SeNeVaConSigintAncheConUnaLineaAperta) {
   avvia({QStringLiteral("--address"), indirizzo});
   riga();
-  Libreria libreria;
+  Library libreria;
   QByteArray ip = indirizzo.toLatin1();
   const int maniglia = libreria.ecr_conn_xonxoff_ntw(ip.data());
   EXPECT_GE(maniglia, 1);
@@ -204,76 +204,74 @@ TEST_F(Programma, UccisaAMetaDiUnInvioHaLaMemoriaDiPrimaENessunTrasferimento) {
   using namespace std::chrono_literals;
   ASSERT_TRUE(QDir().mkdir(QStringLiteral("memoria")));
   const QByteArray vecchio(240000, 'v');
-  cartella.scrivi(QStringLiteral("memoria/plu.bin"), vecchio);
+  cartella.write(QStringLiteral("memoria/plu.bin"), vecchio);
   avviaPronta();
-  Libreria libreria;
-  EXPECT_EQ(libreria.comando(indirizzo, ECR_OPEN_MODE), ecrcom::kFatto);
-  ecrcom::Presa presa;
-  ASSERT_EQ(ecrcom::connetti(dove(), ecrcom::fra(5s), presa), ecrcom::Esito::Fatto);
+  Library libreria;
+  EXPECT_EQ(libreria.command(indirizzo, ECR_OPEN_MODE), ecrcom::kDone);
+  ecrcom::Socket presa;
+  ASSERT_EQ(ecrcom::connect(dove(), ecrcom::within(5s), presa), ecrcom::IoResult::Done);
   const auto trama = comando(ECR_SEND_MODE, "plu.bin", std::vector<std::uint8_t>(240000, 'n'));
-  ASSERT_EQ(ecrcom::spedisci(presa, ecrcom::Byte(trama).first(trama.size() / 2), ecrcom::fra(5s)),
-            ecrcom::Esito::Fatto);
+  ASSERT_EQ(ecrcom::dispatch(presa, ecrcom::Bytes(trama).first(trama.size() / 2), ecrcom::within(5s)),
+            ecrcom::IoResult::Done);
   uccidi();
-  presa.chiudi();
+  presa.close();
   avviaPronta();
   EXPECT_EQ(voci(QStringLiteral("memoria")), QStringList{QStringLiteral("plu.bin")});
-  EXPECT_EQ(cartella.leggi(QStringLiteral("memoria/plu.bin")), vecchio);
-  EXPECT_EQ(libreria.comando(indirizzo, ECR_FETCH_MODE, "plu.bin"), ecrcom::kTrasferimentoChiuso);
-  EXPECT_EQ(libreria.comando(indirizzo, ECR_OPEN_MODE), ecrcom::kFatto);
-  EXPECT_EQ(libreria.comando(indirizzo, ECR_FETCH_MODE, "plu.bin"), ecrcom::kFatto);
-  EXPECT_EQ(cartella.leggi(QStringLiteral("plu.bin")), vecchio);
+  EXPECT_EQ(cartella.read(QStringLiteral("memoria/plu.bin")), vecchio);
+  EXPECT_EQ(libreria.command(indirizzo, ECR_FETCH_MODE, "plu.bin"), ecrcom::kTransferClosed);
+  EXPECT_EQ(libreria.command(indirizzo, ECR_OPEN_MODE), ecrcom::kDone);
+  EXPECT_EQ(libreria.command(indirizzo, ECR_FETCH_MODE, "plu.bin"), ecrcom::kDone);
+  EXPECT_EQ(cartella.read(QStringLiteral("plu.bin")), vecchio);
 }
 
 TEST_F(Programma, UccisaAMetaDiUnaRicezioneLasciaIlFileDelPcComEra) {
   using namespace std::chrono_literals;
   ASSERT_TRUE(QDir().mkdir(QStringLiteral("memoria")));
-  cartella.scrivi(QStringLiteral("memoria/clienti.bin"), QByteArray(4 * 1024 * 1024, 'n'));
-  cartella.scrivi(QStringLiteral("clienti.bin"), "vecchio");
+  cartella.write(QStringLiteral("memoria/clienti.bin"), QByteArray(4 * 1024 * 1024, 'n'));
+  cartella.write(QStringLiteral("clienti.bin"), "vecchio");
   avviaPronta();
-  Libreria libreria;
-  EXPECT_EQ(libreria.comando(indirizzo, ECR_OPEN_MODE), ecrcom::kFatto);
+  Library libreria;
+  EXPECT_EQ(libreria.command(indirizzo, ECR_OPEN_MODE), ecrcom::kDone);
   std::size_t passati = 0;
   // Hands the beginning of the answer on, and what was still on its way when the till died.
-  const FintaCassa tramite([&](const ecrcom::Presa& pc) {
-    ecrcom::Presa cassa;
-    ASSERT_EQ(ecrcom::connetti(dove(), ecrcom::fra(5s), cassa), ecrcom::Esito::Fatto);
-    ecrcom::spedisci(cassa, comando(ECR_FETCH_MODE, "clienti.bin"), ecrcom::fra(5s));
+  const FintaTill tramite([&](const ecrcom::Socket& pc) {
+    ecrcom::Socket cassa;
+    ASSERT_EQ(ecrcom::connect(dove(), ecrcom::within(5s), cassa), ecrcom::IoResult::Done);
+    ecrcom::dispatch(cassa, comando(ECR_FETCH_MODE, "clienti.bin"), ecrcom::within(5s));
     std::vector<std::uint8_t> pezzo(4096);
     for (std::size_t quanti = 0;
-         ecrcom::riceviQualcosa(cassa, pezzo, ecrcom::fra(5s), quanti) == ecrcom::Esito::Fatto;
+         ecrcom::receiveSome(cassa, pezzo, ecrcom::within(5s), quanti) == ecrcom::IoResult::Done;
          passati += quanti) {
       if (passati == 0) ::kill(static_cast<pid_t>(processo.processId()), SIGKILL);
-      ecrcom::spedisci(pc, ecrcom::Byte(pezzo).first(quanti), ecrcom::fra(5s));
+      ecrcom::dispatch(pc, ecrcom::Bytes(pezzo).first(quanti), ecrcom::within(5s));
     }
   });
-  EXPECT_EQ(libreria.comando(tramite.indirizzo(), ECR_FETCH_MODE, "clienti.bin"), ecrcom::kLineaInterrotta);
+  EXPECT_EQ(libreria.command(tramite.address(), ECR_FETCH_MODE, "clienti.bin"), ecrcom::kLineCut);
   EXPECT_GT(passati, 0U);
   EXPECT_LT(passati, std::size_t{4} * 1024 * 1024);
-  EXPECT_EQ(cartella.leggi(QStringLiteral("clienti.bin")), "vecchio");
-  EXPECT_EQ(voci(cartella.percorso()),
-            (QStringList{QStringLiteral("clienti.bin"), QStringLiteral("memoria")}));
+  EXPECT_EQ(cartella.read(QStringLiteral("clienti.bin")), "vecchio");
+  EXPECT_EQ(voci(cartella.path()), (QStringList{QStringLiteral("clienti.bin"), QStringLiteral("memoria")}));
 }
 
 TEST_F(Programma, OgniGuastoDellaRigaDiComandoSiSenteSullaLinea) {
-  cartella.scrivi(QStringLiteral("val.bin"), QByteArray(117, 'v'));
-  const std::vector<std::pair<QString, int>> guasti{
-      {QStringLiteral("codice"), ecrcom::kStatoErrato},
-      {QStringLiteral("codice=33"), 33},
-      {QStringLiteral("silenzio"), ecrcom::kTempoScaduto},
-      {QStringLiteral("taglio-prima"), ecrcom::kLineaInterrotta},
-      {QStringLiteral("taglio-dentro"), ecrcom::kLineaInterrotta},
-      {QStringLiteral("taglio-dopo"), ecrcom::kLineaInterrotta},
-      {QStringLiteral("corto"), ecrcom::kLunghezzaErrata},
-      {QStringLiteral("lungo"), ecrcom::kLunghezzaErrata},
-      {QStringLiteral("spazzatura"), ecrcom::kRispostaIncomprensibile}};
-  Libreria libreria;
+  cartella.write(QStringLiteral("val.bin"), QByteArray(117, 'v'));
+  const std::vector<std::pair<QString, int>> guasti{{QStringLiteral("codice"), ecrcom::kWrongState},
+                                                    {QStringLiteral("codice=33"), 33},
+                                                    {QStringLiteral("silenzio"), ecrcom::kTimedOut},
+                                                    {QStringLiteral("taglio-prima"), ecrcom::kLineCut},
+                                                    {QStringLiteral("taglio-dentro"), ecrcom::kLineCut},
+                                                    {QStringLiteral("taglio-dopo"), ecrcom::kLineCut},
+                                                    {QStringLiteral("corto"), ecrcom::kBadLength},
+                                                    {QStringLiteral("lungo"), ecrcom::kBadLength},
+                                                    {QStringLiteral("spazzatura"), ecrcom::kGarbledReply}};
+  Library libreria;
   libreria.ecr_set_timeout(2000, 500);
   for (const auto& [guasto, codice] : guasti) {
     avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--dir"), QStringLiteral("memoria"),
            QStringLiteral("--guasto"), QStringLiteral("6:val.bin:") + guasto});
     riga();
-    EXPECT_EQ(libreria.comando(indirizzo, ECR_OPEN_MODE), ecrcom::kFatto);
-    EXPECT_EQ(libreria.comando(indirizzo, ECR_SEND_MODE, "val.bin"), codice) << guasto.toStdString();
+    EXPECT_EQ(libreria.command(indirizzo, ECR_OPEN_MODE), ecrcom::kDone);
+    EXPECT_EQ(libreria.command(indirizzo, ECR_SEND_MODE, "val.bin"), codice) << guasto.toStdString();
     processo.terminate();
     ASSERT_TRUE(processo.waitForFinished(10000));
   }
@@ -282,21 +280,21 @@ TEST_F(Programma, OgniGuastoDellaRigaDiComandoSiSenteSullaLinea) {
 TEST_F(Programma, LOpzioneGuastoColpisce) {
   avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--guasto"), QStringLiteral("1:codice=33")});
   riga();
-  Libreria libreria;
-  EXPECT_EQ(libreria.comando(indirizzo, ECR_OPEN_MODE), 33);
-  EXPECT_EQ(libreria.comando(indirizzo, ECR_INFO_MODE), ecrcom::kFatto);
+  Library libreria;
+  EXPECT_EQ(libreria.command(indirizzo, ECR_OPEN_MODE), 33);
+  EXPECT_EQ(libreria.command(indirizzo, ECR_INFO_MODE), ecrcom::kDone);
 }
 
 TEST_F(Programma, LaGiornataSiBattePrimaDiRispondere) {
   QByteArray plu(240000, '\0');
   plu.replace(0, 4, "PANE");
   plu[27] = 100;
-  cartella.scrivi(QStringLiteral("plu.bin"), plu);
+  cartella.write(QStringLiteral("plu.bin"), plu);
   avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--giornata"), QStringLiteral("20"),
          QStringLiteral("--seme"), QStringLiteral("3")});
   EXPECT_TRUE(riga().startsWith("ECRSIM giornata di 20 scontrini, incasso "));
   EXPECT_TRUE(riga().startsWith("ECRSIM pronto su "));
-  EXPECT_EQ(cartella.leggi(QStringLiteral("venduto.bin")).size(), 60000);
+  EXPECT_EQ(cartella.read(QStringLiteral("venduto.bin")).size(), 60000);
 }
 
 TEST_F(Programma, UnIndirizzoNonLocaleSiRifiuta) {
@@ -307,8 +305,8 @@ TEST_F(Programma, UnIndirizzoNonLocaleSiRifiuta) {
 }
 
 TEST_F(Programma, UnIndirizzoOccupatoSiRifiuta) {
-  const Cassa cassa;
-  avvia({QStringLiteral("--address"), cassa.indirizzo()});
+  const TestTill cassa;
+  avvia({QStringLiteral("--address"), cassa.address()});
   ASSERT_TRUE(processo.waitForFinished(10000));
   EXPECT_EQ(processo.exitCode(), 1);
 }
@@ -342,15 +340,15 @@ TEST_F(Programma, LaLineaSerialeRispondeAllaLetturaDelloStato) {
 }
 
 TEST(LineaSeriale, UnCollegamentoVecchioSiSostituisceUnFileNo) {
-  CartellaTemporanea cartella;
+  TemporaryFolder cartella;
   const QString linea = cartella.file(QStringLiteral("COM2"));
   ASSERT_TRUE(QFile::link(QStringLiteral("/dev/inesistente"), linea));
   const auto muta = [](const std::string&) { return std::string(); };
   {
-    const ecrsim::Seriale seriale(linea.toStdString(), muta);
+    const ecrsim::SerialLine seriale(linea.toStdString(), muta);
     EXPECT_TRUE(QFileInfo::exists(linea));
   }
-  cartella.scrivi(QStringLiteral("COM2"), "documento");
-  EXPECT_THROW(ecrsim::Seriale(linea.toStdString(), muta), std::system_error);
-  EXPECT_EQ(cartella.leggi(QStringLiteral("COM2")), "documento");
+  cartella.write(QStringLiteral("COM2"), "documento");
+  EXPECT_THROW(ecrsim::SerialLine(linea.toStdString(), muta), std::system_error);
+  EXPECT_EQ(cartella.read(QStringLiteral("COM2")), "documento");
 }

@@ -2,7 +2,7 @@
 
 #include <QLibrary>
 
-#include "scena.h"
+#include "link_scene.h"
 
 using namespace ecrlink;
 
@@ -11,7 +11,7 @@ namespace {
 /// The other maker's library and what it was called with.
 class Estranea {
  public:
-  Estranea() : libreria_(QStringLiteral(LIBRERIA_ESTRANEA "/libecrcom.so")) {
+  Estranea() : libreria_(QStringLiteral(FOREIGN_LIBRARY "/libecrcom.so")) {
     EXPECT_TRUE(libreria_.load()) << libreria_.errorString().toStdString();
     reinterpret_cast<void (*)()>(libreria_.resolve("estranea_dimentica"))();
   }
@@ -25,7 +25,7 @@ class Estranea {
 
 struct Comando : testing::Test {
   Estranea estranea;
-  Scena scena{QStringLiteral(LIBRERIA_ESTRANEA)};
+  Scena scena{QStringLiteral(FOREIGN_LIBRARY)};
   QString file = QStringLiteral("iva.bin");
   QString risposta = QStringLiteral("di prima");
 
@@ -93,19 +93,19 @@ TEST_F(Comando, LaChiusuraFiscaleVaDaSola) {
 
 TEST(ComandoSullaCassa, LaRispostaDellaCassaSiLeggeInteraConIBlank) {
   Scena scena;
-  Cassa cassa({.rispostaInfo = "VER=3,BMP=S"});
-  commonForKora().IP_ECR = cassa.indirizzo();
+  TestTill cassa({.infoReply = "VER=3,BMP=S"});
+  commonForKora().IP_ECR = cassa.address();
   QString nessuno;
   QString risposta;
   EXPECT_EQ(ComandoECR(nessuno, Modo::EcrInfo, risposta, scena.contesto), 0);
   EXPECT_EQ(risposta, QStringLiteral("VER=3,BMP=S").leftJustified(256, QLatin1Char(' ')));
-  EXPECT_EQ(commonForKora().IP_ECR, cassa.indirizzo());
+  EXPECT_EQ(commonForKora().IP_ECR, cassa.address());
 }
 
 TEST(AvviaECR, UnAperturaRifiutataFermaTutto) {
   Scena scena;
-  Cassa cassa({.stato = 'V'});
-  commonForKora().IP_ECR = cassa.indirizzo();
+  TestTill cassa({.state = 'V'});
+  commonForKora().IP_ECR = cassa.address();
   EXPECT_EQ(avviaECR(QString(), Modo::AzzeraVenduto, scena.contesto), 1);
   EXPECT_EQ(scena.riquadri(), std::vector{erroreDiComunicazione(
                                   QStringLiteral("Comando rifiutato nello stato attuale della cassa"))});
@@ -114,19 +114,19 @@ TEST(AvviaECR, UnAperturaRifiutataFermaTutto) {
 
 TEST(AvviaECR, UnComandoFallitoLasciaApertoIlTrasferimento) {
   Scena scena;
-  Cassa cassa;
-  commonForKora().IP_ECR = cassa.indirizzo();
+  TestTill cassa;
+  commonForKora().IP_ECR = cassa.address();
   EXPECT_EQ(avviaECR(QStringLiteral("ignoto.bin"), Modo::Ricevi, scena.contesto), 1);
   EXPECT_EQ(scena.riquadri(),
             std::vector{erroreDiComunicazione(QStringLiteral("File sconosciuto alla cassa o assente"))});
   EXPECT_EQ(chiamateDi(cassa), (QStringList{QStringLiteral("1:"), QStringLiteral("7:ignoto.bin")}));
-  EXPECT_TRUE(cassa->trasferimentoAperto());
+  EXPECT_TRUE(cassa->transferOpen());
 }
 
 TEST(AvviaECR, UnaChiusuraFallitaContaComeFallimento) {
   Scena scena;
-  Cassa cassa({.guasti = {{.modo = 2, .cosa = ecrsim::Cosa::Codice, .codice = 16}}});
-  commonForKora().IP_ECR = cassa.indirizzo();
+  TestTill cassa({.faults = {{.mode = 2, .what = ecrsim::FaultKind::Code, .code = 16}}});
+  commonForKora().IP_ECR = cassa.address();
   EXPECT_EQ(avviaECR(QString(), Modo::AzzeraVenduto, scena.contesto), 1);
   EXPECT_EQ(scena.riquadri(),
             std::vector{erroreDiComunicazione(QStringLiteral("Errore nella memoria della cassa"))});
@@ -136,8 +136,8 @@ TEST(AvviaECR, UnaChiusuraFallitaContaComeFallimento) {
 
 TEST(AvviaECR, SeLaChiusuraFiscaleFallisceNonSiChiudeNulla) {
   Scena scena;
-  Cassa cassa({.guasti = {{.modo = 8, .cosa = ecrsim::Cosa::Codice, .codice = 7}}});
-  commonForKora().IP_ECR = cassa.indirizzo();
+  TestTill cassa({.faults = {{.mode = 8, .what = ecrsim::FaultKind::Code, .code = 7}}});
+  commonForKora().IP_ECR = cassa.address();
   EXPECT_EQ(avviaECR(QString(), Modo::ChiusuraFiscale, scena.contesto), 1);
   EXPECT_EQ(scena.riquadri(), std::vector{erroreDiComunicazione(
                                   QStringLiteral("Comando rifiutato nello stato attuale della cassa"))});
@@ -154,7 +154,7 @@ TEST(AvviaECR, SenzaLaLibreriaLoDiceERendeUno) {
 
 TEST(ControllaFile, SeCERendeZeroESeMancaUno) {
   Scena scena;
-  scena.cartella.scrivi(QStringLiteral("venduto.bin"), "x");
+  scena.cartella.write(QStringLiteral("venduto.bin"), "x");
   EXPECT_EQ(ControllaFile(QStringLiteral("venduto.bin"), true, scena.contesto), 0);
   EXPECT_EQ(ControllaFile(QStringLiteral("fatture.bin"), false, scena.contesto), 1);
   EXPECT_EQ(ControllaFile(QString(), false, scena.contesto), 1);
@@ -163,8 +163,8 @@ TEST(ControllaFile, SeCERendeZeroESeMancaUno) {
 TEST(ControllaFile, SeRichiestoDiceCheManca) {
   Scena scena;
   EXPECT_EQ(ControllaFile(QStringLiteral("fatture.bin"), true, scena.contesto), 1);
-  const std::vector<Riquadro> attesi{
-      {QStringLiteral("STATO DELLA CASSA NON CONGRUENTE \r\nfatture.bin non presente !!!"), Icona::Nessuna,
-       QStringLiteral("ATTENZIONE"), Pulsanti::OK}};
+  const std::vector<Box> attesi{
+      {QStringLiteral("STATO DELLA CASSA NON CONGRUENTE \r\nfatture.bin non presente !!!"), Icon::None,
+       QStringLiteral("ATTENZIONE"), Buttons::Ok}};
   EXPECT_EQ(scena.riquadri(), attesi);
 }

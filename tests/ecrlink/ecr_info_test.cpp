@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/stato.h"
+#include "core/state.h"
 
 using ecrlink::ParseInfoECR;
 

@@ -9,7 +9,7 @@
 #include <csignal>
 #include <functional>
 
-#include "scena.h"
+#include "link_scene.h"
 
 using namespace ecrlink;
 
@@ -30,12 +30,12 @@ QByteArray comeFile(const Byte& byte) {
   return {reinterpret_cast<const char*>(byte.data()), static_cast<qsizetype>(byte.size())};
 }
 
-Riquadro erroreDiCreazione(const QString& numeroEDescrizione) {
+Box erroreDiCreazione(const QString& numeroEDescrizione) {
   return semplice(QStringLiteral("Error ") + numeroEDescrizione +
                   QStringLiteral(" in procedure CreaFileProgrammazione of Modulo Common_PRG"));
 }
 
-Riquadro erroreDiLettura(const QString& numeroEDescrizione) {
+Box erroreDiLettura(const QString& numeroEDescrizione) {
   return semplice(QStringLiteral("Error ") + numeroEDescrizione +
                   QStringLiteral(" in procedure ReadByteFromFile of Modulo CommonForKora"));
 }
@@ -88,15 +88,15 @@ class CartellaSolaLettura {
 
 struct CanaleFile : testing::Test {
   Scena scena;
-  Cassa cassa;
-  void SetUp() override { commonForKora().IP_ECR = cassa.indirizzo(); }
+  TestTill cassa;
+  void SetUp() override { commonForKora().IP_ECR = cassa.address(); }
 };
 
 }  // namespace
 
 TEST_F(CanaleFile, LImmagineArrivaSullaCassaConIlSuoByteInPiu) {
   EXPECT_EQ(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.leggi(kIva), comeFile(immagine(232)));
+  EXPECT_EQ(scena.cartella.read(kIva), comeFile(immagine(232)));
   EXPECT_EQ(cassa.byte(kIva), comeFile(immagine(232)));
   EXPECT_EQ(chiamateDi(cassa),
             (QStringList{QStringLiteral("1:"), QStringLiteral("6:iva.bin"), QStringLiteral("2:")}));
@@ -104,31 +104,31 @@ TEST_F(CanaleFile, LImmagineArrivaSullaCassaConIlSuoByteInPiu) {
 
 TEST_F(CanaleFile, IlPLUArrivaDiDuecentoquarantamilaByteEsatti) {
   EXPECT_EQ(SendPRGTo_ECR(immagine(240000), kPlu, scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.leggi(kPlu), QByteArray(240000, 0x42));
+  EXPECT_EQ(scena.cartella.read(kPlu), QByteArray(240000, 0x42));
   EXPECT_EQ(cassa.byte(kPlu), QByteArray(240000, 0x42));
 }
 
 TEST_F(CanaleFile, UnVecchioPLUDi240001ByteTornaDi240000) {
-  scena.cartella.scrivi(kPlu, QByteArray(240001, 'v'));
+  scena.cartella.write(kPlu, QByteArray(240001, 'v'));
   EXPECT_EQ(SendPRGTo_ECR(immagine(240000), kPlu, scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.leggi(kPlu), QByteArray(240000, 0x42));
+  EXPECT_EQ(scena.cartella.read(kPlu), QByteArray(240000, 0x42));
   EXPECT_EQ(cassa.byte(kPlu).size(), 240000);
 }
 
 TEST_F(CanaleFile, DiUnVecchioFilePiuLungoRestaLaCoda) {
-  scena.cartella.scrivi(kIva, QByteArray(500, 'v'));
+  scena.cartella.write(kIva, QByteArray(500, 'v'));
   EXPECT_EQ(CreaFileProgrammazione(kIva, immagine(232), scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.leggi(kIva), comeFile(immagine(232)) + QByteArray(500 - 233, 'v'));
+  EXPECT_EQ(scena.cartella.read(kIva), comeFile(immagine(232)) + QByteArray(500 - 233, 'v'));
 }
 
 TEST_F(CanaleFile, IlNomeInMaiuscoloNonSiTaglia) {
   EXPECT_EQ(CreaFileProgrammazione(QStringLiteral("PLU.BIN"), immagine(240000), scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.leggi(QStringLiteral("PLU.BIN")).size(), 240001);
+  EXPECT_EQ(scena.cartella.read(QStringLiteral("PLU.BIN")).size(), 240001);
 }
 
 TEST_F(CanaleFile, UnPercorsoCheFinisceInPluBinNonSiTaglia) {
   EXPECT_EQ(CreaFileProgrammazione(QStringLiteral("./plu.bin"), immagine(480), scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.leggi(kPlu).size(), 481);
+  EXPECT_EQ(scena.cartella.read(kPlu).size(), 481);
 }
 
 TEST_F(CanaleFile, SenzaIndirizzoFallisceConIlTestoDellaLibreria) {
@@ -140,18 +140,18 @@ TEST_F(CanaleFile, SenzaIndirizzoFallisceConIlTestoDellaLibreria) {
 }
 
 TEST_F(CanaleFile, UnInvioRifiutatoLasciaIlFileEIlTrasferimentoAperto) {
-  cassa->guasti({{.modo = 6, .cosa = ecrsim::Cosa::Codice, .codice = 16}});
+  cassa->faults({{.mode = 6, .what = ecrsim::FaultKind::Code, .code = 16}});
   EXPECT_EQ(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 1);
   EXPECT_EQ(scena.riquadri(),
             (std::vector{erroreDiComunicazione(QStringLiteral("Errore nella memoria della cassa")),
                          semplice(QStringLiteral("Fallita operazione trasferimento iva.bin"))}));
-  EXPECT_EQ(scena.cartella.leggi(kIva), comeFile(immagine(232)));
-  EXPECT_TRUE(cassa->trasferimentoAperto());
+  EXPECT_EQ(scena.cartella.read(kIva), comeFile(immagine(232)));
+  EXPECT_TRUE(cassa->transferOpen());
 }
 
 TEST_F(CanaleFile, UnErroreImprevistoNellInvioSiDice) {
-  scena.utente.alRiquadro = [](const Riquadro& riquadro) {
-    if (riquadro.testo.startsWith(QStringLiteral("Fallita")))
+  scena.utente.onBox = [](const Box& riquadro) {
+    if (riquadro.text.startsWith(QStringLiteral("Fallita")))
       throw Errore{7, QStringLiteral("Memoria esaurita")};
   };
   commonForKora().IP_ECR.clear();
@@ -199,44 +199,44 @@ TEST_F(CanaleFile, UnPLUCheNonSiPuoTagliareNonParte) {
 }
 
 TEST_F(CanaleFile, TagliareFunzionaInEntrambiIVersi) {
-  scena.cartella.scrivi(kIva, "abcdef");
+  scena.cartella.write(kIva, "abcdef");
   TagliaFile(kIva, 3);
-  EXPECT_EQ(scena.cartella.leggi(kIva), "abc");
+  EXPECT_EQ(scena.cartella.read(kIva), "abc");
   TagliaFile(kIva, 5);
-  EXPECT_EQ(scena.cartella.leggi(kIva), QByteArray("abc\0\0", 5));
+  EXPECT_EQ(scena.cartella.read(kIva), QByteArray("abc\0\0", 5));
 }
 
 TEST_F(CanaleFile, TagliareUnFileAssenteEErrore53ENonLoCrea) {
-  EXPECT_EQ(numeroDi([] { TagliaFile(kIva, 3); }), errore::kFileAssente);
+  EXPECT_EQ(numeroDi([] { TagliaFile(kIva, 3); }), errors::kFileMissing);
   EXPECT_FALSE(QFile::exists(kIva));
 }
 
 TEST_F(CanaleFile, TagliareDoveNonSiPuoEErrore5) {
-  scena.cartella.scrivi(kIva, "abcdef");
-  EXPECT_EQ(numeroDi([] { TagliaFile(kIva, -1); }), errore::kArgomento);
+  scena.cartella.write(kIva, "abcdef");
+  EXPECT_EQ(numeroDi([] { TagliaFile(kIva, -1); }), errors::kBadArgument);
   {
     const DiscoPieno pieno(100);
-    EXPECT_EQ(numeroDi([] { TagliaFile(kIva, 1000); }), errore::kArgomento);
+    EXPECT_EQ(numeroDi([] { TagliaFile(kIva, 1000); }), errors::kBadArgument);
   }
-  EXPECT_EQ(scena.cartella.leggi(kIva), "abcdef");
+  EXPECT_EQ(scena.cartella.read(kIva), "abcdef");
 }
 
 TEST_F(CanaleFile, LeggereRiempieLImmagineDallInizio) {
-  scena.cartella.scrivi(kIva, QByteArray(300, 'n'));
+  scena.cartella.write(kIva, QByteArray(300, 'n'));
   Byte letta(232, 0xA5);
   EXPECT_EQ(ReadByteFromFile(letta, kIva, scena.contesto), 0);
   EXPECT_EQ(letta, Byte(232, 'n'));
 }
 
 TEST_F(CanaleFile, UnFilePiuCortoLasciaIlRestoComEra) {
-  scena.cartella.scrivi(kIva, "abc");
+  scena.cartella.write(kIva, "abc");
   Byte letta(6, 0xA5);
   EXPECT_EQ(ReadByteFromFile(letta, kIva, scena.contesto), 0);
   EXPECT_EQ(letta, (Byte{'a', 'b', 'c', 0xA5, 0xA5, 0xA5}));
 }
 
 TEST_F(CanaleFile, LeggereUnFileVuotoNonCambiaNulla) {
-  scena.cartella.scrivi(kIva, "");
+  scena.cartella.write(kIva, "");
   Byte letta(6, 0xA5);
   EXPECT_EQ(ReadByteFromFile(letta, kIva, scena.contesto), 0);
   EXPECT_EQ(letta, Byte(6, 0xA5));
@@ -258,7 +258,7 @@ TEST_F(CanaleFile, LeggereUnaCartellaSiDice) {
 }
 
 TEST_F(CanaleFile, RicevereELeggereRidannoCioCheLaCassaHa) {
-  cassa.metti(kIva, QByteArray(232, 'c'));
+  cassa.put(kIva, QByteArray(232, 'c'));
   EXPECT_EQ(avviaECR(kIva, Modo::Ricevi, scena.contesto), 0);
   Byte letta(232);
   EXPECT_EQ(ReadByteFromFile(letta, kIva, scena.contesto), 0);

@@ -9,12 +9,12 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "articles/altri.h"
 #include "articles/article_database.h"
-#include "articles/schermo_guidato.h"
+#include "articles/guided_screen.h"
+#include "articles/others.h"
 #include "controls/FlexGrid.h"
-#include "sales/con_locale.h"
-#include "sales/registro_venduto.h"
+#include "sales/sales_ledger.h"
+#include "sales/with_locale.h"
 
 namespace {
 
@@ -27,12 +27,11 @@ const QString kEsci = QStringLiteral("Cmd_Esci");
 const QString kCodEan = QStringLiteral("vkTextBoxCodEan");
 const QString kDescrizione = QStringLiteral("vkTextBoxDescrizione");
 
-const Riquadro kGrave =
-    riquadro(QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. "
-                            "PROCEDURA ABORTITA !!!"),
-             Icona::Critica);
-const Riquadro kSenzaSconto = riquadro(
-    QStringLiteral("3265 - Elemento 'Sconto_giornaliero' non trovato in questo insieme."), Icona::Critica);
+const Box kGrave = riquadro(QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. "
+                                           "PROCEDURA ABORTITA !!!"),
+                            Icon::Critical);
+const Box kSenzaSconto = riquadro(
+    QStringLiteral("3265 - Elemento 'Sconto_giornaliero' non trovato in questo insieme."), Icon::Critical);
 
 class ArchivioVenduto : public testing::Test {
  protected:
@@ -84,11 +83,11 @@ class ArchivioVenduto : public testing::Test {
   static QString oggi() { return QDate::currentDate().toString(QStringLiteral("yyyyMMdd")); }
   QByteArray esportato(const SchermoGuidato& schermo) {
     const QString file = bottega.cartella.file(QStringLiteral("venduto.csv"));
-    bottega.utente.sceglie(file);
+    bottega.utente.chooses(file);
     schermo.clic(kExport);
     attendi(bottega, {riquadro(QStringLiteral("Creazione del file ") + file + QStringLiteral(" terminata."),
-                               Icona::Informazione)});
-    return bottega.cartella.leggi(QStringLiteral("venduto.csv"));
+                               Icon::Information)});
+    return bottega.cartella.read(QStringLiteral("venduto.csv"));
   }
 
   ConLocale locale{"C"};
@@ -218,7 +217,7 @@ TEST_F(ArchivioVenduto, UnaRigaConZeroPezziFermaLElencoDoveEArrivato) {
       bottega,
       {{.ean = QStringLiteral("A")}, {.ean = QStringLiteral("B"), .pezzi = 0}, {.ean = QStringLiteral("C")}});
   const SchermoGuidato schermo(bottega, kSchermo);
-  attendi(bottega, {riquadro(QStringLiteral("RiempiGridCentral 11 - Divisione per zero"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("RiempiGridCentral 11 - Divisione per zero"), Icon::Critical)});
   EXPECT_EQ(griglia(schermo).Rows(), 6);
   EXPECT_EQ(riga(schermo, 1).at(7), QStringLiteral("2.500"));
   EXPECT_EQ(riga(schermo, 2).join(u'|'), QStringLiteral("2|20/11/2026|B|8001120000016|PANE||||"));
@@ -230,9 +229,9 @@ TEST_F(ArchivioVenduto, UnaRigaConZeroPezziFermaLElencoDoveEArrivato) {
 TEST_F(ArchivioVenduto, SenzaLaTabellaDelVendutoIlProgrammaFinisceConIlMessaggioGrave) {
   bottega.apriVuoto({QStringLiteral("CREATE TABLE ALTRA (A TEXT)")});
   varGlobal().FlagAnomalia = kFalso;
-  EXPECT_THROW(bottega.schermate.mostra(kSchermo, bottega.contesto), ProgrammaTerminato);
+  EXPECT_THROW(bottega.schermate.mostra(kSchermo, bottega.contesto), ProgramEnded);
   attendi(bottega, {kGrave});
-  EXPECT_TRUE(bottega.utente.terminato());
+  EXPECT_TRUE(bottega.utente.terminated());
   EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
 }
 
@@ -245,9 +244,9 @@ TEST_F(ArchivioVenduto, AllAperturaFlagAnomaliaSiAzzera) {
 TEST_F(ArchivioVenduto, UnaColonnaCheMancaSiDiceColNomeDellaProceduraELElencoRestaVuoto) {
   bottega.apriVuoto({QStringLiteral("CREATE TABLE TAB_VENDUTO (Data TEXT)")});
   const SchermoGuidato schermo(bottega, kSchermo);
-  attendi(bottega, {riquadro(QStringLiteral("RiempiGridCentral 3061 - *"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("RiempiGridCentral 3061 - *"), Icon::Critical)});
   EXPECT_EQ(griglia(schermo).Rows(), 2);
-  EXPECT_FALSE(bottega.utente.terminato());
+  EXPECT_FALSE(bottega.utente.terminated());
 }
 
 TEST_F(ArchivioVenduto, UnArchivioBloccatoSiDiceEVisualizzaTuttiRiprova) {
@@ -257,7 +256,7 @@ TEST_F(ArchivioVenduto, UnArchivioBloccatoSiDiceEVisualizzaTuttiRiprova) {
     const AltroProgramma altro(varGlobal().NomeDB_Articoli, {QStringLiteral("BEGIN EXCLUSIVE")});
     schermo.clic(kTutti);
   }
-  attendi(bottega, {riquadro(QStringLiteral("RiempiGridCentral 3260 - *"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("RiempiGridCentral 3260 - *"), Icon::Critical)});
   EXPECT_EQ(griglia(schermo).Rows(), 2);
   schermo.clic(kTutti);
   EXPECT_EQ(griglia(schermo).Rows(), 4);
@@ -319,7 +318,7 @@ TEST_F(ArchivioVenduto, UnInizioDopoLaFineDaUnElencoVuoto) {
   scegliData(schermo, {}, QStringLiteral("20261130"));
   scegliData(schermo, QStringLiteral("Fine"), QStringLiteral("20261101"));
   schermo.clic(kCerca);
-  EXPECT_TRUE(bottega.utente.prendiRiquadri().empty());
+  EXPECT_TRUE(bottega.utente.takeBoxes().empty());
   EXPECT_EQ(griglia(schermo).Rows(), 2);
   EXPECT_EQ(riga(schermo, 1).join(QString()), QString());
   EXPECT_FALSE(griglia(schermo).CellBackColor(1, 1).isValid());
@@ -334,7 +333,7 @@ TEST_F(ArchivioVenduto, UnElencoPiuLungoDopoUnoCortoNonTieneITotaliDiPrima) {
   schermo.clic(kCerca);
   schermo.clic(kReset);
   schermo.clic(kCerca);
-  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 4U);
+  EXPECT_EQ(bottega.utente.takeBoxes().size(), 4U);
   EXPECT_EQ(griglia(schermo).Rows(), 6);
   EXPECT_FALSE(griglia(schermo).CellBackColor(3, 7).isValid());
   EXPECT_EQ(riga(schermo, 4).join(u'|'), QStringLiteral("| |||||||"));
@@ -373,7 +372,7 @@ TEST_F(ArchivioVenduto, UnApostrofoNelFiltroSiDiceELElencoResta) {
   const SchermoGuidato schermo(bottega, kSchermo);
   scrivi(schermo, kDescrizione, QStringLiteral("L'ORO"));
   schermo.clic(kCerca);
-  attendi(bottega, {riquadro(QStringLiteral("3075 - *"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("3075 - *"), Icon::Critical)});
   EXPECT_EQ(griglia(schermo).Rows(), 4);
   EXPECT_EQ(griglia(schermo).TextMatrix(3, 1), QStringLiteral("TOTALE"));
 }
@@ -386,7 +385,7 @@ TEST_F(ArchivioVenduto, UnArchivioBloccatoInCercaSiDiceSenzaNomeDiProceduraELEle
     const AltroProgramma altro(varGlobal().NomeDB_Articoli, {QStringLiteral("BEGIN EXCLUSIVE")});
     schermo.clic(kCerca);
   }
-  attendi(bottega, {riquadro(QStringLiteral("3260 - *"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("3260 - *"), Icon::Critical)});
   EXPECT_EQ(griglia(schermo).Rows(), 4);
   EXPECT_EQ(griglia(schermo).TextMatrix(3, 1), QStringLiteral("TOTALE"));
 }
@@ -404,10 +403,10 @@ TEST_F(ArchivioVenduto, CercaMostra000PerUnImportoNullo) {
 TEST_F(ArchivioVenduto, IPezziNulliSonoZeroELaMediaSiDice) {
   registra(bottega, {{.pezzi = {}}});
   const SchermoGuidato schermo(bottega, kSchermo);
-  attendi(bottega, {riquadro(QStringLiteral("RiempiGridCentral 11 - Divisione per zero"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("RiempiGridCentral 11 - Divisione per zero"), Icon::Critical)});
   periodoLargo(schermo);
   schermo.clic(kCerca);
-  attendi(bottega, {riquadro(QStringLiteral("11 - Divisione per zero"), Icona::Critica), kSenzaSconto});
+  attendi(bottega, {riquadro(QStringLiteral("11 - Divisione per zero"), Icon::Critical), kSenzaSconto});
   EXPECT_EQ(griglia(schermo).TextMatrix(1, 6), QStringLiteral("0"));
   EXPECT_EQ(griglia(schermo).TextMatrix(3, 6), QStringLiteral("0.000"));
 }
@@ -415,11 +414,11 @@ TEST_F(ArchivioVenduto, IPezziNulliSonoZeroELaMediaSiDice) {
 TEST_F(ArchivioVenduto, InCercaUnaDivisionePerZeroSiDiceESiVaAvanti) {
   registra(bottega, {{.ean = QStringLiteral("A"), .importo = 300, .pezzi = 0}, {.ean = QStringLiteral("B")}});
   const SchermoGuidato schermo(bottega, kSchermo);
-  bottega.utente.prendiRiquadri();
+  bottega.utente.takeBoxes();
   periodoLargo(schermo);
   schermo.clic(kCerca);
   attendi(bottega,
-          {riquadro(QStringLiteral("11 - Divisione per zero"), Icona::Critica), kSenzaSconto, kSenzaSconto});
+          {riquadro(QStringLiteral("11 - Divisione per zero"), Icon::Critical), kSenzaSconto, kSenzaSconto});
   EXPECT_EQ(riga(schermo, 1).join(u'|'), QStringLiteral("1|20/11/2026|A|8001120000016|PANE||0|3.000|"));
   EXPECT_EQ(riga(schermo, 4).join(u'|'), QStringLiteral("|TOTALE||||1.250|2.000|5.500|0.000"));
 }
@@ -429,7 +428,7 @@ TEST_F(ArchivioVenduto, SenzaTabellaCercaFinisceIlProgramma) {
   bottega.esegui(QStringLiteral("DROP TABLE TAB_VENDUTO"));
   schermo.clic(kCerca);
   attendi(bottega, {kGrave});
-  EXPECT_TRUE(bottega.utente.terminato());
+  EXPECT_TRUE(bottega.utente.terminated());
 }
 
 TEST_F(ArchivioVenduto, SottoIMessaggiDiCercaLoSchermoSiDipingeELaListaArrivaIntera) {
@@ -439,13 +438,13 @@ TEST_F(ArchivioVenduto, SottoIMessaggiDiCercaLoSchermoSiDipingeELaListaArrivaInt
   griglia(schermo).scrollToBottom();
   periodoLargo(schermo);
   scrivi(schermo, kCodEan, QStringLiteral("Z"));
-  bottega.utente.alRiquadro = [&](const Riquadro&) {
+  bottega.utente.onBox = [&](const Box&) {
     griglia(schermo).viewport()->repaint();
     schermo.finestra().resize(schermo.finestra().size() + QSize(1, 1));
     QCoreApplication::processEvents();
   };
   schermo.clic(kCerca);
-  bottega.utente.alRiquadro = nullptr;
+  bottega.utente.onBox = nullptr;
   attendi(bottega, {kSenzaSconto, kSenzaSconto});
   EXPECT_EQ(griglia(schermo).Rows(), 5);
   EXPECT_EQ(griglia(schermo).model()->rowCount(), 4);
@@ -481,7 +480,7 @@ TEST_F(ArchivioVenduto, InvioNellaGrigliaSceglieComeIlClic) {
   schermo.tasto(Qt::Key_Return);
   EXPECT_EQ(griglia(schermo).Row(), 2);
   EXPECT_EQ(griglia(schermo).Col(), 6);
-  EXPECT_TRUE(bottega.utente.prendiRiquadri().empty()) << "no search";
+  EXPECT_TRUE(bottega.utente.takeBoxes().empty()) << "no search";
 }
 
 TEST_F(ArchivioVenduto, InvioNeiCampiCerca) {
@@ -537,8 +536,8 @@ TEST_F(ArchivioVenduto, LExportHaTutteLeRigheTotaliCompresiSenzaTestataNeNumero)
             QByteArray("20/11/2026;A1;8001120000016;CAFF\xC8 \x80;4.167;3;12.500;0.500\r\n"
                        " ;;;;;;;\r\n"
                        "TOTALE;;;;4.167;3.000;12.500;0.500\r\n"));
-  ASSERT_EQ(bottega.utente.finestre().size(), 1U);
-  EXPECT_EQ(bottega.utente.finestre()[0].filtro, QStringLiteral("csv (*.csv)|*.csv"));
+  ASSERT_EQ(bottega.utente.requests().size(), 1U);
+  EXPECT_EQ(bottega.utente.requests()[0].filter, QStringLiteral("csv (*.csv)|*.csv"));
 }
 
 TEST_F(ArchivioVenduto, LExportScriveITestiComeSonoAncheConSeparatoriEACapo) {
@@ -565,18 +564,18 @@ TEST_F(ArchivioVenduto, LExportDiUnElencoVuotoScriveUnaRigaDiColonneVuote) {
 
 TEST_F(ArchivioVenduto, UnExportAnnullatoOSenzaNomeNonScriveNulla) {
   const SchermoGuidato schermo(bottega, kSchermo);
-  bottega.utente.sceglie(std::nullopt).sceglie(QString());
+  bottega.utente.chooses(std::nullopt).chooses(QString());
   schermo.clic(kExport);
   schermo.clic(kExport);
-  EXPECT_TRUE(bottega.utente.prendiRiquadri().empty());
+  EXPECT_TRUE(bottega.utente.takeBoxes().empty());
 }
 
 TEST_F(ArchivioVenduto, UnFileCheNonSiPuoScrivereSiDiceENonLasciaUnMozzicone) {
   registra(bottega, {{}});
   const SchermoGuidato schermo(bottega, kSchermo);
-  bottega.utente.sceglie(bottega.cartella.file(QStringLiteral("assente/v.csv")));
+  bottega.utente.chooses(bottega.cartella.file(QStringLiteral("assente/v.csv")));
   schermo.clic(kExport);
-  attendi(bottega, {riquadro(QStringLiteral("76 - Impossibile scrivere il file *"), Icona::Critica)});
+  attendi(bottega, {riquadro(QStringLiteral("76 - Impossibile scrivere il file *"), Icon::Critical)});
   EXPECT_FALSE(QFile::exists(bottega.cartella.file(QStringLiteral("assente"))));
 }
 
@@ -585,12 +584,12 @@ TEST_F(ArchivioVenduto, UnFileCheNonSiPuoScrivereSiDiceENonLasciaUnMozzicone) {
 TEST_F(ArchivioVenduto, UnPassaggioPerRecordELoSchermoNonSiDipinge) {
   registra(bottega, vendutoDiProva(50));
   const SchermoGuidato schermo(bottega, kSchermo);
-  const int prima = bottega.utente.passaggi();
+  const int prima = bottega.utente.passes();
   bool ferma = true;
-  bottega.utente.alPassaggio = [&] { ferma = ferma && !griglia(schermo).Redraw(); };
+  bottega.utente.onPass = [&] { ferma = ferma && !griglia(schermo).Redraw(); };
   schermo.clic(kTutti);
-  bottega.utente.alPassaggio = nullptr;
-  EXPECT_EQ(bottega.utente.passaggi() - prima, 50);
+  bottega.utente.onPass = nullptr;
+  EXPECT_EQ(bottega.utente.passes() - prima, 50);
   EXPECT_TRUE(ferma);
   EXPECT_TRUE(griglia(schermo).Redraw());
 }
@@ -598,12 +597,12 @@ TEST_F(ArchivioVenduto, UnPassaggioPerRecordELoSchermoNonSiDipinge) {
 TEST_F(ArchivioVenduto, ClicEscEChiusuraImbucatiAOgniPassaggioNonFannoNulla) {
   registra(bottega, vendutoDiProva(50));
   const SchermoGuidato schermo(bottega, kSchermo);
-  const int prima = bottega.utente.passaggi();
-  bottega.utente.alPassaggio = [&] { schermo.impazienza(kTutti); };
+  const int prima = bottega.utente.passes();
+  bottega.utente.onPass = [&] { schermo.impazienza(kTutti); };
   schermo.clic(kTutti);
-  bottega.utente.alPassaggio = nullptr;
+  bottega.utente.onPass = nullptr;
   EXPECT_TRUE(schermo.vivo());
-  EXPECT_EQ(bottega.utente.passaggi() - prima, 50);
+  EXPECT_EQ(bottega.utente.passes() - prima, 50);
   EXPECT_EQ(griglia(schermo).Rows(), 53);
 }
 

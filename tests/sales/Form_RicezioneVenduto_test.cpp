@@ -8,10 +8,10 @@
 #include <QTest>
 #include <algorithm>
 
-#include "articles/altri.h"
 #include "articles/article_database.h"
-#include "articles/bottega.h"
-#include "articles/schermo_guidato.h"
+#include "articles/back_room.h"
+#include "articles/guided_screen.h"
+#include "articles/others.h"
 
 namespace {
 
@@ -31,27 +31,24 @@ constexpr QFile::Permissions kDiTutti = QFile::ReadOwner | QFile::WriteOwner | Q
                                         QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 const QByteArray kZeri(60000, '\0');
 
-const Riquadro kRicevuto =
-    riquadro(QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
-             Icona::Esclamazione);
-const Riquadro kAzzerato =
-    riquadro(QStringLiteral("ARCHIVIO DEL VENDUTO AZZERATO CORRETTAMENTE SULLA CASSA"), Icona::Esclamazione);
-const Riquadro kComunicazione =
-    riquadro(QStringLiteral("Errore nella comunicazione con ECR: *"), Icona::Critica);
-const Riquadro kErroreDati =
-    riquadro(QStringLiteral("Errore nell'invio richiesta dati del venduto"), Icona::Esclamazione);
-const Riquadro kErroreReset =
-    riquadro(QStringLiteral("Errore nell'invio richiesta reset dati del venduto"), Icona::Esclamazione);
-const Riquadro kErrore =
-    riquadro(QStringLiteral("Errore durante la trasmissione/ricezione. "), Icona::Esclamazione);
+const Box kRicevuto = riquadro(
+    QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"), Icon::Warning);
+const Box kAzzerato =
+    riquadro(QStringLiteral("ARCHIVIO DEL VENDUTO AZZERATO CORRETTAMENTE SULLA CASSA"), Icon::Warning);
+const Box kComunicazione = riquadro(QStringLiteral("Errore nella comunicazione con ECR: *"), Icon::Critical);
+const Box kErroreDati =
+    riquadro(QStringLiteral("Errore nell'invio richiesta dati del venduto"), Icon::Warning);
+const Box kErroreReset =
+    riquadro(QStringLiteral("Errore nell'invio richiesta reset dati del venduto"), Icon::Warning);
+const Box kErrore = riquadro(QStringLiteral("Errore durante la trasmissione/ricezione. "), Icon::Warning);
 
 QString oggi() {
   return QDate::currentDate().toString(QStringLiteral("yyyyMMdd"));
 }
 
-Riquadro caricamento(const QString& numero) {
+Box caricamento(const QString& numero) {
   return riquadro(QStringLiteral("Errore nel caricamento dati nella TAB_VENDUTO n° ") + numero,
-                  Icona::Critica);
+                  Icon::Critical);
 }
 
 class RicezioneVenduto : public testing::Test {
@@ -59,7 +56,7 @@ class RicezioneVenduto : public testing::Test {
   RicezioneVenduto() { registraRicezioneVenduto(bottega.schermate); }
 
   SchermoGuidato pronto() {
-    if (!varGlobal().DB_Articoli.aperto()) bottega.apriArchivio();
+    if (!varGlobal().DB_Articoli.isOpen()) bottega.apriArchivio();
     SchermoGuidato schermo(bottega, kSchermo);
     schermo.connetti(cassa);
     EXPECT_TRUE(schermo.abilitato(kAvvia));
@@ -67,8 +64,8 @@ class RicezioneVenduto : public testing::Test {
   }
   int venduti() { return bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO")); }
   int chiamate(int modo) {
-    const auto tutte = cassa->chiamate();
-    return static_cast<int>(std::ranges::count(tutte, modo, &ecrsim::Chiamata::modo));
+    const auto tutte = cassa->calls();
+    return static_cast<int>(std::ranges::count(tutte, modo, &ecrsim::Call::mode));
   }
   /// Another database, opened by its bare tables.
   void apriSenzaVenduto() {
@@ -77,7 +74,7 @@ class RicezioneVenduto : public testing::Test {
   }
 
   Bottega bottega;
-  Cassa cassa;
+  TestTill cassa;
 };
 
 TEST_F(RicezioneVenduto, AllAperturaLeDueOpzioniSonoScritteEAvviaESpento) {
@@ -96,7 +93,7 @@ TEST_F(RicezioneVenduto, AllAperturaLeDueOpzioniSonoScritteEAvviaESpento) {
 }
 
 TEST_F(RicezioneVenduto, UnaRigaPerOgniSlotVendutoEPoiLaCassaEAzzerata) {
-  cassa.venduto({{0, 1250, 3, -50}, {41, 990, 1, 0}, {4999, 100, 2, 10}});
+  cassa.sales({{0, 1250, 3, -50}, {41, 990, 1, 0}, {4999, 100, 2, 10}});
   const SchermoGuidato schermo = pronto();
   scriviArticoli(bottega, articoliDiProva(50));
   schermo.clic(kAvvia);
@@ -109,20 +106,20 @@ TEST_F(RicezioneVenduto, UnaRigaPerOgniSlotVendutoEPoiLaCassaEAzzerata) {
   EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Codice_Articolo from TAB_VENDUTO where id_plu = 42")),
             articoliDiProva(50).at(41).ean);
   EXPECT_TRUE(cassa.byte(kFile) == kZeri);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_TRUE(schermo.abilitato(kAvvia));
   EXPECT_TRUE(schermo.abilitato(kEsci));
   EXPECT_FALSE(schermo.abilitato(kConnetti));
 }
 
 TEST_F(RicezioneVenduto, LaBarraHaIlNumeroDelloSlotEdEUnPassaggioPerSlot) {
-  cassa.venduto({});
+  cassa.sales({});
   const SchermoGuidato schermo = pronto();
   std::vector<int> valori;
   const auto& barra = schermo.controllo<QProgressBar>(kBarra);
-  bottega.utente.alPassaggio = [&] { valori.push_back(barra.value()); };
+  bottega.utente.onPass = [&] { valori.push_back(barra.value()); };
   schermo.clic(kAvvia);
-  bottega.utente.alPassaggio = nullptr;
+  bottega.utente.onPass = nullptr;
   attendi(bottega, {kRicevuto});
   ASSERT_GE(valori.size(), 5000U);
   for (int i = 0; i < 5000; ++i) ASSERT_EQ(valori[static_cast<std::size_t>(i)], i);
@@ -131,7 +128,7 @@ TEST_F(RicezioneVenduto, LaBarraHaIlNumeroDelloSlotEdEUnPassaggioPerSlot) {
 }
 
 TEST_F(RicezioneVenduto, UnFileDiSoliZeriNonScriveRigheEAzzeraLaCassa) {
-  cassa.venduto({});
+  cassa.sales({});
   const SchermoGuidato schermo = pronto();
   schermo.clic(kAvvia);
   attendi(bottega, {kRicevuto});
@@ -140,7 +137,7 @@ TEST_F(RicezioneVenduto, UnFileDiSoliZeriNonScriveRigheEAzzeraLaCassa) {
 }
 
 TEST_F(RicezioneVenduto, UnoSlotDiSoliResiSiSaltaEIlSuoImportoSiPerde) {
-  cassa.venduto({{3, -500, -2, 0}, {4, 300, 0, 0}});
+  cassa.sales({{3, -500, -2, 0}, {4, 300, 0, 0}});
   const SchermoGuidato schermo = pronto();
   schermo.clic(kAvvia);
   attendi(bottega, {kRicevuto});
@@ -149,11 +146,11 @@ TEST_F(RicezioneVenduto, UnoSlotDiSoliResiSiSaltaEIlSuoImportoSiPerde) {
 }
 
 TEST_F(RicezioneVenduto, UnaSecondaRicezioneNelGiornoAggiungeUnaRigaAccantoAllAltra) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   const QString prima = oggi();
   schermo.clic(kAvvia);
-  cassa.venduto({{0, 250, 2, 0}});
+  cassa.sales({{0, 250, 2, 0}});
   schermo.clic(kAvvia);
   const QString dopo = oggi();
   attendi(bottega, {kRicevuto, kRicevuto});
@@ -165,16 +162,16 @@ TEST_F(RicezioneVenduto, UnaSecondaRicezioneNelGiornoAggiungeUnaRigaAccantoAllAl
 }
 
 TEST_F(RicezioneVenduto, SeLAzzeramentoFalliscePoiSiMemorizzanoDiNuovoLeStesseVendite) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
-  ecrsim::Guasto guasto;
-  guasto.modo = 5;
-  cassa->guasti({guasto});
+  ecrsim::Fault guasto;
+  guasto.mode = 5;
+  cassa->faults({guasto});
   schermo.clic(kAvvia);
   attendi(bottega, {kComunicazione, kErroreReset, kErrore});
   EXPECT_FALSE(schermo.vivo());
   EXPECT_EQ(venduti(), 1);
-  cassa->guasti({});
+  cassa->faults({});
   const SchermoGuidato ancora = pronto();
   ancora.clic(kAvvia);
   attendi(bottega, {kRicevuto});
@@ -182,7 +179,7 @@ TEST_F(RicezioneVenduto, SeLAzzeramentoFalliscePoiSiMemorizzanoDiNuovoLeStesseVe
 }
 
 TEST_F(RicezioneVenduto, UnoSlotSenzaArticoloNonDaRigheELeSueVenditeSiPerdono) {
-  cassa.venduto({{0, 100, 1, 0}, {9, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}, {9, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id = 10"));
   schermo.clic(kAvvia);
@@ -192,9 +189,9 @@ TEST_F(RicezioneVenduto, UnoSlotSenzaArticoloNonDaRigheELeSueVenditeSiPerdono) {
 }
 
 TEST_F(RicezioneVenduto, CinquemilaSlotVendutiDannoCinquemilaRighe) {
-  std::vector<Venduto> tutti;
+  std::vector<SlotSales> tutti;
   for (int i = 0; i < 5000; ++i) tutti.push_back({i, i, 1 + i % 9, i % 3});
-  cassa.venduto(tutti);
+  cassa.sales(tutti);
   const SchermoGuidato schermo = pronto();
   schermo.clic(kAvvia);
   attendi(bottega, {kRicevuto});
@@ -204,7 +201,7 @@ TEST_F(RicezioneVenduto, CinquemilaSlotVendutiDannoCinquemilaRighe) {
 }
 
 TEST_F(RicezioneVenduto, NonScriveIlMomentoInTabVarie) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   const QString prima = bottega.valore(QStringLiteral("SELECT Data_end_scarico from TAB_VARIE"));
   schermo.clic(kAvvia);
@@ -215,7 +212,7 @@ TEST_F(RicezioneVenduto, NonScriveIlMomentoInTabVarie) {
 // Clear only.
 
 TEST_F(RicezioneVenduto, LaSolaCancellazioneAzzeraLaCassaSenzaPrendereNulla) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   schermo.clic(kReset);
   ASSERT_TRUE(schermo.controllo<QRadioButton>(kReset).isChecked());
@@ -229,12 +226,12 @@ TEST_F(RicezioneVenduto, LaSolaCancellazioneAzzeraLaCassaSenzaPrendereNulla) {
 }
 
 TEST_F(RicezioneVenduto, LaSolaCancellazioneFallitaSiDiceELoSchermoSiChiude) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   schermo.clic(kReset);
-  ecrsim::Guasto guasto;
-  guasto.modo = 5;
-  cassa->guasti({guasto});
+  ecrsim::Fault guasto;
+  guasto.mode = 5;
+  cassa->faults({guasto});
   schermo.clic(kAvvia);
   attendi(bottega, {kComunicazione, kErroreReset, kErrore});
   EXPECT_FALSE(schermo.vivo());
@@ -244,7 +241,7 @@ TEST_F(RicezioneVenduto, LaSolaCancellazioneFallitaSiDiceELoSchermoSiChiude) {
 // The file whatever it holds.
 
 TEST_F(RicezioneVenduto, UnFileCortoValeZeroDietroLaSuaFine) {
-  cassa.metti(kFile, archivioVenduto({{0, 100, 1, 0}, {1, 200, 2, 0}}).left(20004));
+  cassa.put(kFile, salesArchive({{0, 100, 1, 0}, {1, 200, 2, 0}}).left(20004));
   const SchermoGuidato schermo = pronto();
   schermo.clic(kAvvia);
   attendi(bottega, {kRicevuto});
@@ -252,7 +249,7 @@ TEST_F(RicezioneVenduto, UnFileCortoValeZeroDietroLaSuaFine) {
 }
 
 TEST_F(RicezioneVenduto, UnFileLungoSiLeggeFinoAiSuoiSessantamilaByte) {
-  cassa.metti(kFile, archivioVenduto({{4999, 100, 1, 7}}) + QByteArray(5000, '\x7F'));
+  cassa.put(kFile, salesArchive({{4999, 100, 1, 7}}) + QByteArray(5000, '\x7F'));
   const SchermoGuidato schermo = pronto();
   schermo.clic(kAvvia);
   attendi(bottega, {kRicevuto});
@@ -263,12 +260,12 @@ TEST_F(RicezioneVenduto, UnFileLungoSiLeggeFinoAiSuoiSessantamilaByte) {
 
 TEST_F(RicezioneVenduto, SenzaFileSullaCassaNonSiMemorizzaQuelloDiIeri) {
   const SchermoGuidato schermo = pronto();
-  bottega.cartella.scrivi(kFile, archivioVenduto({{0, 100, 1, 0}}));
+  bottega.cartella.write(kFile, salesArchive({{0, 100, 1, 0}}));
   QFile::remove(cassa.file(kFile));
-  ecrsim::Guasto guasto;
-  guasto.modo = 7;
-  guasto.codice = 9;
-  cassa->guasti({guasto});
+  ecrsim::Fault guasto;
+  guasto.mode = 7;
+  guasto.code = 9;
+  cassa->faults({guasto});
   schermo.clic(kAvvia);
   attendi(bottega, {kComunicazione, kErroreDati, kErrore});
   EXPECT_FALSE(schermo.vivo());
@@ -277,7 +274,7 @@ TEST_F(RicezioneVenduto, SenzaFileSullaCassaNonSiMemorizzaQuelloDiIeri) {
 }
 
 TEST_F(RicezioneVenduto, SeIlFileNonSiPuoScrivereSulPcLaCassaTieneLeVendite) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   ASSERT_TRUE(QDir().mkdir(bottega.cartella.file(kFile)));
   schermo.clic(kAvvia);
@@ -287,27 +284,27 @@ TEST_F(RicezioneVenduto, SeIlFileNonSiPuoScrivereSulPcLaCassaTieneLeVendite) {
 }
 
 TEST(RicezioneVendutoConAltraLibreria, SeNonConsegnaIlFileQuelloDiIeriNonSiMemorizzaENullaSiAzzera) {
-  Bottega bottega{QStringLiteral(CARTELLA_SORDA)};
+  Bottega bottega{QStringLiteral(SILENT_FOLDER)};
   registraRicezioneVenduto(bottega.schermate);
   bottega.apriArchivio();
-  bottega.cartella.scrivi(kFile, archivioVenduto({{0, 100, 1, 0}}));
+  bottega.cartella.write(kFile, salesArchive({{0, 100, 1, 0}}));
   const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.scriviIndirizzo(indirizzoProprio());
+  schermo.scriviIndirizzo(ownAddress());
   schermo.clic(kConnetti);
   ASSERT_TRUE(schermo.abilitato(kAvvia));
-  bottega.cartella.scrivi(QStringLiteral("chiamate.txt"), {});
+  bottega.cartella.write(QStringLiteral("chiamate.txt"), {});
   schermo.clic(kAvvia);
-  attendi(bottega, {riquadro(QStringLiteral("Error 53 (*"), Icona::Nessuna), kErroreDati, kErrore});
+  attendi(bottega, {riquadro(QStringLiteral("Error 53 (*"), Icon::None), kErroreDati, kErrore});
   EXPECT_FALSE(schermo.vivo());
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO")), 0);
-  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("chiamate.txt")), QByteArray("1\n7\n2\n"));
+  EXPECT_EQ(bottega.cartella.read(QStringLiteral("chiamate.txt")), QByteArray("1\n7\n2\n"));
 }
 
 // A store that refuses.
 
 TEST_F(RicezioneVenduto, SenzaTabellaSiAnnullaELaCassaTieneLeVendite) {
   apriSenzaVenduto();
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   schermo.clic(kAvvia);
   attendi(bottega, {caricamento(QStringLiteral("3078\n*"))});
@@ -316,23 +313,23 @@ TEST_F(RicezioneVenduto, SenzaTabellaSiAnnullaELaCassaTieneLeVendite) {
   EXPECT_TRUE(schermo.abilitato(kEsci));
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_FALSE(cassa.byte(kFile) == kZeri);
-  EXPECT_EQ(bottega.area.livello(), 0);
-  EXPECT_FALSE(bottega.utente.terminato());
+  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_FALSE(bottega.utente.terminated());
 }
 
 TEST_F(RicezioneVenduto, UnaRigaRifiutataAMetaAnnullaAnchQuellePrima) {
-  cassa.venduto({{0, 100, 1, 0}, {1, 100, 1, 0}, {2, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}, {1, 100, 1, 0}, {2, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   bottega.esegui(QStringLiteral("CREATE UNIQUE INDEX solo_uno ON TAB_VENDUTO (Importo_giornaliero)"));
   schermo.clic(kAvvia);
   attendi(bottega, {caricamento(QStringLiteral("3022\n*"))});
   EXPECT_EQ(venduti(), 0);
   EXPECT_EQ(chiamate(5), 0);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(RicezioneVenduto, UnArchivioBloccatoDaUnAltroProgrammaLasciaLeVenditeSullaCassa) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   {
     const AltroProgramma altro(varGlobal().NomeDB_Articoli, {QStringLiteral("BEGIN EXCLUSIVE")});
@@ -341,11 +338,11 @@ TEST_F(RicezioneVenduto, UnArchivioBloccatoDaUnAltroProgrammaLasciaLeVenditeSull
   attendi(bottega, {caricamento(QStringLiteral("3260\n*"))});
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_EQ(venduti(), 0);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(RicezioneVenduto, UnCommitRifiutatoSiAnnullaENonAzzeraLaCassa) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   {
     // A reader that never ends lets the rows be added and refuses their commit.
@@ -356,18 +353,18 @@ TEST_F(RicezioneVenduto, UnCommitRifiutatoSiAnnullaENonAzzeraLaCassa) {
   attendi(bottega, {caricamento(QStringLiteral("3260\n*"))});
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_EQ(venduti(), 0);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_TRUE(schermo.abilitato(kEsci));
   EXPECT_FALSE(schermo.abilitato(kAvvia));
 }
 
 TEST_F(RicezioneVenduto, UnArchivioDiSolaLetturaRifiutaELaCassaTieneLeVendite) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   const QString archivio = varGlobal().NomeDB_Articoli;
   articles::ChiudiDatabase();
   ASSERT_TRUE(QFile::setPermissions(archivio, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
-  ASSERT_TRUE(QFile::setPermissions(bottega.cartella.percorso(), kDiTutti));
+  ASSERT_TRUE(QFile::setPermissions(bottega.cartella.path(), kDiTutti));
   {
     const AltroUtente altro;
     articles::ApriDatabase(archivio, bottega.contesto);
@@ -375,71 +372,71 @@ TEST_F(RicezioneVenduto, UnArchivioDiSolaLetturaRifiutaELaCassaTieneLeVendite) {
   }
   attendi(bottega, {caricamento(QStringLiteral("3073\n*"))});
   EXPECT_EQ(chiamate(5), 0);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 TEST_F(RicezioneVenduto, UnaTransazioneLasciataApertaDaUnAltroComandoSiConfermaPrima) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   bottega.area.BeginTrans();
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='VISTO' WHERE auto_id =1"));
   bottega.esegui(QStringLiteral("CREATE UNIQUE INDEX solo_uno ON TAB_VENDUTO (Importo_giornaliero)"));
   schermo.clic(kAvvia);
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   schermo.clic(kAvvia);
   attendi(bottega, {kRicevuto, caricamento(QStringLiteral("3022\n*"))});
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_EQ(venduti(), 1);
   EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Descrizione from TAB_VENDUTO")), QStringLiteral("VISTO"));
 }
 
 TEST_F(RicezioneVenduto, SulDiscoPienoLArchivioRestaComEraELaCassaTieneLeVendite) {
-  std::vector<Venduto> tutti;
+  std::vector<SlotSales> tutti;
   for (int i = 0; i < 5000; ++i) tutti.push_back({i, i, 1, 0});
-  cassa.venduto(tutti);
+  cassa.sales(tutti);
   const SchermoGuidato schermo = pronto();
   {
     const DiscoPieno pieno(static_cast<unsigned long>(QFileInfo(varGlobal().NomeDB_Articoli).size()) + 4096);
     schermo.clic(kAvvia);
   }
-  const std::vector<Riquadro> visti = bottega.utente.prendiRiquadri();
+  const std::vector<Box> visti = bottega.utente.takeBoxes();
   ASSERT_EQ(visti.size(), 1U) << testing::PrintToString(visti);
-  EXPECT_TRUE(visti[0].testo.startsWith(QStringLiteral("Errore nel caricamento dati nella TAB_VENDUTO n° ")));
+  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Errore nel caricamento dati nella TAB_VENDUTO n° ")));
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_EQ(venduti(), 0);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI")), 5000);
 }
 
 // Impatience.
 
 TEST_F(RicezioneVenduto, ClicEscEChiusuraImbucatiAOgniPassaggioNonFannoNulla) {
-  cassa.venduto({{0, 100, 1, 0}, {2500, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}, {2500, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
   bool sempreSpenti = true;
-  bottega.utente.alPassaggio = [&] {
-    if (bottega.utente.passaggi() <= 5000) sempreSpenti = sempreSpenti && !schermo.abilitato(kAvvia);
+  bottega.utente.onPass = [&] {
+    if (bottega.utente.passes() <= 5000) sempreSpenti = sempreSpenti && !schermo.abilitato(kAvvia);
     schermo.impazienza();
   };
   schermo.clic(kAvvia);
-  bottega.utente.alPassaggio = nullptr;
+  bottega.utente.onPass = nullptr;
   attendi(bottega, {kRicevuto});
   EXPECT_TRUE(sempreSpenti);
   EXPECT_EQ(chiamate(7), 1);
   EXPECT_EQ(chiamate(5), 1);
   EXPECT_EQ(venduti(), 2);
   EXPECT_TRUE(schermo.vivo());
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
 }
 
 TEST_F(RicezioneVenduto, UnArchivioChiusoSottoLaRicezioneAnnullaENonAzzera) {
-  cassa.venduto({{0, 100, 1, 0}, {2500, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}, {2500, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
-  bottega.utente.alPassaggio = [&] {
-    if (bottega.utente.passaggi() == 1000) varGlobal().DB_Articoli.Close();
+  bottega.utente.onPass = [&] {
+    if (bottega.utente.passes() == 1000) varGlobal().DB_Articoli.Close();
   };
   schermo.clic(kAvvia);
-  bottega.utente.alPassaggio = nullptr;
+  bottega.utente.onPass = nullptr;
   attendi(bottega, {caricamento(QStringLiteral("*"))});
   EXPECT_EQ(chiamate(5), 0);
 }
@@ -450,13 +447,13 @@ class RicezioneNelloStato : public RicezioneVenduto, public testing::WithParamIn
 
 TEST_P(RicezioneNelloStato, CheNonAmmetteTrasferimentiAvviaRestaSpento) {
   bottega.apriArchivio();
-  cassa->stato(GetParam());
+  cassa->state(GetParam());
   const SchermoGuidato schermo(bottega, kSchermo);
   schermo.connetti(cassa);
   attendi(bottega,
           {riquadro(QStringLiteral("Funzione non disponibile! Prego porre la cassa nello stato di IDLE o "
                                    "PROGRAMMAZIONE"),
-                    Icona::Critica)});
+                    Icon::Critical)});
   schermo.clic(kAvvia);
   EXPECT_EQ(chiamate(7), 0);
 }
@@ -467,21 +464,21 @@ INSTANTIATE_TEST_SUITE_P(Stati, RicezioneNelloStato, testing::Values('V', 'A', '
 
 struct CasoGuasto {
   int modo;
-  ecrsim::Cosa cosa;
+  ecrsim::FaultKind cosa;
   /// Whether the sales are in the archive by then.
   bool memorizzato;
 };
 class RicezioneConGuasto : public RicezioneVenduto, public testing::WithParamInterface<CasoGuasto> {};
 
 TEST_P(RicezioneConGuasto, SiDiceESiAzzeraSoloCioCheEMemorizzato) {
-  const AttesaBreve breve;
-  cassa.venduto({{0, 100, 1, 0}, {77, 200, 2, 0}});
+  const ShortTimeouts breve;
+  cassa.sales({{0, 100, 1, 0}, {77, 200, 2, 0}});
   const QByteArray vendite = cassa.byte(kFile);
   const SchermoGuidato schermo = pronto();
-  ecrsim::Guasto guasto;
-  guasto.modo = GetParam().modo;
-  guasto.cosa = GetParam().cosa;
-  cassa->guasti({guasto});
+  ecrsim::Fault guasto;
+  guasto.mode = GetParam().modo;
+  guasto.what = GetParam().cosa;
+  cassa->faults({guasto});
   schermo.clic(kAvvia);
   attendi(bottega, {kComunicazione, GetParam().memorizzato ? kErroreReset : kErroreDati, kErrore});
   EXPECT_FALSE(schermo.vivo());
@@ -489,15 +486,15 @@ TEST_P(RicezioneConGuasto, SiDiceESiAzzeraSoloCioCheEMemorizzato) {
   const bool azzerata = cassa.byte(kFile) == kZeri;
   EXPECT_TRUE(!azzerata || GetParam().memorizzato);
   EXPECT_TRUE(azzerata || cassa.byte(kFile) == vendite);
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
 }
 
 std::vector<CasoGuasto> tuttiIGuasti() {
   std::vector<CasoGuasto> casi;
   for (const int modo : {1, 2, 5, 7})
-    for (const ecrsim::Cosa cosa :
-         {ecrsim::Cosa::Codice, ecrsim::Cosa::Silenzio, ecrsim::Cosa::TaglioPrima, ecrsim::Cosa::TaglioDentro,
-          ecrsim::Cosa::TaglioDopo, ecrsim::Cosa::Spazzatura})
+    for (const ecrsim::FaultKind cosa :
+         {ecrsim::FaultKind::Code, ecrsim::FaultKind::Silence, ecrsim::FaultKind::CutBefore,
+          ecrsim::FaultKind::CutWithin, ecrsim::FaultKind::CutAfter, ecrsim::FaultKind::Garbage})
       casi.push_back({modo, cosa, modo == 5});
   return casi;
 }
@@ -508,12 +505,12 @@ std::string nomeDelCaso(const testing::TestParamInfo<CasoGuasto>& caso) {
 INSTANTIATE_TEST_SUITE_P(Guasti, RicezioneConGuasto, testing::ValuesIn(tuttiIGuasti()), nomeDelCaso);
 
 TEST_F(RicezioneVenduto, UnFileAccorciatoDallaCassaValeZeroDietroLaSuaFine) {
-  cassa.venduto({{0, 100, 1, 0}, {4999, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}, {4999, 100, 1, 0}});
   const SchermoGuidato schermo = pronto();
-  ecrsim::Guasto guasto;
-  guasto.modo = 7;
-  guasto.cosa = ecrsim::Cosa::FileCorto;
-  cassa->guasti({guasto});
+  ecrsim::Fault guasto;
+  guasto.mode = 7;
+  guasto.what = ecrsim::FaultKind::ShortFile;
+  cassa->faults({guasto});
   schermo.clic(kAvvia);
   attendi(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 1);
@@ -531,10 +528,10 @@ TEST_F(RicezioneVenduto, IlTabulatorePassaPerIComandiNellOrdineDelLavoro) {
 }
 
 TEST_F(RicezioneVenduto, ConISoliTastiSiCancellaIlVendutoDellaCassa) {
-  cassa.venduto({{0, 100, 1, 0}});
+  cassa.sales({{0, 100, 1, 0}});
   bottega.apriArchivio();
   const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.scriviIndirizzo(cassa.indirizzo());
+  schermo.scriviIndirizzo(cassa.address());
   schermo.tasto(Qt::Key_Return);
   schermo.controllo(kGlobale).setFocus();
   schermo.tasto(Qt::Key_Down);

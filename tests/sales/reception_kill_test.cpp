@@ -5,9 +5,9 @@
 #include <csignal>
 
 #include "articles/article_database.h"
-#include "articles/bottega.h"
+#include "articles/back_room.h"
 #include "sales/reception.h"
-#include "sostegno/cassa.h"
+#include "sostegno/test_till.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ struct Morte {
   Bottega bottega;
   articles::ApriDatabase(archivio, bottega.contesto);
   commonForKora().IP_ECR = indirizzo;
-  bottega.utente.alRiquadro = [&](const Riquadro&) {
+  bottega.utente.onBox = [&](const Box&) {
     if (morte.dopoLAzzeramento) kill(getpid(), SIGKILL);
   };
   sales::RiceviVenduto(bottega.contesto, [&](int slot) {
@@ -36,10 +36,10 @@ struct Morte {
 class RicezioneUccisa : public testing::TestWithParam<Morte> {};
 
 TEST_P(RicezioneUccisa, LArchivioEComePrimaOComeDopoELeVenditeSonoDaUnaParte) {
-  Cassa cassa;
-  std::vector<Venduto> tutti;
+  TestTill cassa;
+  std::vector<SlotSales> tutti;
   for (int i = 0; i < 5000; ++i) tutti.push_back({i, i, 1, 0});
-  cassa.venduto(tutti);
+  cassa.sales(tutti);
   const QByteArray vendite = cassa.byte(QStringLiteral("venduto.bin"));
   Bottega bottega;
   bottega.apriArchivio();
@@ -48,7 +48,7 @@ TEST_P(RicezioneUccisa, LArchivioEComePrimaOComeDopoELeVenditeSonoDaUnaParte) {
 
   const pid_t figlio = fork();
   ASSERT_GE(figlio, 0);
-  if (figlio == 0) riceviEMuori(archivio, cassa.indirizzo(), GetParam());
+  if (figlio == 0) riceviEMuori(archivio, cassa.address(), GetParam());
   int stato = 0;
   ASSERT_EQ(waitpid(figlio, &stato, 0), figlio);
   ASSERT_TRUE(WIFSIGNALED(stato) && WTERMSIG(stato) == SIGKILL);
@@ -65,17 +65,17 @@ INSTANTIATE_TEST_SUITE_P(Momenti, RicezioneUccisa,
                                          Morte{4999, false}, Morte{-1, true}));
 
 TEST(RicezioneInterrotta, SeLaCassaSiSpegnePrimaDellAzzeramentoLeVenditeStannoDaTutteEDueLeParti) {
-  Cassa cassa;
-  cassa.venduto({{0, 100, 1, 0}});
+  TestTill cassa;
+  cassa.sales({{0, 100, 1, 0}});
   Bottega bottega;
   bottega.apriArchivio();
-  commonForKora().IP_ECR = cassa.indirizzo();
+  commonForKora().IP_ECR = cassa.address();
   // The line goes down once the last slot is in: the clearing finds nobody.
   const auto esito = sales::RiceviVenduto(bottega.contesto, [&](int slot) {
-    if (slot == sales::kSlot - 1) cassa.spegni();
+    if (slot == sales::kSlot - 1) cassa.switchOff();
   });
   EXPECT_EQ(esito, sales::Esito::Comunicazione);
-  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 2U);
+  EXPECT_EQ(bottega.utente.takeBoxes().size(), 2U);
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO")), 1);
   EXPECT_FALSE(cassa.byte(QStringLiteral("venduto.bin")) == kZeri);
 }

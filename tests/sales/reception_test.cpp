@@ -2,13 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include "articles/bottega.h"
-#include "sostegno/cassa.h"
+#include "articles/back_room.h"
+#include "sostegno/test_till.h"
 
 namespace {
 
 TEST(VendutoDi, OgniSerieSiLeggeAlSuoPostoColSuoSegno) {
-  const QByteArray byte = archivioVenduto({{0, 1250, 3, -50}, {4999, -1, -2, 2147483647}, {7, 1, 2, 3}});
+  const QByteArray byte = salesArchive({{0, 1250, 3, -50}, {4999, -1, -2, 2147483647}, {7, 1, 2, 3}});
   ASSERT_EQ(byte.size(), static_cast<qsizetype>(sales::kByteVenduto));
   const std::vector<std::uint8_t> venduto(byte.begin(), byte.end());
   EXPECT_EQ(sales::vendutoDi(venduto, 0), (sales::VendutoSlot{1250, 3, -50}));
@@ -36,14 +36,14 @@ TEST(Inserimento, LaRigaHaIlGiornoDelPcEICampiIncrociati) {
   const store::Recordset riga =
       varGlobal().DB_Articoli.OpenRecordset(QStringLiteral("SELECT * from TAB_VENDUTO"));
   ASSERT_EQ(riga.RecordCount(), 1);
-  EXPECT_THAT((std::vector{prima, dopo}), testing::Contains(riga.campo(QStringLiteral("Data")).testo()));
-  EXPECT_EQ(riga.campo(QStringLiteral("id_plu")).intero(), 1);
-  EXPECT_EQ(riga.campo(QStringLiteral("Codice_EAN")).testo(), QStringLiteral("A1"));
-  EXPECT_EQ(riga.campo(QStringLiteral("Codice_Articolo")).testo(), QStringLiteral("8001"));
-  EXPECT_EQ(riga.campo(QStringLiteral("Descrizione")).testo(), QStringLiteral("PANE"));
-  EXPECT_EQ(riga.campo(QStringLiteral("Importo_giornaliero")).intero(), 1250);
-  EXPECT_EQ(riga.campo(QStringLiteral("sconto_giornaliero")).intero(), -50);
-  EXPECT_EQ(riga.campo(QStringLiteral("Tot_giorn_articoli_venduti")).intero(), 3);
+  EXPECT_THAT((std::vector{prima, dopo}), testing::Contains(riga.field(QStringLiteral("Data")).text()));
+  EXPECT_EQ(riga.field(QStringLiteral("id_plu")).int32(), 1);
+  EXPECT_EQ(riga.field(QStringLiteral("Codice_EAN")).text(), QStringLiteral("A1"));
+  EXPECT_EQ(riga.field(QStringLiteral("Codice_Articolo")).text(), QStringLiteral("8001"));
+  EXPECT_EQ(riga.field(QStringLiteral("Descrizione")).text(), QStringLiteral("PANE"));
+  EXPECT_EQ(riga.field(QStringLiteral("Importo_giornaliero")).int32(), 1250);
+  EXPECT_EQ(riga.field(QStringLiteral("sconto_giornaliero")).int32(), -50);
+  EXPECT_EQ(riga.field(QStringLiteral("Tot_giorn_articoli_venduti")).int32(), 3);
 }
 
 TEST(Inserimento, UnApostrofoNellArticoloNonRompeNulla) {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "sales/con_locale.h"
-#include "sales/registro_venduto.h"
+#include "sales/sales_ledger.h"
 #include "sales/sales_search.h"
+#include "sales/with_locale.h"
 
 namespace {
 

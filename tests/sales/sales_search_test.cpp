@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "sales/registro_venduto.h"
+#include "sales/sales_ledger.h"
 
 namespace {
 
@@ -41,7 +41,7 @@ class RicercaNelRegistro : public testing::Test {
     QStringList testi;
     store::Recordset righe =
         varGlobal().DB_Articoli.OpenRecordset(StatementCerca({kInizio, kFine, ean, descrizione}));
-    for (; !righe.fine(); righe.MoveNext()) testi.append(righe.campo(QStringLiteral("Descrizione")).testo());
+    for (; !righe.atEnd(); righe.MoveNext()) testi.append(righe.field(QStringLiteral("Descrizione")).text());
     return testi;
   }
   void descrizioni(const QStringList& testi) {

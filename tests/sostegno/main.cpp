@@ -7,7 +7,7 @@
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleMock(&argc, argv);
-  QApplication applicazione(argc, argv);
+  QApplication application(argc, argv);
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setQuitOnLastWindowClosed(false);
   return RUN_ALL_TESTS();

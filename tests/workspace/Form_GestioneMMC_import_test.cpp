@@ -7,20 +7,20 @@
 #include <QProgressBar>
 #include <QWindow>
 
-#include "platform/ui/occupato.h"
-#include "workspace/area_di_lavoro.h"
+#include "platform/ui/busy_guard.h"
+#include "workspace/workspace_fixture.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const Riquadro kRiuscita{QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"),
-                         Icona::Informazione,
-                         {},
-                         Pulsanti::OK};
-const Riquadro kFallita{
-    QStringLiteral("OPERAZIONE DI IMPORTAZIONE ARTICOLI FALLITA"), Icona::Critica, {}, Pulsanti::OK};
+const Box kRiuscita{QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"),
+                    Icon::Information,
+                    {},
+                    Buttons::Ok};
+const Box kFallita{
+    QStringLiteral("OPERAZIONE DI IMPORTAZIONE ARTICOLI FALLITA"), Icon::Critical, {}, Buttons::Ok};
 
 struct ImportaDaMenu : AreaDiLavoro {
   void SetUp() override {
@@ -29,7 +29,7 @@ struct ImportaDaMenu : AreaDiLavoro {
   }
 
   void importa(const QByteArray& csv) {
-    bottega.utente.sceglie(bottega.cartella.scrivi(QStringLiteral("lista.csv"), csv));
+    bottega.utente.chooses(bottega.cartella.write(QStringLiteral("lista.csv"), csv));
     voce("mnuImporta");
   }
   QWidget* attesa() const { return bottega.schermate.trova(QStringLiteral("Form_ATTESA")); }
@@ -64,7 +64,7 @@ QByteArray righe(int quante) {
 
 TEST_F(ImportaDaMenu, ScriveGliArticoliEAggiornaIlConto) {
   importa(righe(30));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kRiuscita));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kRiuscita));
   EXPECT_EQ(descrizione(30), QStringLiteral("ART 30"));
   EXPECT_EQ(testo("LabelArticoli"), QStringLiteral("30 articoli in 5.000 posizioni"));
   EXPECT_EQ(attesa(), nullptr);
@@ -72,46 +72,46 @@ TEST_F(ImportaDaMenu, ScriveGliArticoliEAggiornaIlConto) {
 
 TEST_F(ImportaDaMenu, MostraLAttesaConLAvanzamentoMentreLegge) {
   bool vista = false;
-  bottega.utente.alPassaggio = [&] {
+  bottega.utente.onPass = [&] {
     ASSERT_NE(attesa(), nullptr);
     const auto* barra = attesa()->findChild<QProgressBar*>(QStringLiteral("Avanzamento"));
     vista = attesa()->isVisible() && barra && barra->isVisible();
     EXPECT_EQ(attesa()->windowHandle()->transientParent(), schermo->windowHandle());
   };
-  bottega.utente.alRiquadro = [this](const Riquadro&) { EXPECT_EQ(attesa(), nullptr); };
+  bottega.utente.onBox = [this](const Box&) { EXPECT_EQ(attesa(), nullptr); };
   importa(righe(3));
   EXPECT_TRUE(vista);
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kRiuscita));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kRiuscita));
 }
 
 TEST_F(ImportaDaMenu, ClicTastiEChiusureAOgniPassaggioNonFannoNulla) {
-  bottega.utente.alPassaggio = [this] { impazienza(); };
+  bottega.utente.onPass = [this] { impazienza(); };
   importa(righe(200));
-  bottega.utente.alPassaggio = {};
+  bottega.utente.onPass = {};
   QCoreApplication::processEvents();
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kRiuscita));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kRiuscita));
   EXPECT_EQ(descrizione(200), QStringLiteral("ART 200"));
   EXPECT_TRUE(schermo->isVisible());
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
-  EXPECT_FALSE(Occupato::attivo());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
+  EXPECT_FALSE(BusyGuard::active());
 }
 
 TEST_F(ImportaDaMenu, UnImportFermatoEConfermatoDalComandoDopo) {
   importa(righe(2) + "rotta\r\n");
-  EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAre(kFallita));
-  EXPECT_EQ(bottega.area.livello(), 1);
+  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAre(kFallita));
+  EXPECT_EQ(bottega.area.level(), 1);
   EXPECT_EQ(testo("LabelEsito"), QStringLiteral("Importazione fermata alla riga 3."));
   importa(righe(1));
-  EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAre(kRiuscita));
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAre(kRiuscita));
+  EXPECT_EQ(bottega.area.level(), 0);
   EXPECT_EQ(descrizione(2), QStringLiteral("ART 2"));
 }
 
 TEST_F(ImportaDaMenu, UnNuovoArchivioNonPerdeQuantoUnImportFermatoHaScritto) {
   importa(righe(2) + "rotta\r\n");
-  EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAre(kFallita));
+  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAre(kFallita));
   nuovo(QStringLiteral("altro.mdb"));
-  EXPECT_EQ(bottega.area.livello(), 0);
+  EXPECT_EQ(bottega.area.level(), 0);
   voce("mnuClose");
   apri();
   EXPECT_EQ(descrizione(2), QStringLiteral("ART 2"));
@@ -119,17 +119,17 @@ TEST_F(ImportaDaMenu, UnNuovoArchivioNonPerdeQuantoUnImportFermatoHaScritto) {
 
 TEST_F(ImportaDaMenu, NuovoSopraLArchivioConUnImportFermatoLoSvuota) {
   importa(righe(2) + "rotta\r\n");
-  bottega.utente.prendiRiquadri();
-  bottega.utente.risponde(Risposta::Si);
+  bottega.utente.takeBoxes();
+  bottega.utente.answers(Answer::Yes);
   nuovo();
-  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 1U);
+  EXPECT_EQ(bottega.utente.takeBoxes().size(), 1U);
   EXPECT_EQ(descrizione(2), QString());
   EXPECT_EQ(testo("LabelArticoli"), QStringLiteral("0 articoli in 5.000 posizioni"));
 }
 
 TEST_F(ImportaDaMenu, LUscitaTieneQuantoUnImportFermatoHaScritto) {
   importa(righe(2) + "rotta\r\n");
-  EXPECT_THAT(bottega.utente.prendiRiquadri(), ElementsAre(kFallita));
+  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAre(kFallita));
   clic("Cmd_Esci");
   store::Database base = bottega.area.OpenDatabase(bottega.cartella.file(QStringLiteral("archivio.mdb")));
   EXPECT_EQ(base.OpenRecordset(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Descrizione ='ART 2'"))
@@ -139,23 +139,23 @@ TEST_F(ImportaDaMenu, LUscitaTieneQuantoUnImportFermatoHaScritto) {
 }
 
 TEST_F(ImportaDaMenu, LaFinestraAnnullataNonDiceNulla) {
-  bottega.utente.sceglie(std::nullopt);
+  bottega.utente.chooses(std::nullopt);
   voce("mnuImporta");
-  EXPECT_THAT(bottega.utente.riquadri(), IsEmpty());
+  EXPECT_THAT(bottega.utente.boxes(), IsEmpty());
   EXPECT_EQ(comandiAbilitati(), kComandi);
-  EXPECT_EQ(bottega.area.livello(), 1);
+  EXPECT_EQ(bottega.area.level(), 1);
 }
 
 TEST_F(ImportaDaMenu, UnFileCheNonSiLeggeLoDiceSoloAlPiede) {
-  bottega.utente.sceglie(bottega.cartella.file(QStringLiteral("assente.csv")));
+  bottega.utente.chooses(bottega.cartella.file(QStringLiteral("assente.csv")));
   voce("mnuImporta");
-  EXPECT_THAT(bottega.utente.riquadri(), IsEmpty());
+  EXPECT_THAT(bottega.utente.boxes(), IsEmpty());
   EXPECT_TRUE(testo("LabelEsito").startsWith(QStringLiteral("Importazione interrotta dopo 0 righe.")));
 }
 
 TEST_F(ImportaDaMenu, UnImportAnnullatoLoDiceAlPiede) {
   importa("1;8001;A;L'OLIO;1,00;1;N;N; \r\n");
-  EXPECT_EQ(bottega.utente.prendiRiquadri().size(), 2U);
+  EXPECT_EQ(bottega.utente.takeBoxes().size(), 2U);
   EXPECT_EQ(testo("LabelEsito"), QStringLiteral("Importazione annullata: l'archivio è rimasto com'era."));
   EXPECT_EQ(testo("LabelArticoli"), QStringLiteral("0 articoli in 5.000 posizioni"));
 }

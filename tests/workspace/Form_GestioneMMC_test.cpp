@@ -8,10 +8,10 @@
 #include <QMainWindow>
 #include <QTest>
 
-#include "articles/altri.h"
 #include "articles/article_database.h"
-#include "controls/stile.h"
-#include "workspace/area_di_lavoro.h"
+#include "articles/others.h"
+#include "controls/style.h"
+#include "workspace/workspace_fixture.h"
 
 namespace {
 
@@ -20,11 +20,10 @@ using testing::IsEmpty;
 
 struct GestioneMMC : AreaDiLavoro {};
 
-const Riquadro kModelloAssente{
-    QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"), Icona::Critica,
-    QStringLiteral("ATTENZIONE"), Pulsanti::OK};
-const Riquadro kSovrascrivere{QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icona::Nessuna,
-                              QStringLiteral("ATTENZIONE"), Pulsanti::SiNo};
+const Box kModelloAssente{QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
+                          Icon::Critical, QStringLiteral("ATTENZIONE"), Buttons::Ok};
+const Box kSovrascrivere{QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icon::None,
+                         QStringLiteral("ATTENZIONE"), Buttons::YesNo};
 
 constexpr unsigned long kPochiByte = 4096;
 constexpr QFileDevice::Permissions kCartellaInSolaLettura =
@@ -70,7 +69,7 @@ TEST_F(GestioneMMC, AllAperturaComandiEImportSonoSpenti) {
 TEST_F(GestioneMMC, NuovoCopiaIlModelloELoApre) {
   nuovo();
   EXPECT_EQ(varGlobal().NomeDB_Articoli, bottega.cartella.file(QStringLiteral("archivio.mdb")));
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT auto_id from TAB_ARTICOLI")), 5000);
   EXPECT_EQ(comandiAbilitati(), kComandi);
   EXPECT_TRUE(attiva("mnuImporta"));
@@ -81,34 +80,34 @@ TEST_F(GestioneMMC, NuovoCopiaIlModelloELoApre) {
 
 TEST_F(GestioneMMC, LeFinestreDeiFilePartonoDallaCartellaDelProgramma) {
   nuovo();
-  bottega.utente.sceglie(std::nullopt);
+  bottega.utente.chooses(std::nullopt);
   voce("mnuApri");
-  ASSERT_EQ(bottega.utente.finestre().size(), 2U);
-  for (const FinestraFile& finestra : bottega.utente.finestre()) {
-    EXPECT_EQ(finestra.filtro, QStringLiteral("mdb (*.mdb)|*.mdb"));
-    EXPECT_EQ(finestra.cartella, QStringLiteral(GESTIONALE_APP));
+  ASSERT_EQ(bottega.utente.requests().size(), 2U);
+  for (const FileRequest& finestra : bottega.utente.requests()) {
+    EXPECT_EQ(finestra.filter, QStringLiteral("mdb (*.mdb)|*.mdb"));
+    EXPECT_EQ(finestra.folder, QStringLiteral(GESTIONALE_APP));
   }
 }
 
 TEST_F(GestioneMMC, NuovoAnnullatoLasciaTuttoComEra) {
-  bottega.utente.sceglie(std::nullopt);
+  bottega.utente.chooses(std::nullopt);
   voce("mnuNuovo");
   EXPECT_EQ(comandiAbilitati(), 0);
-  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
   EXPECT_EQ(varGlobal().NomeDB_Articoli, QString());
 }
 
 TEST_F(GestioneMMC, NuovoConNomeVuotoSiFerma) {
-  bottega.utente.sceglie(QString());
+  bottega.utente.chooses(QString());
   voce("mnuNuovo");
   EXPECT_EQ(comandiAbilitati(), 0);
 }
 
 TEST_F(GestioneMMC, SenzaModelloLoDiceMostraLaFinestraELaCopiaFallisceInSilenzio) {
-  bottega.contesto.cartella = bottega.cartella.percorso();
+  bottega.contesto.cartella = bottega.cartella.path();
   nuovo();
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kModelloAssente));
-  EXPECT_EQ(bottega.utente.finestre().size(), 1U);
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kModelloAssente));
+  EXPECT_EQ(bottega.utente.requests().size(), 1U);
   EXPECT_FALSE(QFile::exists(bottega.cartella.file(QStringLiteral("archivio.mdb"))));
   EXPECT_EQ(comandiAbilitati(), 0);
   EXPECT_FALSE(attiva("mnuImporta"));
@@ -116,20 +115,20 @@ TEST_F(GestioneMMC, SenzaModelloLoDiceMostraLaFinestraELaCopiaFallisceInSilenzio
 }
 
 TEST_F(GestioneMMC, SenzaModelloUnFileEsistenteRestaComEra) {
-  bottega.cartella.scrivi(QStringLiteral("archivio.mdb"), "intatto");
-  bottega.contesto.cartella = bottega.cartella.percorso();
-  bottega.utente.risponde(Risposta::Si);
+  bottega.cartella.write(QStringLiteral("archivio.mdb"), "intatto");
+  bottega.contesto.cartella = bottega.cartella.path();
+  bottega.utente.answers(Answer::Yes);
   nuovo();
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kModelloAssente, kSovrascrivere));
-  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("archivio.mdb")), "intatto");
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kModelloAssente, kSovrascrivere));
+  EXPECT_EQ(bottega.cartella.read(QStringLiteral("archivio.mdb")), "intatto");
 }
 
 TEST_F(GestioneMMC, NoAllaSovrascritturaSiFerma) {
-  bottega.cartella.scrivi(QStringLiteral("archivio.mdb"), "intatto");
-  bottega.utente.risponde(Risposta::No);
+  bottega.cartella.write(QStringLiteral("archivio.mdb"), "intatto");
+  bottega.utente.answers(Answer::No);
   nuovo();
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kSovrascrivere));
-  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("archivio.mdb")), "intatto");
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kSovrascrivere));
+  EXPECT_EQ(bottega.cartella.read(QStringLiteral("archivio.mdb")), "intatto");
   EXPECT_EQ(comandiAbilitati(), 0);
 }
 
@@ -138,9 +137,9 @@ TEST_F(GestioneMMC, SovrascrivereUnArchivioPerdeArticoliEVenduto) {
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
   bottega.esegui(QStringLiteral("insert into TAB_VENDUTO (Data,id_plu) values ('20240307',1)"));
   voce("mnuClose");
-  bottega.utente.risponde(Risposta::Si);
+  bottega.utente.answers(Answer::Yes);
   nuovo();
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kSovrascrivere));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kSovrascrivere));
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Descrizione ='PANE'")), 0);
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT id_plu from TAB_VENDUTO")), 0);
   EXPECT_EQ(comandiAbilitati(), kComandi);
@@ -149,10 +148,10 @@ TEST_F(GestioneMMC, SovrascrivereUnArchivioPerdeArticoliEVenduto) {
 TEST_F(GestioneMMC, NuovoSopraLArchivioApertoLoSvuota) {
   nuovo();
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
-  bottega.utente.risponde(Risposta::Si);
+  bottega.utente.answers(Answer::Yes);
   nuovo();
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kSovrascrivere));
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kSovrascrivere));
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Descrizione ='PANE'")), 0);
   bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='LATTE' WHERE auto_id =1"));
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Descrizione ='LATTE'")), 1);
@@ -162,9 +161,9 @@ TEST_F(GestioneMMC, UnSecondoNuovoSostituisceLArchivioSenzaChiudereIlPrimo) {
   nuovo();
   store::Database primo = varGlobal().DB_Articoli;
   nuovo(QStringLiteral("altro.mdb"));
-  EXPECT_TRUE(primo.aperto());
-  EXPECT_EQ(primo.percorso(), bottega.cartella.file(QStringLiteral("archivio.mdb")));
-  EXPECT_EQ(varGlobal().DB_Articoli.percorso(), bottega.cartella.file(QStringLiteral("altro.mdb")));
+  EXPECT_TRUE(primo.isOpen());
+  EXPECT_EQ(primo.path(), bottega.cartella.file(QStringLiteral("archivio.mdb")));
+  EXPECT_EQ(varGlobal().DB_Articoli.path(), bottega.cartella.file(QStringLiteral("altro.mdb")));
   EXPECT_EQ(comandiAbilitati(), kComandi);
   primo.Execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
   EXPECT_EQ(bottega.righe(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Descrizione ='PANE'")), 0);
@@ -172,41 +171,41 @@ TEST_F(GestioneMMC, UnSecondoNuovoSostituisceLArchivioSenzaChiudereIlPrimo) {
 
 TEST_F(GestioneMMC, UnaCopiaFallitaLasciaLArchivioDiPrima) {
   nuovo();
-  bottega.utente.sceglie(bottega.cartella.file(QStringLiteral("assente/nuovo.mdb")));
+  bottega.utente.chooses(bottega.cartella.file(QStringLiteral("assente/nuovo.mdb")));
   voce("mnuNuovo");
   EXPECT_EQ(varGlobal().NomeDB_Articoli, bottega.cartella.file(QStringLiteral("archivio.mdb")));
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
   EXPECT_EQ(comandiAbilitati(), kComandi);
   EXPECT_TRUE(attiva("mnuImporta"));
   EXPECT_NE(testo("LabelEsito"), QString());
 }
 
 TEST_F(GestioneMMC, NuovoSopraUnFileInSolaLetturaLoLasciaComEra) {
-  bottega.cartella.scrivi(QStringLiteral("archivio.mdb"), "intatto");
+  bottega.cartella.write(QStringLiteral("archivio.mdb"), "intatto");
   ASSERT_TRUE(QFile::setPermissions(bottega.cartella.file(QStringLiteral("archivio.mdb")),
                                     QFileDevice::ReadOwner | QFileDevice::ReadOther));
-  ASSERT_TRUE(QFile::setPermissions(bottega.cartella.percorso(), kCartellaInSolaLettura));
-  bottega.utente.risponde(Risposta::Si);
+  ASSERT_TRUE(QFile::setPermissions(bottega.cartella.path(), kCartellaInSolaLettura));
+  bottega.utente.answers(Answer::Yes);
   {
     const AltroUtente altro;
     nuovo();
   }
   ASSERT_TRUE(QFile::setPermissions(
-      bottega.cartella.percorso(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner));
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kSovrascrivere));
-  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("archivio.mdb")), "intatto");
+      bottega.cartella.path(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner));
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kSovrascrivere));
+  EXPECT_EQ(bottega.cartella.read(QStringLiteral("archivio.mdb")), "intatto");
   EXPECT_EQ(comandiAbilitati(), 0);
 }
 
 TEST_F(GestioneMMC, NuovoSuUnDiscoPienoLasciaTuttoComEra) {
-  bottega.cartella.scrivi(QStringLiteral("archivio.mdb"), "intatto");
-  bottega.utente.risponde(Risposta::Si);
+  bottega.cartella.write(QStringLiteral("archivio.mdb"), "intatto");
+  bottega.utente.answers(Answer::Yes);
   {
     const DiscoPieno pieno(kPochiByte);
     nuovo();
   }
-  EXPECT_THAT(bottega.utente.riquadri(), ElementsAre(kSovrascrivere));
-  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("archivio.mdb")), "intatto");
+  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kSovrascrivere));
+  EXPECT_EQ(bottega.cartella.read(QStringLiteral("archivio.mdb")), "intatto");
   EXPECT_EQ(comandiAbilitati(), 0);
 }
 
@@ -229,7 +228,7 @@ TEST_F(GestioneMMC, ApriApreUnArchivioESpegneSeStesso) {
   nuovo();
   voce("mnuClose");
   apri();
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
   EXPECT_EQ(varGlobal().NomeDB_Articoli, bottega.cartella.file(QStringLiteral("archivio.mdb")));
   EXPECT_EQ(comandiAbilitati(), kComandi);
   EXPECT_FALSE(attiva("mnuApri"));
@@ -237,7 +236,7 @@ TEST_F(GestioneMMC, ApriApreUnArchivioESpegneSeStesso) {
 }
 
 TEST_F(GestioneMMC, ApriAnnullatoLasciaTuttoComEra) {
-  bottega.utente.sceglie(std::nullopt);
+  bottega.utente.chooses(std::nullopt);
   voce("mnuApri");
   EXPECT_EQ(comandiAbilitati(), 0);
   EXPECT_TRUE(attiva("mnuApri"));
@@ -246,27 +245,27 @@ TEST_F(GestioneMMC, ApriAnnullatoLasciaTuttoComEra) {
 
 TEST_F(GestioneMMC, ApriAnnullatoConUnArchivioApertoNeLasciaIComandi) {
   nuovo();
-  bottega.utente.sceglie(std::nullopt);
+  bottega.utente.chooses(std::nullopt);
   voce("mnuApri");
   EXPECT_EQ(comandiAbilitati(), kComandi);
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
 }
 
 TEST_F(GestioneMMC, UnFileDiTestoNonSiApreEIComandiRestanoSpenti) {
-  bottega.cartella.scrivi(QStringLiteral("testo.mdb"), QByteArray("non sono un archivio\r\n").repeated(500));
+  bottega.cartella.write(QStringLiteral("testo.mdb"), QByteArray("non sono un archivio\r\n").repeated(500));
   apri(QStringLiteral("testo.mdb"));
   EXPECT_EQ(comandiAbilitati(), 0);
   EXPECT_TRUE(attiva("mnuApri"));
   EXPECT_FALSE(attiva("mnuImporta"));
-  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
   EXPECT_NE(testo("LabelEsito"), QString());
 }
 
 TEST_F(GestioneMMC, UnFileVuotoNonSiApreERestaVuoto) {
-  bottega.cartella.scrivi(QStringLiteral("vuoto.mdb"), {});
+  bottega.cartella.write(QStringLiteral("vuoto.mdb"), {});
   apri(QStringLiteral("vuoto.mdb"));
   EXPECT_EQ(comandiAbilitati(), 0);
-  EXPECT_EQ(bottega.cartella.leggi(QStringLiteral("vuoto.mdb")), QByteArray());
+  EXPECT_EQ(bottega.cartella.read(QStringLiteral("vuoto.mdb")), QByteArray());
 }
 
 TEST_F(GestioneMMC, UnFileAssenteNonSiApreENonNasce) {
@@ -277,11 +276,11 @@ TEST_F(GestioneMMC, UnFileAssenteNonSiApreENonNasce) {
 
 TEST_F(GestioneMMC, UnAperturaFallitaConUnArchivioApertoNeSpegneIComandi) {
   nuovo();
-  bottega.cartella.scrivi(QStringLiteral("testo.mdb"), QByteArray("non sono un archivio\r\n").repeated(500));
+  bottega.cartella.write(QStringLiteral("testo.mdb"), QByteArray("non sono un archivio\r\n").repeated(500));
   apri(QStringLiteral("testo.mdb"));
   EXPECT_EQ(comandiAbilitati(), 0);
   EXPECT_EQ(varGlobal().NomeDB_Articoli, bottega.cartella.file(QStringLiteral("archivio.mdb")));
-  EXPECT_TRUE(varGlobal().DB_Articoli.aperto());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
   EXPECT_TRUE(attiva("mnuApri"));
 }
 
@@ -296,7 +295,7 @@ TEST_F(GestioneMMC, UnDatabaseDiAltroGenereSiApreSenzaControlli) {
 TEST_F(GestioneMMC, ChiudiChiudeLArchivioESpegneIComandi) {
   nuovo();
   voce("mnuClose");
-  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
   EXPECT_EQ(comandiAbilitati(), 0);
   EXPECT_TRUE(attiva("mnuApri"));
   EXPECT_FALSE(attiva("mnuImporta"));
@@ -312,7 +311,7 @@ TEST_F(GestioneMMC, ChiudiSenzaArchivioNonFaNulla) {
 TEST_F(GestioneMMC, EsciChiudeLArchivioETornaAlMenu) {
   nuovo();
   clic("Cmd_Esci");
-  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
   EXPECT_FALSE(schermo->isVisible());
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_EQ(bottega.schermate.trova(QStringLiteral("Form_GestioneMMC")), nullptr);
@@ -322,14 +321,14 @@ TEST_F(GestioneMMC, EsciChiudeLArchivioETornaAlMenu) {
 TEST_F(GestioneMMC, IlTastoEscEQuelloDiUscita) {
   nuovo();
   QTest::keyClick(schermo, Qt::Key_Escape);
-  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
   EXPECT_TRUE(menu()->isVisible());
 }
 
 TEST_F(GestioneMMC, LaChiusuraDellaCorniceEQuelloDiUscita) {
   nuovo();
   schermo->close();
-  EXPECT_FALSE(varGlobal().DB_Articoli.aperto());
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
   EXPECT_TRUE(menu()->isVisible());
 }
 
@@ -388,7 +387,7 @@ TEST_F(GestioneMMC, AnalisiDelVendutoSiApreModaleESiChiude) {
 }
 
 TEST_F(GestioneMMC, ConLaTastieraSiCreaESiApreUnComando) {
-  bottega.utente.sceglie(bottega.cartella.file(QStringLiteral("archivio.mdb")));
+  bottega.utente.chooses(bottega.cartella.file(QStringLiteral("archivio.mdb")));
   QTest::keyClick(schermo, Qt::Key_N, Qt::ControlModifier);
   EXPECT_EQ(comandiAbilitati(), kComandi);
   controllo("Cmd_Venduto").setFocus();
@@ -411,7 +410,7 @@ TEST_F(GestioneMMC, IlTabulatorePassaPerOgniComandoNelLoroOrdine) {
 }
 
 TEST_F(GestioneMMC, StaInUnoSchermoDi1024Per768AlDuecentoPerCento) {
-  stile::applica(*qobject_cast<QApplication*>(QCoreApplication::instance()), stile::Tema::Chiaro);
+  style::apply(*qobject_cast<QApplication*>(QCoreApplication::instance()), style::Theme::Light);
   nuovo();
   schermo->resize(512, 384);
   EXPECT_LE(schermo->width(), 512);
@@ -419,11 +418,11 @@ TEST_F(GestioneMMC, StaInUnoSchermoDi1024Per768AlDuecentoPerCento) {
 }
 
 TEST_F(GestioneMMC, UnNomeLungoNonAllargaLaFinestra) {
-  stile::applica(*qobject_cast<QApplication*>(QCoreApplication::instance()), stile::Tema::Chiaro);
+  style::apply(*qobject_cast<QApplication*>(QCoreApplication::instance()), style::Theme::Light);
   const QString lungo = QString(200, QLatin1Char('n')) + QStringLiteral(".mdb");
   nuovo(lungo);
   EXPECT_EQ(testo("LabelArchivio"), lungo);
-  bottega.utente.sceglie(bottega.cartella.file(QStringLiteral("assente/") + lungo));
+  bottega.utente.chooses(bottega.cartella.file(QStringLiteral("assente/") + lungo));
   voce("mnuNuovo");
   EXPECT_TRUE(testo("LabelEsito").contains(lungo));
   EXPECT_EQ(controllo("LabelEsito").toolTip(), testo("LabelEsito"));
@@ -432,7 +431,7 @@ TEST_F(GestioneMMC, UnNomeLungoNonAllargaLaFinestra) {
 }
 
 TEST_F(GestioneMMC, IPulsantiDellaSchedaFannoQuantoLeVociDiMenu) {
-  bottega.utente.sceglie(bottega.cartella.file(QStringLiteral("archivio.mdb")));
+  bottega.utente.chooses(bottega.cartella.file(QStringLiteral("archivio.mdb")));
   clic("PulsanteNuovo");
   EXPECT_EQ(comandiAbilitati(), kComandi);
   EXPECT_TRUE(controllo("PulsanteImporta").isEnabled());
@@ -450,9 +449,9 @@ TEST_F(GestioneMMC, LIndiceDegliEanHaUnaRigaPerPosizioneEDaZero) {
 
 TEST_F(GestioneMMC, LIndiceDegliEanDaZeroAncheSenzaArchivio) {
   EXPECT_EQ(dynamic_cast<Form_GestioneMMC&>(*schermo).CreaIndiceEAN(), 0);
-  const std::vector<Riquadro>& visti = bottega.utente.riquadri();
+  const std::vector<Box>& visti = bottega.utente.boxes();
   ASSERT_EQ(visti.size(), 1U);
-  EXPECT_TRUE(visti[0].testo.startsWith(QStringLiteral("UpdateEanNumAndIndex 3420 - ")));
+  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("UpdateEanNumAndIndex 3420 - ")));
 }
 
 }  // namespace

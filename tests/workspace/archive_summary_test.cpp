@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "articles/bottega.h"
+#include "articles/back_room.h"
 
 namespace {
 

@@ -17,10 +17,10 @@ extern "C" {
 
 /* Modes of ecr_command. */
 enum {
-  ECR_INFO_MODE = 0,          /* who are you, in which state */
-  ECR_OPEN_MODE = 1,          /* open a transfer */
-  ECR_CLOSE_MODE = 2,         /* close a transfer */
-  ECR_RESET_MODE = 3,         /* clear the whole programming */
+  ECR_INFO_MODE = 0,  /* who are you, in which state */
+  ECR_OPEN_MODE = 1,  /* open a transfer */
+  ECR_CLOSE_MODE = 2, /* close a transfer */
+  ECR_RESET_MODE = 3, /* clear the whole programming */
   ECR_CLEAR_INVOICES_MODE = 4,
   ECR_CLEAR_SALES_MODE = 5,
   ECR_SEND_MODE = 6,          /* send `file` from the current folder */

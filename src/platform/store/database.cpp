@@ -1,34 +1,34 @@
-#include "platform/store/connessione.h"
+#include "platform/store/connection.h"
 #include "platform/store/store.h"
 
 namespace store {
 
-Database::Database(std::shared_ptr<Connessione> connessione) : connessione_(std::move(connessione)) {}
+Database::Database(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
 
-bool Database::aperto() const {
-  return connessione_ && connessione_->aperta();
+bool Database::isOpen() const {
+  return connection_ && connection_->isOpen();
 }
 
-QString Database::percorso() const {
-  return connessione_ ? connessione_->percorso() : QString();
+QString Database::path() const {
+  return connection_ ? connection_->path() : QString();
 }
 
-Connessione& Database::viva() const {
-  if (!aperto())
-    throw Errore{errore::kHandleChiuso, QStringLiteral("L'oggetto non è valido o non è più impostato.")};
-  return *connessione_;
+Connection& Database::live() const {
+  if (!isOpen())
+    throw Errore{errors::kHandleClosed, QStringLiteral("L'oggetto non è valido o non è più impostato.")};
+  return *connection_;
 }
 
 int Database::Execute(const QString& sql) {
-  return viva().esegui(sql);
+  return live().execute(sql);
 }
 
 Recordset Database::OpenRecordset(const QString& sql) {
-  return Recordset(viva().interroga(sql));
+  return Recordset(live().query(sql));
 }
 
 void Database::Close() {
-  if (aperto()) connessione_->chiudi();
+  if (isOpen()) connection_->close();
 }
 
 }  // namespace store

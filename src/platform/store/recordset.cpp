@@ -1,110 +1,110 @@
-#include "platform/store/righe.h"
+#include "platform/store/row_set.h"
 #include "platform/store/store.h"
 
 namespace store {
 
 namespace {
 
-[[noreturn]] void nessunRecord() {
-  throw Errore{errore::kNessunRecord, QStringLiteral("Nessun record corrente.")};
+[[noreturn]] void noCurrentRecord() {
+  throw Errore{errors::kNoCurrentRecord, QStringLiteral("Nessun record corrente.")};
 }
-[[noreturn]] void nullo94() {
-  throw Errore{errore::kNullo, QStringLiteral("Utilizzo non valido di Null")};
+[[noreturn]] void nullValue() {
+  throw Errore{errors::kNullValue, QStringLiteral("Utilizzo non valido di Null")};
 }
-[[noreturn]] void tipo13() {
-  throw Errore{errore::kTipo, QStringLiteral("Tipo non corrispondente")};
-}
-
-[[noreturn]] void campoAssente(const QString& nome) {
-  throw Errore{errore::kCampoAssente,
-               QStringLiteral("Elemento '%1' non trovato in questo insieme.").arg(nome)};
+[[noreturn]] void typeMismatch() {
+  throw Errore{errors::kTypeMismatch, QStringLiteral("Tipo non corrispondente")};
 }
 
-const Righe::Cella& corrente(const Righe& righe, int riga, int colonna) {
-  if (riga >= righe.righe()) nessunRecord();
-  if (colonna < 0 || colonna >= righe.colonne()) campoAssente(QString::number(colonna));
-  return righe.cella(riga, colonna);
+[[noreturn]] void noSuchField(const QString& name) {
+  throw Errore{errors::kNoSuchField,
+               QStringLiteral("Elemento '%1' non trovato in questo insieme.").arg(name)};
+}
+
+const RowSet::Cell& current(const RowSet& rows, int row, int column) {
+  if (row >= rows.rows()) noCurrentRecord();
+  if (column < 0 || column >= rows.columns()) noSuchField(QString::number(column));
+  return rows.cell(row, column);
 }
 
 }  // namespace
 
-Recordset::Recordset(std::shared_ptr<const Righe> righe) : righe_(std::move(righe)) {}
+Recordset::Recordset(std::shared_ptr<const RowSet> rows) : rows_(std::move(rows)) {}
 
 int Recordset::RecordCount() const {
-  return righe_->righe();
+  return rows_->rows();
 }
 
 void Recordset::MoveFirst() {
-  if (vuoto()) nessunRecord();
-  riga_ = 0;
+  if (empty()) noCurrentRecord();
+  row_ = 0;
 }
 
 void Recordset::MoveLast() {
-  if (vuoto()) nessunRecord();
-  riga_ = RecordCount() - 1;
+  if (empty()) noCurrentRecord();
+  row_ = RecordCount() - 1;
 }
 
 void Recordset::MoveNext() {
-  if (fine()) nessunRecord();
-  ++riga_;
+  if (atEnd()) noCurrentRecord();
+  ++row_;
 }
 
-int Recordset::colonne() const {
-  return righe_->colonne();
+int Recordset::columns() const {
+  return rows_->columns();
 }
 
-int Recordset::colonna(const QString& nome) const {
-  const int posizione = righe_->colonna(nome);
-  if (posizione < 0) campoAssente(nome);
-  return posizione;
+int Recordset::column(const QString& name) const {
+  const int position = rows_->column(name);
+  if (position < 0) noSuchField(name);
+  return position;
 }
 
-Valore Recordset::campo(const QString& nome) const {
-  return campo(colonna(nome));
+Value Recordset::field(const QString& name) const {
+  return field(column(name));
 }
 
-Valore Recordset::campo(int colonna) const {
-  const Righe::Cella& cella = corrente(*righe_, riga_, colonna);
-  switch (cella.tipo) {
-    case Righe::Tipo::Intero:
-      return Valore(cella.intero);
-    case Righe::Tipo::Reale:
-      return Valore(cella.reale);
-    case Righe::Tipo::Testo: {
-      const std::string_view testo = righe_->testo(cella);
-      return Valore(QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size())));
+Value Recordset::field(int column) const {
+  const RowSet::Cell& cell = current(*rows_, row_, column);
+  switch (cell.kind) {
+    case RowSet::Kind::Integer:
+      return Value(cell.integer);
+    case RowSet::Kind::Real:
+      return Value(cell.real);
+    case RowSet::Kind::Text: {
+      const std::string_view text = rows_->text(cell);
+      return Value(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
     }
-    case Righe::Tipo::Nullo:
+    case RowSet::Kind::Null:
       break;
   }
   return {};
 }
 
-std::int64_t Recordset::intero64(int colonna) const {
-  const Righe::Cella& cella = corrente(*righe_, riga_, colonna);
-  if (cella.tipo == Righe::Tipo::Intero) return cella.intero;
-  if (cella.tipo == Righe::Tipo::Nullo) nullo94();
-  if (cella.tipo == Righe::Tipo::Testo) tipo13();
-  return Valore(cella.reale).intero64();
+std::int64_t Recordset::int64(int column) const {
+  const RowSet::Cell& cell = current(*rows_, row_, column);
+  if (cell.kind == RowSet::Kind::Integer) return cell.integer;
+  if (cell.kind == RowSet::Kind::Null) nullValue();
+  if (cell.kind == RowSet::Kind::Text) typeMismatch();
+  return Value(cell.real).int64();
 }
 
-std::string_view Recordset::utf8(int colonna) const {
-  const Righe::Cella& cella = corrente(*righe_, riga_, colonna);
-  if (cella.tipo == Righe::Tipo::Nullo) nullo94();
-  if (cella.tipo != Righe::Tipo::Testo) tipo13();
-  return righe_->testo(cella);
+std::string_view Recordset::utf8(int column) const {
+  const RowSet::Cell& cell = current(*rows_, row_, column);
+  if (cell.kind == RowSet::Kind::Null) nullValue();
+  if (cell.kind != RowSet::Kind::Text) typeMismatch();
+  return rows_->text(cell);
 }
 
-QString Recordset::testo(int colonna) const {
-  const Righe::Cella& cella = corrente(*righe_, riga_, colonna);
-  if (cella.tipo == Righe::Tipo::Nullo) return {};
-  if (cella.tipo != Righe::Tipo::Testo) return campo(colonna).testo();
-  const std::string_view testo = righe_->testo(cella);
-  return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
+QString Recordset::text(int column) const {
+  const RowSet::Cell& cell = current(*rows_, row_, column);
+  if (cell.kind == RowSet::Kind::Null) return {};
+  if (cell.kind != RowSet::Kind::Text) return field(column).text();
+  const std::string_view text = rows_->text(cell);
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-bool Recordset::nullo(int colonna) const {
-  return corrente(*righe_, riga_, colonna).tipo == Righe::Tipo::Nullo;
+bool Recordset::isNull(int column) const {
+  return current(*rows_, row_, column).kind == RowSet::Kind::Null;
 }
 
 }  // namespace store

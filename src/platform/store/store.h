@@ -3,25 +3,25 @@
 #include <QString>
 #include <memory>
 
-#include "platform/errore.h"
-#include "platform/store/valore.h"
+#include "platform/error.h"
+#include "platform/store/value.h"
 
 /// The relational store: SQL texts of the callers' dialect over one file a database.
 /// Every call that fails throws Errore with one of the numbers of errore.h.
 namespace store {
 
-class Connessione;
-class Righe;
+class Connection;
+class RowSet;
 
 /// Rows of a query, read whole at opening, with a current row. An empty set has `fine()` true at once;
 /// reading a field there throws Errore 3021, naming an unknown field 3265.
 class Recordset {
  public:
-  explicit Recordset(std::shared_ptr<const Righe> righe);
+  explicit Recordset(std::shared_ptr<const RowSet> rows);
 
-  bool vuoto() const { return RecordCount() == 0; }
+  bool empty() const { return RecordCount() == 0; }
   /// True behind the last row.
-  bool fine() const { return riga_ >= RecordCount(); }
+  bool atEnd() const { return row_ >= RecordCount(); }
   /// Moving in an empty set throws Errore 3021.
   void MoveFirst();
   void MoveLast();
@@ -29,33 +29,33 @@ class Recordset {
   int RecordCount() const;
 
   /// Field of the current row by name, letter case aside.
-  Valore campo(const QString& nome) const;
-  Valore campo(int colonna) const;
+  Value field(const QString& name) const;
+  Value field(int column) const;
   /// Position of a column, to be looked up once before a loop. Throws 3265.
-  int colonna(const QString& nome) const;
-  int colonne() const;
+  int column(const QString& name) const;
+  int columns() const;
 
   /// Fast readers by position, no conversion: for loops over thousands of rows. Null throws 94.
-  std::int64_t intero64(int colonna) const;
+  std::int64_t int64(int column) const;
   /// UTF-8 bytes of a text; valid as long as the record set.
-  std::string_view utf8(int colonna) const;
+  std::string_view utf8(int column) const;
   /// Text form of a field of any type, empty for null.
-  QString testo(int colonna) const;
-  bool nullo(int colonna) const;
+  QString text(int column) const;
+  bool isNull(int column) const;
 
  private:
-  std::shared_ptr<const Righe> righe_;
-  int riga_ = 0;
+  std::shared_ptr<const RowSet> rows_;
+  int row_ = 0;
 };
 
 /// Handle on an open database; copies share it. A default-made handle is closed.
 class Database {
  public:
   Database() = default;
-  explicit Database(std::shared_ptr<Connessione> connessione);
+  explicit Database(std::shared_ptr<Connection> connection);
 
-  bool aperto() const;
-  QString percorso() const;
+  bool isOpen() const;
+  QString path() const;
   /// Runs one statement that returns no rows. Returns the number of rows it touched.
   int Execute(const QString& sql);
   Recordset OpenRecordset(const QString& sql);
@@ -65,14 +65,14 @@ class Database {
 
  private:
   friend class Workspace;
-  Connessione& viva() const;
-  std::shared_ptr<Connessione> connessione_;
+  Connection& live() const;
+  std::shared_ptr<Connection> connection_;
 };
 
 /// The default workspace: transactions over every database opened through it.
 ///
 /// A begin inside an open transaction of the same command is a savepoint. A transaction that an earlier
-/// command left open is committed by the next command's first begin: `NuovoComando` draws the line.
+/// command left open is committed by the next command's first begin: `NewCommand` draws the line.
 class Workspace {
  public:
   Workspace();
@@ -83,7 +83,7 @@ class Workspace {
   /// Opens an existing database. Throws 3024 (absent), 3343 (not a database, empty included), 3260 (locked
   /// by another program), 75 (unreadable). A file that cannot be written opens read-only: its statements
   /// throw 3073.
-  Database OpenDatabase(const QString& percorso);
+  Database OpenDatabase(const QString& path);
 
   void BeginTrans();
   /// Throws 3034 with no transaction open.
@@ -92,19 +92,19 @@ class Workspace {
   /// throws 3034 with no transaction open.
   void Rollback();
   /// Nesting depth, 0 with no transaction open.
-  int livello() const;
+  int level() const;
   /// Marks the start of a command entered from the event loop.
-  void NuovoComando();
+  void NewCommand();
 
   /// Undoes every open transaction and closes every database: the end of the process.
-  void Abbandona();
+  void Abandon();
 
  private:
-  struct Interno;
-  std::unique_ptr<Interno> interno_;
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
 };
 
-/// Copies a template over `destinazione`, durably and whole or not at all. Throws 53 (no source), 61, 70, 75.
-void CopiaArchivio(const QString& sorgente, const QString& destinazione);
+/// Copies a template over `target`, durably and whole or not at all. Throws 53 (no source), 61, 70, 75.
+void CopyArchive(const QString& source, const QString& target);
 
 }  // namespace store

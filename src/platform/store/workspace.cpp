@@ -1,110 +1,110 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/store/connessione.h"
+#include "platform/store/connection.h"
 #include "platform/store/store.h"
 
 namespace store {
 
-struct Workspace::Interno {
-  std::shared_ptr<Transazioni> transazioni = std::make_shared<Transazioni>();
-  std::vector<std::weak_ptr<Connessione>> connessioni;
+struct Workspace::Impl {
+  std::shared_ptr<Transactions> transactions = std::make_shared<Transactions>();
+  std::vector<std::weak_ptr<Connection>> connections;
 
-  int& livello() { return transazioni->livello; }
-  void dimenticaLasciate();
-  std::vector<std::shared_ptr<Connessione>> aperte();
-  void conferma();
-  void annulla();
-  void confermaTutto();
-  void annullaTutto();
+  int& level() { return transactions->level; }
+  void forgetReleased();
+  std::vector<std::shared_ptr<Connection>> open();
+  void commit();
+  void rollback();
+  void commitAll();
+  void rollbackAll();
 };
 
-void Workspace::Interno::dimenticaLasciate() {
-  std::erase_if(connessioni, [](const auto& debole) { return debole.expired(); });
+void Workspace::Impl::forgetReleased() {
+  std::erase_if(connections, [](const auto& weak) { return weak.expired(); });
 }
 
-std::vector<std::shared_ptr<Connessione>> Workspace::Interno::aperte() {
-  dimenticaLasciate();
-  std::vector<std::shared_ptr<Connessione>> vive;
-  for (const auto& debole : connessioni)
-    if (auto connessione = debole.lock(); connessione && connessione->aperta()) vive.push_back(connessione);
-  return vive;
+std::vector<std::shared_ptr<Connection>> Workspace::Impl::open() {
+  forgetReleased();
+  std::vector<std::shared_ptr<Connection>> live;
+  for (const auto& weak : connections)
+    if (auto connection = weak.lock(); connection && connection->isOpen()) live.push_back(connection);
+  return live;
 }
 
 // A transaction over two files is committed file by file; a part that fails leaves the level open, for the
 // rollback that follows.
-void Workspace::Interno::conferma() {
-  const auto vive = aperte();
-  for (const auto& connessione : vive)
-    if (connessione->disfatta()) connessione->conferma(livello());
-  for (const auto& connessione : vive) connessione->conferma(livello());
-  --livello();
+void Workspace::Impl::commit() {
+  const auto live = open();
+  for (const auto& connection : live)
+    if (connection->undone()) connection->commit(level());
+  for (const auto& connection : live) connection->commit(level());
+  --level();
 }
 
-void Workspace::Interno::annulla() {
-  const int annullato = livello()--;
-  for (const auto& connessione : aperte()) connessione->annulla(annullato);
+void Workspace::Impl::rollback() {
+  const int cancelled = level()--;
+  for (const auto& connection : open()) connection->rollback(cancelled);
 }
 
-void Workspace::Interno::annullaTutto() {
-  while (livello() > 0) annulla();
+void Workspace::Impl::rollbackAll() {
+  while (level() > 0) rollback();
 }
 
-void Workspace::Interno::confermaTutto() {
-  const auto vive = aperte();
-  const bool disfatta = std::any_of(vive.begin(), vive.end(), [](const auto& c) { return c->disfatta(); });
-  if (disfatta) return annullaTutto();
+void Workspace::Impl::commitAll() {
+  const auto live = open();
+  const bool undone = std::any_of(live.begin(), live.end(), [](const auto& c) { return c->undone(); });
+  if (undone) return rollbackAll();
   try {
-    while (livello() > 0) conferma();
+    while (level() > 0) commit();
   } catch (const Errore&) {
-    annullaTutto();
+    rollbackAll();
     throw;
   }
 }
 
-Workspace::Workspace() : interno_(std::make_unique<Interno>()) {}
+Workspace::Workspace() : impl_(std::make_unique<Impl>()) {}
 
 Workspace::~Workspace() {
-  Abbandona();
+  Abandon();
 }
 
-Database Workspace::OpenDatabase(const QString& percorso) {
-  auto connessione = ApriConnessione(percorso, interno_->transazioni);
-  interno_->dimenticaLasciate();
-  interno_->connessioni.push_back(connessione);
-  return Database(std::move(connessione));
+Database Workspace::OpenDatabase(const QString& path) {
+  auto connection = OpenConnection(path, impl_->transactions);
+  impl_->forgetReleased();
+  impl_->connections.push_back(connection);
+  return Database(std::move(connection));
 }
 
 void Workspace::BeginTrans() {
-  Transazioni& transazioni = *interno_->transazioni;
-  if (transazioni.livello > 0 && transazioni.diUnAltroComando()) interno_->confermaTutto();
-  if (transazioni.livello == 0) transazioni.comandoIniziale = transazioni.comando;
-  ++transazioni.livello;
+  Transactions& transactions = *impl_->transactions;
+  if (transactions.level > 0 && transactions.ofAnotherCommand()) impl_->commitAll();
+  if (transactions.level == 0) transactions.firstCommand = transactions.command;
+  ++transactions.level;
 }
 
 void Workspace::CommitTrans() {
-  if (livello() == 0)
-    throw Errore{errore::kNessunaTransazione, QStringLiteral("Nessuna transazione aperta da confermare.")};
-  interno_->conferma();
+  if (level() == 0)
+    throw Errore{errors::kNoTransaction, QStringLiteral("Nessuna transazione aperta da confermare.")};
+  impl_->commit();
 }
 
 void Workspace::Rollback() {
-  if (livello() == 0)
-    throw Errore{errore::kNessunaTransazione, QStringLiteral("Nessuna transazione aperta da annullare.")};
-  interno_->annulla();
+  if (level() == 0)
+    throw Errore{errors::kNoTransaction, QStringLiteral("Nessuna transazione aperta da annullare.")};
+  impl_->rollback();
 }
 
-int Workspace::livello() const {
-  return interno_->livello();
+int Workspace::level() const {
+  return impl_->level();
 }
 
-void Workspace::NuovoComando() {
-  ++interno_->transazioni->comando;
+void Workspace::NewCommand() {
+  ++impl_->transactions->command;
 }
 
-void Workspace::Abbandona() {
-  for (const auto& connessione : interno_->aperte()) connessione->abbandona();
-  interno_->livello() = 0;
+void Workspace::Abandon() {
+  for (const auto& connection : impl_->open()) connection->abandon();
+  impl_->level() = 0;
 }
 
 }  // namespace store

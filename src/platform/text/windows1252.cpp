@@ -7,46 +7,46 @@ namespace windows1252 {
 
 namespace {
 
-constexpr unsigned char kIgnoto = '?';
-constexpr unsigned char kPrimoAlto = 0x80;
-constexpr unsigned char kUltimoAlto = 0x9F;
+constexpr unsigned char kUnknown = '?';
+constexpr unsigned char kFirstHigh = 0x80;
+constexpr unsigned char kLastHigh = 0x9F;
 
 /// Characters of the bytes 0x80 to 0x9F; every other byte is the character of the same number.
-constexpr std::array<char16_t, 32> kAlti{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+constexpr std::array<char16_t, 32> kHigh{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                          0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
                                          0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                          0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-static_assert(kAlti.size() == kUltimoAlto - kPrimoAlto + 1);
+static_assert(kHigh.size() == kLastHigh - kFirstHigh + 1);
 
 }  // namespace
 
-unsigned char byteDi(char32_t carattere) {
-  if (carattere < kPrimoAlto || (carattere > kUltimoAlto && carattere <= 0xFF))
-    return static_cast<unsigned char>(carattere);
-  const auto* alto = std::find(kAlti.begin(), kAlti.end(), carattere);
-  return alto == kAlti.end() ? kIgnoto : static_cast<unsigned char>(kPrimoAlto + (alto - kAlti.begin()));
+unsigned char byteOf(char32_t character) {
+  if (character < kFirstHigh || (character > kLastHigh && character <= 0xFF))
+    return static_cast<unsigned char>(character);
+  const auto* high = std::find(kHigh.begin(), kHigh.end(), character);
+  return high == kHigh.end() ? kUnknown : static_cast<unsigned char>(kFirstHigh + (high - kHigh.begin()));
 }
 
-char16_t carattereDi(unsigned char byte) {
-  return byte < kPrimoAlto || byte > kUltimoAlto ? byte : kAlti[byte - kPrimoAlto];
+char16_t characterOf(unsigned char byte) {
+  return byte < kFirstHigh || byte > kLastHigh ? byte : kHigh[byte - kFirstHigh];
 }
 
-QByteArray inByte(const QString& testo) {
+QByteArray toBytes(const QString& text) {
   QByteArray byte;
-  byte.reserve(testo.size());
-  for (const QChar *c = testo.cbegin(), *fine = testo.cend(); c != fine; ++c) {
-    const bool coppia = c->isHighSurrogate() && c + 1 != fine && c[1].isLowSurrogate();
-    byte.append(static_cast<char>(coppia ? kIgnoto : byteDi(c->unicode())));
-    if (coppia) ++c;
+  byte.reserve(text.size());
+  for (const QChar *c = text.cbegin(), *end = text.cend(); c != end; ++c) {
+    const bool pair = c->isHighSurrogate() && c + 1 != end && c[1].isLowSurrogate();
+    byte.append(static_cast<char>(pair ? kUnknown : byteOf(c->unicode())));
+    if (pair) ++c;
   }
   return byte;
 }
 
-QString inTesto(std::string_view byte) {
-  QString testo(static_cast<qsizetype>(byte.size()), Qt::Uninitialized);
-  std::transform(byte.begin(), byte.end(), testo.begin(),
-                 [](char c) { return QChar(carattereDi(static_cast<unsigned char>(c))); });
-  return testo;
+QString toText(std::string_view byte) {
+  QString text(static_cast<qsizetype>(byte.size()), Qt::Uninitialized);
+  std::transform(byte.begin(), byte.end(), text.begin(),
+                 [](char c) { return QChar(characterOf(static_cast<unsigned char>(c))); });
+  return text;
 }
 
 }  // namespace windows1252

@@ -9,12 +9,14 @@
 namespace windows1252 {
 
 /// A character that the code page lacks becomes "?".
-QByteArray inByte(const QString& testo);
-QString inTesto(std::string_view byte);
-inline QString inTesto(const QByteArray& byte) { return inTesto(std::string_view(byte.constData(), static_cast<std::size_t>(byte.size()))); }
+QByteArray toBytes(const QString& text);
+QString toText(std::string_view byte);
+inline QString toText(const QByteArray& byte) {
+  return toText(std::string_view(byte.constData(), static_cast<std::size_t>(byte.size())));
+}
 /// The byte of one character, "?" where there is none.
-unsigned char byteDi(char32_t carattere);
+unsigned char byteOf(char32_t character);
 /// The character of one byte.
-char16_t carattereDi(unsigned char byte);
+char16_t characterOf(unsigned char byte);
 
 }  // namespace windows1252

@@ -6,11 +6,13 @@
 
 namespace UserMMC {
 
-long _conv_double_long(double valore) { return std::lround(valore); }
+long _conv_double_long(double value) {
+  return std::lround(value);
+}
 
 double _get_crc32_double(std::string_view byte) {
-  const uLong vuoto = crc32_z(0, nullptr, 0);
-  return static_cast<double>(crc32_z(vuoto, reinterpret_cast<const Bytef*>(byte.data()), byte.size()));
+  const uLong empty = crc32_z(0, nullptr, 0);
+  return static_cast<double>(crc32_z(empty, reinterpret_cast<const Bytef*>(byte.data()), byte.size()));
 }
 
 }  // namespace UserMMC

@@ -1,0 +1,15 @@
+#include <QApplication>
+#include <QWidget>
+#include <cstdlib>
+
+#include "bench/painted.h"
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" GESTIONALE_DISPLAY);
+  QApplication application(argc, argv);
+  QWidget window;
+  window.resize(1000, 700);
+  const Painted end(window);
+  window.show();
+  std::_Exit(QApplication::exec());
+}

@@ -1,0 +1,23 @@
+#include "demo/moments.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QWidget>
+
+Director::When visible(const QString& name) {
+  return [name] { return window(name) != nullptr; };
+}
+
+bool on(const QString& windowName, const QString& name) {
+  QWidget* open = window(windowName);
+  auto* command = open == nullptr ? nullptr : open->findChild<QWidget*>(name);
+  return command != nullptr && command->isEnabled();
+}
+
+Director::When enabled(const QString& windowName, const QString& name) {
+  return [=] { return on(windowName, name) && QApplication::activeModalWidget() == window(windowName); };
+}
+
+std::filesystem::path path(const QString& name) {
+  return QFile::encodeName(name).toStdString();
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+
+#include "demo/director.h"
+#include "demo/external_till.h"
+
+/// The main road: new archive, article list in, archive to the till, a day at the till, its sales back and
+/// cleared, then both archives looked at, corrected and exported. Every figure that it prints is compared
+/// with what the till holds; a difference ends it with 1.
+class Road {
+ public:
+  struct Places {
+    /// Application folder: ecrsim, sample articles.
+    QString application;
+    /// Where archive, till memory and pictures are left.
+    QString folder;
+  };
+
+  Road(Places places, ExternalTill& till);
+  int walk();
+
+ private:
+  void createArchive();
+  void importList();
+  void chooseFile(const QString& path);
+  void connect(const QString& window, const QString& command);
+  void transfer();
+  void ringUp();
+  void receive();
+  void articleArchive();
+  void searchArticles();
+  void correctArticle();
+  void exportArticles();
+  void salesArchive();
+  void backToWork();
+
+  void photograph(const QString& window, const QString& name);
+  void photographBox(const QString& name);
+  void awaitBox(const QString& text, const QString& photo);
+  void row(const QString& what, const QString& value);
+  void require(bool real, const QString& what);
+  void compareSending();
+  void compareSales();
+  void compareSearch();
+  void compareCorrection();
+  void compareArticleExport();
+  void compareSalesList();
+  void compareSalesExport();
+  /// Clicks the export of a screen, names the file and looks at the message.
+  void exportList(const QString& window, const QString& file, const QString& photo);
+  QString inFolder(const QString& name) const;
+
+  Places places_;
+  ExternalTill& till_;
+  Director director_;
+  QElapsedTimer stopwatch_;
+  QString archive_;
+  QString list_;
+  QString receivedDay_;
+  /// Slot of the article that was corrected, from 1.
+  int corrected_ = 0;
+  int photo_ = 0;
+};

@@ -1,0 +1,105 @@
+#include "ecrsim/listener.h"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <sys/socket.h>
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include "ecrsim/conversation.h"
+
+namespace ecrsim {
+namespace {
+
+using ecrcom::Socket;
+
+constexpr std::uint32_t kLoopbackNet = 127;
+constexpr int kBacklog = 64;
+/// Pause before the next try when the process has no descriptor left.
+constexpr std::chrono::milliseconds kPause{10};
+/// How long the other side of a connection that has ended may take to close its own end.
+constexpr std::chrono::milliseconds kFarewell{1000};
+
+[[noreturn]] void fail(int error, const std::string& address) {
+  throw std::system_error(error, std::generic_category(), "ecrsim " + address);
+}
+
+Socket listen(const std::string& text) {
+  const std::optional<in_addr> address = loopbackAddress(text);
+  if (!address) fail(EADDRNOTAVAIL, text);
+  sockaddr_in where{};
+  where.sin_family = AF_INET;
+  where.sin_port = htons(ecrcom::kPort);
+  where.sin_addr = *address;
+  Socket connection(socket(AF_INET, SOCK_STREAM, 0));
+  if (!connection.isOpen()) fail(errno, text);
+  const int yes = 1;
+  setsockopt(connection.descriptor(), SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+  if (bind(connection.descriptor(), reinterpret_cast<sockaddr*>(&where), sizeof where) != 0)
+    fail(errno, text);
+  if (::listen(connection.descriptor(), kBacklog) != 0) fail(errno, text);
+  // Waiting in accept(), not in poll(), each connection wakes one thread.
+  fcntl(connection.descriptor(), F_SETFL, fcntl(connection.descriptor(), F_GETFL) & ~O_NONBLOCK);
+  return connection;
+}
+
+}  // namespace
+
+std::optional<in_addr> loopbackAddress(const std::string& text) {
+  const std::optional<in_addr> address = ecrcom::address(text);
+  return address && ntohl(address->s_addr) >> 24U == kLoopbackNet ? address : std::nullopt;
+}
+
+Listener::Listener(const std::string& address, Till& till) : till_(till), listener_(listen(address)) {
+  const std::lock_guard lock(mutex_);
+  addWorker();
+}
+
+Listener::~Listener() {
+  {
+    const std::lock_guard lock(mutex_);
+    closes_ = true;
+    shutdown(listener_.descriptor(), SHUT_RDWR);
+    for (Worker& one : workers_)
+      if (one.connection.isOpen()) shutdown(one.connection.descriptor(), SHUT_RDWR);
+  }
+  for (Worker& one : workers_) one.thread.join();
+}
+
+/// With the lock held. A thread that cannot be had is one connection served later.
+void Listener::addWorker() {
+  Worker& fresh = workers_.emplace_back();
+  try {
+    fresh.thread = std::thread([this, &fresh] { work(fresh); });
+    ++free_;
+  } catch (const std::system_error&) {
+    workers_.pop_back();
+  }
+}
+
+void Listener::work(Worker& worker) {
+  for (;;) {
+    Socket connection(accept(listener_.descriptor(), nullptr, nullptr));
+    if (!connection.isOpen() && (errno == EMFILE || errno == ENFILE)) std::this_thread::sleep_for(kPause);
+    if (take(worker, std::move(connection))) {
+      Conversation(worker.connection, till_, worker.buffer).run();
+      worker.connection.dismiss(ecrcom::within(kFarewell));
+    }
+    const std::lock_guard lock(mutex_);
+    if (closes_) return;
+    if (worker.connection.isOpen()) ++free_;
+    worker.connection.close();
+  }
+}
+
+bool Listener::take(Worker& worker, Socket connection) {
+  const std::lock_guard lock(mutex_);
+  if (closes_ || !connection.isOpen()) return false;
+  worker.connection = std::move(connection);
+  if (--free_ == 0) addWorker();
+  return true;
+}
+
+}  // namespace ecrsim

@@ -1,0 +1,55 @@
+#include "ecrsim/simulator.h"
+
+#include <utility>
+
+#include "ecrsim/keys.h"
+#include "ecrsim/listener.h"
+#include "ecrsim/till.h"
+
+namespace ecrsim {
+
+struct Simulator::Impl {
+  explicit Impl(Options options) : till(std::move(options)), listener(till.address(), till) {}
+
+  Till till;
+  Listener listener;
+};
+
+Simulator::Simulator(Options options) : impl_(std::make_unique<Impl>(std::move(options))) {}
+Simulator::~Simulator() = default;
+
+std::vector<Call> Simulator::calls() const {
+  return impl_->till.calls();
+}
+void Simulator::forgetCalls() {
+  impl_->till.forgetCalls();
+}
+void Simulator::state(char letter) {
+  impl_->till.state(letter);
+}
+void Simulator::faults(std::vector<Fault> faults) {
+  impl_->till.faults(std::move(faults));
+}
+void Simulator::infoReply(std::string text) {
+  impl_->till.infoReply(std::move(text));
+}
+bool Simulator::transferOpen() const {
+  return impl_->till.transferOpen();
+}
+
+std::int64_t Simulator::salesDay(int receipts, std::uint32_t seed) {
+  return impl_->till.salesDay(receipts, seed);
+}
+
+std::string Simulator::press(const std::string& sequence) {
+  return ecrsim::press(impl_->till, sequence).text;
+}
+
+const std::filesystem::path& Simulator::folder() const {
+  return impl_->till.memory().folder();
+}
+const std::string& Simulator::address() const {
+  return impl_->till.address();
+}
+
+}  // namespace ecrsim

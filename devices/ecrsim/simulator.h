@@ -1,0 +1,95 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// A cash register that answers on the network, for tests (in process, a thread of its own) and for people
+/// (the program `ecrsim`). Its memory is a folder: `plu.bin` sent to it is `plu.bin` there, and a
+/// `venduto.bin` laid there is what it hands over.
+namespace ecrsim {
+
+/// What goes wrong, once a mode (and a file, if named) is asked for.
+enum class FaultKind {
+  Code,       ///< an error code in place of the work
+  Silence,    ///< no answer at all
+  CutBefore,  ///< the line is cut before the work is done
+  CutWithin,  ///< the line is cut in the middle of the data: those sent to it, else those it answers with
+  CutAfter,   ///< the work is done, the line is cut before the answer
+  ShortFile,  ///< the file, or the reply, is handed over short; a file sent to it arrives short
+  LongFile,   ///< the same, too long
+  Garbage,    ///< bytes that are no frame
+};
+
+struct Fault {
+  int mode = 0;
+  /// Empty: whatever the file.
+  std::string file{};
+  FaultKind what = FaultKind::Code;
+  /// Error code for Cosa::Codice.
+  int code = 7;
+  /// How often it strikes; 0: always.
+  int times = 0;
+};
+
+struct Options {
+  /// A loopback address, 127.0.0.0/8.
+  std::string address = "127.0.0.20";
+  /// The till's memory, made if it is missing; empty: the current folder.
+  std::filesystem::path folder{};
+  /// Size class: "S", "L", or anything else.
+  std::string bitmap = "L";
+  /// State letter: I, P, V, A, L.
+  char state = 'I';
+  int fiscal = 0;
+  std::string pattern = "KPR_80mm";
+  std::string version = "3.00";
+  std::string mmc = "4";
+  /// If not empty, the text that mode 0 answers with, whatever the rest says.
+  std::string infoReply{};
+  std::vector<Fault> faults{};
+  /// How long a frame may take once its first byte is there, and a reply to be taken.
+  std::chrono::milliseconds wait{10000};
+};
+
+/// One command as the till understood it.
+struct Call {
+  int mode = 0;
+  std::string file{};
+  std::size_t byte = 0;
+  bool operator==(const Call&) const = default;
+};
+
+class Simulator {
+ public:
+  /// Listens at once; throws std::system_error if it cannot.
+  explicit Simulator(Options options);
+  ~Simulator();
+  Simulator(const Simulator&) = delete;
+  Simulator& operator=(const Simulator&) = delete;
+
+  /// All of these may be called from any thread.
+  std::vector<Call> calls() const;
+  void forgetCalls();
+  void state(char letter);
+  void faults(std::vector<Fault> faults);
+  void infoReply(std::string text);
+  /// Whether a transfer is open.
+  bool transferOpen() const;
+  /// Rings up `receipts` receipts of a day that the seed decides, over the articles of plu.bin: moves the
+  /// sales counters of venduto.bin. Returns the takings in hundredths.
+  std::int64_t salesDay(int receipts, std::uint32_t seed);
+  /// What a key sequence prints to the line; empty for one that prints nothing or is not understood.
+  std::string press(const std::string& sequence);
+  const std::filesystem::path& folder() const;
+  const std::string& address() const;
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace ecrsim

@@ -1,0 +1,180 @@
+#include "ecrsim/till.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "ecrcom/codes.h"
+#include "ecrsim/known_files.h"
+#include "ecrsim/sales_day.h"
+#include "platform/ecrcom/ecrcom.h"
+
+namespace ecrsim {
+namespace {
+
+/// States in which a till lets its memory be touched, and those in which it closes its day.
+constexpr std::string_view kTransferStates = "IP";
+constexpr std::string_view kClosureStates = "IPA";
+constexpr std::size_t kMaxInfo = 256;
+constexpr std::string_view kDoneReply = "OK";
+
+std::vector<std::uint8_t> byteOf(std::string_view text) {
+  const ecrcom::Bytes byte = ecrcom::byteOf(text);
+  return {byte.begin(), byte.end()};
+}
+
+}  // namespace
+
+Till::Till(Options options)
+    : options_(std::move(options)), memory_(options_.folder), faults_(options_.faults) {}
+
+std::optional<Fault> Till::fault(int mode, const std::string& file) {
+  const std::lock_guard lock(mutex_);
+  const auto found = std::find_if(faults_.begin(), faults_.end(), [&](const Fault& one) {
+    return one.mode == mode && (one.file.empty() || one.file == file);
+  });
+  if (found == faults_.end()) return std::nullopt;
+  const Fault fault = *found;
+  if (found->times > 0 && --found->times == 0) faults_.erase(found);
+  return fault;
+}
+
+void Till::note(int mode, const std::string& file, std::size_t byte) {
+  const std::lock_guard lock(mutex_);
+  calls_.push_back({mode, file, byte});
+}
+
+Reply Till::run(int mode, const std::string& file, ecrcom::Bytes data) {
+  const std::lock_guard lock(mutex_);
+  Reply reply{permission(mode), {}};
+  if (reply.code == ecrcom::kDone) reply = work(mode, file, data);
+  const std::size_t byte = mode == ECR_FETCH_MODE ? reply.data.size() : data.size();
+  calls_.push_back({mode, file, byte});
+  return reply;
+}
+
+std::int16_t Till::permission(int mode) const {
+  if (mode < ECR_INFO_MODE || mode > ECR_FISCAL_CLOSURE_MODE) return ecrcom::kUnknownCommand;
+  // Asked for before anything else, and by a PC that does not know whether one is open.
+  if (mode == ECR_INFO_MODE || mode == ECR_CLOSE_MODE) return ecrcom::kDone;
+  const bool closing = mode == ECR_FISCAL_CLOSURE_MODE;
+  const std::string_view states = closing ? kClosureStates : kTransferStates;
+  if (states.find(options_.state) == std::string_view::npos) return ecrcom::kWrongState;
+  const bool wantsClosed = closing || mode == ECR_OPEN_MODE;
+  if (wantsClosed && open_) return ecrcom::kTransferOpen;
+  if (!wantsClosed && !open_) return ecrcom::kTransferClosed;
+  return ecrcom::kDone;
+}
+
+Reply Till::work(int mode, const std::string& file, ecrcom::Bytes data) {
+  std::int16_t code = ecrcom::kDone;
+  switch (mode) {
+    case ECR_INFO_MODE:
+      return info();
+    case ECR_OPEN_MODE:
+    case ECR_CLOSE_MODE:
+      open_ = mode == ECR_OPEN_MODE;
+      break;
+    case ECR_RESET_MODE:
+      code = clearProgramming();
+      break;
+    case ECR_CLEAR_INVOICES_MODE:
+      code = memory_.clear(kInvoicesFile, kInvoicesBytes);
+      break;
+    case ECR_CLEAR_SALES_MODE:
+      code = memory_.clear(kSalesFile, kSalesBytes);
+      break;
+    case ECR_SEND_MODE:
+      return {takeFile(file, data), {}};
+    case ECR_FETCH_MODE:
+      return handOverFile(file);
+    default:
+      options_.fiscal = 0;
+      break;
+  }
+  return code == ecrcom::kDone ? Reply{code, byteOf(kDoneReply)} : Reply{code, {}};
+}
+
+/// Positions, not keys, are what the PC goes by: software 1, size class 2, memory card 3, state 11, model 12,
+/// fiscal data not closed 17.
+Reply Till::info() const {
+  std::string text = options_.infoReply;
+  if (text.empty()) {
+    text = "VER=" + options_.version + ",BMP=" + options_.bitmap + ",MMC=" + options_.mmc +
+           ",PLU=5000,REP=80,IVA=8,VAL=4,OPE=10,CLI=250,FAT=1000,STATO=" + options_.state +
+           ",MOD=" + options_.pattern +
+           ",MATR=0000001,CASSA=1,LAN=1,COM=2,FISC=" + std::to_string(options_.fiscal) + ",DGFE=1,PROT=1";
+    text.resize(std::min(text.size(), kMaxInfo));
+  }
+  return {ecrcom::kDone, byteOf(text)};
+}
+
+std::int16_t Till::clearProgramming() const {
+  for (const KnownFile& file : knownFiles()) {
+    if (!file.programming) continue;
+    const std::int16_t code = memory_.clear(file.name, file.byte(options_.bitmap));
+    if (code != ecrcom::kDone) return code;
+  }
+  return ecrcom::kDone;
+}
+
+std::int16_t Till::takeFile(const std::string& file, ecrcom::Bytes data) const {
+  const KnownFile* known = knownFile(file);
+  if (known == nullptr || !known->sendable) return ecrcom::kUnknownFile;
+  if (!known->accepts(data.size(), options_.bitmap)) return ecrcom::kBadLength;
+  const std::size_t read = known->byte(options_.bitmap);
+  return memory_.write(file, read == 0 ? data : data.first(read));
+}
+
+/// A file that someone laid into the memory goes out as it is, whatever its length.
+Reply Till::handOverFile(const std::string& file) const {
+  const KnownFile* known = knownFile(file);
+  if (known == nullptr || !known->fetchable) return {ecrcom::kUnknownFile, {}};
+  Reply reply;
+  reply.code = memory_.read(file, reply.data);
+  if (reply.code != ecrcom::kDone) reply.data.clear();
+  return reply;
+}
+
+/// Kind, maker, serial number; fiscal, receipt closed, fiscal; two receipt numbers; memory card and fiscal
+/// memory in per cent; printer and paper in order, card present.
+std::string Till::stateRecord() const {
+  return "ECRSIM0000001FCF000000000000000 000 OOP";
+}
+
+std::vector<Call> Till::calls() const {
+  const std::lock_guard lock(mutex_);
+  return calls_;
+}
+
+void Till::forgetCalls() {
+  const std::lock_guard lock(mutex_);
+  calls_.clear();
+}
+
+void Till::state(char letter) {
+  const std::lock_guard lock(mutex_);
+  options_.state = letter;
+}
+
+void Till::faults(std::vector<Fault> faults) {
+  const std::lock_guard lock(mutex_);
+  faults_ = std::move(faults);
+}
+
+void Till::infoReply(std::string text) {
+  const std::lock_guard lock(mutex_);
+  options_.infoReply = std::move(text);
+}
+
+bool Till::transferOpen() const {
+  const std::lock_guard lock(mutex_);
+  return open_;
+}
+
+std::int64_t Till::salesDay(int receipts, std::uint32_t seed) {
+  const std::lock_guard lock(mutex_);
+  return ringUp(memory_, receipts, seed);
+}
+
+}  // namespace ecrsim

@@ -1,0 +1,71 @@
+#include "controls/picture_frame.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+namespace {
+constexpr QSize kSize{640, 480};
+constexpr QSize kMin{96, 72};
+constexpr int kCorner = 12;
+constexpr int kHalfLight = 128;
+/// How much of the window's colour lies over a picture on a dark desktop, where its full light would dazzle.
+constexpr float kVeil = 0.14F;
+}  // namespace
+
+PictureFrame::PictureFrame(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void PictureFrame::setImage(const QPixmap& image) {
+  image_ = image;
+  update();
+}
+
+bool PictureFrame::load(const QString& file) {
+  const QPixmap read(file);
+  if (read.isNull()) return false;
+  setImage(read);
+  return true;
+}
+
+QSize PictureFrame::sizeHint() const {
+  return kSize;
+}
+
+QSize PictureFrame::minimumSizeHint() const {
+  return kMin;
+}
+
+void PictureFrame::paintEvent(QPaintEvent* /*evento*/) {
+  QPainter painter(this);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  QPainterPath border;
+  border.addRoundedRect(QRectF(rect()), kCorner, kCorner);
+  painter.setClipPath(border);
+  painter.fillRect(rect(), palette().midlight());
+  if (image_.isNull()) return;
+  QRect place(QPoint(), image_.size().scaled(size(), Qt::KeepAspectRatio));
+  place.moveCenter(rect().center());
+  extendBackground(painter, place);
+  painter.drawPixmap(place, image_);
+  QColor veil = palette().color(QPalette::Window);
+  if (veil.lightness() >= kHalfLight) return;
+  veil.setAlphaF(kVeil);
+  painter.fillRect(rect(), veil);
+}
+
+void PictureFrame::extendBackground(QPainter& painter, const QRectF& place) const {
+  const QRectF all(rect());
+  const qreal high = image_.height();
+  const auto spread = [&](const QRectF& where, const QRectF& from) {
+    painter.drawPixmap(where, image_, from);
+  };
+  if (place.top() > all.top()) {
+    spread({all.topLeft(), QPointF(all.right(), place.top())}, {0, 0, 1, 1});
+    spread({QPointF(all.left(), place.bottom()), all.bottomRight()}, {0, high - 1, 1, 1});
+  }
+  if (place.left() > all.left()) {
+    spread({all.topLeft(), QPointF(place.left(), all.bottom())}, {0, 0, 1, high});
+    spread({QPointF(place.right(), all.top()), all.bottomRight()}, {0, 0, 1, high});
+  }
+}

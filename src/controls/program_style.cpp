@@ -1,0 +1,81 @@
+#include "controls/program_style.h"
+
+#include <QStyleOption>
+
+#include "controls/palette.h"
+#include "controls/style.h"
+
+namespace style {
+
+namespace {
+
+struct Picture {
+  QStyle::StandardPixmap which;
+  const char* name;
+  /// Its colour; that of the text on buttons where there is none.
+  QColor Tints::*tint;
+};
+
+constexpr Picture kPictures[] = {
+    {QStyle::SP_MessageBoxCritical, "circle-x", &Tints::fault},
+    {QStyle::SP_MessageBoxWarning, "triangle-alert", &Tints::busy},
+    {QStyle::SP_MessageBoxQuestion, "circle-help", &Tints::accent},
+    {QStyle::SP_MessageBoxInformation, "info", &Tints::accent},
+    {QStyle::SP_ArrowBack, "arrow-left", nullptr},
+    {QStyle::SP_ArrowForward, "arrow-right", nullptr},
+    {QStyle::SP_FileDialogToParent, "arrow-up", nullptr},
+    {QStyle::SP_FileDialogNewFolder, "folder-plus", nullptr},
+    {QStyle::SP_FileDialogListView, "list", nullptr},
+    {QStyle::SP_FileDialogDetailedView, "layout-list", nullptr},
+    {QStyle::SP_DirIcon, "folder", nullptr},
+    {QStyle::SP_DirClosedIcon, "folder", nullptr},
+    {QStyle::SP_DirOpenIcon, "folder-open", nullptr},
+    {QStyle::SP_DirHomeIcon, "folder", nullptr},
+    {QStyle::SP_FileIcon, "file", nullptr},
+    {QStyle::SP_ComputerIcon, "monitor", nullptr},
+};
+
+}  // namespace
+
+ProgramStyle::ProgramStyle(const Tints& tints) : QProxyStyle(QStringLiteral("Fusion")), tints_(tints) {}
+
+QIcon ProgramStyle::own(StandardPixmap which) const {
+  for (const Picture& picture : kPictures) {
+    const QString name = QLatin1String(picture.name);
+    if (picture.which != which || !iconExists(name)) continue;
+    return picture.tint ? tintedIcon(name, tints_.*picture.tint) : icon(name);
+  }
+  return {};
+}
+
+QIcon ProgramStyle::standardIcon(StandardPixmap which, const QStyleOption* options,
+                                 const QWidget* who) const {
+  const QIcon ours = own(which);
+  return ours.isNull() ? QProxyStyle::standardIcon(which, options, who) : ours;
+}
+
+QPixmap ProgramStyle::standardPixmap(StandardPixmap which, const QStyleOption* options,
+                                     const QWidget* who) const {
+  const QIcon ours = own(which);
+  return ours.isNull() ? QProxyStyle::standardPixmap(which, options, who)
+                       : ours.pixmap(pixelMetric(PM_LargeIconSize, options, who));
+}
+
+int ProgramStyle::styleHint(StyleHint which, const QStyleOption* options, const QWidget* who,
+                            QStyleHintReturn* data) const {
+  if (which == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  return QProxyStyle::styleHint(which, options, who, data);
+}
+
+void ProgramStyle::drawControl(ControlElement which, const QStyleOption* options, QPainter* painter,
+                               const QWidget* who) const {
+  const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(options);
+  if (!entry || (which != CE_MenuItem && which != CE_MenuBarItem))
+    return QProxyStyle::drawControl(which, options, painter, who);
+  QStyleOptionMenuItem copy(*entry);
+  copy.palette.setColor(QPalette::Highlight, tints_.veil);
+  copy.palette.setColor(QPalette::HighlightedText, tints_.text);
+  QProxyStyle::drawControl(which, &copy, painter, who);
+}
+
+}  // namespace style

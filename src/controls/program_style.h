@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace style {
+
+struct Tints;
+
+/// Fusion with the program's own icons in boxes and file dialogs, menus highlighted in a wash on which their
+/// icons can be seen, and no icons on the buttons of a dialog. A picture whose file is not there is Fusion's.
+class ProgramStyle : public QProxyStyle {
+ public:
+  /// `tints` has to outlive the style.
+  explicit ProgramStyle(const Tints& tints);
+
+  QIcon standardIcon(StandardPixmap which, const QStyleOption* options, const QWidget* who) const override;
+  QPixmap standardPixmap(StandardPixmap which, const QStyleOption* options,
+                         const QWidget* who) const override;
+  int styleHint(StyleHint which, const QStyleOption* options, const QWidget* who,
+                QStyleHintReturn* data) const override;
+  void drawControl(ControlElement which, const QStyleOption* options, QPainter* painter,
+                   const QWidget* who) const override;
+
+ private:
+  QIcon own(StandardPixmap which) const;
+
+  const Tints& tints_;
+};
+
+}  // namespace style

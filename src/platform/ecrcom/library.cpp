@@ -1,0 +1,138 @@
+#include "platform/ecrcom/library.h"
+
+#include <QDir>
+#include <QLibrary>
+#include <algorithm>
+
+#include "platform/ecrcom/ecrcom.h"
+#include "platform/error.h"
+
+namespace {
+
+#if defined(Q_OS_WIN)
+constexpr QLatin1String kNome("ecrcom.dll");
+#elif defined(Q_OS_MACOS)
+constexpr QLatin1String kNome("libecrcom.dylib");
+#else
+constexpr QLatin1String kName("libecrcom.so");
+#endif
+
+/// Room behind every buffer: a library that writes a NUL, or a little more, past the length it was told
+/// spoils nothing of ours.
+constexpr qsizetype kMargin = 256;
+constexpr qsizetype kDateTimeLength = 18;
+
+/// A copy of a byte array that a foreign library may write to.
+class WritableCopy {
+ public:
+  explicit WritableCopy(const QByteArray& byte)
+      : length_(byte.size()), byte_(byte + QByteArray(kMargin, '\0')) {}
+  char* data() { return byte_.data(); }
+  std::int32_t length() const { return static_cast<std::int32_t>(length_); }
+  /// What stands there up to a NUL, at most the first length.
+  QByteArray text() const {
+    return integer().left(static_cast<qsizetype>(qstrnlen(byte_.constData(), static_cast<size_t>(length_))));
+  }
+  QByteArray integer() const { return byte_.left(length_); }
+
+ private:
+  qsizetype length_;
+  QByteArray byte_;
+};
+
+}  // namespace
+
+struct LibreriaEcr::Impl {
+  QString folder;
+  QLibrary library;
+
+  void load() {
+    if (library.isLoaded()) return;
+    library.setFileName(QDir(folder).absoluteFilePath(kName));
+    if (!library.load()) throw Errore{errors::kFileMissing, QStringLiteral("File non trovato: ") + kName};
+  }
+
+  template <typename Function>
+  Function entryPoint(Function, const char* name) {
+    load();
+    if (const QFunctionPointer found = library.resolve(name)) return reinterpret_cast<Function>(found);
+    throw Errore{errors::kEntryPointMissing, QStringLiteral("Impossibile trovare il punto di ingresso ") +
+                                                 QLatin1String(name) + QStringLiteral(" in ") + kName};
+  }
+};
+
+// The entry of the loaded library that bears the name and has the type of the one in ecrcom.h.
+#define ENTRY(nome) impl_->entryPoint(static_cast<decltype(&::nome)>(nullptr), #nome)
+
+LibreriaEcr::LibreriaEcr(QString folder) : impl_(std::make_unique<Impl>()) {
+  impl_->folder = std::move(folder);
+}
+
+LibreriaEcr::~LibreriaEcr() = default;
+
+std::int16_t LibreriaEcr::ecr_command(QByteArray& ip, QByteArray& file, int mode, QByteArray& buffer) {
+  const auto function = ENTRY(ecr_command);
+  WritableCopy ipCopy(ip);
+  WritableCopy fileCopy(file);
+  WritableCopy bufferCopy(buffer);
+  const std::int16_t code =
+      function(ipCopy.data(), fileCopy.data(), mode, bufferCopy.data(), bufferCopy.length());
+  ip = ipCopy.text();
+  file = fileCopy.text();
+  buffer = bufferCopy.integer();
+  return code;
+}
+
+QByteArray LibreriaEcr::ecr_get_err(std::int16_t code, int length) {
+  const auto function = ENTRY(ecr_get_err);
+  WritableCopy copy(QByteArray(std::max(length, 0), ' '));
+  function(code, copy.data());
+  return copy.text();
+}
+
+std::int32_t LibreriaEcr::ecr_conn_xonxoff_ntw(const QByteArray& ip) {
+  const auto function = ENTRY(ecr_conn_xonxoff_ntw);
+  WritableCopy copy(ip);
+  return function(copy.data());
+}
+
+std::int16_t LibreriaEcr::ecr_disc_xonxoff_ntw(std::int32_t handle) {
+  return ENTRY(ecr_disc_xonxoff_ntw)(handle);
+}
+
+std::int16_t LibreriaEcr::ecr_send_xonxoff_ntw(std::int32_t handle, QByteArray& text) {
+  const auto function = ENTRY(ecr_send_xonxoff_ntw);
+  WritableCopy copy(text);
+  const std::int16_t code = function(handle, copy.data());
+  text = copy.integer();
+  return code;
+}
+
+std::int32_t LibreriaEcr::ecr_recv_xonxoff_ntw(std::int32_t handle, QByteArray& buffer, int wait) {
+  const auto function = ENTRY(ecr_recv_xonxoff_ntw);
+  WritableCopy copy(buffer);
+  const std::int32_t received = function(handle, copy.data(), copy.length(), wait);
+  buffer = copy.integer();
+  return std::min(received, copy.length());
+}
+
+std::uint32_t LibreriaEcr::ecr_date_decode(int day, int month, int year) {
+  return ENTRY(ecr_date_decode)(day, month, year);
+}
+
+std::uint32_t LibreriaEcr::ecr_dates_decode(int day, int month) {
+  return ENTRY(ecr_dates_decode)(day, month);
+}
+
+std::uint32_t LibreriaEcr::ecr_time_decode(int hours, int minutes, int seconds) {
+  return ENTRY(ecr_time_decode)(hours, minutes, seconds);
+}
+
+QByteArray LibreriaEcr::ecr_oro_encode(std::uint32_t value) {
+  const auto function = ENTRY(ecr_oro_encode);
+  WritableCopy copy(QByteArray(kDateTimeLength, '\0'));
+  function(value, copy.data());
+  return copy.text();
+}
+
+#undef ENTRY

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <cstdint>
+#include <memory>
+
+/// The communications library, loaded at its first call from the folder handed over, so that a maker's own
+/// can stand in its place. Every call throws Errore 53 if the library, and 453 if one of its entries, is
+/// missing. Byte arrays are writable buffers: the library may change what they hold, never their length.
+class LibreriaEcr {
+ public:
+  /// `folder` holds libecrcom.so (or the platform's name for it).
+  explicit LibreriaEcr(QString folder);
+  ~LibreriaEcr();
+  LibreriaEcr(const LibreriaEcr&) = delete;
+  LibreriaEcr& operator=(const LibreriaEcr&) = delete;
+
+  /// `ip` and `file` come back as the library left them, cut at their NUL; `buffer` keeps its length.
+  std::int16_t ecr_command(QByteArray& ip, QByteArray& file, int mode, QByteArray& buffer);
+  /// Message of a code, cut at its NUL. `length`: size of the buffer handed over, 81 or 80.
+  QByteArray ecr_get_err(std::int16_t code, int length = 81);
+  std::int32_t ecr_conn_xonxoff_ntw(const QByteArray& ip);
+  std::int16_t ecr_disc_xonxoff_ntw(std::int32_t handle);
+  std::int16_t ecr_send_xonxoff_ntw(std::int32_t handle, QByteArray& text);
+  std::int32_t ecr_recv_xonxoff_ntw(std::int32_t handle, QByteArray& buffer, int wait);
+  std::uint32_t ecr_date_decode(int day, int month, int year);
+  std::uint32_t ecr_dates_decode(int day, int month);
+  std::uint32_t ecr_time_decode(int hours, int minutes, int seconds);
+  QByteArray ecr_oro_encode(std::uint32_t value);
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};

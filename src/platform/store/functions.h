@@ -1,0 +1,14 @@
+#pragma once
+
+struct sqlite3;
+
+namespace store {
+
+/// Name of the engine's function that turns a moment, in any form that a statement may write it, into the
+/// sortable one. Null stays null; a text that is no moment fails with "data non valida".
+inline constexpr char kDateFunction[] = "data_ordinabile";
+
+/// Makes the dialect's functions known to a connection: LIKE, FORMAT, DATE and data_ordinabile.
+void RegisterFunctions(sqlite3* db);
+
+}  // namespace store

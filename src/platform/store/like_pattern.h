@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string_view>
+
+namespace store {
+
+/// The dialect's LIKE on UTF-8: `*` any text, `?` one character, `#` one digit, `[a-z]` and `[!a-z]` sets.
+/// Letter case does not matter, accented letters included.
+bool MatchesPattern(std::string_view pattern, std::string_view text);
+
+/// False where a `[` is never closed: such a pattern is an error of the statement.
+bool ValidPattern(std::string_view pattern);
+
+/// The longest fixed beginning of a pattern that an index in the NOCASE collation keeps together: it ends
+/// before the first wild card and before the first character beyond ASCII, whose case that collation does
+/// not fold.
+std::string_view FixedPrefix(std::string_view pattern);
+
+}  // namespace store

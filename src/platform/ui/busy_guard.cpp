@@ -1,0 +1,85 @@
+#include "platform/ui/busy_guard.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QObject>
+#include <QPointer>
+#include <utility>
+
+namespace {
+
+int live = 0;
+
+bool toBeEaten(QEvent::Type kind) {
+  switch (kind) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride:
+    case QEvent::InputMethod:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
+    case QEvent::TabletPress:
+    case QEvent::TabletMove:
+    case QEvent::TabletRelease:
+    case QEvent::NativeGesture:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+    case QEvent::Close:
+    case QEvent::Quit:
+      return true;
+    default:
+      return false;
+  }
+}
+
+class Filter : public QObject {
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (!BusyGuard::active() || !toBeEaten(event->type())) return false;
+    // A closing that nobody refuses hides the window all the same; other input must not climb to the parent.
+    event->setAccepted(event->type() != QEvent::Close && event->type() != QEvent::Quit);
+    return true;
+  }
+};
+
+/// Over the whole application, made with the first guard and gone with the application.
+void installFilter() {
+  static QPointer<Filter> filter;
+  QCoreApplication* application = QCoreApplication::instance();
+  if (filter || !application) return;
+  filter = new Filter(application);
+  application->installEventFilter(filter);
+}
+
+}  // namespace
+
+BusyGuard::BusyGuard() {
+  installFilter();
+  ++live;
+}
+
+BusyGuard::~BusyGuard() {
+  if (live == 1 && QCoreApplication::instance()) QCoreApplication::processEvents();
+  --live;
+}
+
+bool BusyGuard::active() {
+  return live > 0;
+}
+
+BusyGuard::Suspended::Suspended() : before_(std::exchange(live, 0)) {}
+
+BusyGuard::Suspended::~Suspended() {
+  live += before_;
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+/// The one busy guard. While an instance lives, keys, clicks, shortcuts and closings that an event pass
+/// would deliver are eaten, so that a transfer cannot be started twice nor its screen closed under it.
+/// The end of the last one eats what was waiting: a click made while a long call stood still is not a wish
+/// for what the screen shows afterwards. Instances nest. Message boxes and file dialogs of the user port
+/// suspend the guard while they are open.
+class BusyGuard {
+ public:
+  BusyGuard();
+  ~BusyGuard();
+  BusyGuard(const BusyGuard&) = delete;
+  BusyGuard& operator=(const BusyGuard&) = delete;
+
+  /// True while some instance lives and none is suspended.
+  static bool active();
+
+  /// Lifts the guard for its own life: what the user port holds while a box is open.
+  class Suspended {
+   public:
+    Suspended();
+    ~Suspended();
+    Suspended(const Suspended&) = delete;
+    Suspended& operator=(const Suspended&) = delete;
+
+   private:
+    int before_;
+  };
+};

@@ -1,0 +1,65 @@
+#include "program.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+#include <clocale>
+
+#include "articles/Form_ArchivioArticoli.h"
+#include "articles/Form_Help_CodiceEAN.h"
+#include "articles/Form_TrasferimentoArticoli.h"
+#include "controls/style.h"
+#include "core/menu.h"
+#include "core/state.h"
+#include "platform/net/network.h"
+#include "platform/ui/double_click.h"
+#include "sales/Form_ArchivioVenduto.h"
+#include "sales/Form_RicezioneVenduto.h"
+#include "workspace/Form_GestioneMMC.h"
+
+namespace {
+
+/// The texts of Qt's own, such as the buttons of a file dialog; English where its translations are missing.
+void speakItalian(QApplication& application) {
+  auto* texts = new QTranslator(&application);
+  if (texts->load(QStringLiteral("qtbase_it"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(texts);
+}
+
+}  // namespace
+
+void prepareApplication(QApplication& application, const QString& folder) {
+  // The application object took the desktop's locale for itself: statements are put together with points.
+  std::setlocale(LC_NUMERIC, "C");
+  QApplication::setApplicationName(QStringLiteral("gestionale"));
+  // No display name: the toolkit would append it to the title of every window and box.
+  QApplication::setApplicationVersion(QStringLiteral(GESTIONALE_VERSIONE));
+  style::iconFolder(folder + QStringLiteral("/icons"));
+  style::apply(application);
+  QApplication::setWindowIcon(style::icon(QStringLiteral("receipt-euro")));
+  speakItalian(application);
+  new DoubleClickStopper(&application);
+}
+
+Program::Program(const QString& folder)
+    : utente_([this] { workspace_.Abandon(); }), library_(folder), contesto_{utente_,  workspace_,
+                                                                             library_, systemNetwork(),
+                                                                             screens_, folder} {
+  registraSchermateCore(screens_);
+  registraArchivioArticoli(screens_);
+  registraTrasferimentoArticoli(screens_);
+  registraHelpCodiceEAN(screens_);
+  registraRicezioneVenduto(screens_);
+  registraArchivioVenduto(screens_);
+  registraGestioneMMC(screens_);
+  registraSchermateMancanti(screens_);
+}
+
+Program::~Program() {
+  screens_.scaricaTutte();
+  varGlobal().DB_Articoli = {};
+}
+
+QWidget& Program::showMenu() {
+  return screens_.mostra(QStringLiteral("start"), contesto_);
+}

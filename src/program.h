@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+#include "core/context.h"
+#include "core/screens.h"
+#include "platform/ecrcom/library.h"
+#include "platform/store/store.h"
+#include "platform/ui/desktop_user.h"
+
+class QApplication;
+class QWidget;
+
+/// Number format, names and look of the application; before the first screen.
+void prepareApplication(QApplication& application, const QString& folder);
+
+/// The program put together: what the screens are handed, and every screen registered by name.
+class Program {
+ public:
+  /// `folder`: the application folder.
+  explicit Program(const QString& folder);
+  ~Program();
+
+  Contesto& contesto() { return contesto_; }
+  /// Loads and shows the menu.
+  QWidget& showMenu();
+
+ private:
+  store::Workspace workspace_;
+  DesktopUser utente_;
+  LibreriaEcr library_;
+  Schermate screens_;
+  Contesto contesto_;
+};

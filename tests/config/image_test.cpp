@@ -1,0 +1,89 @@
+#include "config/image.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "platform/error.h"
+
+using namespace config;
+
+namespace {
+
+struct Atteso {
+  const Famiglia* famiglia;
+  std::string file;
+  std::size_t record;
+  std::size_t byte;
+  std::size_t totale;
+  std::size_t inizio;
+};
+
+const std::vector<Atteso> kAttese{{&kIntestazione, "intestazione.bin", 8, 38, 304, 0},
+                                  {&kCortesia, "cortesia.bin", 2, 39, 78, 304},
+                                  {&kReparto, "reparti.bin", 80, 42, 3360, 382},
+                                  {&kPLU, "plu.bin", 5000, 48, 240000, 3742},
+                                  {&kIVA, "iva.bin", 8, 29, 232, 243742},
+                                  {&kValuta, "val.bin", 4, 29, 116, 243974},
+                                  {&kOperatore, "operatori.bin", 10, 33, 330, 244090},
+                                  {&kParametri, "prog_param.bin", 1, 428, 428, 244420},
+                                  {&kLogo, "logo.bin", 12, 10, 120, 244848}};
+
+}  // namespace
+
+TEST(Immagine, LeNoveFamiglieStannoAiLoroPosti) {
+  ASSERT_EQ(famiglie().size(), kAttese.size());
+  for (std::size_t i = 0; i < kAttese.size(); ++i) {
+    const Famiglia& famiglia = *famiglie()[i];
+    EXPECT_EQ(&famiglia, kAttese[i].famiglia);
+    EXPECT_EQ(famiglia.file, kAttese[i].file);
+    EXPECT_EQ(famiglia.record, kAttese[i].record) << famiglia.file;
+    EXPECT_EQ(famiglia.byte, kAttese[i].byte) << famiglia.file;
+    EXPECT_EQ(famiglia.totale(), kAttese[i].totale) << famiglia.file;
+    EXPECT_EQ(famiglia.inizio, kAttese[i].inizio) << famiglia.file;
+  }
+}
+
+TEST(Immagine, FinisceA244968) {
+  const ImmagineProgrammazione immagine;
+  EXPECT_EQ(immagine.byte().size(), 244968U);
+  EXPECT_EQ(kLogo.inizio + kLogo.totale(), 244968U);
+}
+
+TEST(Immagine, IlRecordEAlSuoOffsetEByteFuoriNonSiToccano) {
+  ImmagineProgrammazione immagine;
+  std::ranges::fill(immagine.byte(), std::uint8_t{0xA5});
+  std::ranges::fill(immagine.record(kReparto, 79), std::uint8_t{0});
+  const RecordLetto byte = immagine.byte();
+  EXPECT_EQ(std::ranges::count(byte, 0), 42);
+  EXPECT_EQ(std::ranges::count(byte.subspan(382 + 79 * 42, 42), 0), 42);
+}
+
+TEST(Immagine, IlBloccoEQuelloDeiRecord) {
+  ImmagineProgrammazione immagine;
+  for (const Famiglia* famiglia : famiglie()) {
+    EXPECT_EQ(immagine.blocco(*famiglia).data(), immagine.record(*famiglia, 0).data());
+    EXPECT_EQ(immagine.blocco(*famiglia).size(), famiglia->totale());
+    const RecordLetto ultimo = immagine.record(*famiglia, famiglia->record - 1);
+    EXPECT_EQ(ultimo.data() + ultimo.size(), immagine.byte().data() + famiglia->inizio + famiglia->totale());
+  }
+}
+
+TEST(Immagine, UnRecordOltreLUltimoEErrore9) {
+  ImmagineProgrammazione immagine;
+  const ImmagineProgrammazione& letta = immagine;
+  for (const Famiglia* famiglia : famiglie()) {
+    try {
+      immagine.record(*famiglia, famiglia->record);
+      ADD_FAILURE() << famiglia->file;
+    } catch (const Errore& errore) {
+      EXPECT_EQ(errore.numero, errors::kOutOfRange);
+    }
+    EXPECT_THROW(letta.record(*famiglia, famiglia->record), Errore) << famiglia->file;
+  }
+}
+
+TEST(Immagine, QuellaDelProcessoEUnaSola) {
+  EXPECT_EQ(&immagineProgrammazione(), &immagineProgrammazione());
+}

@@ -1,0 +1,151 @@
+#include "controls/program_style.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileDialog>
+#include <QListView>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QToolButton>
+
+#include "controls/palette.h"
+#include "controls/style.h"
+
+namespace {
+
+/// True if something is painted, and every fully covered pixel of it in that colour.
+bool dipintaIn(const QColor& atteso, const QPixmap& disegno) {
+  const QImage immagine = disegno.toImage().convertToFormat(QImage::Format_ARGB32);
+  int coperti = 0;
+  for (int y = 0; y < immagine.height(); ++y)
+    for (int x = 0; x < immagine.width(); ++x) {
+      const QColor visto = immagine.pixelColor(x, y);
+      if (visto.alpha() < 255) continue;
+      ++coperti;
+      if (std::abs(visto.red() - atteso.red()) > 2 || std::abs(visto.green() - atteso.green()) > 2 ||
+          std::abs(visto.blue() - atteso.blue()) > 2)
+        return false;
+    }
+  return coperti > 0;
+}
+
+/// Every name between quotes in the program's sources.
+QByteArray sorgenti() {
+  QByteArray testo;
+  QDirIterator voci(QStringLiteral(GESTIONALE_SOURCES "/src"), {QStringLiteral("*.cpp")}, QDir::Files,
+                    QDirIterator::Subdirectories);
+  while (voci.hasNext()) {
+    QFile file(voci.next());
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    testo += file.readAll();
+  }
+  return testo;
+}
+
+}  // namespace
+
+class FigureDelloStile : public testing::TestWithParam<bool> {
+ protected:
+  FigureDelloStile() {
+    style::iconFolder(QStringLiteral(GESTIONALE_SOURCES "/data/icons"));
+    style::apply(*qApp, GetParam() ? style::Theme::Dark : style::Theme::Light);
+  }
+  ~FigureDelloStile() override { qApp->setStyleSheet({}); }
+  const style::Tints& t_ = style::tints(GetParam());
+  const std::vector<std::tuple<QMessageBox::Icon, QStyle::StandardPixmap, QColor>> riquadri_{
+      {QMessageBox::Critical, QStyle::SP_MessageBoxCritical, t_.fault},
+      {QMessageBox::Warning, QStyle::SP_MessageBoxWarning, t_.busy},
+      {QMessageBox::Question, QStyle::SP_MessageBoxQuestion, t_.accent},
+      {QMessageBox::Information, QStyle::SP_MessageBoxInformation, t_.accent}};
+};
+
+INSTANTIATE_TEST_SUITE_P(ChiaroEScuro, FigureDelloStile, testing::Bool());
+
+TEST_P(FigureDelloStile, IRiquadriHannoLeNostreNelLoroColore) {
+  for (const auto& [icona, figura, tinta] : riquadri_) {
+    EXPECT_TRUE(dipintaIn(tinta, qApp->style()->standardIcon(figura).pixmap(48))) << figura;
+    EXPECT_TRUE(dipintaIn(tinta, qApp->style()->standardPixmap(figura))) << figura;
+    QMessageBox riquadro;
+    riquadro.setIcon(icona);
+    EXPECT_TRUE(dipintaIn(tinta, riquadro.iconPixmap())) << "what the box shows, " << figura;
+  }
+}
+
+TEST_P(FigureDelloStile, LeQuattroSonoDiverse) {
+  std::vector<QImage> viste;
+  for (const auto& [icona, figura, tinta] : riquadri_) {
+    const QImage forma = qApp->style()->standardIcon(figura).pixmap(48).toImage().createAlphaMask();
+    EXPECT_EQ(std::count(viste.begin(), viste.end(), forma), 0) << figura;
+    viste.push_back(forma);
+  }
+}
+
+TEST_P(FigureDelloStile, LeFinestreDeiFileHannoLeNostreNelColoreDelTesto) {
+  for (const auto figura :
+       {QStyle::SP_ArrowBack, QStyle::SP_ArrowForward, QStyle::SP_FileDialogToParent,
+        QStyle::SP_FileDialogNewFolder, QStyle::SP_FileDialogListView, QStyle::SP_FileDialogDetailedView,
+        QStyle::SP_DirIcon, QStyle::SP_DirHomeIcon, QStyle::SP_FileIcon, QStyle::SP_ComputerIcon})
+    EXPECT_TRUE(dipintaIn(t_.text, qApp->style()->standardIcon(figura).pixmap(48))) << figura;
+}
+
+TEST_P(FigureDelloStile, SenzaIFileDelleIconeRestanoQuelleDiFusion) {
+  style::iconFolder(QStringLiteral("/percorso/che/non/esiste"));
+  for (const auto& [icona, figura, tinta] : riquadri_) {
+    const QPixmap disegno = qApp->style()->standardIcon(figura).pixmap(48);
+    EXPECT_FALSE(disegno.isNull()) << figura;
+    EXPECT_FALSE(dipintaIn(tinta, disegno)) << figura;
+    EXPECT_FALSE(qApp->style()->standardPixmap(figura).isNull()) << figura;
+  }
+}
+
+TEST_P(FigureDelloStile, IPulsantiDeiDialoghiNonHannoIcone) {
+  const QDialogButtonBox pulsanti(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
+  for (const QAbstractButton* pulsante : pulsanti.buttons()) EXPECT_TRUE(pulsante->icon().isNull());
+}
+
+/// Width of what stands out from the ground inside a button's border, pixels.
+int larghezzaFigura(QWidget& pulsante, const QColor& fondo) {
+  constexpr int kBordo = 3;
+  const QImage immagine = pulsante.grab().toImage();
+  int primo = immagine.width();
+  int ultimo = primo - 1;
+  for (int y = kBordo; y < immagine.height() - kBordo; ++y)
+    for (int x = kBordo; x < immagine.width() - kBordo; ++x)
+      if (immagine.pixelColor(x, y) != fondo) {
+        ultimo = primo == immagine.width() ? x : std::max(ultimo, x);
+        primo = std::min(primo, x);
+      }
+  return ultimo - primo + 1;
+}
+
+TEST_P(FigureDelloStile, NelleFinestreDeiFileLeIconeHannoLaLoroMisura) {
+  QFileDialog finestra;
+  finestra.show();
+  auto* su = finestra.findChild<QToolButton*>(QStringLiteral("toParentButton"));
+  ASSERT_NE(su, nullptr);
+  EXPECT_GE(larghezzaFigura(*su, t_.paper), su->iconSize().width() / 2);
+  const auto* luoghi = finestra.findChild<QListView*>(QStringLiteral("sidebar"));
+  EXPECT_EQ(luoghi->style()->pixelMetric(QStyle::PM_ListViewIconSize, nullptr, luoghi), 16);
+}
+
+TEST_P(FigureDelloStile, LaVoceDiMenuSceltaLasciaVedereLaSuaIcona) {
+  QMenu menu;
+  QAction* scelta = menu.addAction(style::icon(QStringLiteral("file-plus")), QStringLiteral("Nuovo"));
+  menu.addAction(QStringLiteral("Apri"));
+  menu.setActiveAction(scelta);
+  const QRect posto = menu.actionGeometry(scelta);
+  EXPECT_EQ(menu.grab().toImage().pixelColor(posto.right() - 4, posto.center().y()), t_.veil);
+}
+
+TEST(IconeDelProgramma, OgniFileEDiUnSorgente) {
+  const QByteArray testo = sorgenti();
+  for (const QString& nome :
+       QDir(QStringLiteral(GESTIONALE_SOURCES "/data/icons")).entryList({QStringLiteral("*.svg")}))
+    EXPECT_TRUE(testo.contains('"' + nome.chopped(4).toLatin1() + '"')) << nome.toStdString();
+}

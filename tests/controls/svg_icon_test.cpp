@@ -1,0 +1,87 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QPushButton>
+#include <algorithm>
+#include <cstdlib>
+#include <set>
+
+#include "controls/palette.h"
+#include "controls/style.h"
+
+namespace {
+
+/// The colours of the fully covered pixels.
+std::set<QRgb> colori(const QPixmap& disegno) {
+  std::set<QRgb> visti;
+  const QImage immagine = disegno.toImage().convertToFormat(QImage::Format_ARGB32);
+  for (int y = 0; y < immagine.height(); ++y)
+    for (int x = 0; x < immagine.width(); ++x)
+      if (qAlpha(immagine.pixel(x, y)) == 255) visti.insert(immagine.pixel(x, y));
+  return visti;
+}
+
+/// True if something is painted, and in that colour alone. Blending rounds by a unit or two.
+bool dipintaIn(const QColor& atteso, const QPixmap& disegno) {
+  const std::set<QRgb> visti = colori(disegno);
+  return !visti.empty() && std::all_of(visti.begin(), visti.end(), [&](QRgb visto) {
+    return std::abs(qRed(visto) - atteso.red()) <= 2 && std::abs(qGreen(visto) - atteso.green()) <= 2 &&
+           std::abs(qBlue(visto) - atteso.blue()) <= 2;
+  });
+}
+
+}  // namespace
+
+class IconaStile : public testing::TestWithParam<bool> {
+ protected:
+  IconaStile() {
+    style::iconFolder(QStringLiteral(GESTIONALE_SOURCES "/data/icons"));
+    QApplication::setPalette(style::palette(tinte_));
+    icona_ = style::icon(QStringLiteral("upload"));
+  }
+  const style::Tints& tinte_ = style::tints(GetParam());
+  QIcon icona_;
+};
+
+INSTANTIATE_TEST_SUITE_P(ChiaroEScuro, IconaStile, testing::Bool());
+
+TEST_P(IconaStile, PrendeIlColoreDelTestoInOgniModo) {
+  EXPECT_TRUE(dipintaIn(tinte_.text, icona_.pixmap(48)));
+  EXPECT_TRUE(dipintaIn(tinte_.off, icona_.pixmap(48, QIcon::Disabled)));
+  EXPECT_TRUE(dipintaIn(tinte_.onAccent, icona_.pixmap(48, QIcon::Selected)));
+}
+
+TEST_P(IconaStile, QuellaPrimariaPrendeIlColoreDelTestoSullAccento) {
+  EXPECT_TRUE(dipintaIn(tinte_.onAccent, style::primaryIcon(QStringLiteral("upload")).pixmap(48)));
+}
+
+TEST_P(IconaStile, ENitidaAOgniScala) {
+  for (const qreal scala : {1.0, 1.5, 2.0, 3.0}) {
+    const QPixmap disegno = icona_.pixmap(QSize(24, 24), scala);
+    EXPECT_EQ(disegno.size(), QSize(24, 24) * scala);
+    EXPECT_TRUE(dipintaIn(tinte_.text, disegno)) << "strokes drawn at this size, not stretched";
+  }
+}
+
+TEST_P(IconaStile, UnFileAssenteNonDipingeNulla) {
+  EXPECT_TRUE(colori(style::icon(QStringLiteral("non_esiste")).pixmap(48)).empty());
+}
+
+TEST_P(IconaStile, OgniFileDellaCartellaSiDipinge) {
+  const QDir cartella(QStringLiteral(GESTIONALE_SOURCES "/data/icons"));
+  const QStringList file = cartella.entryList({QStringLiteral("*.svg")});
+  ASSERT_FALSE(file.isEmpty());
+  for (const QString& nome : file)
+    EXPECT_TRUE(dipintaIn(tinte_.text, style::icon(nome.chopped(4)).pixmap(48))) << nome.toStdString();
+}
+
+TEST_P(IconaStile, IlPulsantePrimarioELoStatoSonoProprietaDelControllo) {
+  QPushButton pulsante;
+  style::primary(pulsante, QStringLiteral("upload"));
+  EXPECT_TRUE(pulsante.property("primary").toBool());
+  EXPECT_TRUE(dipintaIn(tinte_.onAccent, pulsante.icon().pixmap(48)));
+  QWidget riquadro;
+  style::badge(riquadro, style::Badge::BusyGuard);
+  EXPECT_EQ(riquadro.property("badge").toString(), QStringLiteral("busy"));
+}

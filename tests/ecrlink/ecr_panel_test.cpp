@@ -1,0 +1,132 @@
+#include "ecrlink/ecr_panel.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+
+#include "link_scene.h"
+
+namespace {
+
+constexpr std::array kSolaLettura{"TextModello",   "vkTextBoxTipoMacchina", "TextBitmap",       "TextMMC",
+                                  "vkTextBox_VSW", "vkTextBoxECR",          "vkTextBoxLocal_IP"};
+
+struct Pannello : testing::Test {
+  Scena scena;
+  SchermoLink schermo{scena.contesto};
+};
+
+QString nomeDelFuoco(const SchermoLink& schermo) {
+  return schermo.focusWidget() ? schermo.focusWidget()->objectName() : QString();
+}
+
+}  // namespace
+
+TEST_F(Pannello, InvioNellaCasellaDellIndirizzoConnetteUnaVoltaSola) {
+  for (const auto tasto : {Qt::Key_Return, Qt::Key_Enter}) {
+    Scena altra;
+    SchermoLink questo(altra.contesto);
+    TestTill cassa;
+    questo.digita(cassa.address());
+    QTest::keyClick(&questo.controllo("vkTextBoxIP_ECR"), tasto);
+    EXPECT_EQ(chiamateDi(cassa), (QStringList{QStringLiteral("2:"), QStringLiteral("0:")}));
+    EXPECT_TRUE(questo.isVisible());
+  }
+}
+
+TEST_F(Pannello, InvioNonFaScattareIlComandoPredefinitoDelloSchermo) {
+  int uscite = 0;
+  auto& esci = dynamic_cast<QPushButton&>(schermo.controllo("Cmd_Esci"));
+  esci.setDefault(true);
+  QObject::connect(&esci, &QPushButton::clicked, [&] { ++uscite; });
+  TestTill cassa;
+  schermo.digita(cassa.address());
+  QTest::keyClick(&schermo.controllo("vkTextBoxIP_ECR"), Qt::Key_Return);
+  EXPECT_EQ(uscite, 0);
+  EXPECT_EQ(chiamateDi(cassa).size(), 2);
+}
+
+TEST_F(Pannello, ConLaTastieraSiVaDallIndirizzoAConnettiEAiComandi) {
+  schermo.controllo("vkTextBoxIP_ECR").setFocus();
+  dynamic_cast<QPushButton&>(schermo.controllo("Cmd_Avvia")).setEnabled(true);
+  QStringList giro{nomeDelFuoco(schermo)};
+  for (int i = 0; i < 3; ++i) {
+    QTest::keyClick(schermo.focusWidget(), Qt::Key_Tab);
+    giro << nomeDelFuoco(schermo);
+  }
+  EXPECT_EQ(giro, (QStringList{QStringLiteral("vkTextBoxIP_ECR"), QStringLiteral("CmdInviaModECR"),
+                               QStringLiteral("Cmd_Avvia"), QStringLiteral("Cmd_Esci")}));
+}
+
+TEST_F(Pannello, BarraSpazioSuConnettiConnette) {
+  TestTill cassa;
+  schermo.digita(cassa.address());
+  QTest::keyClick(schermo.focusWidget(), Qt::Key_Tab);
+  QTest::keyClick(schermo.focusWidget(), Qt::Key_Space);
+  EXPECT_TRUE(schermo.acceso("Cmd_Avvia"));
+}
+
+TEST_F(Pannello, LeCaselleDellaCassaSiLeggonoESiCopianoSoltanto) {
+  for (const char* nome : kSolaLettura) {
+    QWidget& casella = schermo.controllo(nome);
+    EXPECT_TRUE(casella.property("readOnly").toBool()) << nome;
+    const QString prima = schermo.testo(nome);
+    QTest::keyClicks(&casella, QStringLiteral("xyz"));
+    EXPECT_EQ(schermo.testo(nome), prima) << nome;
+  }
+}
+
+TEST_F(Pannello, OgniControlloHaUnNomePerChiNonVede) {
+  for (const char* nome : kSolaLettura)
+    EXPECT_FALSE(schermo.controllo(nome).accessibleName().isEmpty()) << nome;
+  EXPECT_FALSE(schermo.controllo("vkTextBoxIP_ECR").accessibleName().isEmpty());
+  EXPECT_FALSE(schermo.controllo("CmdInviaModECR").accessibleName().isEmpty());
+}
+
+TEST_F(Pannello, LeDidascalieSonoQuelleDeiControlli) {
+  QStringList didascalie;
+  for (const QLabel* etichetta : schermo.findChildren<QLabel*>())
+    didascalie << etichetta->text() + QLatin1Char('>') + etichetta->buddy()->objectName();
+  EXPECT_THAT(
+      didascalie,
+      testing::UnorderedElementsAre(
+          QStringLiteral("IP ECR>vkTextBoxIP_ECR"), QStringLiteral("IP Locale>vkTextBoxLocal_IP"),
+          QStringLiteral("Modello ECR>TextModello"), QStringLiteral("Tipo Macchina>vkTextBoxTipoMacchina"),
+          QStringLiteral("Tipo Bitmap>TextBitmap"), QStringLiteral("Tipo MMC>TextMMC"),
+          QStringLiteral("Versione ECR>vkTextBox_VSW"), QStringLiteral("STATO ECR>vkTextBoxECR")));
+  EXPECT_EQ(schermo.testo("CmdInviaModECR"), QStringLiteral("Connetti"));
+}
+
+TEST_F(Pannello, ConnettiEIlComandoPrincipaleELoStatoParteNeutro) {
+  EXPECT_TRUE(schermo.controllo("CmdInviaModECR").property("primary").toBool());
+  EXPECT_EQ(schermo.controllo("vkTextBoxECR").property("badge").toString(), QStringLiteral("neutral"));
+}
+
+TEST_F(Pannello, UnTestoPiuLargoDellaCasellaSiVedeDallInizio) {
+  TestTill cassa(
+      {.pattern = "KPR_80mm con un nome che nessuna casella contiene per intero, e ancora di piu"});
+  schermo.digita(cassa.address());
+  schermo.clicca("CmdInviaModECR");
+  EXPECT_EQ(dynamic_cast<QLineEdit&>(schermo.controllo("TextModello")).cursorPosition(), 0);
+}
+
+TEST_F(Pannello, LoStatoPiuLungoStaNellaSuaCasella) {
+  schermo.resize(schermo.minimumSizeHint());
+  QWidget& stato = schermo.controllo("vkTextBoxECR");
+  // Bold and padded, as the style sheet draws a badge.
+  QFont grassetto = stato.font();
+  grassetto.setBold(true);
+  constexpr int kBordi = 24;
+  EXPECT_GE(stato.width(),
+            QFontMetrics(grassetto).horizontalAdvance(QStringLiteral("PROGRAMMAZIONE")) + kBordi);
+}
+
+TEST_F(Pannello, StaInUnoSchermoDi1024Per768AncheAlDoppioDellaScala) {
+  EXPECT_LE(schermo.findChild<PannelloECR*>()->minimumSizeHint().width(), 1024);
+  QFont doppio = schermo.font();
+  doppio.setPointSizeF(doppio.pointSizeF() * 2);
+  schermo.setFont(doppio);
+  const QSize minima = schermo.findChild<PannelloECR*>()->minimumSizeHint();
+  EXPECT_LE(minima.width(), 1000);
+  EXPECT_LE(minima.height(), 384);
+}

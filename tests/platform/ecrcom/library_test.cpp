@@ -1,0 +1,104 @@
+#include "platform/ecrcom/library.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/error.h"
+#include "sostegno/temporary_folder.h"
+
+namespace {
+
+const QString kBuona = QStringLiteral(LIBRARIES_FOLDER "/ecrcom_prova");
+const QString kVuota = QStringLiteral(LIBRARIES_FOLDER "/ecrcom_vuota");
+
+template <typename Passo>
+Errore erroreDi(Passo passo) {
+  try {
+    passo();
+  } catch (const Errore& errore) {
+    return errore;
+  }
+  ADD_FAILURE() << "no failure";
+  return {};
+}
+
+}  // namespace
+
+TEST(LibreriaEcr, LAssenzaDellaLibreriaEErrore53ConIlSuoNome) {
+  const TemporaryFolder cartella;
+  LibreriaEcr libreria(cartella.path());
+  const Errore errore = erroreDi([&] { libreria.ecr_get_err(1); });
+  EXPECT_EQ(errore.numero, errors::kFileMissing);
+  EXPECT_EQ(errore.descrizione, QStringLiteral("File non trovato: libecrcom.so"));
+}
+
+TEST(LibreriaEcr, UnFileCheNonEUnaLibreriaEErrore53) {
+  const TemporaryFolder cartella;
+  cartella.write(QStringLiteral("libecrcom.so"), "testo");
+  LibreriaEcr libreria(cartella.path());
+  EXPECT_EQ(erroreDi([&] { libreria.ecr_conn_xonxoff_ntw("127.0.0.1"); }).numero, errors::kFileMissing);
+}
+
+TEST(LibreriaEcr, UnIngressoMancanteEErrore453ConIlSuoNome) {
+  LibreriaEcr libreria(kVuota);
+  const Errore errore = erroreDi([&] { libreria.ecr_date_decode(1, 2, 2011); });
+  EXPECT_EQ(errore.numero, errors::kEntryPointMissing);
+  EXPECT_TRUE(errore.descrizione.contains(QStringLiteral("ecr_date_decode")))
+      << errore.descrizione.toStdString();
+  EXPECT_TRUE(errore.descrizione.contains(QStringLiteral("libecrcom.so")))
+      << errore.descrizione.toStdString();
+}
+
+TEST(LibreriaEcr, LaLibreriaSiCaricaAllaPrimaChiamataENonPrima) {
+  const TemporaryFolder cartella;
+  LibreriaEcr libreria(cartella.path());
+  EXPECT_EQ(erroreDi([&] { libreria.ecr_get_err(1); }).numero, errors::kFileMissing);
+  ASSERT_TRUE(
+      QFile::copy(kBuona + QStringLiteral("/libecrcom.so"), cartella.file(QStringLiteral("libecrcom.so"))));
+  EXPECT_EQ(libreria.ecr_conn_xonxoff_ntw("127.0.0.1"), 9);
+}
+
+TEST(LibreriaEcr, IlComandoPassaERiprendeITreTesti) {
+  LibreriaEcr libreria(kBuona);
+  QByteArray ip("127.0.0.1");
+  QByteArray file("plu.bin");
+  QByteArray buffer(256, ' ');
+  EXPECT_EQ(libreria.ecr_command(ip, file, 6, buffer), 0);
+  EXPECT_EQ(ip, "927.0.0.1");
+  EXPECT_EQ(file, "plu");
+  EXPECT_EQ(buffer, QByteArray("ip=127.0.0.1,file=plu.bin,modo=6,lunghezza=256").leftJustified(256, ' '));
+}
+
+TEST(LibreriaEcr, IlComandoRiportaIlCodiceDellaLibreria) {
+  LibreriaEcr libreria(kBuona);
+  QByteArray ip;
+  QByteArray file;
+  QByteArray buffer(256, ' ');
+  EXPECT_EQ(libreria.ecr_command(ip, file, 7, buffer), -12);
+  EXPECT_EQ(ip.size(), 0) << "an empty text stays empty whatever the library writes behind it";
+}
+
+TEST(LibreriaEcr, IlMessaggioNonPassaLaLunghezzaChiesta) {
+  LibreriaEcr libreria(kBuona);
+  EXPECT_EQ(libreria.ecr_get_err(-7), QByteArray("-7").leftJustified(81, ' '));
+  EXPECT_EQ(libreria.ecr_get_err(-7, 80), QByteArray("-7").leftJustified(80, ' '));
+}
+
+TEST(LibreriaEcr, LeChiamateDellaConnessioneARetePassanoIValori) {
+  LibreriaEcr libreria(kBuona);
+  EXPECT_EQ(libreria.ecr_disc_xonxoff_ntw(4), 5);
+  QByteArray testo("ABC");
+  EXPECT_EQ(libreria.ecr_send_xonxoff_ntw(3, testo), 3);
+  EXPECT_EQ(testo, "ZBC");
+  QByteArray buffer(1024, ' ');
+  EXPECT_EQ(libreria.ecr_recv_xonxoff_ntw(3, buffer, 30), 1024) << "never more than the buffer holds";
+  EXPECT_EQ(buffer, QByteArray("@@").leftJustified(1024, ' '));
+  EXPECT_EQ(libreria.ecr_recv_xonxoff_ntw(3, buffer, 1), -1);
+}
+
+TEST(LibreriaEcr, LeDatePassanoNeiDueSensi) {
+  LibreriaEcr libreria(kBuona);
+  EXPECT_EQ(libreria.ecr_date_decode(24, 11, 2011), 20111124u);
+  EXPECT_EQ(libreria.ecr_dates_decode(24, 11), 1124u);
+  EXPECT_EQ(libreria.ecr_time_decode(1, 2, 3), 10203u);
+  EXPECT_EQ(libreria.ecr_oro_encode(12345678), "12345678 01:02:03");
+}
