@@ -27,7 +27,7 @@ constexpr int kPrice = 4;
 /// The archive of the bench and the screens that it needs.
 void prepare(Bench& bench, int rows) {
   registraSchermateCore(bench.screens);
-  registraArchivioArticoli(bench.screens);
+  bench.screens.registra<Form_ArchivioArticoli>();
   filled::articles(bench, rows);
 }
 
@@ -45,7 +45,7 @@ void open_programma(benchmark::State& state) {
       bench.reopen();
       display = std::make_unique<BenchScreen>(bench, kScreen);
     }));
-    if (display->checksum<FlexGrid>("MSFlexGridArticoli").Rows() != rows(state) + 1)
+    if (display->control<FlexGrid>("MSFlexGridArticoli").Rows() != rows(state) + 1)
       state.SkipWithError("rows are missing");
     display.reset();
     bench.close();
@@ -98,7 +98,7 @@ void withList(benchmark::State& state, const Work& work) {
 
 void search_programma(benchmark::State& state) {
   withScreen(state, [&](Bench&, BenchScreen& display) {
-    display.checksum<QLineEdit>("vkTextBoxCodEan").setText(QLatin1String(kEanStart));
+    display.control<QLineEdit>("vkTextBoxCodEan").setText(QLatin1String(kEanStart));
     state.SetIterationTime(seconds([&] { display.press("Vmd_Cerca"); }));
   });
 }
@@ -113,10 +113,9 @@ void search_lettura(benchmark::State& state) {
 }
 
 void save_programma(benchmark::State& state) {
-  withScreen(state, [&](Bench& bench, BenchScreen& display) {
-    Q_EMIT display.checksum<FlexGrid>("MSFlexGridArticoli").cellClicked(7, 1);
-    display.checksum<QLineEdit>("vkTextBoxDesc").setText(QStringLiteral("PANE DI SEGALE"));
-    bench.area.NewCommand();
+  withScreen(state, [&](Bench&, BenchScreen& display) {
+    Q_EMIT display.control<FlexGrid>("MSFlexGridArticoli").cellClicked(7, 1);
+    display.control<QLineEdit>("vkTextBoxDesc").setText(QStringLiteral("PANE DI SEGALE"));
     state.SetIterationTime(seconds([&] { display.press("Cmd_Modifica"); }));
   });
 }
@@ -140,7 +139,7 @@ void export_programma(benchmark::State& state) {
   withScreen(state, [&](Bench& bench, BenchScreen& display) {
     const QString file = QString::fromStdString(bench.file("elenco.csv").string());
     QFile::remove(file);
-    bench.utente.toSave_ = file;
+    bench.user.toSave_ = file;
     state.SetIterationTime(seconds([&] { display.press("Cmd_Export"); }));
     if (!QFile::exists(file)) state.SkipWithError("nothing was written");
   });

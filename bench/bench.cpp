@@ -9,6 +9,7 @@
 #include "articles/article_database.h"
 #include "bench/sqlite_base.h"
 #include "core/state.h"
+#include "platform/clock.h"
 #include "platform/net/network.h"
 
 namespace fs = std::filesystem;
@@ -41,7 +42,8 @@ void BenchUser::Terminate() {
 
 Bench::Bench(int slot)
     : library(QStringLiteral(GESTIONALE_APP)),
-      contesto{utente, area, library, systemNetwork(), screens, QStringLiteral(GESTIONALE_APP)},
+      contesto{
+          user, workspace, library, systemNetwork(), screens, systemClock(), QStringLiteral(GESTIONALE_APP)},
       before_(QDir::currentPath()) {
   QDir::setCurrent(folder_.path());
   fs::copy_file(fs::path(GESTIONALE_APP) / "QzDB.bck", file("fresco.mdb"));
@@ -66,7 +68,6 @@ void Bench::renew() {
 }
 
 void Bench::reopen() {
-  area.NewCommand();
   articles::ApriDatabase(QString::fromStdString(archive().string()), contesto);
 }
 

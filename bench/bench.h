@@ -10,6 +10,7 @@
 
 #include "core/context.h"
 #include "core/screens.h"
+#include "platform/clock.h"
 #include "platform/ecrcom/library.h"
 #include "platform/store/store.h"
 #include "platform/ui/beat.h"
@@ -54,9 +55,9 @@ class Bench {
   std::filesystem::path archive() const;
   std::filesystem::path file(const std::string& name) const;
 
-  BenchUser utente;
-  store::Workspace area;
-  LibreriaEcr library;
+  BenchUser user;
+  store::Workspace workspace{systemClock()};
+  EcrLibrary library;
   Schermate screens;
   Contesto contesto;
 

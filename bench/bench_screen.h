@@ -19,12 +19,12 @@ class BenchScreen {
   BenchScreen& operator=(const BenchScreen&) = delete;
 
   template <typename Control>
-  Control& checksum(const char* name) {
+  Control& control(const char* name) {
     return *screen_.findChild<Control*>(QLatin1String(name));
   }
   /// Works a command and lets the screen paint.
   void press(const char* name) {
-    checksum<QAbstractButton>(name).click();
+    control<QAbstractButton>(name).click();
     QCoreApplication::processEvents();
   }
 

@@ -42,12 +42,12 @@ std::string utf8(const std::string& byte) {
 void program(benchmark::State& state) {
   Bench bench;
   writeCsv(bench.file("elenco.csv"), list(static_cast<int>(state.range(0))));
-  bench.utente.toOpen_ = QString::fromStdString(bench.file("elenco.csv").string());
+  bench.user.toOpen_ = QString::fromStdString(bench.file("elenco.csv").string());
   for (auto loop : state) {
     static_cast<void>(loop);
     bench.renew();
     bench.reopen();
-    state.SetIterationTime(seconds([&] { articles::ImportaArticoli(bench.contesto, {}); }));
+    state.SetIterationTime(seconds([&] { articles::ImportaArticoli(bench.contesto); }));
   }
 }
 

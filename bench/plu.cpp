@@ -16,11 +16,11 @@ constexpr std::size_t kByte = config::kByteArchivioPLU;
 
 /// An archive with the real articles in it.
 void fill(Bench& bench) {
-  bench.utente.toOpen_ = QStringLiteral(GESTIONALE_APP "/articoli.csv");
+  bench.user.toOpen_ = QStringLiteral(GESTIONALE_APP "/articoli.csv");
   std::filesystem::copy_file(GESTIONALE_APP "/articoli.csv", bench.file("articoli.csv"));
-  bench.utente.toOpen_ = QString::fromStdString(bench.file("articoli.csv").string());
+  bench.user.toOpen_ = QString::fromStdString(bench.file("articoli.csv").string());
   bench.reopen();
-  articles::ImportaArticoli(bench.contesto, {});
+  articles::ImportaArticoli(bench.contesto);
 }
 
 std::string_view byteOf(sqlite3_stmt* sentence, int column) {
@@ -40,7 +40,7 @@ void fill_programma(benchmark::State& state) {
   for (auto loop : state) {
     static_cast<void>(loop);
     state.SetIterationTime(seconds([&] {
-      articles::RiempiPLU(bench.utente);
+      articles::RiempiPLU(bench.user);
       const auto table = config::immagineProgrammazione().blocco(config::kPLU);
       std::copy(table.begin(), table.end(), image.begin());
       ecrlink::CreaFileProgrammazione(QStringLiteral("plu.bin"), image, bench.contesto);
@@ -79,7 +79,7 @@ void fill_select(benchmark::State& state) {
 void save_programma_plu(benchmark::State& state) {
   Bench bench;
   fill(bench);
-  articles::RiempiPLU(bench.utente);
+  articles::RiempiPLU(bench.user);
   for (auto loop : state) {
     static_cast<void>(loop);
     bench.renew();
@@ -95,7 +95,7 @@ QString text(std::size_t index, const config::Campo& field) {
 void save_preparati(benchmark::State& state) {
   Bench bench;
   fill(bench);
-  articles::RiempiPLU(bench.utente);
+  articles::RiempiPLU(bench.user);
   for (auto loop : state) {
     static_cast<void>(loop);
     bench.renew();
@@ -129,7 +129,7 @@ void save_preparati(benchmark::State& state) {
 void save_shell(benchmark::State& state) {
   Bench bench;
   fill(bench);
-  articles::RiempiPLU(bench.utente);
+  articles::RiempiPLU(bench.user);
   std::ofstream script(bench.file("copione.sql"), std::ios::binary);
   script << base::kSettings << "\nBEGIN;\n";
   for (int i = 0; i < kSlot; ++i) {

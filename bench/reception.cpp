@@ -1,10 +1,12 @@
 #include <benchmark/benchmark.h>
 
 #include <QDate>
+#include <QProgressBar>
 #include <fstream>
 
 #include "bench/bench.h"
 #include "bench/sqlite_base.h"
+#include "controls/steady_progress.h"
 #include "core/state.h"
 #include "ecrsim/simulator.h"
 #include "sales/reception.h"
@@ -39,13 +41,15 @@ void program(benchmark::State& state) {
   options.folder = bench.file("cassa");
   const ecrsim::Simulator till(options);
   commonForKora().IP_ECR = QStringLiteral("127.31.7.1");
+  QProgressBar bar;
   for (auto loop : state) {
     static_cast<void>(loop);
     fillTill(options.folder);
     bench.renew();
     bench.reopen();
     state.SetIterationTime(seconds([&] {
-      if (sales::RiceviVenduto(bench.contesto, [](int) {}) != sales::Esito::Fatto)
+      SteadyProgress progress(bar);
+      if (sales::RiceviVenduto(bench.contesto, progress).esito != sales::Esito::Fatto)
         state.SkipWithError("not received");
     }));
   }

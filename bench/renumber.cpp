@@ -1,7 +1,6 @@
 #include <benchmark/benchmark.h>
 
 #include "articles/ean_index.h"
-#include "articles/transaction.h"
 #include "bench/filled_archives.h"
 #include "bench/sqlite_base.h"
 
@@ -13,9 +12,9 @@ constexpr int kSlot = 5000;
 void prepare(Bench& bench, bool nearlyWithoutEan) {
   filled::articles(bench, kSlot, nearlyWithoutEan);
   bench.reopen();
-  articles::Transazione transaction(bench.area);
-  articles::UpdateEanNumAndIndex(bench.utente);
-  transaction.conferma();
+  store::Transaction transaction(bench.workspace);
+  articles::UpdateEanNumAndIndex(bench.user);
+  transaction.Commit();
 }
 
 /// What a deletion costs: every article numbered anew and its checksum row with it.
@@ -24,12 +23,11 @@ void program(benchmark::State& state, bool nearlyWithoutEan) {
   prepare(bench, nearlyWithoutEan);
   for (auto loop : state) {
     static_cast<void>(loop);
-    bench.area.NewCommand();
     state.SetIterationTime(seconds([&] {
-      articles::Transazione transaction(bench.area);
-      articles::CalcolaID_Position(bench.utente);
-      articles::UpdateALLIndex(bench.utente);
-      transaction.conferma();
+      store::Transaction transaction(bench.workspace);
+      articles::CalcolaID_Position(bench.user);
+      articles::UpdateALLIndex(bench.user);
+      transaction.Commit();
     }));
   }
 }

@@ -30,7 +30,7 @@ int rows(const benchmark::State& state) {
 
 void prepare(Bench& bench, int rows) {
   registraSchermateCore(bench.screens);
-  registraArchivioVenduto(bench.screens);
+  bench.screens.registra<Form_ArchivioVenduto>();
   filled::articles(bench, 5000);
   filled::sales(bench, rows);
 }
@@ -49,7 +49,7 @@ void open_programma(benchmark::State& state) {
       bench.reopen();
       display = std::make_unique<BenchScreen>(bench, kScreen);
     }));
-    if (display->checksum<FlexGrid>("MSFlexGridVenduto").Rows() != rows(state) + kExtraRows)
+    if (display->control<FlexGrid>("MSFlexGridVenduto").Rows() != rows(state) + kExtraRows)
       state.SkipWithError("rows are missing");
     display.reset();
     bench.close();
@@ -117,7 +117,7 @@ void export_programma(benchmark::State& state) {
   withScreen(state, [&](Bench& bench, BenchScreen& display) {
     const QString file = QString::fromStdString(bench.file("venduto.csv").string());
     QFile::remove(file);
-    bench.utente.toSave_ = file;
+    bench.user.toSave_ = file;
     state.SetIterationTime(seconds([&] { display.press("Cmd_Export"); }));
     if (!QFile::exists(file)) state.SkipWithError("nothing was written");
   });

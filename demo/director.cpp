@@ -108,7 +108,7 @@ QWidget* window(const QString& name) {
   return nullptr;
 }
 
-QWidget& checksum(const QString& windowName, const QString& name) {
+QWidget& control(const QString& windowName, const QString& name) {
   QWidget* above = window(windowName);
   QWidget* found = above == nullptr ? nullptr : above->findChild<QWidget*>(name);
   if (found == nullptr) throw std::runtime_error(qPrintable(windowName + QStringLiteral(" senza ") + name));
@@ -118,7 +118,7 @@ QWidget& checksum(const QString& windowName, const QString& name) {
 namespace {
 
 QTableView& table(const QString& windowName, const QString& grid) {
-  auto* view = qobject_cast<QTableView*>(&checksum(windowName, grid));
+  auto* view = qobject_cast<QTableView*>(&control(windowName, grid));
   if (view == nullptr) throw std::runtime_error(qPrintable(grid + QStringLiteral(" is no grid")));
   return *view;
 }
@@ -126,24 +126,24 @@ QTableView& table(const QString& windowName, const QString& grid) {
 }  // namespace
 
 void click(const QString& windowName, const QString& name) {
-  QWidget& target = checksum(windowName, name);
+  QWidget& target = control(windowName, name);
   if (!target.isEnabled()) throw std::runtime_error(qPrintable(name + QStringLiteral(" disabilitato")));
   QTest::mouseClick(&target, Qt::LeftButton);
 }
 
 void hoverOver(const QString& windowName, const QString& name) {
-  QTest::mouseMove(&checksum(windowName, name));
+  QTest::mouseMove(&control(windowName, name));
 }
 
 void type(const QString& windowName, const QString& name, const QString& text) {
-  QWidget& box = checksum(windowName, name);
+  QWidget& box = control(windowName, name);
   QTest::mouseClick(&box, Qt::LeftButton);
   QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClicks(&box, text);
 }
 
 void retype(const QString& windowName, const QString& name, const QString& text) {
-  QWidget& box = checksum(windowName, name);
+  QWidget& box = control(windowName, name);
   QTest::mouseClick(&box, Qt::LeftButton);
   QTest::keyClick(&box, Qt::Key_End);
   while (!box.property("text").toString().isEmpty()) {

@@ -47,7 +47,7 @@ class Director : public QObject {
 /// The visible top-level window of that object name, if any.
 QWidget* window(const QString& name);
 /// The visible window's control of that name; fails with std::runtime_error where there is none.
-QWidget& checksum(const QString& window, const QString& name);
+QWidget& control(const QString& window, const QString& name);
 void click(const QString& window, const QString& name);
 /// Moves the mouse over a control.
 void hoverOver(const QString& window, const QString& name);

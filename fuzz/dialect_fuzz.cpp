@@ -31,8 +31,7 @@ void compare(const store::Translation& translation) {
   sqlite3_stmt* statement = nullptr;
   const char* rest = nullptr;
   const int length = static_cast<int>(translation.sql.size());
-  if (sqlite3_prepare_v2(engine(), translation.sql.data(), length, &statement, &rest) != SQLITE_OK)
-    return;
+  if (sqlite3_prepare_v2(engine(), translation.sql.data(), length, &statement, &rest) != SQLITE_OK) return;
   if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) != translation.parameters.size())
     std::abort();
   if (std::string_view(rest).find_first_not_of(' ') != std::string_view::npos) std::abort();

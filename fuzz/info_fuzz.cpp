@@ -27,6 +27,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t lung
   const bool ammesso = ecrlink::statoAmmesso(info.InfoStato);
   check(!ammesso || ecrlink::parolaDelloStato(info.InfoStato).has_value());
   check(ecrlink::larghezzaGrafica(info.InfoTipoBitmap).has_value() ||
-           ecrlink::nomeDellaClasse(info.InfoTipoBitmap) == QLatin1String("LARGE"));
+        ecrlink::nomeDellaClasse(info.InfoTipoBitmap) == QLatin1String("LARGE"));
   return 0;
 }

@@ -14,8 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t coun
   const std::string_view all(static_cast<const char*>(static_cast<const void*>(data)), count);
   const std::size_t cut = all.find('\n');
   const std::string_view pattern = all.substr(0, cut);
-  const std::string_view text =
-      cut == std::string_view::npos ? std::string_view() : all.substr(cut + 1);
+  const std::string_view text = cut == std::string_view::npos ? std::string_view() : all.substr(cut + 1);
   const std::string_view prefix = store::FixedPrefix(pattern);
   const bool preso = store::MatchesPattern(pattern, text);
   if (preso && !store::EqualCaseless(text.substr(0, prefix.size()), prefix)) std::abort();

@@ -11,6 +11,7 @@
 #include "controls/style.h"
 #include "core/menu.h"
 #include "core/state.h"
+#include "platform/clock.h"
 #include "platform/net/network.h"
 #include "platform/ui/double_click.h"
 #include "sales/Form_ArchivioVenduto.h"
@@ -44,14 +45,15 @@ void prepareApplication(QApplication& application, const QString& folder) {
 Program::Program(const QString& folder)
     : utente_([this] { workspace_.Abandon(); }), library_(folder), contesto_{utente_,  workspace_,
                                                                              library_, systemNetwork(),
-                                                                             screens_, folder} {
+                                                                             screens_, systemClock(),
+                                                                             folder} {
   registraSchermateCore(screens_);
-  registraArchivioArticoli(screens_);
-  registraTrasferimentoArticoli(screens_);
-  registraHelpCodiceEAN(screens_);
-  registraRicezioneVenduto(screens_);
-  registraArchivioVenduto(screens_);
-  registraGestioneMMC(screens_);
+  screens_.registra<Form_ArchivioArticoli>();
+  screens_.registra<Form_TrasferimentoArticoli>();
+  screens_.registra<Form_Help_CodiceEAN>();
+  screens_.registra<Form_RicezioneVenduto>();
+  screens_.registra<Form_ArchivioVenduto>();
+  screens_.registra<Form_GestioneMMC>();
   registraSchermateMancanti(screens_);
 }
 

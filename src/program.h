@@ -28,7 +28,7 @@ class Program {
  private:
   store::Workspace workspace_;
   DesktopUser utente_;
-  LibreriaEcr library_;
+  EcrLibrary library_;
   Schermate screens_;
   Contesto contesto_;
 };

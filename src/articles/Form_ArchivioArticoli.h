@@ -1,22 +1,21 @@
 #pragma once
 
 #include <QDialog>
-#include <array>
 #include <memory>
-#include <optional>
 
 #include "articles/archive_fields.h"
-#include "articles/archive_grid.h"
+#include "core/screen.h"
 
 class QLineEdit;
-class Schermate;
-struct Contesto;
+namespace elenco {
+class Caselle;
+}
 namespace Ui {
 class Form_ArchivioArticoli;
 }
 
 /// " PLU/ARTICOLI - " and the path: finding and correcting the articles of the open archive.
-class Form_ArchivioArticoli : public QDialog {
+class Form_ArchivioArticoli : public Schermo<QDialog> {
   Q_OBJECT
 
  public:
@@ -28,8 +27,6 @@ class Form_ArchivioArticoli : public QDialog {
   /// Turns the six commands that a deletion must not meet off, or on again.
   void BloccaComandi(bool bloccati);
   void Cancella_TextBox();
-  /// Every article again, the grid's shape with it.
-  void Tasto_Refresh();
 
  private Q_SLOTS:
   void on_Vmd_Cerca_clicked();
@@ -39,29 +36,15 @@ class Form_ArchivioArticoli : public QDialog {
   void on_Cmd_Export_clicked();
   void on_vkCommandHELP_clicked();
   void on_Cmd_Esci_clicked();
+  void on_MSFlexGridArticoli_cellClicked(int riga);
 
  private:
-  template <typename Corpo>
-  void comando(const char* nome, Corpo&& corpo);
-  /// The fields, in the order of the grid's columns.
-  std::array<QLineEdit*, articles::kColonneArticoli> caselle() const;
-  /// Writes a text into the field of a column, whole.
-  void scriviCasella(int colonna, const QString& testo);
   void vesti();
-  void sorveglia(QLineEdit& campo, articles::FiltroTasto filtro,
-                 std::optional<articles::Rifiuto> (*controllo)(const QString&) = nullptr);
+  void sorveglia(QLineEdit& campo, KeyFilter filtro, FieldCheck controllo = nullptr);
   void apri();
-  void GestGridCentral();
-  articles::GrigliaArticoli destinazione(bool colorata);
-  void scriviRiga(int riga, const articles::RigaArticolo& articolo, bool colorata);
-  void scegliRiga(int riga);
-  void cerca();
   void modifica();
-  void esporta();
   void aiuto();
 
-  Contesto& contesto_;
   std::unique_ptr<Ui::Form_ArchivioArticoli> ui_;
+  std::unique_ptr<elenco::Caselle> caselle_;
 };
-
-void registraArchivioArticoli(Schermate& schermate);

@@ -1,12 +1,9 @@
 #include "articles/Form_Help_CodiceEAN.h"
 
-#include <QFile>
-
 #include "controls/rtf.h"
 #include "controls/style.h"
 #include "core/context.h"
-#include "core/screens.h"
-#include "platform/error.h"
+#include "platform/text/whole_file.h"
 #include "ui_Form_Help_CodiceEAN.h"
 
 namespace {
@@ -15,14 +12,6 @@ namespace {
 constexpr int kLettereRiga = 90;
 constexpr int kMargine = 24;
 constexpr int kAltezza = 620;
-
-QByteArray letto(const QString& nome) {
-  QFile file(nome);
-  if (!file.exists()) throw Errore{errors::kFileMissing, QStringLiteral("File non trovato: ") + nome};
-  if (!file.open(QIODevice::ReadOnly))
-    throw Errore{errors::kPathAccess, QStringLiteral("Il file non si può leggere: ") + nome};
-  return file.read(rtf::kMaxBytes + 1);
-}
 
 }  // namespace
 
@@ -33,7 +22,7 @@ Form_Help_CodiceEAN::Form_Help_CodiceEAN(Contesto& contesto)
   connect(ui_->Cmd_Esci, &QPushButton::clicked, this, &QWidget::close);
   QTextDocument& testo = *ui_->RichTextBox1->document();
   testo.setDefaultFont(ui_->RichTextBox1->font());
-  rtf::read(letto(contesto.cartella + QStringLiteral("/Help_CodiceEAN.rtf")), testo);
+  rtf::read(ReadWholeFile(contesto.cartella + QStringLiteral("/Help_CodiceEAN.rtf"), rtf::kMaxBytes), testo);
   testo.setDocumentMargin(kMargine);
   ui_->RichTextBox1->moveCursor(QTextCursor::Start);
   ui_->RichTextBox1->setMaximumWidth(ui_->RichTextBox1->fontMetrics().averageCharWidth() * kLettereRiga +
@@ -42,8 +31,3 @@ Form_Help_CodiceEAN::Form_Help_CodiceEAN(Contesto& contesto)
 }
 
 Form_Help_CodiceEAN::~Form_Help_CodiceEAN() = default;
-
-void registraHelpCodiceEAN(Schermate& schermate) {
-  schermate.registra(QStringLiteral("Form_Help_CodiceEAN"),
-                     [](Contesto& contesto) { return new Form_Help_CodiceEAN(contesto); });
-}

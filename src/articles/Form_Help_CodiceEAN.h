@@ -4,7 +4,6 @@
 #include <memory>
 
 struct Contesto;
-class Schermate;
 namespace Ui {
 class Form_Help_CodiceEAN;
 }
@@ -21,5 +20,3 @@ class Form_Help_CodiceEAN : public QDialog {
  private:
   std::unique_ptr<Ui::Form_Help_CodiceEAN> ui_;
 };
-
-void registraHelpCodiceEAN(Schermate& schermate);

@@ -1,9 +1,7 @@
 #include "articles/Form_TrasferimentoArticoli.h"
 
 #include "articles/transfer.h"
-#include "controls/style.h"
 #include "core/context.h"
-#include "core/screens.h"
 #include "platform/ui/user_port.h"
 #include "ui_Form_TrasferimentoArticoli.h"
 
@@ -14,17 +12,17 @@ constexpr int kReteAssente = -1;
 }  // namespace
 
 Form_TrasferimentoArticoli::Form_TrasferimentoArticoli(Contesto& contesto)
-    : FinestraTrasferimento(contesto), ui_(std::make_unique<Ui::Form_TrasferimentoArticoli>()) {
+    : FinestraLink(contesto, QStringLiteral("Form_GestioneMMC")),
+      ui_(std::make_unique<Ui::Form_TrasferimentoArticoli>()) {
   ui_->setupUi(this);
-  style::primary(*ui_->Cmd_Avvia, QStringLiteral("upload"));
-  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
-  if (caricaSchermo() != kReteAssente) articles::RicavaDettagliPC(contesto.utente);
+  if (caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "upload"}) != kReteAssente)
+    articles::RicavaDettagliPC(contesto.utente);
 }
 
 Form_TrasferimentoArticoli::~Form_TrasferimentoArticoli() = default;
 
 void Form_TrasferimentoArticoli::on_Cmd_Avvia_clicked() {
-  esegui([this] { return invia(); });
+  avvia([this] { return invia(); });
 }
 
 bool Form_TrasferimentoArticoli::invia() {
@@ -43,9 +41,4 @@ bool Form_TrasferimentoArticoli::invia() {
   avvisa(QStringLiteral("ARCHIVIO DEGLI ARTICOLI CORRETTAMENTE TRASFERITO"));
   abilita(true, true);
   return false;
-}
-
-void registraTrasferimentoArticoli(Schermate& schermate) {
-  schermate.registra(QStringLiteral("Form_TrasferimentoArticoli"),
-                     [](Contesto& contesto) { return new Form_TrasferimentoArticoli(contesto); });
 }

@@ -2,15 +2,14 @@
 
 #include <memory>
 
-#include "articles/link_window.h"
+#include "ecrlink/link_window.h"
 
-class Schermate;
 namespace Ui {
 class Form_TrasferimentoArticoli;
 }
 
 /// "Trasferimento Articoli": sends the whole archive to the till.
-class Form_TrasferimentoArticoli : public FinestraTrasferimento {
+class Form_TrasferimentoArticoli : public FinestraLink {
   Q_OBJECT
 
  public:
@@ -25,5 +24,3 @@ class Form_TrasferimentoArticoli : public FinestraTrasferimento {
 
   std::unique_ptr<Ui::Form_TrasferimentoArticoli> ui_;
 };
-
-void registraTrasferimentoArticoli(Schermate& schermate);

@@ -1,6 +1,7 @@
 #include "articles/archive_fields.h"
 
 #include "core/conversions.h"
+#include "core/key_filters.h"
 #include "core/state.h"
 #include "platform/text/windows1252.h"
 #include "platform/ui/user_port.h"
@@ -10,21 +11,6 @@ namespace articles {
 namespace {
 
 constexpr QChar kVirgola = u',';
-constexpr int kDecimali = 2;
-
-bool cifra(QChar tasto) {
-  return tasto >= u'0' && tasto <= u'9';
-}
-
-bool modifica(QChar tasto) {
-  return tasto == kTastoIndietro || tasto == kTastoTaglia;
-}
-
-/// Characters behind the first comma; -1 without one.
-qsizetype decimali(const QString& testo) {
-  const qsizetype virgola = testo.indexOf(kVirgola);
-  return virgola < 0 ? -1 : testo.size() - virgola - 1;
-}
 
 QString messaggioReparto() {
   return QStringLiteral("Attenzione il reparto deve essere compreso tra 1 e ") +
@@ -41,37 +27,20 @@ bool siONo(const QString& testo) {
 
 }  // namespace
 
-bool accettaPrezzo(const QString& testo, QChar tasto) {
-  if (decimali(testo) >= kDecimali) return tasto == kTastoIndietro;
-  return cifra(tasto) || tasto == kVirgola || modifica(tasto);
-}
-
-bool accettaReparto(const QString&, QChar tasto) {
-  return cifra(tasto) || modifica(tasto);
-}
-
-bool accettaSiNo(const QString&, QChar tasto) {
-  return QStringLiteral("SNsn").contains(tasto) || modifica(tasto);
-}
-
-std::optional<Rifiuto> controllaPrezzo(const QString& testo) {
+std::optional<Rejection> controllaPrezzo(const QString& testo) {
   const QString zero = QStringLiteral("0");
   if (testo.count(kVirgola) > 1)
-    return Rifiuto{QStringLiteral("Attenzione il valore immesso non è di tipo numerico !!!"), zero};
+    return Rejection{QStringLiteral("Attenzione il valore immesso non è di tipo numerico !!!"), zero};
   QString copia = testo;
   if (TestoInValore(copia) > kPrezzoMassimo)
-    return Rifiuto{QStringLiteral("Attenzione il valore immesso > 99999.99!"), zero};
+    return Rejection{QStringLiteral("Attenzione il valore immesso > 99999.99!"), zero};
   return std::nullopt;
 }
 
-std::optional<Rifiuto> controllaReparto(const QString& testo) {
+std::optional<Rejection> controllaReparto(const QString& testo) {
   const double reparto = Val(testo);
-  if (reparto > kRepartoMassimo || reparto < 0) return Rifiuto{messaggioReparto(), {}};
+  if (reparto > kRepartoMassimo || reparto < 0) return Rejection{messaggioReparto(), {}};
   return std::nullopt;
-}
-
-bool siNo(const QString& testo) {
-  return testo == QLatin1String("S") || testo == QLatin1String("s");
 }
 
 QString DescrizioneMaiuscola(QString testo) {

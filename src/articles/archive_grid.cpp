@@ -1,100 +1,79 @@
 #include "articles/archive_grid.h"
 
-#include "core/conversions.h"
-#include "core/reactions.h"
+#include <array>
+
+#include "controls/FlexGrid.h"
 #include "core/state.h"
-#include "platform/store/store.h"
-#include "platform/ui/busy_guard.h"
-#include "platform/ui/user_port.h"
 
 namespace articles {
 
 namespace {
 
-/// `Filler` of an article that the import found faulty.
-const QString kErrato = QStringLiteral("ERR");
+using elenco::Colonna;
+using elenco::kCentro;
+using elenco::kDestra;
+using elenco::kSinistra;
 
-/// A column of the query, known to be there or not at all.
-constexpr int kAssente = -1;
-
-/// Positions of the columns, looked up once.
-struct Posti {
-  explicit Posti(const store::Recordset& righe, bool conBandiere)
-      : posizione(righe.column(QStringLiteral("ID_Position"))),
-        ean(righe.column(QStringLiteral("Codice_EAN"))),
-        codice(righe.column(QStringLiteral("Codice_Articolo"))),
-        descrizione(righe.column(QStringLiteral("Descrizione"))),
-        prezzo(righe.column(QStringLiteral("Prezzo"))),
-        reparto(righe.column(QStringLiteral("Reparto"))) {
-    if (!conBandiere) return;
-    filler = righe.column(QStringLiteral("Filler"));
-    varPrezzo = righe.column(QStringLiteral("VarPrezzo"));
-    prezzoZero = righe.column(QStringLiteral("PrezzoZero"));
-  }
-
-  int posizione, ean, codice, descrizione, prezzo, reparto;
-  int filler = kAssente, varPrezzo = kAssente, prezzoZero = kAssente;
+constexpr std::array kColonne{
+    Colonna{u"N.", 500, kCentro, "ID_Position", elenco::testo, "vkTextBoxPLUid", 0, false},
+    Colonna{u"COD. EAN", 1600, kSinistra, "Codice_EAN", elenco::testo, "vkTextBoxCodEan", 13},
+    Colonna{u"COD. ARTICOLI", 1600, kSinistra, "Codice_Articolo", elenco::testo, "vkTextBoxCodArt", 13},
+    Colonna{u"DESCRIZIONE ", 2600, kSinistra, "Descrizione", elenco::testo, "vkTextBoxDesc", 30},
+    Colonna{u"PREZZO", 1100, kDestra, "Prezzo", elenco::importo, "vkTextBoxPrezzo", 8},
+    Colonna{u"N.REP", 900, kDestra, "Reparto", elenco::testo, "vkTextBoxRep", 2},
+    Colonna{u"VAR.PRZ", 1000, kCentro, "VarPrezzo", elenco::siNo, "vkTextBoxVarPrz", 1},
+    Colonna{u"PREZZO 0", 1000, kCentro, "PrezzoZero", elenco::siNo, "vkTextBoxPrz0", 1},
 };
+static_assert(kColonne.size() == kColonnaPrezzoZero + 1);
 
-QString prezzo(const store::Recordset& righe, int colonna) {
-  return righe.isNull(colonna) ? QString() : CentInTesto(righe.field(colonna).int32());
-}
+/// The columns whose heading is blue: what an article is, before what the till may do with it.
+constexpr int kTestateBlu = kColonnaVarPrezzo;
+const QColor kGialloChiaro(255, 255, 224);
 
-QString lettera(const store::Recordset& righe, int colonna) {
-  if (colonna == kAssente || righe.isNull(colonna)) return {};
-  return righe.field(colonna).boolean() ? QStringLiteral("S") : QStringLiteral("N");
-}
-
-RigaArticolo articolo(const store::Recordset& righe, const Posti& posti) {
-  return {.testi = {righe.text(posti.posizione), righe.text(posti.ean), righe.text(posti.codice),
-                    righe.text(posti.descrizione), prezzo(righe, posti.prezzo), righe.text(posti.reparto),
-                    lettera(righe, posti.varPrezzo), lettera(righe, posti.prezzoZero)},
-          .errata = posti.filler != kAssente && righe.text(posti.filler) == kErrato};
-}
-
-void riempi(const QString& istruzione, bool conBandiere, const GrigliaArticoli& griglia, Utente& utente) {
-  const BusyGuard occupato;
-  store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(istruzione);
-  const Posti posti(righe, conBandiere);
-  griglia.dimensiona(righe.RecordCount());
-  for (int riga = 1; !righe.atEnd(); righe.MoveNext(), ++riga) {
-    griglia.scrivi(riga, articolo(righe, posti));
-    utente.DoEventsAtRecord();
-  }
+/// The mark of an article that the import found faulty.
+elenco::Marca marcaErrati() {
+  return {.campo = "Filler",
+          .valore = u"ERR",
+          .marcata = QColor(255, 128, 0),
+          .altre = Qt::white,
+          .prima = kColonnaEan,
+          .ultima = kColonnaReparto};
 }
 
 }  // namespace
 
-const std::array<ColonnaGriglia, kColonneArticoli>& ColonneArticoli() {
-  static const std::array<ColonnaGriglia, kColonneArticoli> colonne{{
-      {QStringLiteral("N."), 500, Qt::AlignCenter},
-      {QStringLiteral("COD. EAN"), 1600, Qt::AlignLeft | Qt::AlignVCenter},
-      {QStringLiteral("COD. ARTICOLI"), 1600, Qt::AlignLeft | Qt::AlignVCenter},
-      {QStringLiteral("DESCRIZIONE "), 2600, Qt::AlignLeft | Qt::AlignVCenter},
-      {QStringLiteral("PREZZO"), 1100, Qt::AlignRight | Qt::AlignVCenter},
-      {QStringLiteral("N.REP"), 900, Qt::AlignRight | Qt::AlignVCenter},
-      {QStringLiteral("VAR.PRZ"), 1000, Qt::AlignCenter},
-      {QStringLiteral("PREZZO 0"), 1000, Qt::AlignCenter},
-  }};
-  return colonne;
+elenco::Colonne ColonneArticoli() {
+  return kColonne;
 }
 
-void RiempiGridCentral(const GrigliaArticoli& griglia, Utente& utente) {
-  const auto esito = reazioni::prossimaIstruzioneRiempimento(
-      utente, QStringLiteral("RiempiGridCentral: uscita dal programma per condizione anomala "), [&] {
-        riempi(
-            QStringLiteral("SELECT ID_Position,Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler,"
-                           "VarPrezzo,PrezzoZero from TAB_ARTICOLI"),
-            true, griglia, utente);
-      });
-  // A grid half filled must not be worked on.
-  if (esito == reazioni::Esito::Segnalato) utente.Terminate();
+void GestGridCentral(FlexGrid& griglia) {
+  elenco::Disponi(griglia, kColonne, kGialloChiaro, kTestateBlu);
 }
 
-void RiempiRicerca(const QString& istruzione, const GrigliaArticoli& griglia, Utente& utente) {
+elenco::EsitoElenco RiempiGridCentral(FlexGrid& griglia, Contesto& contesto, Attesa* attesa) {
+  return elenco::Riempi(
+      griglia, varGlobal().DB_Articoli,
+      store::Statement(u"SELECT ID_Position,Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler,"
+                       u"VarPrezzo,PrezzoZero from TAB_ARTICOLI"),
+      {.colonne = kColonne,
+       .prefisso = QStringLiteral("RiempiGridCentral: uscita dal programma per condizione anomala "),
+       .alGuasto = elenco::AlGuasto::Termina,
+       .marca = marcaErrati(),
+       .attesa = attesa},
+      contesto);
+}
+
+elenco::EsitoElenco RiempiRicerca(FlexGrid& griglia, const store::Statement& istruzione, Contesto& contesto) {
   // An apostrophe among what was typed is no reason to end the day's work: the person is told, and the list
   // stays as it was.
-  reazioni::prossimaIstruzioneRiempimento(utente, {}, [&] { riempi(istruzione, false, griglia, utente); });
+  return elenco::Riempi(griglia, varGlobal().DB_Articoli, istruzione,
+                        {.colonne = kColonne, .prefisso = {}, .alGuasto = elenco::AlGuasto::Ferma}, contesto);
+}
+
+elenco::EsitoElenco Tasto_Refresh(FlexGrid& griglia, Contesto& contesto, Attesa* attesa) {
+  const FlexGrid::Frozen ferma(griglia);
+  GestGridCentral(griglia);
+  return RiempiGridCentral(griglia, contesto, attesa);
 }
 
 }  // namespace articles

@@ -1,16 +1,13 @@
 #pragma once
 
-#include <QString>
-#include <Qt>
-#include <array>
-#include <functional>
+#include "core/list_table.h"
 
-class Utente;
+class Attesa;
 
-/// What the archive's grid shows, as data: a screen draws it.
+/// The list of the archive screen.
 namespace articles {
 
-inline constexpr int kColonneArticoli = 8;
+/// Its columns, by position.
 enum ColonnaArticoli : int {
   kColonnaPosizione,
   kColonnaEan,
@@ -21,40 +18,17 @@ enum ColonnaArticoli : int {
   kColonnaVarPrezzo,
   kColonnaPrezzoZero,
 };
-/// The columns that a mark colours.
-inline constexpr int kPrimaColorata = kColonnaEan;
-inline constexpr int kUltimaColorata = kColonnaReparto;
+elenco::Colonne ColonneArticoli();
 
-struct ColonnaGriglia {
-  QString testata;
-  int twip;  ///< width
-  Qt::Alignment allineamento;
-};
-/// Headings, widths and alignments.
-const std::array<ColonnaGriglia, kColonneArticoli>& ColonneArticoli();
-
-struct RigaArticolo {
-  /// Null values are empty texts.
-  std::array<QString, kColonneArticoli> testi;
-  /// Bears the import's mark "ERR".
-  bool errata = false;
-};
-
-/// Where a fill goes to.
-struct GrigliaArticoli {
-  /// How many articles come: called first and once, with 0 for an empty set.
-  std::function<void(int articoli)> dimensiona;
-  /// The n-th article, from 1.
-  std::function<void(int riga, const RigaArticolo& articolo)> scrivi;
-};
-
-/// Every article in the table's order. One event pass a record, input eaten meanwhile. A missing table shows
-/// the grave message and ends the program; any other failure, those aside that every procedure passes over,
-/// shows its message and ends the program too.
-void RiempiGridCentral(const GrigliaArticoli& griglia, Utente& utente);
+/// Headings, widths and ground.
+void GestGridCentral(FlexGrid& griglia);
+/// Every article in the table's order, faulty ones marked; `attesa`, if there is one, is moved along. A
+/// failure shows its message and ends the program: a list half filled must not be worked on.
+elenco::EsitoElenco RiempiGridCentral(FlexGrid& griglia, Contesto& contesto, Attesa* attesa = nullptr);
 /// The articles of a search statement, which lacks the two flags: their columns stay empty and no row is
-/// marked. A missing table ends the program as above; any other failure shows its number and description, and
-/// the grid stays as far as the fill came.
-void RiempiRicerca(const QString& istruzione, const GrigliaArticoli& griglia, Utente& utente);
+/// marked. A failure shows its number and description, and the list stays as far as the fill came.
+elenco::EsitoElenco RiempiRicerca(FlexGrid& griglia, const store::Statement& istruzione, Contesto& contesto);
+/// The list anew, its shape with it.
+elenco::EsitoElenco Tasto_Refresh(FlexGrid& griglia, Contesto& contesto, Attesa* attesa = nullptr);
 
 }  // namespace articles

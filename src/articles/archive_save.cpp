@@ -1,66 +1,60 @@
 #include "articles/archive_save.h"
 
-#include "articles/transaction.h"
-#include "articles/wait_pointer.h"
+#include "articles/archive_grid.h"
+#include "articles/failed_update.h"
 #include "core/context.h"
 #include "core/conversions.h"
+#include "core/key_filters.h"
 #include "core/state.h"
-#include "platform/ui/user_port.h"
+#include "platform/ui/wait_pointer.h"
 
 namespace articles {
 
 namespace {
 
-QString veroFalso(const QString& lettera) {
-  return siNo(lettera) ? QStringLiteral("true") : QStringLiteral("false");
+store::Statement istruzione(const CampiArticolo& campi, std::int32_t prezzo) {
+  return u"UPDATE TAB_ARTICOLI SET Codice_Articolo = '" + store::text(campi.codice) + u"'" +
+         u",Descrizione = '" + store::text(DescrizioneMaiuscola(campi.descrizione)) + u"'" + u", Prezzo = " +
+         store::number(std::int64_t{prezzo}) + u",Codice_EAN ='" + store::text(campi.ean) + u"'" +
+         u",VarPrezzo = " + store::flag(siNo(campi.varPrezzo)) + u",PrezzoZero = " +
+         store::flag(siNo(campi.prezzoZero)) + u",Reparto = " + store::number(Val(campi.reparto)) +
+         u",Filler =' ' WHERE auto_id=" + store::rowId(campi.id);
 }
 
-QString istruzione(const CampiArticolo& campi, std::int32_t prezzo) {
-  return QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_Articolo = '") + campi.codice + u'\'' +
-         QStringLiteral(",Descrizione = '") + DescrizioneMaiuscola(campi.descrizione) + u'\'' +
-         QStringLiteral(", Prezzo = ") + QString::number(prezzo) + QStringLiteral(",Codice_EAN ='") +
-         campi.ean + u'\'' + QStringLiteral(",VarPrezzo = ") + veroFalso(campi.varPrezzo) +
-         QStringLiteral(",PrezzoZero = ") + veroFalso(campi.prezzoZero) + QStringLiteral(",Reparto = ") +
-         QString::number(Val(campi.reparto)) + QStringLiteral(",Filler =' ' WHERE auto_id=") + campi.id;
-}
-
-void segnala(const Errore& errore, Utente& utente) {
-  utente.MsgBox(QStringLiteral("Errore nella modifica articoli .\nErrore n° ") +
-                    QString::number(errore.numero) + u'\n' + errore.descrizione,
-                Icon::Critical);
-}
-
-/// True once committed.
-bool esegui(const QString& sql, Contesto& contesto, const std::function<void()>& Tasto_Refresh) {
-  bool mostrata = false;
+/// True once the statement ran and the list shows it.
+bool esegui(const store::Statement& sql, FlexGrid& griglia, Contesto& contesto) {
   try {
-    Transazione transazione(contesto.area);
-    try {
-      varGlobal().DB_Articoli.Execute(sql);
-      Tasto_Refresh();
-      mostrata = true;
-      transazione.conferma();
-      return true;
-    } catch (const Errore& errore) {
-      segnala(errore, contesto.utente);
-      transazione.annulla();
-    }
+    varGlobal().DB_Articoli.Execute(sql);
   } catch (const Errore& errore) {
-    segnala(errore, contesto.utente);
+    SegnalaModificaFallita(errore, contesto.utente);
+    return false;
   }
-  // The grid shows what was not committed: back to what the archive holds.
-  if (mostrata) Tasto_Refresh();
+  Tasto_Refresh(griglia, contesto);
+  return true;
+}
+
+bool conferma(store::Transaction& transazione, FlexGrid& griglia, Contesto& contesto) {
+  try {
+    transazione.Commit();
+    return true;
+  } catch (const Errore& errore) {
+    SegnalaModificaFallita(errore, contesto.utente);
+  }
+  // The list shows what was not committed: back to what the archive holds.
+  transazione.Rollback();
+  Tasto_Refresh(griglia, contesto);
   return false;
 }
 
 }  // namespace
 
-EsitoModifica tasto_modifica(const CampiArticolo& campi, Contesto& contesto,
-                             const std::function<void()>& Tasto_Refresh) {
+EsitoModifica tasto_modifica(const CampiArticolo& campi, FlexGrid& griglia, Contesto& contesto) {
   if (CheckCampiArticolo(campi, contesto.utente) != kFalso) return EsitoModifica::Fermata;
-  const PuntatoreAttesa attesa;
-  const QString sql = istruzione(campi, TestoInCent(campi.prezzo));
-  return esegui(sql, contesto, Tasto_Refresh) ? EsitoModifica::Salvata : EsitoModifica::Fallita;
+  const WaitPointer puntatore;
+  const store::Statement sql = istruzione(campi, TestoInCent(campi.prezzo));
+  store::Transaction transazione(contesto.area);
+  const bool salvata = esegui(sql, griglia, contesto) && conferma(transazione, griglia, contesto);
+  return salvata ? EsitoModifica::Salvata : EsitoModifica::Fallita;
 }
 
 }  // namespace articles

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <functional>
-
 #include "articles/archive_fields.h"
 
+class FlexGrid;
 struct Contesto;
 
 namespace articles {
@@ -15,11 +14,9 @@ enum class EsitoModifica {
 };
 
 /// Saves the fields over the article whose slot is `campi.id`, in a transaction of the default workspace, and
-/// takes the import's mark away. `Tasto_Refresh` shows the archive again before the commit, and once more if
-/// the commit fails. Nothing looks for another article with the same EAN, and the journal is not written.
-/// With no row picked the statement fails and its message is shown. Throws Errore 6 for a price beyond 32
-/// bits.
-EsitoModifica tasto_modifica(const CampiArticolo& campi, Contesto& contesto,
-                             const std::function<void()>& Tasto_Refresh);
+/// takes the import's mark away. The list shows the archive again before the commit, and once more if the
+/// commit fails. Nothing looks for another article with the same EAN, and the journal is not written. With no
+/// row picked the statement fails and its message is shown. Throws Errore 6 for a price beyond 32 bits.
+EsitoModifica tasto_modifica(const CampiArticolo& campi, FlexGrid& griglia, Contesto& contesto);
 
 }  // namespace articles

@@ -14,7 +14,7 @@ namespace articles {
 namespace {
 
 /// Rows of a query on the open archive.
-store::Recordset interroga(const QString& sql) {
+store::Recordset interroga(const store::Statement& sql) {
   return varGlobal().DB_Articoli.OpenRecordset(sql);
 }
 
@@ -53,7 +53,7 @@ std::int16_t CheckTabVarie(Utente& utente) {
   const QString prefisso = QStringLiteral("CheckTabVarie ");
   std::int16_t esito = kFalso;
   reazioni::prossimaIstruzione(utente, prefisso, [&] {
-    store::Recordset righe = interroga(QStringLiteral("SELECT NomeCassa from TAB_VARIE "));
+    store::Recordset righe = interroga(store::Statement(u"SELECT NomeCassa from TAB_VARIE "));
     for (; !righe.atEnd(); righe.MoveNext()) {
       reazioni::prossimaIstruzione(utente, prefisso, [&] {
         if (rigaAssegnata(righe)) esito = kVero;
@@ -66,7 +66,7 @@ std::int16_t CheckTabVarie(Utente& utente) {
 std::int32_t CalcolaNumArticoli(Utente& utente) {
   std::int32_t articoli = 0;
   const auto esito = reazioni::prossimaIstruzione(utente, QStringLiteral("CalcolaNumArticoli "), [&] {
-    articoli = interroga(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI ")).RecordCount();
+    articoli = interroga(store::Statement(u"SELECT Codice_EAN from TAB_ARTICOLI ")).RecordCount();
   });
   return esito == reazioni::Esito::Segnalato ? -1 : articoli;
 }
@@ -74,9 +74,9 @@ std::int32_t CalcolaNumArticoli(Utente& utente) {
 std::int16_t GetCodiceEAN(std::int32_t auto_id, const QString& ean, Utente& utente) {
   std::int16_t esito = kEanLibero;
   reazioni::prossimaIstruzione(utente, QStringLiteral("Errore GetCodiceEAN "), [&] {
-    const store::Recordset righe = interroga(
-        QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI where auto_id <>") + QString::number(auto_id) +
-        QStringLiteral(" and Codice_Ean ='") + ean + QStringLiteral("';"));
+    const store::Recordset righe =
+        interroga(u"SELECT Codice_EAN from TAB_ARTICOLI where auto_id <>" +
+                  store::number(std::int64_t{auto_id}) + u" and Codice_Ean ='" + store::text(ean) + u"';");
     if (!righe.empty()) esito = kEanDuplicato;
   });
   return esito;

@@ -39,7 +39,7 @@ std::int16_t CheckTabVarie(Utente& utente);
 /// Number of rows of TAB_ARTICOLI, empty slots included; 0 for none, -1 for a failure, which has been shown.
 std::int32_t CalcolaNumArticoli(Utente& utente);
 /// kEanDuplicato if a row other than `auto_id` bears this EAN, kEanLibero otherwise and after a failure,
-/// which has been shown. The EAN goes into the statement as it is: an apostrophe breaks it.
+/// which has been shown. An apostrophe in the EAN breaks the statement.
 std::int16_t GetCodiceEAN(std::int32_t auto_id, const QString& ean, Utente& utente);
 
 }  // namespace articles

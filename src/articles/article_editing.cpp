@@ -4,10 +4,10 @@
 
 #include "articles/archive_fields.h"
 #include "articles/ean_index.h"
-#include "articles/transaction.h"
 #include "core/context.h"
 #include "core/conversions.h"
 #include "core/state.h"
+#include "core/wait_box.h"
 #include "platform/ui/user_port.h"
 
 namespace articles {
@@ -16,40 +16,33 @@ namespace {
 
 constexpr int kLunghezzaEan = 13;
 
-template <typename Richiamo, typename... Argomenti>
-void chiama(const Richiamo& richiamo, Argomenti... argomenti) {
-  if (richiamo) richiamo(argomenti...);
-}
-
-/// Something of the screen's that is on while it lives.
-class Durante {
+/// The screen's commands are off while it lives.
+class Bloccati {
  public:
-  explicit Durante(const std::function<void(bool)>& richiamo) : richiamo_(richiamo) {
-    chiama(richiamo_, true);
-  }
-  ~Durante() { chiama(richiamo_, false); }
-  Durante(const Durante&) = delete;
-  Durante& operator=(const Durante&) = delete;
+  explicit Bloccati(SchermoArticoli& schermo) : schermo_(schermo) { schermo_.BloccaComandi(true); }
+  ~Bloccati() { schermo_.BloccaComandi(false); }
+  Bloccati(const Bloccati&) = delete;
+  Bloccati& operator=(const Bloccati&) = delete;
 
  private:
-  const std::function<void(bool)>& richiamo_;
+  SchermoArticoli& schermo_;
 };
 
 bool assegnato() {
   return varGlobal().FlagVariazioni == 1;
 }
 
-bool trova(const QString& sql) {
+bool trova(const store::Statement& sql) {
   return !varGlobal().DB_Articoli.OpenRecordset(sql).empty();
 }
 
 /// One unit of work on the archive. A step that fails tells so and undoes the whole.
 class Unita {
  public:
-  explicit Unita(Contesto& contesto) : utente_(contesto.utente), transazione_(contesto.area) {}
+  explicit Unita(Contesto& contesto) : contesto_(contesto), transazione_(contesto.area) {}
 
   /// True if the statement ran.
-  bool esegui(const QString& sql, const QString& messaggio) {
+  bool esegui(const store::Statement& sql, const QString& messaggio) {
     try {
       varGlobal().DB_Articoli.Execute(sql);
       return true;
@@ -63,48 +56,50 @@ class Unita {
     return false;
   }
   void rifiuta(const QString& testo, Icon icona) {
-    utente_.MsgBox(testo, icona);
-    transazione_.annulla();
+    contesto_.utente.MsgBox(testo, icona);
+    transazione_.Rollback();
   }
   bool conferma() {
-    transazione_.conferma();
+    transazione_.Commit();
     return true;
   }
-  Utente& utente() { return utente_; }
+  Contesto& contesto() { return contesto_; }
 
  private:
-  Utente& utente_;
-  Transazione transazione_;
+  Contesto& contesto_;
+  store::Transaction transazione_;
 };
 
 // Insertion.
 
 /// Another article, by its own code, bears the EAN.
 bool eanAltrui(const CampiArticolo& campi) {
-  return trova(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI where Codice_Articolo <> '") %
-               campi.codice % QStringLiteral("' and Codice_EAN = '") % campi.ean % QStringLiteral("';"));
+  return trova(u"SELECT Codice_EAN from TAB_ARTICOLI where Codice_Articolo <> '" + store::text(campi.codice) +
+               u"' and Codice_EAN = '" + store::text(campi.ean) + u"';");
 }
 
-QString inserimento(const CampiArticolo& campi) {
-  return QStringLiteral(
-             "INSERT INTO TAB_ARTICOLI (Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler) Values "
-             "('") %
-         campi.ean % QStringLiteral("','") % campi.codice % QStringLiteral("','") %
-         DescrizioneMaiuscola(campi.descrizione) % QStringLiteral("',") %
-         QString::number(TestoInCent(campi.prezzo)) % QLatin1Char(',') % QString::number(Val(campi.reparto)) %
-         QStringLiteral(",' ');");
+store::Statement inserimento(const CampiArticolo& campi) {
+  return u"INSERT INTO TAB_ARTICOLI (Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler) "
+         u"Values ('" +
+         store::text(campi.ean) + u"','" + store::text(campi.codice) + u"','" +
+         store::text(DescrizioneMaiuscola(campi.descrizione)) + u"'," +
+         store::number(std::int64_t{TestoInCent(campi.prezzo)}) + u"," + store::number(Val(campi.reparto)) +
+         u",'"
+         u" "
+         u"');";
 }
 
 /// An article that was deleted and comes back is one insertion for the till.
-QString giornaleInserito(const QString& ean) {
-  const bool cancellato =
-      trova(QStringLiteral("SELECT TipoOperazione from TAB_VARIAZIONI where Codice_EAN = '") % ean %
-            QStringLiteral("' AND (TipoOperazione ='C') ;"));
+store::Statement variazioneInserito(const QString& ean) {
+  const bool cancellato = trova(u"SELECT TipoOperazione from TAB_VARIAZIONI where Codice_EAN = '" +
+                                store::text(ean) + u"' AND (TipoOperazione ='C') ;");
   if (cancellato)
-    return QStringLiteral("UPDATE TAB_VARIAZIONI SET TipoOperazione = 'I' WHERE Codice_EAN ='") % ean %
-           QLatin1Char('\'');
-  return QStringLiteral("INSERT INTO TAB_VARIAZIONI (Codice_EAN,TipoOperazione) Values ('") % ean %
-         QStringLiteral("','I');");
+    return u"UPDATE TAB_VARIAZIONI SET TipoOperazione = 'I'"
+           u" WHERE Codice_EAN ='" +
+           store::text(ean) + u"'";
+  return u"INSERT INTO TAB_VARIAZIONI (Codice_EAN,TipoOperazione) "
+         u"Values ('" +
+         store::text(ean) + u"','I');";
 }
 
 bool inserisci(const CampiArticolo& campi, Unita& unita) {
@@ -116,7 +111,7 @@ bool inserisci(const CampiArticolo& campi, Unita& unita) {
   }
   if (!unita.esegui(inserimento(campi), QStringLiteral("Errore nell' inserimento articoli Errore n° ")))
     return false;
-  if (assegnato() && !unita.esegui(giornaleInserito(campi.ean),
+  if (assegnato() && !unita.esegui(variazioneInserito(campi.ean),
                                    QStringLiteral("Errore nell' inserimento variazioni Errore n° ")))
     return false;
   return unita.conferma();
@@ -134,14 +129,15 @@ bool confermata(const QString& ean, Utente& utente) {
 
 /// The till does not know of the article. 'U' is left to archives that another program has written.
 bool ignotoAllaCassa(const QString& ean) {
-  return trova(QStringLiteral("SELECT TipoOperazione from TAB_VARIAZIONI where Codice_EAN = '") % ean %
-               QStringLiteral("' AND (TipoOperazione ='I' OR TipoOperazione ='U') ;"));
+  return trova(u"SELECT TipoOperazione from TAB_VARIAZIONI where Codice_EAN = '" + store::text(ean) +
+               u"' AND (TipoOperazione ='I' OR TipoOperazione ='U') ;");
 }
 
 /// The number and the text of the message are those of the failure behind the one already shown.
-bool aggiornaIndici(const QString& ean, Unita& unita, const SchermoArticoli& schermo) {
-  const Durante attesa(schermo.Attesa);
-  Utente& utente = unita.utente();
+bool aggiornaIndici(const QString& ean, Unita& unita) {
+  // Every row may be written twice.
+  const Attesa attesa(unita.contesto(), Attesa::Quando::Subito);
+  Utente& utente = unita.contesto().utente;
   Errore causa;
   if (CalcolaID_Position(utente, &causa) != 0)
     return unita.fallita(
@@ -156,57 +152,57 @@ bool aggiornaIndici(const QString& ean, Unita& unita, const SchermoArticoli& sch
   return true;
 }
 
-/// Journal and positions of a deletion on an archive assigned to a till.
-bool registraCancellazione(const QString& ean, Unita& unita, const SchermoArticoli& schermo) {
+/// Changes and positions of a deletion on an archive assigned to a till.
+bool registraCancellazione(const QString& ean, Unita& unita) {
   if (ignotoAllaCassa(ean))
-    return unita.esegui(
-        QStringLiteral("DELETE FROM TAB_VARIAZIONI where Codice_EAN = '") % ean % QStringLiteral("';"),
-        QStringLiteral("Errore nell'eliminazione articolo su TAB_VARIAZIONI Errore n° "));
-  return unita.esegui(QStringLiteral("INSERT INTO TAB_VARIAZIONI (Codice_EAN,TipoOperazione) Values ('") %
-                          ean % QStringLiteral("','C');"),
-                      QStringLiteral("Errore nell'eliminazione articoli Errore n° ")) &&
-         aggiornaIndici(ean, unita, schermo);
+    return unita.esegui(u"DELETE FROM TAB_VARIAZIONI where Codice_EAN = '" + store::text(ean) + u"';",
+                        QStringLiteral("Errore nell'eliminazione articolo su TAB_VARIAZIONI Errore n° "));
+  return unita.esegui(
+             u"INSERT INTO TAB_VARIAZIONI (Codice_EAN,TipoOperazione) "
+             u"Values ('" +
+                 store::text(ean) + u"','C');",
+             QStringLiteral("Errore nell'eliminazione articoli Errore n° ")) &&
+         aggiornaIndici(ean, unita);
 }
 
-bool cancella(const QString& ean, Unita& unita, const SchermoArticoli& schermo) {
-  return unita.esegui(
-             QStringLiteral("Delete  from TAB_ARTICOLI where Codice_EAN ='") % ean % QStringLiteral("';"),
-             QStringLiteral("Errore nell' eliminazione articoli Errore n° ")) &&
-         (!assegnato() || registraCancellazione(ean, unita, schermo)) && unita.conferma();
+bool cancella(const QString& ean, Unita& unita) {
+  return unita.esegui(u"Delete  from TAB_ARTICOLI where Codice_EAN ='" + store::text(ean) + u"';",
+                      QStringLiteral("Errore nell' eliminazione articoli Errore n° ")) &&
+         (!assegnato() || registraCancellazione(ean, unita)) && unita.conferma();
 }
 
 }  // namespace
 
-bool InserimentoArticolo(CampiArticolo& campi, Contesto& contesto, const SchermoArticoli& schermo) {
+bool InserimentoArticolo(CampiArticolo& campi, Contesto& contesto, SchermoArticoli& schermo) {
   if (CheckCampiArticolo(campi, contesto.utente) != 0) return false;
   {
     Unita unita(contesto);
     campi.ean = campi.ean.leftJustified(kLunghezzaEan);
     if (!inserisci(campi, unita)) return false;
   }
-  chiama(schermo.Tasto_Refresh);
+  schermo.Tasto_Refresh();
   return true;
 }
 
-bool EliminaSelezionato(const CampiArticolo& campi, Contesto& contesto, const SchermoArticoli& schermo) {
+bool EliminaSelezionato(const CampiArticolo& campi, Contesto& contesto, SchermoArticoli& schermo) {
   if (!campi.ean.isEmpty()) return Tasto_Cancella(campi.ean, contesto, schermo);
   // Without an EAN the deletion would take every slot that has none.
   contesto.utente.MsgBox(QStringLiteral("Attenzione selezionare l'articolo da eliminare"));
   return false;
 }
 
-bool Tasto_Cancella(const QString& ean, Contesto& contesto, const SchermoArticoli& schermo) {
+bool Tasto_Cancella(const QString& ean, Contesto& contesto, SchermoArticoli& schermo) {
   {
     Unita unita(contesto);
     if (!confermata(ean, contesto.utente)) {
-      chiama(schermo.BloccaComandi, false);
+      schermo.BloccaComandi(false);
       return false;
     }
-    const Durante bloccati(schermo.BloccaComandi);
-    if (!cancella(ean, unita, schermo)) return false;
+    const Bloccati bloccati(schermo);
+    if (!cancella(ean, unita)) return false;
   }
-  chiama(schermo.Cancella_TextBox);
-  chiama(schermo.Tasto_Refresh);
+  schermo.Cancella_TextBox();
+  schermo.Tasto_Refresh();
   return true;
 }
 

@@ -2,15 +2,17 @@
 
 #include <optional>
 
+#include "articles/archive_fields.h"
 #include "articles/article_database.h"
 #include "articles/import_line.h"
 #include "articles/import_report.h"
-#include "articles/line_reader.h"
-#include "articles/wait_pointer.h"
 #include "core/context.h"
 #include "core/conversions.h"
 #include "core/state.h"
-#include "platform/error.h"
+#include "core/wait_box.h"
+#include "platform/clock.h"
+#include "platform/text/file_name.h"
+#include "platform/text/line_reader.h"
 #include "platform/text/windows1252.h"
 #include "platform/ui/busy_guard.h"
 #include "platform/ui/user_port.h"
@@ -19,48 +21,16 @@ namespace articles {
 
 namespace {
 
-constexpr double kPrezzoMassimo = 99999.99;
-constexpr double kRepartoMassimo = 80;
-
 // What each fault adds to StatoImport.
 constexpr std::int16_t kFaultPrezzo = 2;
 constexpr std::int16_t kFaultReparto = 3;
 
 const QString kFineRiga = QStringLiteral("\r\n");
 
-/// Wait box, pointer and busy guard of a running import; taken back once, at the latest with its scope.
-class Attesa {
- public:
-  explicit Attesa(const AttesaImport& schermo) : schermo_(schermo) {
-    if (schermo_.apri) schermo_.apri();
-  }
-  Attesa(const Attesa&) = delete;
-  Attesa& operator=(const Attesa&) = delete;
-  ~Attesa() { chiudi(); }
-
-  void avanza(const LettoreRighe& lettore) const {
-    if (schermo_.avanza) schermo_.avanza(lettore.letti(), lettore.dimensione());
-  }
-  void chiudi() {
-    if (!occupato_) return;
-    occupato_.reset();
-    if (schermo_.chiudi) schermo_.chiudi();
-    puntatore_.reset();
-  }
-
- private:
-  const AttesaImport& schermo_;
-  // Before the box: the pointer goes to work first and comes back last.
-  std::optional<PuntatoreAttesa> puntatore_{std::in_place};
-  std::optional<BusyGuard> occupato_{std::in_place};
-};
-
 /// One run of the import.
 struct Corsa {
   Contesto& contesto;
-  const Orologio& orologio;
   QString ingresso{};
-  QString log{};
   bool logAperto = false;
   /// Never back to its start: after the first fault every later line is marked, and with the third (with the
   /// second, if both are departments) the statement loses its tail and fails, which undoes the import. The
@@ -71,7 +41,7 @@ struct Corsa {
 };
 
 void annota(const Corsa& corsa, const QString& codice) {
-  WriteFileLOG(corsa.log, codice, corsa.campi);
+  WriteFileLOG(corsa.esito.log, codice, corsa.campi);
 }
 
 void contaErrore(Corsa& corsa, QLatin1String codice, std::int16_t peso) {
@@ -83,7 +53,7 @@ void contaErrore(Corsa& corsa, QLatin1String codice, std::int16_t peso) {
 void chiudiLOG(Corsa& corsa) {
   if (!corsa.logAperto) return;
   corsa.logAperto = false;
-  CloseFileLOG(corsa.log, corsa.esito.errori, corsa.orologio());
+  CloseFileLOG(corsa.esito.log, corsa.esito.errori, corsa.contesto.orologio.now());
 }
 
 /// The amount in the field as it stands; a comma counts as the decimal point.
@@ -100,10 +70,11 @@ void controllaPrezzoEReparto(Corsa& corsa) {
     contaErrore(corsa, kErroreReparto, kFaultReparto);
 }
 
-/// True if the statement ran; else the person has been told and everything is undone.
-bool esegui(Contesto& contesto, const QString& sql) {
+/// True if the step ran; else the person has been told and everything is undone.
+template <typename Passo>
+bool oAnnulla(Contesto& contesto, Passo&& passo) {
   try {
-    varGlobal().DB_Articoli.Execute(sql);
+    passo();
     return true;
   } catch (const Errore& errore) {
     contesto.utente.MsgBox(QStringLiteral("Errore nell'aggiornamento articoli Errore n° ") +
@@ -122,16 +93,16 @@ bool eanDuplicato(const Corsa& corsa) {
 
 bool importaArticolo(Corsa& corsa) {
   if (eanDuplicato(corsa)) annota(corsa, kAvvisoEanDuplicato);
-  QString sql = TestaIstruzione(corsa.campi);
+  store::Statement sql = TestaIstruzione(corsa.campi);
   controllaPrezzoEReparto(corsa);
   sql += CodaIstruzione(corsa.StatoImport, corsa.campi.auto_id);
-  return esegui(corsa.contesto, sql);
+  return oAnnulla(corsa.contesto, [&] { varGlobal().DB_Articoli.Execute(sql); });
 }
 
-std::int16_t leggiArticolo(Corsa& corsa, LettoreRighe& lettore) {
-  const Riga riga = lettore.prossima();
-  if (!riga.intera) return kSeparatori;
-  return PutArticolo(windows1252::toText(riga.byte), corsa.campi);
+std::int16_t leggiArticolo(Corsa& corsa, LineReader& lettore) {
+  const Line riga = lettore.next();
+  if (!riga.whole) return kSeparatori;
+  return PutArticolo(windows1252::toText(riga.bytes), corsa.campi);
 }
 
 bool mancaUnCampo(std::int16_t codice) {
@@ -139,9 +110,9 @@ bool mancaUnCampo(std::int16_t codice) {
 }
 
 /// Lines until the end of the file, or until one stops the import.
-EsitoImport::Tipo importaRighe(Corsa& corsa, LettoreRighe& lettore, const Attesa& attesa) {
-  while (!lettore.fine()) {
-    attesa.avanza(lettore);
+EsitoImport::Tipo importaRighe(Corsa& corsa, LineReader& lettore, Attesa& attesa) {
+  while (!lettore.atEnd()) {
+    attesa.avanza(lettore.done(), lettore.size());
     corsa.contesto.utente.DoEventsAtRecord();
     const std::int16_t codice = leggiArticolo(corsa, lettore);
     if (mancaUnCampo(codice))
@@ -154,8 +125,8 @@ EsitoImport::Tipo importaRighe(Corsa& corsa, LettoreRighe& lettore, const Attesa
   return EsitoImport::Tipo::Importato;
 }
 
-void mostraFallita(Corsa& corsa, LettoreRighe& lettore, Attesa& attesa) {
-  lettore.chiudi();
+void mostraFallita(Corsa& corsa, LineReader& lettore, Attesa& attesa) {
+  lettore.close();
   chiudiLOG(corsa);
   attesa.chiudi();
   corsa.contesto.utente.MsgBox(QStringLiteral("OPERAZIONE DI IMPORTAZIONE ARTICOLI FALLITA"), Icon::Critical);
@@ -171,28 +142,33 @@ void mostraTotali(const Corsa& corsa) {
   utente.MsgBox(QStringLiteral("Errore nell'importazione degli articoli") + kFineRiga + kFineRiga +
                     QStringLiteral("Totali errori riscontrati: [") + QString::number(corsa.esito.errori) +
                     QStringLiteral("]") + kFineRiga + QStringLiteral("Nome File da importare : [") +
-                    NomeFile(corsa.ingresso) + QStringLiteral("]") + kFineRiga + kFineRiga +
-                    QStringLiteral("Per maggiori dettagli esaminare il file : [") + corsa.log +
+                    FileName(corsa.ingresso) + QStringLiteral("]") + kFineRiga + kFineRiga +
+                    QStringLiteral("Per maggiori dettagli esaminare il file : [") + corsa.esito.log +
                     QStringLiteral("]") + kFineRiga,
                 Icon::Information, QStringLiteral("ATTENZIONE"));
 }
 
-void importaFile(Corsa& corsa, const AttesaImport& schermo, const QDateTime& inizio) {
-  Attesa attesa(schermo);
-  LettoreRighe lettore(corsa.ingresso);
-  corsa.log = NomeFileLOG(corsa.ingresso, inizio);
-  CreaFileLOG(corsa.log, corsa.ingresso, corsa.orologio());
+void importaFile(Corsa& corsa, const QDateTime& inizio) {
+  const BusyGuard occupato;
+  Attesa attesa(corsa.contesto);
+  LineReader lettore(corsa.ingresso);
+  corsa.esito.log = NomeFileLOG(corsa.ingresso, inizio);
+  CreaFileLOG(corsa.esito.log, corsa.ingresso, corsa.contesto.orologio.now());
   corsa.logAperto = true;
-  const EsitoImport::Tipo tipo = importaRighe(corsa, lettore, attesa);
-  if (tipo == EsitoImport::Tipo::Importato) {
-    attesa.chiudi();
-    corsa.contesto.area.CommitTrans();
+  using Tipo = EsitoImport::Tipo;
+  const bool integro = oAnnulla(corsa.contesto, [] { varGlobal().DB_Articoli.CheckIntegrity(); });
+  const Tipo tipo = integro ? importaRighe(corsa, lettore, attesa) : Tipo::Annullato;
+  if (tipo == Tipo::Fallito) {
+    corsa.esito.tipo = tipo;
+    return mostraFallita(corsa, lettore, attesa);
   }
-  corsa.esito.tipo = tipo;
-  if (tipo == EsitoImport::Tipo::Fallito) return mostraFallita(corsa, lettore, attesa);
   attesa.chiudi();
-  mostraTotali(corsa);
-  lettore.chiudi();
+  const bool scritto =
+      tipo == Tipo::Importato && oAnnulla(corsa.contesto, [&] { corsa.contesto.area.CommitTrans(); });
+  corsa.esito.tipo = scritto ? tipo : Tipo::Annullato;
+  // An archive that could not be written on at all must not be told a success behind its failure.
+  if (integro && scritto == (tipo == Tipo::Importato)) mostraTotali(corsa);
+  lettore.close();
   chiudiLOG(corsa);
 }
 
@@ -210,16 +186,16 @@ void interrompi(Corsa& corsa, const Errore& errore) {
 
 }  // namespace
 
-EsitoImport ImportaArticoli(Contesto& contesto, const AttesaImport& attesa, const Orologio& orologio) {
-  Corsa corsa{contesto, orologio};
-  const QDateTime inizio = orologio();
+EsitoImport ImportaArticoli(Contesto& contesto) {
+  Corsa corsa{contesto};
+  const QDateTime inizio = contesto.orologio.now();
   try {
     contesto.area.BeginTrans();
     const std::optional<QString> scelto = contesto.utente.AskOpenPath(
         {QStringLiteral("Importa Articoli"), QStringLiteral("csv (*.csv)|*.csv"), {}});
     if (!scelto || scelto->isEmpty()) return corsa.esito;
     corsa.ingresso = *scelto;
-    importaFile(corsa, attesa, inizio);
+    importaFile(corsa, inizio);
   } catch (const Errore& errore) {
     interrompi(corsa, errore);
   }

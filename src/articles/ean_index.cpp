@@ -30,7 +30,7 @@ void segnalaStatement(Utente& utente, const QString& prefisso, const Errore& err
 }
 
 /// True if the statement ran.
-bool esegui(const QString& sql, Utente& utente, const QString& prefisso, Errore* causa) {
+bool esegui(const store::Statement& sql, Utente& utente, const QString& prefisso, Errore* causa) {
   try {
     varGlobal().DB_Articoli.Execute(sql);
     return true;
@@ -71,7 +71,7 @@ std::vector<VoceLetta> leggi(store::Recordset righe, const IndiceDi& indiceDi) {
 /// The articles in ascending slot, each with its number from 0; a row that cannot be read keeps its number.
 std::vector<VoceLetta> daNumerare() {
   const store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
-      QStringLiteral("SELECT Auto_ID,Codice_EAN from TAB_ARTICOLI ORDER by Auto_ID ASC"));
+      u"SELECT Auto_ID,Codice_EAN from TAB_ARTICOLI ORDER by Auto_ID ASC");
   std::vector<VoceLetta> voci = leggi(righe, [](const store::Recordset&) { return 0; });
   std::int32_t numero = 0;
   for (VoceLetta& voce : voci) {
@@ -83,8 +83,8 @@ std::vector<VoceLetta> daNumerare() {
 
 /// The articles in the table's order with the position that they have; one that is no number is told as 13.
 std::vector<VoceLetta> numerate() {
-  const store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
-      QStringLiteral("SELECT Auto_ID,Codice_EAN ,ID_Position from TAB_ARTICOLI "));
+  const store::Recordset righe =
+      varGlobal().DB_Articoli.OpenRecordset(u"SELECT Auto_ID,Codice_EAN ,ID_Position from TAB_ARTICOLI ");
   const int posizione = righe.column(QStringLiteral("ID_Position"));
   return leggi(righe, [posizione](const store::Recordset& riga) { return riga.field(posizione).int32(); });
 }
@@ -158,8 +158,9 @@ double CalcolaEanNum(const QString& ean) {
 }
 
 std::int16_t UpdateIDPosition(const QString& ean, std::int32_t position, Utente& utente, Errore* causa) {
-  const QString sql = QStringLiteral("UPDATE TAB_ARTICOLI SET ID_Position = '") % QString::number(position) %
-                      QStringLiteral("' WHERE Codice_EAN ='") % ean % QStringLiteral("';");
+  const store::Statement sql = u"UPDATE TAB_ARTICOLI SET ID_Position = '" +
+                               store::number(std::int64_t{position}) + u"' WHERE Codice_EAN ='" +
+                               store::text(ean) + u"';";
   const bool fatto =
       esegui(sql, utente, QStringLiteral("Errore nell' inserimento dati nella TAB_ARTICOLI n° "), causa);
   return fatto ? kFatto : kNonEseguito;
@@ -177,10 +178,11 @@ std::int16_t CalcolaID_Position(Utente& utente, Errore* causa) {
 }
 
 std::int16_t InsertEanNumerici(const QString& ean, double checksum, std::int32_t index, Utente& utente) {
-  const QString sql =
-      QStringLiteral("INSERT INTO TAB_EAN_NUMERICI (Codice_EAN,Codice_EAN_Num,Index,Spare) Values ('") % ean %
-      QStringLiteral("',") % QString::number(checksum, 'f', 0) % QLatin1Char(',') % QString::number(index) %
-      QStringLiteral(",'');");
+  const store::Statement sql =
+      u"INSERT INTO TAB_EAN_NUMERICI (Codice_EAN,Codice_EAN_Num,Index,Spare) "
+      u"Values ('" +
+      store::text(ean) + u"'," + store::number(checksum) + u"," + store::number(std::int64_t{index}) +
+      u",'');";
   const bool fatto = esegui(
       sql, utente, QStringLiteral("Errore nell' inserimento dati nella TAB_EAN_NUMERICI n° "), nullptr);
   return fatto ? kFatto : kNonEseguito;
@@ -208,9 +210,9 @@ std::int16_t ReazioneUpdateIndex(const Errore& errore, Utente& utente) {
 
 std::int16_t UpdateIndex(const QString& ean, std::int32_t index, Utente& utente, Errore* causa) {
   try {
-    const QString sql = QStringLiteral("UPDATE TAB_EAN_NUMERICI SET Index = ") % QString::number(index) %
-                        QStringLiteral(" WHERE Codice_Ean_num = ") %
-                        QString::number(CalcolaEanNum(ean), 'f', 0) % QLatin1Char(';');
+    const store::Statement sql = u"UPDATE TAB_EAN_NUMERICI SET Index = " +
+                                 store::number(std::int64_t{index}) + u" WHERE Codice_Ean_num = " +
+                                 store::number(CalcolaEanNum(ean)) + u";";
     const bool fatto =
         esegui(sql, utente, QStringLiteral("Errore nell' UPDATE dati nella TAB_EAN_NUMERICI n° "), causa);
     return fatto ? kFatto : kFallito;

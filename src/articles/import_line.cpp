@@ -1,6 +1,5 @@
 #include "articles/import_line.h"
 
-#include <QStringBuilder>
 #include <array>
 
 #include "core/conversions.h"
@@ -52,17 +51,29 @@ std::int16_t PutArticolo(const QString& riga, CampiImport& campi) {
   return parti[5].isEmpty() ? kRepartoAssente : kRigaSana;
 }
 
-QString TestaIstruzione(const CampiImport& campi) {
-  const QString prezzo = QString::number(TestoInCent(campi.Prezzo));
-  return u"UPDATE TAB_ARTICOLI SET " % QStringView(u" Codice_ean ='") % campi.Codice_EAN % u"'," %
-         u" Codice_Articolo ='" % campi.Codice_Articolo % u"'," % u"Descrizione ='" % campi.Descrizione %
-         u"'," % u"Prezzo =" % prezzo % u',' % u"Reparto =" % campi.Reparto % u',';
+store::Statement TestaIstruzione(const CampiImport& campi) {
+  return u"UPDATE TAB_ARTICOLI SET "
+         u" Codice_ean ='" +
+         store::text(campi.Codice_EAN) +
+         u"',"
+         u" Codice_Articolo ='" +
+         store::text(campi.Codice_Articolo) +
+         u"',"
+         u"Descrizione ='" +
+         store::text(campi.Descrizione) +
+         u"',"
+         u"Prezzo =" +
+         store::number(std::int64_t{TestoInCent(campi.Prezzo)}) +
+         u","
+         u"Reparto =" +
+         store::number(campi.Reparto) + u",";
 }
 
-QString CodaIstruzione(std::int16_t StatoImport, std::int16_t auto_id) {
+store::Statement CodaIstruzione(std::int16_t StatoImport, std::int16_t auto_id) {
   if (StatoImport > kStatoErrMassimo) return {};
-  return (StatoImport == kStatoPulito ? QStringLiteral("Filler =' '") : QStringLiteral("Filler ='ERR'")) +
-         QStringLiteral(" WHERE auto_id =") + QString::number(auto_id);
+  const store::Statement marchio =
+      StatoImport == kStatoPulito ? store::Statement(u"Filler =' '") : store::Statement(u"Filler ='ERR'");
+  return marchio + u" WHERE auto_id =" + store::number(std::int64_t{auto_id});
 }
 
 }  // namespace articles

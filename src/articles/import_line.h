@@ -3,6 +3,8 @@
 #include <QString>
 #include <cstdint>
 
+#include "platform/store/statement.h"
+
 namespace articles {
 
 /// The fields of the line being imported, as they stand in the file.
@@ -32,11 +34,11 @@ std::int16_t PutArticolo(const QString& riga, CampiImport& campi);
 /// `StatoImport` before the first fault.
 inline constexpr std::int16_t kStatoPulito = 1;
 
-/// The UPDATE of the slot up to its last column, texts raw and unescaped. Throws Errore 6 for a price beyond
-/// 32 bits of hundredths.
-QString TestaIstruzione(const CampiImport& campi);
+/// The UPDATE of the slot up to its last column. An apostrophe in a text, and a department that is no number,
+/// break it. Throws Errore 6 for a price beyond 32 bits of hundredths.
+store::Statement TestaIstruzione(const CampiImport& campi);
 /// The mark of the row and the condition; nothing once the faults have brought `StatoImport` beyond 6, so
 /// that the statement fails.
-QString CodaIstruzione(std::int16_t StatoImport, std::int16_t auto_id);
+store::Statement CodaIstruzione(std::int16_t StatoImport, std::int16_t auto_id);
 
 }  // namespace articles

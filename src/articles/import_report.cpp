@@ -1,10 +1,10 @@
 #include "articles/import_report.h"
 
-#include <QFile>
 #include <QStringList>
 #include <algorithm>
 
-#include "platform/error.h"
+#include "platform/text/file_name.h"
+#include "platform/text/whole_file.h"
 #include "platform/text/windows1252.h"
 
 namespace articles {
@@ -25,18 +25,8 @@ QString dataEOra(const QDateTime& momento) {
   return momento.toString(QStringLiteral("dd/MM/yyyy")) + u' ' + momento.toString(QStringLiteral("hh:mm:ss"));
 }
 
-[[noreturn]] void nonScritto(const QFile& file) {
-  const bool pieno = file.error() == QFileDevice::ResourceError || file.error() == QFileDevice::WriteError;
-  throw Errore{pieno ? errors::kDiskFull : errors::kPathAccess,
-               QStringLiteral("Impossibile scrivere il file ") + file.fileName() + QStringLiteral(": ") +
-                   file.errorString()};
-}
-
-void scrivi(const QString& log, QIODevice::OpenMode modo, const QStringList& righe) {
-  QFile file(log);
-  if (!file.open(QIODevice::WriteOnly | modo)) nonScritto(file);
-  const QByteArray byte = windows1252::toBytes(righe.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n"));
-  if (file.write(byte) != byte.size() || !file.flush()) nonScritto(file);
+QByteArray byteDi(const QStringList& righe) {
+  return windows1252::toBytes(righe.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n"));
 }
 
 QString marchio(const QString& codice, const CampiImport& campi) {
@@ -60,36 +50,34 @@ QString marchio(const QString& codice, const CampiImport& campi) {
 
 }  // namespace
 
-QString NomeFile(const QString& percorso) {
-  return percorso.mid(std::max(percorso.lastIndexOf(u'/'), percorso.lastIndexOf(u'\\')) + 1);
-}
-
 QString NomeFileLOG(const QString& ingresso, const QDateTime& inizio) {
-  const qsizetype cartella = ingresso.size() - NomeFile(ingresso).size();
+  const qsizetype cartella = ingresso.size() - FileName(ingresso).size();
   const qsizetype estensione = ingresso.lastIndexOf(kEstensione, -1, Qt::CaseInsensitive);
   const QString base = estensione >= cartella ? ingresso.left(estensione) : ingresso;
   return base + u'_' + inizio.toString(QStringLiteral("yyyyMMddhhmmss")) + QStringLiteral(".log");
 }
 
 void CreaFileLOG(const QString& log, const QString& ingresso, const QDateTime& momento) {
-  scrivi(log, QIODevice::Truncate,
-         {tratti(),
-          QStringLiteral("REPORT PER L'IMPORTAZIONE DEGLI ARTICOLI EFFETTUATO IN DATA: ") + dataEOra(momento),
-          bianco(), QStringLiteral("NOME FILE INPUT: ") + NomeFile(ingresso), bianco(), tratti()});
+  WriteWholeFile(
+      log,
+      byteDi({tratti(),
+              QStringLiteral("REPORT PER L'IMPORTAZIONE DEGLI ARTICOLI EFFETTUATO IN DATA: ") +
+                  dataEOra(momento),
+              bianco(), QStringLiteral("NOME FILE INPUT: ") + FileName(ingresso), bianco(), tratti()}),
+      TemporaryFile::Durability::Passing);
 }
 
 void WriteFileLOG(const QString& log, const QString& codice, const CampiImport& campi) {
-  scrivi(
-      log, QIODevice::Append,
-      {campi.Codice_EAN + u'|' + campi.Codice_Articolo + u' ' + campi.Descrizione + u' ' + campi.Prezzo +
-           u' ' + campi.Reparto + QStringLiteral(" [CODICE ERRORE=") + codice + marchio(codice, campi) + u']',
-       bianco()});
+  AppendToFile(log, byteDi({campi.Codice_EAN + u'|' + campi.Codice_Articolo + u' ' + campi.Descrizione +
+                                u' ' + campi.Prezzo + u' ' + campi.Reparto +
+                                QStringLiteral(" [CODICE ERRORE=") + codice + marchio(codice, campi) + u']',
+                            bianco()}));
 }
 
 void CloseFileLOG(const QString& log, int errori, const QDateTime& momento) {
-  scrivi(log, QIODevice::Append,
-         {tratti(), QStringLiteral("FINE REPORT IN DATA: ") + dataEOra(momento), bianco(),
-          QStringLiteral("TOTALI ERRORI RISCONTRATI: [") + QString::number(errori) + u']', tratti()});
+  AppendToFile(log, byteDi({tratti(), QStringLiteral("FINE REPORT IN DATA: ") + dataEOra(momento), bianco(),
+                            QStringLiteral("TOTALI ERRORI RISCONTRATI: [") + QString::number(errori) + u']',
+                            tratti()}));
 }
 
 }  // namespace articles

@@ -13,7 +13,8 @@ inline constexpr QLatin1String kErrorePrezzo("ERR: PREZZO");
 inline constexpr QLatin1String kErroreReparto("ERR: REPARTO");
 
 /// The report of an import: Windows-1252, CR LF. Each procedure opens the file and closes it again, so that a
-/// report is readable whenever the import stops; each throws Errore 61 (disk full) or 75 (not writable).
+/// report is readable whenever the import stops; each throws Errore 61 (disk full), 75 (not writable) or 76
+/// (no such folder).
 
 /// Path of the report beside the input: its name up to ".csv", "_", the moment, ".log".
 QString NomeFileLOG(const QString& ingresso, const QDateTime& inizio);
@@ -23,8 +24,5 @@ void CreaFileLOG(const QString& log, const QString& ingresso, const QDateTime& m
 void WriteFileLOG(const QString& log, const QString& codice, const CampiImport& campi);
 /// Adds the closing lines with the total of faults.
 void CloseFileLOG(const QString& log, int errori, const QDateTime& momento);
-
-/// What follows the last separator of a path, of either kind.
-QString NomeFile(const QString& percorso);
 
 }  // namespace articles

@@ -1,18 +1,16 @@
 #include "articles/plu_image.h"
 
 #include <QString>
-#include <QStringBuilder>
 #include <algorithm>
 #include <limits>
 #include <string_view>
 
-#include "articles/transaction.h"
+#include "articles/failed_update.h"
 #include "config/image.h"
 #include "core/context.h"
 #include "core/reactions.h"
 #include "core/state.h"
 #include "platform/text/windows1252.h"
-#include "platform/ui/user_port.h"
 
 namespace articles {
 
@@ -49,8 +47,7 @@ void copiaTesto(Record record, const Campo& campo, std::string_view utf8) {
 
 std::int32_t intero32(std::int64_t valore) {
   using Limiti = std::numeric_limits<std::int32_t>;
-  if (valore < Limiti::min() || valore > Limiti::max())
-    throw Errore{errors::kOverflow, QStringLiteral("Overflow")};
+  if (valore < Limiti::min() || valore > Limiti::max()) throw errors::overflow();
   return static_cast<std::int32_t>(valore);
 }
 
@@ -63,8 +60,8 @@ class Riempimento {
   std::int16_t esegui() {
     passo([&] {
       store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
-          QStringLiteral("SELECT Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler,VarPrezzo,"
-                         "PrezzoZero from TAB_ARTICOLI"));
+          u"SELECT Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler,VarPrezzo,PrezzoZero "
+          u"from TAB_ARTICOLI");
       righe.MoveFirst();
       tutte(righe);
     });
@@ -116,34 +113,23 @@ class Riempimento {
   std::int16_t esito_ = 0;
 };
 
-QString veroFalso(bool valore) {
-  return valore ? QStringLiteral("true") : QStringLiteral("false");
-}
-
-/// The statement of slot `slot`, from 1. Nothing is escaped.
-QString aggiornamento(RecordLetto record, int slot) {
+/// The statement of slot `slot`, from 1.
+store::Statement aggiornamento(RecordLetto record, int slot) {
   const std::uint8_t attributi = config::leggiByte(record, plu::kAttributi);
-  return QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione = '") %
-         config::leggiTesto(record, plu::kDescrizione) % QStringLiteral("',Codice_EAN ='") %
-         config::leggiTesto(record, plu::kCodiceEAN) % QStringLiteral("',Prezzo =") %
-         QString::number(config::leggiIntero(record, plu::kPrezzo)) % QStringLiteral(",Reparto =") %
-         QString::number(config::leggiByte(record, plu::kReparto) + 1) % QStringLiteral(",varprezzo = ") %
-         veroFalso((attributi & plu::kVarPrezzo) != 0) % QStringLiteral(",prezzozero = ") %
-         veroFalso((attributi & plu::kPrezzoZero) != 0) % QStringLiteral(" WHERE auto_id =") %
-         QString::number(slot);
+  return u"UPDATE TAB_ARTICOLI SET Descrizione = '" +
+         store::text(config::leggiTesto(record, plu::kDescrizione)) + u"',Codice_EAN ='" +
+         store::text(config::leggiTesto(record, plu::kCodiceEAN)) + u"',Prezzo =" +
+         store::number(std::int64_t{config::leggiIntero(record, plu::kPrezzo)}) + u",Reparto =" +
+         store::number(std::int64_t{config::leggiByte(record, plu::kReparto)} + 1) + u",varprezzo = " +
+         store::flag((attributi & plu::kVarPrezzo) != 0) + u",prezzozero = " +
+         store::flag((attributi & plu::kPrezzoZero) != 0) + u" WHERE auto_id =" +
+         store::number(std::int64_t{slot});
 }
 
-void scriviRighe() {
+void scriviRighe(store::Database& archivio) {
   const config::ImmagineProgrammazione& immagine = config::immagineProgrammazione();
-  store::Database archivio = varGlobal().DB_Articoli;
   for (int i = 0; i < config::kNumeroPLU; ++i)
     archivio.Execute(aggiornamento(immagine.record(config::kPLU, static_cast<std::size_t>(i)), i + 1));
-}
-
-void segnalaModifica(Utente& utente, const Errore& errore) {
-  utente.MsgBox(QStringLiteral("Errore nella modifica articoli .\nErrore n° ") +
-                    QString::number(errore.numero) + QLatin1Char('\n') + errore.descrizione,
-                Icon::Critical);
 }
 
 }  // namespace
@@ -153,20 +139,17 @@ std::int16_t RiempiPLU(Utente& utente) {
 }
 
 std::int16_t SalvaPLU(Contesto& contesto) {
+  store::Transaction transazione(contesto.area);
   try {
-    Transazione transazione(contesto.area);
-    try {
-      scriviRighe();
-      transazione.conferma();
-      return 0;
-    } catch (const Errore& errore) {
-      segnalaModifica(contesto.utente, errore);
-      transazione.annulla();
-    }
+    store::Database archivio = varGlobal().DB_Articoli;
+    archivio.CheckIntegrity();
+    scriviRighe(archivio);
+    transazione.Commit();
+    return 0;
   } catch (const Errore& errore) {
-    segnalaModifica(contesto.utente, errore);
+    SegnalaModificaFallita(errore, contesto.utente);
+    return 1;
   }
-  return 1;
 }
 
 }  // namespace articles

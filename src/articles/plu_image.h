@@ -15,9 +15,9 @@ namespace articles {
 /// row beyond the 5000th is taken. A database without the table ends the program.
 std::int16_t RiempiPLU(Utente& utente);
 
-/// Writes the 5000 records over the rows of the open archive by `auto_id`, all or none. The texts go into the
-/// statements as they are: an apostrophe breaks its row's statement, and with it the whole. 0 done, 1 failed,
-/// which has been shown.
+/// Writes the 5000 records over the rows of the open archive by `auto_id`, all or none. An apostrophe in a
+/// text breaks its row's statement, and with it the whole; a damaged archive is not written on. 0 done, 1
+/// failed, which has been shown.
 std::int16_t SalvaPLU(Contesto& contesto);
 
 }  // namespace articles

@@ -46,8 +46,8 @@ void RicavaDettagliPC(Utente& utente) {
 std::int16_t CheckErrTabArticoli(Utente& utente) {
   std::int16_t esito = kNessunErrato;
   reazioni::prossimaIstruzione(utente, QStringLiteral("Errore CheckErrTabArticoli "), [&] {
-    const store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
-        QStringLiteral("SELECT Filler from TAB_ARTICOLI where Filler ='ERR';"));
+    const store::Recordset righe =
+        varGlobal().DB_Articoli.OpenRecordset(u"SELECT Filler from TAB_ARTICOLI where Filler ='ERR';");
     if (!righe.empty()) esito = kArticoliErrati;
   });
   return esito;
@@ -62,7 +62,7 @@ void RicavaDettagliECR(Utente& utente) {
   const QString prefisso = QStringLiteral("RicavaDettagliECR ");
   reazioni::prossimaIstruzione(utente, prefisso, [&] {
     store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
-        QStringLiteral("SELECT Num_Articoli_Cassa,Data_end_update,Data_end_scarico from TAB_VARIE"));
+        u"SELECT Num_Articoli_Cassa,Data_end_update,Data_end_scarico from TAB_VARIE");
     for (; !righe.atEnd(); righe.MoveNext()) leggiMomenti(righe, utente, prefisso);
   });
 }

@@ -26,7 +26,7 @@ std::uint8_t imballaAttributi(const AttributiReparto& attributi) {
   if (affermativo(attributi.battutaSingola)) somma += kBattutaSingola;
   if (!affermativo(attributi.tipo)) somma += kTipoMultiplo;
   somma += (attributi.tallon - 1) * kPassoTallon;
-  if (somma < 0 || somma > kMassimoByte) throw Errore{errors::kOverflow, QStringLiteral("Overflow")};
+  if (somma < 0 || somma > kMassimoByte) throw errors::overflow();
   return static_cast<std::uint8_t>(somma);
 }
 

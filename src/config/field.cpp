@@ -14,8 +14,7 @@ constexpr unsigned kBitPerByte = 8;
 constexpr std::size_t kByteIntero = 4;
 
 void esigi(std::size_t disponibili, std::size_t richiesti) {
-  if (disponibili < richiesti)
-    throw Errore{errors::kOutOfRange, QStringLiteral("Indice non incluso nell'intervallo")};
+  if (disponibili < richiesti) throw errors::outOfRange();
 }
 
 template <typename Byte>

@@ -13,7 +13,7 @@ constexpr std::size_t dopo(const Famiglia& precedente) {
 }
 
 [[noreturn]] void fuoriIntervallo() {
-  throw Errore{errors::kOutOfRange, QStringLiteral("Indice non incluso nell'intervallo")};
+  throw errors::outOfRange();
 }
 
 std::size_t inizioDi(const Famiglia& famiglia, std::size_t indice) {

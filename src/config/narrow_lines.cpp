@@ -35,7 +35,7 @@ static_assert(cortesia::kRecord * cortesia_corta::kByte == cortesia_corta::kTota
 
 void verifica(const Forma& forma, std::size_t piena, std::size_t corta) {
   if (piena < forma.righe * forma.bytePiena || corta < forma.righe * forma.byteCorta)
-    throw Errore{errors::kOutOfRange, QStringLiteral("Indice non incluso nell'intervallo")};
+    throw errors::outOfRange();
 }
 
 void restringi(const Forma& forma, RecordLetto piena, Record corta) {

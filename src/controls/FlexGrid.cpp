@@ -79,7 +79,7 @@ void FlexGrid::setCols(int columns) {
 }
 
 void FlexGrid::Clear() {
-  model_->empty();
+  model_->clear();
 }
 
 QString FlexGrid::TextMatrix(int row, int column) const {

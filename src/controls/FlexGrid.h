@@ -69,6 +69,17 @@ class FlexGrid : public QTableView {
   /// switch it off; nested switches count.
   void setRedraw(bool on);
   bool Redraw() const;
+  /// The grid painted once, when the scope ends.
+  class Frozen {
+   public:
+    explicit Frozen(FlexGrid& grid) : grid_(grid) { grid_.setRedraw(false); }
+    ~Frozen() { grid_.setRedraw(true); }
+    Frozen(const Frozen&) = delete;
+    Frozen& operator=(const Frozen&) = delete;
+
+   private:
+    FlexGrid& grid_;
+  };
 
   /// The selected cells as text: columns parted by tabs, rows by line ends; those within a cell are blanks.
   QString Clip() const;

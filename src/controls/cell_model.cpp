@@ -119,7 +119,7 @@ void CellModel::arrange(int columns) {
   columns_ = columns;
 }
 
-void CellModel::empty() {
+void CellModel::clear() {
   const auto first = static_cast<std::ptrdiff_t>(place(1, 0));
   std::fill(texts_.begin() + first, texts_.end(), QString());
   std::fill(numbers_.begin() + first, numbers_.end(), 0);

@@ -39,7 +39,7 @@ class CellModel : public QAbstractTableModel {
   int columns() const { return columns_; }
   void setRowCount(int rows);
   void setColumnCount(int columns);
-  void empty();
+  void clear();
 
   QString text(int row, int column) const;
   void setText(int row, int column, const QString& text);

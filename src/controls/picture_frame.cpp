@@ -22,9 +22,10 @@ void PictureFrame::setImage(const QPixmap& image) {
 }
 
 bool PictureFrame::load(const QString& file) {
-  const QPixmap read(file);
+  // Not through a pixmap's constructor, which would give back what it has read before.
+  const QImage read(file);
   if (read.isNull()) return false;
-  setImage(read);
+  setImage(QPixmap::fromImage(read));
   return true;
 }
 
@@ -36,7 +37,7 @@ QSize PictureFrame::minimumSizeHint() const {
   return kMin;
 }
 
-void PictureFrame::paintEvent(QPaintEvent* /*evento*/) {
+void PictureFrame::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   QPainterPath border;

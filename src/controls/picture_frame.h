@@ -13,7 +13,7 @@ class PictureFrame : public QWidget {
 
   const QPixmap& image() const { return image_; }
   void setImage(const QPixmap& image);
-  /// Reads a picture file; false if it cannot be read, and then the one shown stays.
+  /// Reads a picture file anew; false if it cannot be read, and then the one shown stays.
   bool load(const QString& file);
 
   QSize sizeHint() const override;

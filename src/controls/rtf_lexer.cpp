@@ -20,14 +20,14 @@ int hexValue(char c) {
   return -1;
 }
 
-bool checksum(char c) {
+bool isControl(char c) {
   return static_cast<unsigned char>(c) < ' ' && c != '\t';
 }
 
 }  // namespace
 
 Token Lexer::next() {
-  while (place_ < byte_.size() && checksum(byte_[place_])) ++place_;
+  while (place_ < byte_.size() && isControl(byte_[place_])) ++place_;
   if (place_ >= byte_.size()) return {};
   const char c = byte_[place_++];
   if (c == '{') return {.kind = Token::Opens};

@@ -32,7 +32,7 @@ QString nameOf(Badge state) {
   switch (state) {
     case Badge::Ready:
       return QStringLiteral("ready");
-    case Badge::BusyGuard:
+    case Badge::Busy:
       return QStringLiteral("busy");
     case Badge::Fault:
       return QStringLiteral("fault");

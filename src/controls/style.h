@@ -40,7 +40,7 @@ void iconFolder(const QString& folder);
 void primary(QPushButton& button, const QString& name = {});
 
 /// What a state box tells at a glance.
-enum class Badge { Neutral, Ready, BusyGuard, Fault };
+enum class Badge { Neutral, Ready, Busy, Fault };
 /// Sets the `badge` property and restyles the widget.
 void badge(QWidget& box, Badge state);
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QString>
+#include <chrono>
 
+class Clock;
 class Utente;
-class Rete;
-class LibreriaEcr;
+class Network;
+class EcrLibrary;
 class Schermate;
 namespace store {
 class Workspace;
@@ -15,9 +17,12 @@ class Workspace;
 struct Contesto {
   Utente& utente;
   store::Workspace& area;
-  LibreriaEcr& libreria;
-  Rete& rete;
+  EcrLibrary& libreria;
+  Network& rete;
   Schermate& schermate;
+  const Clock& orologio;
   /// The application folder, without a separator at its end.
   QString cartella;
+  /// How long a work lasts before its wait box is worth making.
+  std::chrono::milliseconds attesaDopo{120};
 };

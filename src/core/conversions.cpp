@@ -20,10 +20,6 @@ constexpr int kDecimaliImporto = 2;
 /// Room for ten digits, sign and decimal sign.
 constexpr std::size_t kPostiImporto = 12;
 
-Errore overflow() {
-  return {errors::kOverflow, QStringLiteral("Overflow")};
-}
-
 /// Sign, digits, points and exponent at the text's beginning, blanks left out: what a number may be made of.
 std::string partiDiNumero(const QString& testo) {
   std::string parti;
@@ -61,14 +57,24 @@ std::uint32_t littleEndian(std::span<const std::uint8_t> byte, std::size_t massi
 
 void TestoInByte(const QString& testo, std::span<std::uint8_t> byte) {
   const QByteArray codici = windows1252::toBytes(testo);
-  if (static_cast<std::size_t>(codici.size()) > byte.size())
-    throw Errore{errors::kOutOfRange, QStringLiteral("Indice fuori dell'intervallo")};
+  if (static_cast<std::size_t>(codici.size()) > byte.size()) throw errors::outOfRange();
   std::ranges::copy(codici, byte.begin());
 }
 
 QString ByteInTesto(std::span<const std::uint8_t> byte) {
   const auto testo = byte.first(static_cast<std::size_t>(std::ranges::find(byte, 0) - byte.begin()));
   return windows1252::toText(std::string_view(reinterpret_cast<const char*>(testo.data()), testo.size()));
+}
+
+// A list asks for it at each of its amounts, and a locale makes a text of it each time.
+QChar SegnoDecimale() {
+  static QLocale locale = QLocale::c();
+  static QChar segno = u'.';
+  if (const QLocale adesso; adesso != locale) {
+    locale = adesso;
+    segno = locale.decimalPoint().front();
+  }
+  return segno;
 }
 
 // Digit by digit: a list shows thousands of them.
@@ -81,7 +87,7 @@ QString CentInTesto(std::int32_t valore) {
     resto /= 10;
   };
   for (int i = 0; i < kDecimaliImporto; ++i) cifra();
-  posti[--primo] = QLocale().decimalPoint().front().unicode();
+  posti[--primo] = SegnoDecimale().unicode();
   do cifra();
   while (resto != 0);
   if (valore < 0) posti[--primo] = u'-';
@@ -98,7 +104,7 @@ std::int32_t InteroArrotondato(double valore) {
   const double intero = std::nearbyint(valore);
   if (!(intero >= std::numeric_limits<std::int32_t>::min() &&
         intero <= std::numeric_limits<std::int32_t>::max()))
-    throw overflow();
+    throw errors::overflow();
   return static_cast<std::int32_t>(intero);
 }
 
@@ -118,7 +124,7 @@ double Val(const QString& testo) {
   if (esito == std::errc::invalid_argument) return 0;
   if (esito == std::errc::result_out_of_range) {
     if (std::string_view(inizio, dopo).find("e-") != std::string_view::npos) return 0;
-    throw overflow();
+    throw errors::overflow();
   }
   return parti.front() == '-' ? -valore : valore;
 }
@@ -127,16 +133,15 @@ std::int16_t TestoInIntero16(const QString& testo) {
   if (const auto cifre = pocheCifre(testo)) return *cifre;
   bool numero = false;
   const double valore = QLocale().toDouble(testo.trimmed(), &numero);
-  if (!numero || !std::isfinite(valore))
-    throw Errore{errors::kTypeMismatch, QStringLiteral("Tipo non corrispondente")};
+  if (!numero || !std::isfinite(valore)) throw errors::typeMismatch();
   const double intero = std::nearbyint(valore);
   if (intero < std::numeric_limits<std::int16_t>::min() || intero > std::numeric_limits<std::int16_t>::max())
-    throw overflow();
+    throw errors::overflow();
   return static_cast<std::int16_t>(intero);
 }
 
 void BloccoInByte(const void* source, std::size_t size, std::vector<std::uint8_t>& array, std::size_t lower) {
-  if (lower >= size) throw Errore{errors::kOutOfRange, QStringLiteral("Indice fuori dell'intervallo")};
+  if (lower >= size) throw errors::outOfRange();
   array.resize(size - lower);
   std::memcpy(array.data(), source, array.size());
 }

@@ -17,6 +17,8 @@ void TestoInByte(const QString& testo, std::span<std::uint8_t> byte);
 /// The characters up to the first zero byte or the end.
 QString ByteInTesto(std::span<const std::uint8_t> byte);
 
+/// The decimal sign of the platform's locale.
+QChar SegnoDecimale();
 /// Hundredths as "####0.00", the decimal sign that of the platform's locale.
 QString CentInTesto(std::int32_t valore);
 /// The number at the text's beginning, 0 where there is none. The first comma of `testo` is overwritten by a

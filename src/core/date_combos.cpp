@@ -3,6 +3,8 @@
 #include <QComboBox>
 #include <QStringList>
 
+#include "platform/clock.h"
+
 namespace {
 
 constexpr int kGiorni = 31;
@@ -11,8 +13,30 @@ constexpr int kOre = 24;
 constexpr int kSessanta = 60;
 constexpr int kPartiData = 3;
 
-QComboBox* combo(const QWidget& schermo, const char* nome, QLatin1String finale) {
-  return schermo.findChild<QComboBox*>(QLatin1String(nome) + finale);
+/// Names of the lists of one date.
+struct Nomi {
+  const char* giorno;
+  const char* mese;
+  const char* anno;
+  const char* ora;
+  const char* minuto;
+  const char* secondo;
+};
+
+Nomi nomi(DataDiSchermo quale) {
+  switch (quale) {
+    case DataDiSchermo::Inizio:
+      return {"CmbGiorno", "CmbMese", "CmbAnno", "CmbOra", "CmbMin", "CmbSec"};
+    case DataDiSchermo::Fine:
+      return {"CmbGiornoFine", "CmbMeseFine", "CmbAnnoFine", "CmbOraFine", "CmbMinFine", "CmbSecFine"};
+    case DataDiSchermo::Scontrino:
+      break;
+  }
+  return {"ComboGiornoScont", "ComboMeseScont", "ComboAnnoScont", "", "", ""};
+}
+
+QComboBox* combo(const QWidget& schermo, const char* nome) {
+  return schermo.findChild<QComboBox*>(QLatin1String(nome));
 }
 
 /// Texts of at least two digits from the first to the last number.
@@ -37,9 +61,9 @@ void abilita(const ComboData& combi, bool abilitate) {
 
 }  // namespace
 
-ComboData combiData(const QWidget& schermo, QLatin1String finale) {
-  return {combo(schermo, "CmbGiorno", finale), combo(schermo, "CmbMese", finale),
-          combo(schermo, "CmbAnno", finale)};
+ComboData combiData(const QWidget& schermo, DataDiSchermo quale) {
+  const Nomi questi = nomi(quale);
+  return {combo(schermo, questi.giorno), combo(schermo, questi.mese), combo(schermo, questi.anno)};
 }
 
 void RiempiComboData(const ComboData& combi, int primoAnno, int ultimoAnno) {
@@ -48,10 +72,11 @@ void RiempiComboData(const ComboData& combi, int primoAnno, int ultimoAnno) {
   riempi(combi.anno, primoAnno, ultimoAnno);
 }
 
-void RiempiComboOra(const QWidget& schermo, QLatin1String finale) {
-  riempi(combo(schermo, "CmbOra", finale), 0, kOre - 1);
-  riempi(combo(schermo, "CmbMin", finale), 0, kSessanta - 1);
-  riempi(combo(schermo, "CmbSec", finale), 0, kSessanta - 1);
+void RiempiComboOra(const QWidget& schermo, DataDiSchermo quale) {
+  const Nomi questi = nomi(quale);
+  riempi(combo(schermo, questi.ora), 0, kOre - 1);
+  riempi(combo(schermo, questi.minuto), 0, kSessanta - 1);
+  riempi(combo(schermo, questi.secondo), 0, kSessanta - 1);
 }
 
 void SelezionaData(const ComboData& combi, const QComboBox& anni, const QString& data) {
@@ -62,15 +87,19 @@ void SelezionaData(const ComboData& combi, const QComboBox& anni, const QString&
   seleziona(*combi.anno, anni.findText(parti[2], Qt::MatchFixedString));
 }
 
+void SelezionaOggi(const ComboData& combi, const QComboBox& anni, const Clock& orologio) {
+  SelezionaData(combi, anni, orologio.today().toString(QStringLiteral("dd/MM/yyyy")));
+}
+
 QString DataScelta(const ComboData& combi) {
   return combi.anno->currentText() + combi.mese->currentText() + combi.giorno->currentText();
 }
 
 void AbilitaComboDate(const QWidget& schermo, bool abilitate) {
-  abilita(combiData(schermo, kComboInizio), abilitate);
-  abilita(combiData(schermo, kComboFine), abilitate);
+  abilita(combiData(schermo, DataDiSchermo::Inizio), abilitate);
+  abilita(combiData(schermo, DataDiSchermo::Fine), abilitate);
 }
 
 void AbilitaComboScontrino(const QWidget& schermo, bool abilitate) {
-  abilita(combiData(schermo, kComboScontrino), abilitate);
+  abilita(combiData(schermo, DataDiSchermo::Scontrino), abilitate);
 }

@@ -36,7 +36,7 @@ void registraSchermateCore(Schermate& schermate) {
     const QSize misure = display::sizes();
     return new start(c, {static_cast<float>(misure.width()), static_cast<float>(misure.height())});
   });
-  schermate.registra(QStringLiteral("frmAbout"), [](Contesto& c) { return new frmAbout(c); });
+  schermate.registra<frmAbout>();
   schermate.registra(QStringLiteral("Form_ATTESA"), [](Contesto&) { return new Form_ATTESA; });
 }
 

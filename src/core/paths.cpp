@@ -16,28 +16,23 @@ const QString kCondivisa = QStringLiteral("../share/gestionale");
 const QString kDati = QStringLiteral("gestionale");
 const QString kProvvisoria = QStringLiteral(".nuova");
 
-Errore accesso(const QString& percorso) {
-  return {errors::kPathAccess, QStringLiteral("Errore di accesso al percorso o al file: ") + percorso};
-}
-
 /// A copy whose every byte was taken: a full disk shows in the length written, or only when the rest goes
 /// out.
 void copia(const QString& da, const QString& a) {
   QFile sorgente(da);
   QFile copiato(a);
-  if (!sorgente.open(QIODevice::ReadOnly)) throw accesso(da);
-  if (!copiato.open(QIODevice::WriteOnly)) throw accesso(a);
+  if (!sorgente.open(QIODevice::ReadOnly)) throw errors::pathAccess(da);
+  if (!copiato.open(QIODevice::WriteOnly)) throw errors::pathAccess(a);
   const QByteArray byte = sorgente.readAll();
-  if (sorgente.error() != QFileDevice::NoError) throw accesso(da);
-  if (copiato.write(byte) != byte.size() || !copiato.flush())
-    throw Errore{errors::kDiskFull, QStringLiteral("Disco pieno: ") + a};
+  if (sorgente.error() != QFileDevice::NoError) throw errors::pathAccess(da);
+  if (copiato.write(byte) != byte.size() || !copiato.flush()) throw errors::diskFull(a);
   copiato.close();
-  if (copiato.error() != QFileDevice::NoError || copiato.size() != byte.size()) throw accesso(a);
-  if (!copiato.setPermissions(sorgente.permissions() | QFileDevice::WriteOwner)) throw accesso(a);
+  if (copiato.error() != QFileDevice::NoError || copiato.size() != byte.size()) throw errors::pathAccess(a);
+  if (!copiato.setPermissions(sorgente.permissions() | QFileDevice::WriteOwner)) throw errors::pathAccess(a);
 }
 
 void copiaCartella(const QDir& da, const QDir& a) {
-  if (!a.mkpath(QStringLiteral("."))) throw accesso(a.path());
+  if (!a.mkpath(QStringLiteral("."))) throw errors::pathAccess(a.path());
   QDirIterator voci(da.path(), QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden,
                     QDirIterator::Subdirectories);
   while (voci.hasNext()) {
@@ -46,19 +41,18 @@ void copiaCartella(const QDir& da, const QDir& a) {
     if (!voci.fileInfo().isDir())
       copia(voce, meta);
     else if (!a.mkpath(meta))
-      throw accesso(meta);
+      throw errors::pathAccess(meta);
   }
 }
 
 /// Filled under another name and given its own at the end: a folder that is there is whole.
 void riempi(const QString& cartella, const QString& condivisa) {
-  if (!QDir(condivisa).exists())
-    throw Errore{errors::kPathMissing, QStringLiteral("Percorso non trovato: ") + condivisa};
+  if (!QDir(condivisa).exists()) throw errors::pathMissing(condivisa);
   QDir provvisoria(cartella + kProvvisoria);
   const auto via = qScopeGuard([&] { provvisoria.removeRecursively(); });
-  if (provvisoria.exists() && !provvisoria.removeRecursively()) throw accesso(provvisoria.path());
+  if (provvisoria.exists() && !provvisoria.removeRecursively()) throw errors::pathAccess(provvisoria.path());
   copiaCartella(QDir(condivisa), provvisoria);
-  if (!QDir().rename(provvisoria.path(), cartella)) throw accesso(cartella);
+  if (!QDir().rename(provvisoria.path(), cartella)) throw errors::pathAccess(cartella);
 }
 
 }  // namespace

@@ -9,7 +9,6 @@ namespace reazioni {
 namespace {
 constexpr int kNessuno = 0;
 constexpr int kRipresaSenzaErrore = 20;
-constexpr int kInterno = 51;
 }  // namespace
 
 bool ignorata(int numero) {
@@ -43,11 +42,11 @@ void segnalaImprevisto(Utente& utente, const Errore& errore, const QString& proc
 }
 
 Errore daEccezione(const std::exception& eccezione) {
-  return {kInterno, QString::fromLocal8Bit(eccezione.what())};
+  return {errors::kInternal, QString::fromLocal8Bit(eccezione.what())};
 }
 
 Errore interno() {
-  return {kInterno, QStringLiteral("Errore interno")};
+  return {errors::kInternal, QStringLiteral("Errore interno")};
 }
 
 }  // namespace reazioni

@@ -51,21 +51,29 @@ Errore daEccezione(const std::exception& eccezione);
 /// Errore of a failure of which nothing is known: number 51.
 Errore interno();
 
+/// Runs a step. Whatever it fails with, a failure of the language among them, becomes an Errore for
+/// `alGuasto`, whose result stands for the step's. The end of the program passes.
+template <typename Corpo, typename AlGuasto>
+auto oppure(Corpo&& corpo, AlGuasto&& alGuasto) -> decltype(corpo()) {
+  try {
+    return std::forward<Corpo>(corpo)();
+  } catch (const Errore& errore) {
+    return std::forward<AlGuasto>(alGuasto)(errore);
+  } catch (const ProgramEnded&) {
+    throw;
+  } catch (const std::exception& eccezione) {
+    return std::forward<AlGuasto>(alGuasto)(daEccezione(eccezione));
+  } catch (...) {
+    return std::forward<AlGuasto>(alGuasto)(interno());
+  }
+}
+
 /// The guard of every procedure that the event loop enters: nothing leaves it. Unexpected failures are shown.
 template <typename Corpo>
 void protetta(Utente& utente, const QString& procedura, const QString& modulo, Corpo&& corpo) noexcept {
   try {
-    try {
-      std::forward<Corpo>(corpo)();
-    } catch (const Errore& errore) {
-      segnalaImprevisto(utente, errore, procedura, modulo);
-    } catch (const std::exception& eccezione) {
-      segnalaImprevisto(utente, daEccezione(eccezione), procedura, modulo);
-    } catch (const ProgramEnded&) {
-      throw;
-    } catch (...) {
-      segnalaImprevisto(utente, interno(), procedura, modulo);
-    }
+    oppure([&] { static_cast<void>(std::forward<Corpo>(corpo)()); },
+           [&](const Errore& errore) { segnalaImprevisto(utente, errore, procedura, modulo); });
   } catch (const ProgramEnded&) {
     // The end of the program was asked for: in the tests' port the call stack has to be left this way.
   }

@@ -110,6 +110,7 @@ QWidget& Schermate::mostra(const QString& nome, Contesto& contesto) {
 }
 
 void Schermate::mostraModale(const QString& nome, Contesto& contesto) {
+  const BusyGuard::Suspended siUsa;
   const QPointer<QWidget> schermo = &carica(nome, contesto);
   const auto via = qScopeGuard([&] {
     if (schermo) dimentica(schermo);
@@ -135,6 +136,13 @@ void Schermate::dimentica(const QWidget* schermo) {
   std::erase_if(aperte_, [&](const auto& voce) { return !voce.second || voce.second == schermo; });
 }
 
+QWidget* Schermate::davanti() const {
+  const auto vista = std::find_if(aperte_.rbegin(), aperte_.rend(), [](const auto& aperta) {
+    return aperta.second && aperta.second->isVisible();
+  });
+  return vista == aperte_.rend() ? nullptr : vista->second.data();
+}
+
 bool Schermate::scarica(const QString& nome) {
   const QPointer<QWidget> schermo = trova(nome);
   if (!schermo) return true;
@@ -153,4 +161,9 @@ void Schermate::scaricaTutte() {
   std::vector<QString> nomi;
   for (const auto& [nome, schermo] : aperte_) nomi.push_back(nome);
   for (const QString& nome : nomi) scarica(nome);
+}
+
+void torna(QWidget& schermo, const QString& casa, Contesto& contesto) {
+  contesto.schermate.scarica(schermo.objectName());
+  if (contesto.schermate.registrata(casa)) contesto.schermate.mostra(casa, contesto);
 }

@@ -23,16 +23,25 @@ class Schermate {
   Schermate& operator=(const Schermate&) = delete;
 
   void registra(const QString& nome, Fabbrica fabbrica);
+  /// A screen whose class bears its name and is made from a Contesto.
+  template <typename Schermo>
+  void registra() {
+    registra(QLatin1String(Schermo::staticMetaObject.className()),
+             [](Contesto& contesto) { return new Schermo(contesto); });
+  }
   bool registrata(const QString& nome) const;
   /// The instance, made now if there is none, in the middle of the display and no larger than it. Throws
   /// Errore 9 for a name that nobody registered.
   QWidget& carica(const QString& nome, Contesto& contesto);
   /// Loads, shows non-modally and brings to the front.
   QWidget& mostra(const QString& nome, Contesto& contesto);
-  /// Loads a screen, runs it to its end with the others shut off, and unloads it.
+  /// Loads a screen, runs it to its end with the others shut off, and unloads it. A busy guard of the command
+  /// that opens it is lifted meanwhile.
   void mostraModale(const QString& nome, Contesto& contesto);
   /// The instance if there is one.
   QWidget* trova(const QString& nome) const;
+  /// The screen made last of those that are seen; null for none.
+  QWidget* davanti() const;
   /// Closes and destroys the instance, the busy guard notwithstanding; nothing if there is none. False if the
   /// screen refused to be closed: it stays then.
   bool scarica(const QString& nome);
@@ -47,3 +56,6 @@ class Schermate {
   std::vector<std::pair<QString, QPointer<QWidget>>> aperte_;
   std::vector<QPointer<QWidget>> morenti_;
 };
+
+/// Leaves a screen: unloads it and shows the one that it leads back to, if there is one of that name.
+void torna(QWidget& schermo, const QString& casa, Contesto& contesto);

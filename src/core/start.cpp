@@ -112,8 +112,7 @@ void start::evidenzia(const Voce& voce) {
 
 void start::illustra(const Voce& voce) {
   if (*voce.immagine == '\0') return;
-  if (!ui_->Image1->load(percorsoImmagine(voce)))
-    throw Errore{errors::kFileMissing, QStringLiteral("File non trovato")};
+  if (!ui_->Image1->load(percorsoImmagine(voce))) throw errors::fileMissing(percorsoImmagine(voce));
 }
 
 void start::scegli(const Voce& voce) {

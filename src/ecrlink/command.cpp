@@ -2,6 +2,7 @@
 
 #include "core/context.h"
 #include "core/conversions.h"
+#include "core/reactions.h"
 #include "core/state.h"
 #include "ecrlink/session.h"
 #include "platform/ecrcom/library.h"
@@ -65,13 +66,13 @@ int ComandoECR(QString& file, Modo modo, QString& risposta, Contesto& contesto) 
 }
 
 int avviaECR(const QString& file, Modo modo, Contesto& contesto) {
-  try {
-    return staffa(file, modo, contesto);
-  } catch (const Errore& errore) {
-    contesto.utente.MsgBox(QStringLiteral("Error ") + QString::number(errore.numero) + QStringLiteral(" (") +
-                           errore.descrizione + QStringLiteral(") nella procedura avviaECR"));
-    return kFallito;
-  }
+  return reazioni::oppure([&] { return staffa(file, modo, contesto); },
+                          [&](const Errore& errore) {
+                            contesto.utente.MsgBox(QStringLiteral("Error ") + QString::number(errore.numero) +
+                                                   QStringLiteral(" (") + errore.descrizione +
+                                                   QStringLiteral(") nella procedura avviaECR"));
+                            return kFallito;
+                          });
 }
 
 int ControllaFile(const QString& nome, bool mostra, Contesto& contesto) {

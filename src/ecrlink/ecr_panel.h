@@ -3,18 +3,38 @@
 #include <QWidget>
 #include <memory>
 
+#include "ecrlink/link_view.h"
+
+class QPushButton;
 namespace Ui {
 class PannelloECR;
 }
 
 /// The header that every link screen carries: address, own addresses, "Connetti", and what the till said of
-/// itself. A promoted widget in the screens' .ui files; its controls are found by name inside the screen.
-class PannelloECR : public QWidget {
+/// itself. A promoted widget in the screens' .ui files.
+class PannelloECR : public QWidget, public ecrlink::VistaLink {
   Q_OBJECT
 
  public:
   explicit PannelloECR(QWidget* parent = nullptr);
   ~PannelloECR() override;
+
+  /// The start and exit commands of the screen around; before the panel is used as a view.
+  void accoppia(QPushButton& avvia, QPushButton& esci);
+
+  QString indirizzo() const override;
+  void scriviIndirizzo(const QString& indirizzo) override;
+  QStringList indirizziLocali() const override;
+  void scriviIndirizziLocali(const QStringList& indirizzi) override;
+  void abilitaAvvia(bool abilitato) override;
+  void abilitaConnetti(bool abilitato) override;
+  bool connettiAbilitato() const override;
+  void fuocoSuConnetti() override;
+  void fuocoSuEsci() override;
+  void abilitaSchermo() override;
+  void mostraInfo(const EcrInfo& info) override;
+  void mostraStato(const QString& parola, const QString& lettera) override;
+  void distingui(style::Badge distintivo) override;
 
  Q_SIGNALS:
   /// CmdInviaModECR was clicked.
@@ -26,4 +46,6 @@ class PannelloECR : public QWidget {
 
  private:
   std::unique_ptr<Ui::PannelloECR> ui_;
+  QPushButton* avvia_ = nullptr;
+  QPushButton* esci_ = nullptr;
 };

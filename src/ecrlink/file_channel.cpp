@@ -1,110 +1,131 @@
 #include "ecrlink/file_channel.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include "core/context.h"
 #include "core/reactions.h"
 #include "ecrlink/session.h"
+#include "ecrlink/transfer_lock.h"
 #include "platform/error.h"
+#include "platform/text/temporary_file.h"
 
 namespace ecrlink {
 
 namespace {
 
 constexpr int kFallito = 1;
-
-Errore fileAssente() {
-  return {errors::kFileMissing, QStringLiteral("File non trovato")};
-}
-Errore argomentoNonValido() {
-  return {errors::kBadArgument, QStringLiteral("Chiamata di routine o argomento non validi")};
-}
-
-/// Why a file could not be made, opened or read.
-Errore accessoFallito(const QString& file) {
-  const QFileInfo info(file);
-  if (!info.absoluteDir().exists()) return {errors::kPathMissing, QStringLiteral("Percorso non trovato")};
-  return {errors::kPathAccess, QStringLiteral("Errore nell'accesso al percorso/file")};
-}
+constexpr qint64 kBlocco = 1 << 16;
 
 const char* comeCaratteri(const std::uint8_t* byte) {
   return reinterpret_cast<const char*>(byte);  // bytes to bytes: the one view that is always allowed
 }
 
-/// Unbuffered, so that each write tells at once how much of it the disk took.
-void scriviTutto(QFile& file, std::span<const std::uint8_t> immagine) {
-  const auto lunghezza = static_cast<qint64>(immagine.size());
-  if (lunghezza == 0) return;
-  if (file.write(comeCaratteri(immagine.data()), lunghezza) != lunghezza)
-    throw Errore{errors::kDiskFull, QStringLiteral("Disco pieno")};
+/// What a longer old file holds behind the image stays behind it: the till does not read it.
+void copiaCoda(const QString& nome, qint64 dopo, TemporaryFile& nuovo) {
+  QFile vecchio(nome);
+  if (!vecchio.open(QIODevice::ReadOnly) || !vecchio.seek(dopo)) throw errors::pathAccess(nome);
+  for (QByteArray blocco = vecchio.read(kBlocco); !blocco.isEmpty(); blocco = vecchio.read(kBlocco))
+    nuovo.write(blocco);
+  if (vecchio.error() != QFileDevice::NoError) throw errors::pathAccess(nome);
 }
 
-/// The old file is not emptied: a longer one keeps its tail, which the till does not read.
 void scriviSopra(const QString& nome, std::span<const std::uint8_t> immagine) {
-  QFile file(nome);
-  if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) throw accessoFallito(nome);
-  scriviTutto(file, immagine);
+  TemporaryFile::Sweep(nome);
+  const QFileInfo vecchio(nome);
+  const bool suo = vecchio.exists() && !vecchio.isSymLink();
+  if (suo && (!vecchio.isFile() || !QFile(nome).open(QIODevice::ReadWrite | QIODevice::ExistingOnly)))
+    throw errors::pathAccess(nome);
+  const auto lunghezza = static_cast<qint64>(immagine.size());
+  TemporaryFile nuovo(nome);
+  nuovo.write(comeCaratteri(immagine.data()), immagine.size());
+  if (suo && vecchio.size() > lunghezza) copiaCoda(nome, lunghezza, nuovo);
+  if (nome == QLatin1String(kFilePLU)) TagliaFile(nuovo.path(), lunghezza - 1);
+  nuovo.settle(TemporaryFile::Durability::Passing);
 }
 
 template <typename Corpo>
-int sorvegliata(Contesto& contesto, const QString& procedura, const QString& modulo, Corpo&& corpo) {
-  try {
-    corpo();
-    return 0;
-  } catch (const Errore& errore) {
-    reazioni::segnalaImprevisto(contesto.utente, errore, procedura, modulo);
-    return kFallito;
-  }
+int sorvegliata(Contesto& contesto, const char* procedura, const char* modulo, Corpo&& corpo) {
+  return reazioni::oppure(
+      [&] {
+        corpo();
+        return 0;
+      },
+      [&](const Errore& errore) {
+        reazioni::segnalaImprevisto(contesto.utente, errore, QLatin1String(procedura), QLatin1String(modulo));
+        return kFallito;
+      });
 }
 
 void leggiSopra(const QString& nome, std::span<std::uint8_t> immagine) {
-  if (!QFileInfo::exists(nome)) throw fileAssente();
+  if (!QFileInfo::exists(nome)) throw errors::fileMissing(nome);
   QFile file(nome);
-  if (!file.open(QIODevice::ReadOnly)) throw accessoFallito(nome);
+  if (!QFileInfo(nome).isFile() || !file.open(QIODevice::ReadOnly)) throw errors::pathAccess(nome);
   if (immagine.empty()) return;
   char* const byte = reinterpret_cast<char*>(immagine.data());
-  if (file.read(byte, static_cast<qint64>(immagine.size())) < 0) throw accessoFallito(nome);
+  file.read(byte, static_cast<qint64>(immagine.size()));
+  if (file.error() != QFileDevice::NoError) throw errors::pathAccess(nome);
 }
 
 int spedisci(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto) {
+  const ScambioEsclusivo scambio;
   if (const int esito = CreaFileProgrammazione(file, immagine, contesto); esito != 0) return esito;
   const int esito = avviaECR(file, Modo::Invia, contesto);
   if (esito != 0) contesto.utente.MsgBox(QStringLiteral("Fallita operazione trasferimento ") + file);
   return esito;
 }
 
+/// Rules out that an old file is there when the till's comes.
+void sgombra(const QString& file, Precedente precedente) {
+  const QString tenuto = file + QLatin1String(kPrecedente);
+  const QFileInfo vecchio(file);
+  if (!vecchio.exists() && !vecchio.isSymLink()) return;
+  if (precedente == Precedente::Tenuto && vecchio.isFile() && !vecchio.isSymLink()) {
+    QFile::remove(tenuto);
+    if (QFile::rename(file, tenuto)) return;
+  }
+  if (!QFile::remove(file)) throw errors::pathAccess(file);
+}
+
 }  // namespace
 
 int SendPRGTo_ECR(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto) {
-  try {
-    return spedisci(immagine, file, contesto);
-  } catch (const Errore& errore) {
-    contesto.utente.MsgBox(QStringLiteral("Errore SendPRGTo_ECR ") + QString::number(errore.numero) +
-                           QStringLiteral(" - ") + errore.descrizione);
-    return kFallito;
-  }
+  return reazioni::oppure([&] { return spedisci(immagine, file, contesto); },
+                          [&](const Errore& errore) {
+                            contesto.utente.MsgBox(QStringLiteral("Errore SendPRGTo_ECR ") +
+                                                   QString::number(errore.numero) + QStringLiteral(" - ") +
+                                                   errore.descrizione);
+                            return kFallito;
+                          });
 }
 
 int CreaFileProgrammazione(const QString& file, std::span<const std::uint8_t> immagine, Contesto& contesto) {
-  return sorvegliata(contesto, QStringLiteral("CreaFileProgrammazione"), QStringLiteral("Common_PRG"), [&] {
-    scriviSopra(file, immagine);
-    if (file == QLatin1String(kFilePLU)) TagliaFile(file, static_cast<std::int64_t>(immagine.size()) - 1);
-  });
+  return sorvegliata(contesto, "CreaFileProgrammazione", "Common_PRG", [&] { scriviSopra(file, immagine); });
 }
 
 void TagliaFile(const QString& file, std::int64_t lunghezza) {
   QFile aperto(file);
   if (!aperto.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
-    throw fileAssente();
-  if (lunghezza < 0 || aperto.isSequential() || !aperto.seek(lunghezza)) throw argomentoNonValido();
-  if (!aperto.resize(lunghezza)) throw argomentoNonValido();
+    throw errors::fileMissing(file);
+  if (lunghezza < 0 || aperto.isSequential() || !aperto.seek(lunghezza)) throw errors::badArgument();
+  if (!aperto.resize(lunghezza)) throw errors::badArgument();
 }
 
 int ReadByteFromFile(std::span<std::uint8_t> immagine, const QString& file, Contesto& contesto) {
-  return sorvegliata(contesto, QStringLiteral("ReadByteFromFile"), QStringLiteral("CommonForKora"),
-                     [&] { leggiSopra(file, immagine); });
+  return sorvegliata(contesto, "ReadByteFromFile", "CommonForKora", [&] { leggiSopra(file, immagine); });
+}
+
+std::optional<std::int64_t> RiceviFile(std::span<std::uint8_t> immagine, const QString& file,
+                                       Precedente precedente, Contesto& contesto) {
+  std::optional<std::int64_t> arrivati;
+  sorvegliata(contesto, "RiceviFile", "CommonForKora", [&] {
+    const ScambioEsclusivo scambio;
+    sgombra(file, precedente);
+    if (avviaECR(file, Modo::Ricevi, contesto) != 0) return;
+    if (ReadByteFromFile(immagine, file, contesto) != 0) return;
+    arrivati = QFileInfo(file).size();
+  });
+  return arrivati;
 }
 
 }  // namespace ecrlink

@@ -1,6 +1,6 @@
 #include "core/context.h"
 #include "core/state.h"
-#include "ecrlink/link_controls.h"
+#include "ecrlink/link_view.h"
 #include "ecrlink/session.h"
 #include "platform/net/network.h"
 #include "platform/ui/user_port.h"
@@ -41,7 +41,7 @@ void chiudiRete(Contesto& contesto) {
   if (codice != 0) fine(contesto, QStringLiteral("Socket error %1 occurred in Cleanup ").arg(codice));
 }
 
-int mostraIndirizzi(QWidget& schermo, Contesto& contesto) {
+int mostraIndirizzi(VistaLink& vista, Contesto& contesto) {
   const QString nome = contesto.rete.computerName().trimmed();
   if (nome.isEmpty()) {
     contesto.utente.MsgBox(QStringLiteral("Attenzione problema di connessione di rete per il PC locale!\r\n"
@@ -49,21 +49,20 @@ int mostraIndirizzi(QWidget& schermo, Contesto& contesto) {
                            Icon::Critical);
     return kSenzaNome;
   }
-  controlli::scrivi(schermo, controlli::kIndirizziLocali,
-                    contesto.rete.localAddresses(nome).join(QStringLiteral("\r\n")));
+  vista.scriviIndirizziLocali(contesto.rete.localAddresses(nome));
   return 0;
 }
 
 }  // namespace
 
-int InitRete(QWidget& schermo, Contesto& contesto) {
+int InitRete(VistaLink& vista, Contesto& contesto) {
   const QString indirizzo = QString::fromLatin1(kIndirizzoPredefinito);
   commonForKora().IP_ECR = indirizzo;
-  controlli::scrivi(schermo, controlli::kIndirizzo, indirizzo);
-  controlli::abilita(schermo, controlli::kAvvia, false);
-  controlli::abilita(schermo, controlli::kConnetti, true);
+  vista.scriviIndirizzo(indirizzo);
+  vista.abilitaAvvia(false);
+  vista.abilitaConnetti(true);
   avviaRete(contesto);
-  const int esito = mostraIndirizzi(schermo, contesto);
+  const int esito = mostraIndirizzi(vista, contesto);
   chiudiRete(contesto);
   return esito;
 }

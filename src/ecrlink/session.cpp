@@ -1,14 +1,13 @@
 #include "ecrlink/session.h"
 
-#include <QStringList>
+#include <optional>
 
 #include "core/context.h"
 #include "core/conversions.h"
 #include "core/reactions.h"
 #include "core/state.h"
 #include "ecrlink/ecr_info.h"
-#include "ecrlink/link_controls.h"
-#include "ecrlink/models.h"
+#include "ecrlink/link_view.h"
 #include "platform/net/network.h"
 
 namespace ecrlink {
@@ -34,32 +33,25 @@ void critico(Contesto& contesto, const QString& testo) {
   contesto.utente.MsgBox(testo, Icon::Critical);
 }
 
-void rifiutaIndirizzo(QWidget& schermo, Contesto& contesto, const QString& motivo) {
+void rifiutaIndirizzo(VistaLink& vista, Contesto& contesto, const QString& motivo) {
   critico(contesto, motivo);
-  controlli::abilita(schermo, controlli::kAvvia, false);
+  vista.abilitaAvvia(false);
   commonForKora().IP_ECR.clear();
 }
 
-/// One address a line, whatever the box made of the line ends.
-QStringList indirizziDelPC(QWidget& schermo) {
-  QString testo = controlli::testo(schermo, controlli::kIndirizziLocali);
-  testo.remove(QLatin1Char('\r'));
-  return testo.split(QLatin1Char('\n'));
-}
-
-Passo verificaIndirizzo(QWidget& schermo, Contesto& contesto) {
+Passo verificaIndirizzo(VistaLink& vista, Contesto& contesto) {
   QString& indirizzo = commonForKora().IP_ECR;
-  if (!ControllaIP(controlli::testo(schermo, controlli::kIndirizzo))) {
+  if (!ControllaIP(vista.indirizzo())) {
     rifiutaIndirizzo(
-        schermo, contesto,
+        vista, contesto,
         QStringLiteral(
             "Attenzione l'indirizzo IP del dispositivo ECR da connettere al PC potrebbe essere errato"));
     return Passo::Basta;
   }
-  indirizzo = controlli::testo(schermo, controlli::kIndirizzo);
-  if (!indirizziDelPC(schermo).contains(indirizzo)) return Passo::Avanti;
+  indirizzo = vista.indirizzo();
+  if (!vista.indirizziLocali().contains(indirizzo)) return Passo::Avanti;
   rifiutaIndirizzo(
-      schermo, contesto,
+      vista, contesto,
       QStringLiteral("Attenzione l'IP del dispositivo ECR deve essere diverso da quello del PC"));
   return Passo::Basta;
 }
@@ -75,25 +67,16 @@ Passo verificaPresenza(Contesto& contesto) {
   return Passo::Basta;
 }
 
-void distingui(QWidget& schermo, const QString& distintivo) {
-  controlli::contrassegna(schermo, controlli::kStato, controlli::kProprietaDistintivo, distintivo);
-}
-
-void mostraInfo(QWidget& schermo) {
+void mostraInfo(VistaLink& vista) {
   const EcrInfo& info = commonForKora().ECR_INFO;
-  controlli::scrivi(schermo, controlli::kModello, info.InfoTipoMacchina);
-  controlli::scrivi(schermo, controlli::kTipoMacchina, info.InfoTipoMacchina);
-  controlli::scrivi(schermo, controlli::kBitmap, nomeDellaClasse(info.InfoTipoBitmap));
-  controlli::scrivi(schermo, controlli::kMMC, info.InfoTipoMMC);
-  controlli::scrivi(schermo, controlli::kVersione, info.InfoVersioneSW);
+  vista.mostraInfo(info);
   const std::optional<QString> parola = parolaDelloStato(info.InfoStato);
   if (!parola) return;
-  controlli::scrivi(schermo, controlli::kStato, *parola);
-  controlli::contrassegna(schermo, controlli::kStato, controlli::kProprietaStato, info.InfoStato);
-  distingui(schermo, statoAmmesso(info.InfoStato) ? QStringLiteral("ready") : QStringLiteral("busy"));
+  vista.mostraStato(*parola, info.InfoStato);
+  vista.distingui(statoAmmesso(info.InfoStato) ? style::Badge::Ready : style::Badge::Busy);
 }
 
-Passo interroga(QWidget& schermo, Contesto& contesto) {
+Passo interroga(VistaLink& vista, Contesto& contesto) {
   QString nessunFile;
   QString risposta;
   // A transfer that an earlier run left open on the till would refuse everything that follows.
@@ -101,7 +84,7 @@ Passo interroga(QWidget& schermo, Contesto& contesto) {
   if (ComandoECR(nessunFile, Modo::EcrInfo, risposta, contesto) != 0) {
     // The person may go on with a till that does not tell about itself: the start command is let go with the
     // address in use, and the connection can be tried again.
-    controlli::abilita(schermo, controlli::kConnetti, true);
+    vista.abilitaConnetti(true);
     return Passo::Pronto;
   }
   if (ParseInfoECR(risposta) == 0) return Passo::Avanti;
@@ -110,51 +93,48 @@ Passo interroga(QWidget& schermo, Contesto& contesto) {
   return Passo::Pronto;
 }
 
-Passo verificaStato(QWidget& schermo, Contesto& contesto) {
+Passo verificaStato(VistaLink& vista, Contesto& contesto) {
   if (statoAmmesso(commonForKora().ECR_INFO.InfoStato)) return Passo::Avanti;
   critico(contesto, QStringLiteral("Funzione non disponibile! Prego porre la cassa nello stato di IDLE o "
                                    "PROGRAMMAZIONE"));
-  controlli::abilita(schermo, controlli::kConnetti, true);
+  vista.abilitaConnetti(true);
   commonForKora().IP_ECR.clear();
   return Passo::Basta;
 }
 
-void pronto(QWidget& schermo) {
-  controlli::abilita(schermo, controlli::kAvvia, true);
-  controlli::fuoco(schermo, controlli::kEsci);
-  schermo.setEnabled(true);
+void pronto(VistaLink& vista) {
+  vista.abilitaAvvia(true);
+  vista.fuocoSuEsci();
+  vista.abilitaSchermo();
 }
 
-void connetti(QWidget& schermo, Contesto& contesto) {
-  if (verificaIndirizzo(schermo, contesto) == Passo::Basta) return;
+void connetti(VistaLink& vista, Contesto& contesto) {
+  if (verificaIndirizzo(vista, contesto) == Passo::Basta) return;
   // The word of an earlier connection stays to be read; its colour would tell that it still holds.
-  distingui(schermo, QStringLiteral("neutral"));
+  vista.distingui(style::Badge::Neutral);
   if (verificaPresenza(contesto) == Passo::Basta) return;
-  controlli::abilita(schermo, controlli::kConnetti, false);
-  controlli::fuoco(schermo, controlli::kEsci);
-  if (interroga(schermo, contesto) == Passo::Avanti) {
-    mostraInfo(schermo);
-    if (verificaStato(schermo, contesto) == Passo::Basta) return;
+  vista.abilitaConnetti(false);
+  vista.fuocoSuEsci();
+  if (interroga(vista, contesto) == Passo::Avanti) {
+    mostraInfo(vista);
+    if (verificaStato(vista, contesto) == Passo::Basta) return;
   }
-  pronto(schermo);
+  pronto(vista);
 }
 
-void erroreDiConnessione(QWidget& schermo, Contesto& contesto, const Errore& errore) {
+void erroreDiConnessione(VistaLink& vista, Contesto& contesto, const Errore& errore) {
   commonForKora().IP_ECR.clear();
   reazioni::segnala(contesto.utente, QStringLiteral("Errore "), errore);
-  if (controlli::abilitato(schermo, controlli::kConnetti)) return;
-  controlli::abilita(schermo, controlli::kConnetti, true);
-  controlli::fuoco(schermo, controlli::kConnetti);
+  if (vista.connettiAbilitato()) return;
+  vista.abilitaConnetti(true);
+  vista.fuocoSuConnetti();
 }
 
 }  // namespace
 
-void ConnettiECR(QWidget& schermo, Contesto& contesto) {
-  try {
-    connetti(schermo, contesto);
-  } catch (const Errore& errore) {
-    erroreDiConnessione(schermo, contesto, errore);
-  }
+void ConnettiECR(VistaLink& vista, Contesto& contesto) {
+  reazioni::oppure([&] { connetti(vista, contesto); },
+                   [&](const Errore& errore) { erroreDiConnessione(vista, contesto, errore); });
 }
 
 bool ControllaIP(const QString& testo) {

@@ -5,12 +5,11 @@
 #include "ecrlink/ecr_info.h"
 
 struct Contesto;
-class QWidget;
 
-/// The link to the till, the same for all seven link screens, which reach their controls by object name:
-/// `vkTextBoxIP_ECR`, `vkTextBoxLocal_IP`, `CmdInviaModECR`, `Cmd_Avvia`, `Cmd_Esci`, `TextModello`,
-/// `vkTextBoxTipoMacchina`, `TextBitmap`, `TextMMC`, `vkTextBox_VSW`, `vkTextBoxECR`.
+/// The link to the till, the same for every screen that has one.
 namespace ecrlink {
+
+class VistaLink;
 
 /// Modes of the communications library.
 enum class Modo : int {
@@ -29,9 +28,9 @@ inline constexpr const char* kIndirizzoPredefinito = "192.168.0.20";
 
 /// At the load of a link screen: default address, local addresses, start command off. Returns 0, or -1 when
 /// the computer has no name on the network (told to the person).
-int InitRete(QWidget& schermo, Contesto& contesto);
+int InitRete(VistaLink& vista, Contesto& contesto);
 /// The click of "Connetti". The outcome is the state of the screen and of IP_ECR.
-void ConnettiECR(QWidget& schermo, Contesto& contesto);
+void ConnettiECR(VistaLink& vista, Contesto& contesto);
 bool ControllaIP(const QString& testo);
 /// 0 answered, -1 address or echo impossible, another number no answer.
 int PingECR(const QString& indirizzo, Contesto& contesto);

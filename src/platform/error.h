@@ -3,7 +3,7 @@
 #include <QString>
 
 /// A failure of the platform, the store or a conversion: the one type that low layers throw.
-/// `number` is one of the numbers below, `description` the Italian text that reaches the user.
+/// `numero` is one of the numbers below, `descrizione` the Italian text that reaches the user.
 struct Errore {
   int numero = 0;
   QString descrizione;
@@ -17,6 +17,7 @@ inline constexpr int kOverflow = 6;
 inline constexpr int kOutOfRange = 9;
 inline constexpr int kDivisionByZero = 11;
 inline constexpr int kTypeMismatch = 13;
+inline constexpr int kInternal = 51;
 inline constexpr int kNullValue = 94;
 
 // Files.
@@ -46,6 +47,7 @@ inline constexpr int kDuplicateKey = 3022;
 inline constexpr int kArchiveMissing = 3024;
 inline constexpr int kNoTransaction = 3034;
 inline constexpr int kDiskError = 3043;
+inline constexpr int kTooLong = 3059;  ///< a statement that was ended since it ran beyond every bound
 inline constexpr int kMissingParameter = 3061;
 inline constexpr int kNotExecutable = 3065;  ///< a query that returns rows handed to Execute
 inline constexpr int kReadOnly = 3073;
@@ -65,5 +67,26 @@ inline constexpr int kNotADatabase = 3343;
 inline constexpr int kValueCount = 3346;  ///< as many values as columns were expected
 inline constexpr int kHandleClosed = 3420;
 inline constexpr int kConversionFailed = 3421;
+inline constexpr int kCriteriaMismatch = 3464;  ///< a text where a statement wants a number
+
+// The failures that many places meet: one wording each.
+Errore badArgument();
+Errore overflow();
+Errore outOfRange();
+Errore divisionByZero();
+Errore typeMismatch();
+Errore nullValue();
+Errore memoryExhausted();
+
+// The same for files. A path, where there is one, stands behind the text with the platform's separators.
+Errore fileMissing(const QString& path = {});
+Errore diskFull(const QString& path = {});
+Errore pastEnd(const QString& path = {});
+Errore accessDenied(const QString& path = {});
+Errore pathAccess(const QString& path = {});
+Errore pathMissing(const QString& path = {});
+Errore notADatabase(const QString& path = {});
+/// Errore of a failed system call by its `errno`: 61, 70 or 76, and 75 for all that has no number of its own.
+Errore fromErrno(int number, const QString& path);
 
 }  // namespace errors

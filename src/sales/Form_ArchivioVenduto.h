@@ -3,18 +3,16 @@
 #include <QDialog>
 #include <memory>
 
-#include "core/reactions.h"
+#include "core/screen.h"
 #include "sales/sales_rows.h"
 
-struct Contesto;
-class Schermate;
 namespace Ui {
 class Form_ArchivioVenduto;
 }
 
 /// "Archivio Venduto": the sales of the open archive with their totals, filtered by day, code and
 /// description, and their export.
-class Form_ArchivioVenduto : public QDialog {
+class Form_ArchivioVenduto : public Schermo<QDialog> {
   Q_OBJECT
 
  public:
@@ -28,37 +26,15 @@ class Form_ArchivioVenduto : public QDialog {
   void on_Cmd_Refresh_clicked();
   void on_Cmd_Export_clicked();
   void on_Cmd_Esci_clicked();
-  void on_MSFlexGridVenduto_cellClicked(int riga, int colonna);
+  void on_MSFlexGridVenduto_cellClicked(int riga);
 
  private:
-  template <typename Corpo>
-  void comando(const char* nome, Corpo&& corpo);
   void vesti();
   void preparaSelettori();
-
-  /// The empty grid with its headings.
-  void GestGridCentral();
   void RiempiGridCentral();
   void RefreshForm();
   void cerca();
-  void esporta();
+  void mostraQuante(const elenco::EsitoElenco& esito);
 
-  /// Puts the rows of a statement into the grid, and the totals behind them.
-  void riempi(const QString& sql, sales::Elenco elenco);
-  void preparaRighe(int quante);
-  void riempiRighe(sales::LettoreVenduto& righe, sales::Elenco elenco);
-  /// False if the list ends here.
-  bool riempiRiga(const sales::LettoreVenduto& righe, int riga, sales::Elenco elenco,
-                  sales::SommeVenduto& somme);
-  template <typename Passo>
-  reazioni::Esito passo(sales::Elenco elenco, Passo&& passo);
-  void SetTailGriglia(int riga, const sales::SommeVenduto& somme);
-  void pulisciRiga(int riga);
-  void elencoVuoto();
-  void mostraQuante(int righe);
-
-  Contesto& contesto_;
   std::unique_ptr<Ui::Form_ArchivioVenduto> ui_;
 };
-
-void registraArchivioVenduto(Schermate& schermate);

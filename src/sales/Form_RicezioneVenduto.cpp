@@ -1,48 +1,50 @@
 #include "sales/Form_RicezioneVenduto.h"
 
-#include "controls/style.h"
-#include "core/context.h"
-#include "core/screens.h"
-#include "platform/ui/user_port.h"
-#include "sales/progress.h"
+#include "controls/steady_progress.h"
 #include "ui_Form_RicezioneVenduto.h"
 
 Form_RicezioneVenduto::Form_RicezioneVenduto(Contesto& contesto)
-    : FinestraTrasferimento(contesto), ui_(std::make_unique<Ui::Form_RicezioneVenduto>()) {
+    : FinestraLink(contesto, QStringLiteral("Form_GestioneMMC")),
+      ui_(std::make_unique<Ui::Form_RicezioneVenduto>()) {
   ui_->setupUi(this);
-  style::primary(*ui_->Cmd_Avvia, QStringLiteral("download"));
-  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
-  caricaSchermo();
+  caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "download"});
+  if (const QString avviso = sales::AvvisoAzzeramentoInSospeso(); !avviso.isEmpty())
+    ui_->Esito->tell(OutcomeBar::Kind::Warning, avviso);
 }
 
 Form_RicezioneVenduto::~Form_RicezioneVenduto() = default;
 
 void Form_RicezioneVenduto::on_Cmd_Avvia_clicked() {
-  esegui([this] { return avvia(); });
+  avvia([this] { return lavora(); });
 }
 
-bool Form_RicezioneVenduto::avvia() {
+bool Form_RicezioneVenduto::lavora() {
   abilita(false, false);
+  ui_->Esito->clear();
   ui_->vkBar1->setRange(0, sales::kSlot);
   ui_->vkBar1->setValue(0);
   ui_->vkBar1->setFormat(QStringLiteral("%p%"));
   const sales::Esito esito =
-      ui_->vkOptionButtonGlobale->isChecked() ? ricevi() : sales::AzzeraVenduto(contesto());
+      ui_->vkOptionButtonGlobale->isChecked() ? ricevi().esito : sales::AzzeraVenduto(contesto());
   abilita(esito == sales::Esito::Fatto, true);
   if (esito != sales::Esito::Comunicazione) return false;
   avvisa(QStringLiteral("Errore durante la trasmissione/ricezione. "));
   return true;
 }
 
-sales::Esito Form_RicezioneVenduto::ricevi() {
-  Avanzamento avanzamento(*ui_->vkBar1);
-  const sales::Esito esito = sales::RiceviVenduto(contesto(), [&](int slot) { avanzamento.a(slot); });
+sales::Ricezione Form_RicezioneVenduto::ricevi() {
+  SteadyProgress avanzamento(*ui_->vkBar1);
+  const sales::Ricezione ricezione = sales::RiceviVenduto(contesto(), avanzamento);
   // The value stops at the last slot's number: the text says that there is no more to come.
-  if (esito == sales::Esito::Fatto) ui_->vkBar1->setFormat(QStringLiteral("100%"));
-  return esito;
+  if (ricezione.esito == sales::Esito::Fatto) ui_->vkBar1->setFormat(QStringLiteral("100%"));
+  racconta(ricezione);
+  return ricezione;
 }
 
-void registraRicezioneVenduto(Schermate& schermate) {
-  schermate.registra(QStringLiteral("Form_RicezioneVenduto"),
-                     [](Contesto& contesto) { return new Form_RicezioneVenduto(contesto); });
+void Form_RicezioneVenduto::racconta(const sales::Ricezione& ricezione) {
+  const QString testo = sales::RaccontoRicezione(ricezione);
+  if (testo.isEmpty()) return;
+  const bool intera = ricezione.byte == std::int64_t{sales::kByteVenduto};
+  const bool sicura = ricezione.esito == sales::Esito::Fatto && intera && ricezione.giaRicevute.isEmpty();
+  ui_->Esito->tell(sicura ? OutcomeBar::Kind::Done : OutcomeBar::Kind::Warning, testo);
 }

@@ -2,16 +2,15 @@
 
 #include <memory>
 
-#include "articles/link_window.h"
+#include "ecrlink/link_window.h"
 #include "sales/reception.h"
 
-class Schermate;
 namespace Ui {
 class Form_RicezioneVenduto;
 }
 
 /// "Ricezione del Venduto": takes the sales from the till and clears them there, or only clears them.
-class Form_RicezioneVenduto : public FinestraTrasferimento {
+class Form_RicezioneVenduto : public FinestraLink {
   Q_OBJECT
 
  public:
@@ -23,10 +22,9 @@ class Form_RicezioneVenduto : public FinestraTrasferimento {
 
  private:
   /// True if the screen is to be unloaded.
-  bool avvia();
-  sales::Esito ricevi();
+  bool lavora();
+  sales::Ricezione ricevi();
+  void racconta(const sales::Ricezione& ricezione);
 
   std::unique_ptr<Ui::Form_RicezioneVenduto> ui_;
 };
-
-void registraRicezioneVenduto(Schermate& schermate);

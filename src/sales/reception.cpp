@@ -1,18 +1,19 @@
 #include "sales/reception.h"
 
-#include <QFile>
-#include <QStringBuilder>
-#include <optional>
+#include <QLocale>
+#include <QStringList>
 #include <vector>
 
-#include "articles/transaction.h"
+#include "controls/steady_progress.h"
 #include "core/context.h"
 #include "core/conversions.h"
 #include "core/state.h"
 #include "ecrlink/file_channel.h"
 #include "ecrlink/session.h"
 #include "platform/store/store.h"
+#include "platform/text/file_name.h"
 #include "platform/ui/user_port.h"
+#include "sales/reception_note.h"
 
 namespace sales {
 
@@ -32,33 +33,22 @@ Esito fallita(Contesto& contesto, const QString& messaggio) {
   return Esito::Comunicazione;
 }
 
-/// Fetches and reads the sales file; nothing if either failed, the reading having told why.
-std::optional<Venduto> preleva(Contesto& contesto) {
-  const QString file = QLatin1String(kFileVenduto);
-  // The sales of an earlier day must not pass for today's, should the till hand nothing over.
-  QFile::remove(file);
-  if (ecrlink::avviaECR(file, ecrlink::Modo::Ricevi, contesto) != 0) return std::nullopt;
-  // Neither size nor date is looked at: slots that a short file does not reach have sold nothing.
-  Venduto venduto(kByteVenduto);
-  if (ecrlink::ReadByteFromFile(venduto, file, contesto) != 0) return std::nullopt;
-  return venduto;
-}
-
-void caricaSlot(store::Database& archivio, const Venduto& venduto, int slot) {
+void caricaSlot(store::Database& archivio, const Venduto& venduto, int slot, Ricezione& ricezione) {
   const VendutoSlot riga = vendutoDi(venduto, slot);
   // Returns alone, or nothing: passed over whatever the amounts hold.
-  if (riga.pezzi > 0) archivio.Execute(inserimento(slot, riga));
+  if (riga.pezzi > 0) ricezione.righe += archivio.Execute(inserimento(slot, riga));
 }
 
-void carica(const Venduto& venduto, Contesto& contesto, const std::function<void(int)>& avanza) {
+void carica(const Venduto& venduto, Contesto& contesto, SteadyProgress& avanzamento, Ricezione& ricezione) {
   store::Database archivio = varGlobal().DB_Articoli;
-  articles::Transazione transazione(contesto.area);
+  archivio.CheckIntegrity();
+  store::Transaction transazione(contesto.area);
   for (int slot = 0; slot < kSlot; ++slot) {
-    avanza(slot);
+    avanzamento.to(slot);
     contesto.utente.DoEventsAtRecord();
-    caricaSlot(archivio, venduto, slot);
+    caricaSlot(archivio, venduto, slot, ricezione);
   }
-  transazione.conferma();
+  transazione.Commit();
 }
 
 void segnalaCaricamento(Contesto& contesto, const Errore& errore) {
@@ -70,8 +60,26 @@ void segnalaCaricamento(Contesto& contesto, const Errore& errore) {
 Esito azzera(Contesto& contesto, const QString& riuscita) {
   if (ecrlink::avviaECR({}, ecrlink::Modo::AzzeraVenduto, contesto) != 0)
     return fallita(contesto, QStringLiteral("Errore nell'invio richiesta reset dati del venduto"));
+  nota::togli();
   contesto.utente.MsgBox(riuscita, Icon::Warning);
   return Esito::Fatto;
+}
+
+QByteArray byteDi(const Venduto& venduto) {
+  return {reinterpret_cast<const char*>(venduto.data()), static_cast<qsizetype>(venduto.size())};
+}
+
+/// Sales that cannot be noted are cleared all the same: the till must not keep what is stored.
+void annota(const QByteArray& venduto) {
+  try {
+    nota::scrivi(venduto, varGlobal().NomeDB_Articoli);
+  } catch (const Errore&) {
+    nota::togli();
+  }
+}
+
+QString numero(std::int64_t valore) {
+  return QLocale(QLocale::Italian).toString(static_cast<qlonglong>(valore));
 }
 
 }  // namespace
@@ -84,32 +92,78 @@ VendutoSlot vendutoDi(std::span<const std::uint8_t> venduto, int slot) {
   return {intero(kInizioImporti), intero(kInizioPezzi), intero(kInizioSconti)};
 }
 
-QString inserimento(int slot, const VendutoSlot& venduto) {
-  const QString auto_id = QString::number(slot + 1);
+store::Statement inserimento(int slot, const VendutoSlot& venduto) {
+  const auto auto_id = store::number(std::int64_t{slot} + 1);
   // Code and EAN cross on their way: the archives in the shops hold the article code under Codice_EAN and the
   // EAN under Codice_Articolo, and the sales archive shows and filters the columns as they stand.
-  return QStringLiteral(
-             "insert into tab_venduto (Data,id_plu,Codice_EAN,Codice_Articolo,Descrizione,"
-             "Importo_giornaliero,sconto_giornaliero,Tot_giorn_articoli_venduti) "
-             "select FORMAT(DATE(), 'yyyymmdd'),") %
-         auto_id % QStringLiteral(",codice_articolo,codice_ean,descrizione,") %
-         QString::number(venduto.importo) % QLatin1Char(',') % QString::number(venduto.sconto) %
-         QLatin1Char(',') % QString::number(venduto.pezzi) %
-         QStringLiteral(" from tab_articoli where auto_id=") % auto_id;
+  return u"insert into tab_venduto (Data,id_plu,Codice_EAN,Codice_Articolo,Descrizione,Importo_giornaliero,"
+         u"sconto_giornaliero,Tot_giorn_articoli_venduti) "
+         u"select FORMAT(DATE(), 'yyyymmdd')," +
+         auto_id + u",codice_articolo,codice_ean,descrizione," +
+         store::number(std::int64_t{venduto.importo}) + u"," + store::number(std::int64_t{venduto.sconto}) +
+         u"," + store::number(std::int64_t{venduto.pezzi}) + u" from tab_articoli where auto_id=" + auto_id;
 }
 
-Esito RiceviVenduto(Contesto& contesto, const std::function<void(int)>& avanza) {
-  const std::optional<Venduto> venduto = preleva(contesto);
-  if (!venduto) return fallita(contesto, QStringLiteral("Errore nell'invio richiesta dati del venduto"));
+Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento) {
+  Ricezione ricezione;
+  // Neither size nor date decides: slots that a short file does not reach have sold nothing.
+  Venduto venduto(kByteVenduto);
+  ricezione.byte =
+      ecrlink::RiceviFile(venduto, QLatin1String(kFileVenduto), ecrlink::Precedente::Tenuto, contesto);
+  if (!ricezione.byte) {
+    fallita(contesto, QStringLiteral("Errore nell'invio richiesta dati del venduto"));
+    return ricezione;
+  }
+  const QByteArray byte = byteDi(venduto);
+  ricezione.giaRicevute = nota::archivioDi(byte);
   try {
-    carica(*venduto, contesto, avanza);
+    carica(venduto, contesto, avanzamento, ricezione);
   } catch (const Errore& errore) {
     // Undone by now, a failed commit too. The till is cleared only behind a commit.
     segnalaCaricamento(contesto, errore);
-    return Esito::NonCaricato;
+    ricezione.esito = Esito::NonCaricato;
+    ricezione.righe = 0;
+    return ricezione;
   }
-  return azzera(contesto,
-                QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"));
+  annota(byte);
+  ricezione.esito =
+      azzera(contesto, QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"));
+  return ricezione;
+}
+
+QString RaccontoRicezione(const Ricezione& ricezione) {
+  if (!ricezione.byte) return {};
+  QStringList frasi;
+  const auto attesi = static_cast<std::int64_t>(kByteVenduto);
+  const QString ricevuti = QStringLiteral("Ricevuti %1 byte").arg(numero(*ricezione.byte));
+  if (*ricezione.byte < attesi)
+    frasi +=
+        ricevuti +
+        QStringLiteral(" invece di %1: quelli che mancano contano come nessuna vendita.").arg(numero(attesi));
+  else if (*ricezione.byte > attesi)
+    frasi +=
+        ricevuti + QStringLiteral(" invece di %1: quelli in più non sono stati letti.").arg(numero(attesi));
+  else
+    frasi += ricevuti + QStringLiteral(", %1 righe di venduto.").arg(numero(ricezione.righe));
+  if (ricezione.esito == Esito::NonCaricato)
+    frasi += QStringLiteral("Nulla è stato scritto nell'archivio: la cassa conserva il suo venduto.");
+  else if (ricezione.righe > 0 && !ricezione.giaRicevute.isEmpty())
+    frasi +=
+        QStringLiteral(
+            "Le stesse vendite erano già state ricevute nell'archivio %1 e la cassa non aveva confermato "
+            "l'azzeramento: ora risultano due volte.")
+            .arg(FileName(ricezione.giaRicevute));
+  return frasi.join(u' ');
+}
+
+QString AvvisoAzzeramentoInSospeso() {
+  const QString archivio = nota::archivio();
+  if (archivio.isEmpty()) return {};
+  return QStringLiteral(
+             "L'ultimo venduto ricevuto è nell'archivio %1, ma la cassa non ha confermato l'azzeramento: se "
+             "lo "
+             "consegna di nuovo, le stesse vendite risulteranno due volte.")
+      .arg(FileName(archivio));
 }
 
 Esito AzzeraVenduto(Contesto& contesto) {

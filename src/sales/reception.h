@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QString>
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <optional>
 #include <span>
 
+#include "platform/store/statement.h"
+
+class SteadyProgress;
 struct Contesto;
 
 /// The day's sales from the till into TAB_VENDUTO, and their clearing on the till.
@@ -29,7 +31,7 @@ struct VendutoSlot {
 VendutoSlot vendutoDi(std::span<const std::uint8_t> venduto, int slot);
 
 /// The statement that adds the sales row of `slot`, from 0.
-QString inserimento(int slot, const VendutoSlot& venduto);
+store::Statement inserimento(int slot, const VendutoSlot& venduto);
 
 enum class Esito {
   Fatto,          ///< the closing text has been shown
@@ -37,9 +39,28 @@ enum class Esito {
   Comunicazione,  ///< the till or its file failed: told; the screen is to be unloaded
 };
 
-/// Takes the sales into the open archive in one transaction, then clears them on the till. `avanza` is called
-/// at every slot, from 0, before its row is added. Every message has been shown.
-Esito RiceviVenduto(Contesto& contesto, const std::function<void(int)>& avanza);
+struct Ricezione {
+  Esito esito = Esito::Comunicazione;
+  /// Bytes that the till handed over; nothing where it did not. Behind the size they are passed over, before
+  /// it those that are missing count as nothing sold.
+  std::optional<std::int64_t> byte = std::nullopt;
+  /// Sales rows that were committed.
+  int righe = 0;
+  /// The archive, by its path, that holds the same sales from a reception whose clearing the till did not
+  /// confirm; empty for none.
+  QString giaRicevute{};
+};
+
+/// Takes the sales into the open archive in one transaction, then clears them on the till. The bar moves with
+/// the slots. A damaged archive is not written on. Every message has been shown.
+///
+/// Between the commit and the till's word that it has cleared, a note in the current folder tells which sales
+/// were received: a till that was not cleared hands the same ones over again, and they are stored twice.
+Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento);
+/// What the person should know of a reception beyond its boxes; empty where the till handed nothing over.
+QString RaccontoRicezione(const Ricezione& ricezione);
+/// Of an earlier reception whose clearing the till did not confirm; empty for none.
+QString AvvisoAzzeramentoInSospeso();
 /// Clears the sales on the till without taking them.
 Esito AzzeraVenduto(Contesto& contesto);
 

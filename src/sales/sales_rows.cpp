@@ -1,170 +1,187 @@
 #include "sales/sales_rows.h"
 
-#include <QLocale>
 #include <QStringBuilder>
-#include <algorithm>
 #include <array>
 #include <cmath>
+
+#include "controls/FlexGrid.h"
+#include "core/conversions.h"
+#include "core/state.h"
 
 namespace sales {
 
 namespace {
 
+using elenco::Cella;
+using elenco::Colonna;
+using elenco::kDestra;
+using elenco::kSinistra;
+
 constexpr double kCentesimi = 100;
 constexpr int kMillesimi = 1000;
+constexpr int kCentesimoInMillesimi = 10;
 constexpr int kDecimali = 3;
-constexpr int kBase = 10;
-constexpr qsizetype kLunghezzaSegno = 8;
-/// Minus, the digits of 64 bits and the decimal sign.
-constexpr std::size_t kLunghezzaMassima = 32;
+constexpr std::uint64_t kBase = 10;
+/// Minus, the digits of 64 bits, the decimal sign and three decimals.
+constexpr std::size_t kLunghezzaMassima = 25;
 /// Amounts divided twice stand off the half by a few last binary digits.
 constexpr double kScarto = 1e-15;
 constexpr int kAnno = 4;
 constexpr int kMeseOGiorno = 2;
+/// The blank row and the totals behind the rows.
+constexpr int kCoda = 2;
+constexpr int kPrimaRiga = 1;
 
-/// Position of a column that is looked up when it is read.
-constexpr int kPerNome = -1;
 const QString kCampoSconto = QStringLiteral("Sconto_giornaliero");
+const QColor kGiallo(Qt::yellow);
+const QColor kRosso(Qt::red);
 
-[[noreturn]] void divisionePerZero() {
-  throw Errore{errors::kDivisionByZero, QStringLiteral("Divisione per zero")};
+/// A whole number and thousandths of one. Put together backwards in one go: a list has four of these a row.
+QString conDecimali(bool negativo, std::uint64_t intero, std::uint64_t millesimi) {
+  std::array<QChar, kLunghezzaMassima> testo;
+  auto inizio = testo.end();
+  const auto cifra = [&inizio](std::uint64_t& resto) {
+    *--inizio = QChar(static_cast<char16_t>(u'0' + resto % kBase));
+    resto /= kBase;
+  };
+  for (int posto = 0; posto < kDecimali; ++posto) cifra(millesimi);
+  *--inizio = SegnoDecimale();
+  do cifra(intero);
+  while (intero != 0);
+  if (negativo) *--inizio = u'-';
+  return QString(&*inizio, static_cast<qsizetype>(testo.end() - inizio));
 }
 
-double inEuro(std::int64_t centesimi) {
-  return static_cast<double>(centesimi) / kCentesimi;
+std::uint64_t grandezza(std::int64_t valore) {
+  return valore < 0 ? -static_cast<std::uint64_t>(valore) : static_cast<std::uint64_t>(valore);
+}
+
+bool nulla(const Cella& cella) {
+  return cella.righe.isNull(cella.posto);
+}
+
+std::int32_t numero(const Cella& cella) {
+  return nulla(cella) ? 0 : cella.righe.field(cella.posto).int32();
+}
+
+QString data(const Cella& cella) {
+  return nulla(cella) ? QString() : DataAVideo(cella.righe.text(cella.posto));
+}
+
+/// Takings by pieces. Pieces that nobody counted have no price; none at all cannot be divided by.
+QString prezzoMedio(const Cella& cella) {
+  const int pezzi = cella.righe.column(QStringLiteral("Tot_giorn_articoli_venduti"));
+  if (cella.righe.isNull(pezzi)) return {};
+  const std::int32_t quanti = cella.righe.field(pezzi).int32();
+  if (quanti == 0) throw errors::divisionByZero();
+  const double prezzo = static_cast<double>(numero(cella)) / quanti / kCentesimi;
+  cella.totale.reale += prezzo;
+  return Maschera(prezzo);
+}
+
+QString pezzi(const Cella& cella) {
+  const std::int32_t quanti = numero(cella);
+  cella.totale.intero += quanti;
+  return QString::number(quanti);
+}
+
+template <Elenco quale>
+QString importo(const Cella& cella) {
+  if (nulla(cella)) return quale == Elenco::Tutti ? Maschera(0) : QStringLiteral("000");
+  const std::int32_t centesimi = numero(cella);
+  cella.totale.intero += centesimi;
+  return MascheraCentesimi(centesimi);
+}
+
+/// The filtered list does not ask for the discounts: looked up at every row, and each of them says so.
+QString scontoCercato(const Cella& cella) {
+  return importo<Elenco::Cerca>({cella.righe, cella.righe.column(kCampoSconto), cella.numero, cella.totale});
+}
+
+// The reception stores the article code under Codice_EAN and the EAN under Codice_Articolo, and the archives
+// in the shops are full of such rows: headings and filter stay with the stored names.
+template <Elenco quale>
+constexpr std::array kColonne{
+    Colonna{u"Nr.", 800, kDestra, nullptr, elenco::numeroDiRiga, nullptr, 0, false},
+    Colonna{u"DATA", 1400, kSinistra, "Data", data},
+    Colonna{u"COD. EAN", 1650, kSinistra, "Codice_EAN"},
+    Colonna{u"COD. ART.", 1650, kSinistra, "Codice_Articolo"},
+    Colonna{u"DESCRIZIONE ", 3000, kSinistra, "Descrizione"},
+    Colonna{u"PR. MEDIO", 1300, kDestra, "Importo_giornaliero", prezzoMedio},
+    Colonna{u"N. PEZZI", 1200, kDestra, "Tot_giorn_articoli_venduti", pezzi},
+    Colonna{u"IMP. GIORN.", 1400, kDestra, "Importo_giornaliero", importo<quale>},
+    Colonna{u"SC. GIORN.", 1300, kDestra, "Sconto_giornaliero",
+            quale == Elenco::Tutti ? importo<quale> : scontoCercato},
+};
+static_assert(kColonne<Elenco::Tutti>.size() == kSconto + 1);
+
+void scriviTotale(FlexGrid& griglia, int riga, ColonnaVenduto colonna, const QString& testo) {
+  griglia.setTextMatrix(riga, colonna, testo);
+  griglia.setCellBackColor(riga, colonna, kGiallo);
+  griglia.setCellForeColor(riga, colonna, kRosso);
 }
 
 }  // namespace
 
-const std::array<DescrizioneColonna, kColonneVenduto>& colonneVenduto() {
-  static const std::array<DescrizioneColonna, kColonneVenduto> colonne{
-      {{QStringLiteral("Nr."), 800, true},
-       {QStringLiteral("DATA"), 1400, false},
-       {QStringLiteral("COD. EAN"), 1650, false},
-       {QStringLiteral("COD. ART."), 1650, false},
-       {QStringLiteral("DESCRIZIONE "), 3000, false},
-       {QStringLiteral("PR. MEDIO"), 1300, true},
-       {QStringLiteral("N. PEZZI"), 1200, true},
-       {QStringLiteral("IMP. GIORN."), 1400, true},
-       {QStringLiteral("SC. GIORN."), 1300, true}}};
-  return colonne;
+elenco::Colonne ColonneVenduto(Elenco quale) {
+  if (quale == Elenco::Tutti) return kColonne<Elenco::Tutti>;
+  return kColonne<Elenco::Cerca>;
+}
+
+void GestGridCentral(FlexGrid& griglia) {
+  elenco::Disponi(griglia, ColonneVenduto(Elenco::Tutti));
+  griglia.Clear();
+  griglia.setRows(kPrimaRiga + 1);
+}
+
+elenco::EsitoElenco RiempiVenduto(FlexGrid& griglia, const store::Statement& istruzione, Elenco quale,
+                                  Contesto& contesto) {
+  const FlexGrid::Frozen ferma(griglia);
+  const bool tutti = quale == Elenco::Tutti;
+  const elenco::EsitoElenco esito =
+      elenco::Riempi(griglia, varGlobal().DB_Articoli, istruzione,
+                     {.colonne = ColonneVenduto(quale),
+                      .prefisso = tutti ? QStringLiteral("RiempiGridCentral ") : QString(),
+                      .alGuasto = tutti ? elenco::AlGuasto::Ferma : elenco::AlGuasto::Prosegue,
+                      .coda = kCoda,
+                      .conserva = true},
+                     contesto);
+  if (!esito.intero || esito.righe == 0) return esito;
+  SetTailGriglia(griglia, kPrimaRiga + esito.righe, esito.totali);
+  griglia.setCell(kPrimaRiga, kNr);
+  return esito;
+}
+
+void SetTailGriglia(FlexGrid& griglia, int riga, const std::vector<elenco::Totale>& totali) {
+  griglia.setTextMatrix(riga, kData, QStringLiteral(" "));
+  const int totale = riga + 1;
+  scriviTotale(griglia, totale, kData, QStringLiteral("TOTALE"));
+  scriviTotale(griglia, totale, kPrezzoMedio, Maschera(totali[kPrezzoMedio].reale));
+  scriviTotale(griglia, totale, kPezzi, MascheraIntero(totali[kPezzi].intero));
+  scriviTotale(griglia, totale, kImporto, MascheraCentesimi(totali[kImporto].intero));
+  scriviTotale(griglia, totale, kSconto, MascheraCentesimi(totali[kSconto].intero));
 }
 
 QString Maschera(double valore) {
-  return Maschera(valore, QLocale().decimalPoint());
+  const double mille = std::abs(valore) * kMillesimi;
+  const auto intero = static_cast<std::uint64_t>(std::floor(mille + mille * kScarto + 0.5));
+  return conDecimali(valore < 0 && intero != 0, intero / kMillesimi, intero % kMillesimi);
 }
 
-QString Maschera(double valore, const QString& decimale) {
-  const double mille = std::abs(valore) * kMillesimi;
-  const auto intero = static_cast<std::int64_t>(std::floor(mille + mille * kScarto + 0.5));
-  // Put together backwards in one go: a list has three of these a row.
-  std::array<QChar, kLunghezzaMassima> testo;
-  auto inizio = testo.end();
-  std::int64_t resto = intero;
-  const auto cifra = [&] {
-    *--inizio = QChar(static_cast<char16_t>(u'0' + resto % kBase));
-    resto /= kBase;
-  };
-  for (int posto = 0; posto < kDecimali; ++posto) cifra();
-  const QStringView segno = QStringView(decimale).left(kLunghezzaSegno);
-  inizio = std::copy_backward(segno.begin(), segno.end(), inizio);
-  do cifra();
-  while (resto != 0);
-  if (valore < 0 && intero != 0) *--inizio = u'-';
-  return QString(&*inizio, static_cast<qsizetype>(testo.end() - inizio));
+QString MascheraIntero(std::int64_t valore) {
+  return conDecimali(valore < 0, grandezza(valore), 0);
+}
+
+QString MascheraCentesimi(std::int64_t centesimi) {
+  const std::uint64_t quanti = grandezza(centesimi);
+  const auto cento = static_cast<std::uint64_t>(kCentesimi);
+  return conDecimali(centesimi < 0, quanti / cento, quanti % cento * kCentesimoInMillesimi);
 }
 
 QString DataAVideo(const QString& data) {
   const auto parte = [&data](int inizio, int lunghezza) { return QStringView(data).mid(inizio, lunghezza); };
   return parte(kAnno + kMeseOGiorno, kMeseOGiorno) % u'/' % parte(kAnno, kMeseOGiorno) % u'/' %
          parte(0, kAnno);
-}
-
-LettoreVenduto::LettoreVenduto(store::Recordset righe, Elenco elenco)
-    : righe_(std::move(righe)),
-      elenco_(elenco),
-      data_(righe_.column(QStringLiteral("Data"))),
-      ean_(righe_.column(QStringLiteral("Codice_EAN"))),
-      articolo_(righe_.column(QStringLiteral("Codice_Articolo"))),
-      descrizione_(righe_.column(QStringLiteral("Descrizione"))),
-      importo_(righe_.column(QStringLiteral("Importo_giornaliero"))),
-      pezzi_(righe_.column(QStringLiteral("Tot_giorn_articoli_venduti"))),
-      sconto_(elenco == Elenco::Tutti ? righe_.column(kCampoSconto) : kPerNome),
-      decimale_(QLocale().decimalPoint()) {}
-
-void LettoreVenduto::avanti() {
-  righe_.MoveNext();
-  ++riga_;
-}
-
-QString LettoreVenduto::testo(int posizione) const {
-  return righe_.isNull(posizione) ? QString() : righe_.field(posizione).text();
-}
-
-std::int32_t LettoreVenduto::numero(int posizione) const {
-  return righe_.isNull(posizione) ? 0 : righe_.field(posizione).int32();
-}
-
-QString LettoreVenduto::prezzoMedio(SommeVenduto& somme) const {
-  const std::int32_t pezzi = numero(pezzi_);
-  if (pezzi == 0) divisionePerZero();
-  const double prezzo = static_cast<double>(numero(importo_)) / pezzi / kCentesimi;
-  somme.prezzi += prezzo;
-  return Maschera(prezzo, decimale_);
-}
-
-QString LettoreVenduto::importo(int posizione, std::int64_t& somma) const {
-  if (righe_.isNull(posizione))
-    return elenco_ == Elenco::Tutti ? Maschera(0, decimale_) : QStringLiteral("000");
-  const std::int32_t centesimi = numero(posizione);
-  somma += centesimi;
-  return Maschera(inEuro(centesimi), decimale_);
-}
-
-QString LettoreVenduto::cella(ColonnaVenduto colonna, SommeVenduto& somme) const {
-  switch (colonna) {
-    case kNr:
-      return QString::number(riga_);
-    case kData:
-      return righe_.isNull(data_) ? QString() : DataAVideo(testo(data_));
-    // The reception stores the article code under Codice_EAN and the EAN under Codice_Articolo, and the
-    // archives in the shops are full of such rows: headings and filter stay with the stored names.
-    case kCodEan:
-      return testo(ean_);
-    case kCodArt:
-      return testo(articolo_);
-    case kDescrizione:
-      return testo(descrizione_);
-    case kPrezzoMedio:
-      return prezzoMedio(somme);
-    case kPezzi: {
-      const std::int32_t pezzi = numero(pezzi_);
-      somme.pezzi += pezzi;
-      return QString::number(pezzi);
-    }
-    case kImporto:
-      return importo(importo_, somme.importi);
-    case kSconto:
-      // The filtered list does not ask for it: looked up at every row, and each of them says so.
-      return importo(sconto_ == kPerNome ? righe_.column(kCampoSconto) : sconto_, somme.sconti);
-    case kColonneVenduto:
-      break;
-  }
-  return {};
-}
-
-std::array<QString, kColonneVenduto> rigaTotale(const SommeVenduto& somme) {
-  std::array<QString, kColonneVenduto> celle;
-  celle[kData] = QStringLiteral("TOTALE");
-  celle[kPrezzoMedio] = Maschera(somme.prezzi);
-  celle[kPezzi] = Maschera(static_cast<double>(somme.pezzi));
-  celle[kImporto] = Maschera(inEuro(somme.importi));
-  celle[kSconto] = Maschera(inEuro(somme.sconti));
-  return celle;
-}
-
-bool inEvidenza(ColonnaVenduto colonna) {
-  return colonna == kData || colonna >= kPrezzoMedio;
 }
 
 }  // namespace sales

@@ -2,31 +2,24 @@
 
 namespace sales {
 
-namespace {
-
-QString condizione(const QString& colonna, const QString& testo) {
-  return testo.isEmpty()
-             ? QString()
-             : QStringLiteral(" AND ") + colonna + QStringLiteral(" like '") + testo + QStringLiteral("*'");
+store::Statement StatementTutti() {
+  return store::Statement(
+      u"SELECT Data,Codice_EAN,Codice_Articolo,Descrizione,Importo_giornaliero,Tot_giorn_articoli_venduti,"
+      u"Sconto_giornaliero from TAB_VENDUTO ORDER BY DATA, Codice_EAN ASC");
 }
 
-}  // namespace
-
-QString StatementTutti() {
-  return QStringLiteral(
-      "SELECT Data,Codice_EAN,Codice_Articolo,Descrizione,Importo_giornaliero,Tot_giorn_articoli_venduti,"
-      "Sconto_giornaliero from TAB_VENDUTO ORDER BY DATA, Codice_EAN ASC");
-}
-
-QString StatementCerca(const FiltroVenduto& filtro) {
+store::Statement StatementCerca(const FiltroVenduto& filtro) {
   // Without the discounts, as the filtered list has always been: "Visualizza Tutti" shows them.
-  return QStringLiteral(
-             "SELECT Data,Codice_EAN,Codice_Articolo,Descrizione,Importo_giornaliero,"
-             "Tot_giorn_articoli_venduti from TAB_VENDUTO WHERE (Data >= '") +
-         filtro.inizio + QStringLiteral("' AND Data <= '") + filtro.fine + QStringLiteral("') ") +
-         condizione(QStringLiteral("Codice_EAN"), filtro.ean) +
-         condizione(QStringLiteral("Descrizione"), filtro.descrizione) +
-         QStringLiteral(" ORDER BY Data, Codice_EAN ASC");
+  store::Statement istruzione =
+      u"SELECT Data,Codice_EAN,Codice_Articolo,Descrizione,Importo_giornaliero,Tot_giorn_articoli_venduti "
+      u"from TAB_VENDUTO "
+      u"WHERE (Data >= '" +
+      store::text(filtro.inizio) + u"' AND Data <= '" + store::text(filtro.fine) + u"') ";
+  if (!filtro.ean.isEmpty()) istruzione += u" AND Codice_EAN like '" + store::text(filtro.ean) + u"*'";
+  if (!filtro.descrizione.isEmpty())
+    istruzione += u" AND Descrizione like '" + store::text(filtro.descrizione) + u"*'";
+  istruzione += u" ORDER BY Data, Codice_EAN ASC";
+  return istruzione;
 }
 
 }  // namespace sales

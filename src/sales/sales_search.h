@@ -2,13 +2,15 @@
 
 #include <QString>
 
+#include "platform/store/statement.h"
+
 namespace sales {
 
 /// The whole list, by day and then by Codice_EAN.
-QString StatementTutti();
+store::Statement StatementTutti();
 
-/// What the person looks for. Texts go into the statement as typed: `*` and `?` are wild cards, an apostrophe
-/// breaks the statement. An empty one does not filter.
+/// What the person looks for. `*` and `?` are wild cards, an apostrophe breaks the statement. An empty text
+/// does not filter.
 struct FiltroVenduto {
   /// yyyymmdd, both days included.
   QString inizio;
@@ -17,6 +19,6 @@ struct FiltroVenduto {
   QString descrizione;
 };
 /// The filtered list in the same order, without the column of the discounts.
-QString StatementCerca(const FiltroVenduto& filtro);
+store::Statement StatementCerca(const FiltroVenduto& filtro);
 
 }  // namespace sales

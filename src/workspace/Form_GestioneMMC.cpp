@@ -4,25 +4,23 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QKeyEvent>
-#include <QLocale>
 
 #include "articles/article_database.h"
+#include "articles/csv_import.h"
 #include "articles/ean_index.h"
-#include "articles/import_report.h"
 #include "controls/style.h"
-#include "core/context.h"
 #include "core/conversions.h"
 #include "core/menu.h"
-#include "core/reactions.h"
 #include "core/screens.h"
 #include "core/state.h"
+#include "platform/store/store.h"
+#include "platform/text/file_name.h"
 #include "ui_Form_GestioneMMC.h"
 #include "workspace/archive_summary.h"
-#include "workspace/import_wait.h"
+#include "workspace/import_outcome.h"
 
 namespace {
 
-constexpr auto kModulo = "Form_GestioneMMC";
 constexpr int kFigura = 40;
 
 FileRequest finestraArchivio(const QString& titolo, const Contesto& contesto) {
@@ -33,13 +31,6 @@ bool confermaSovrascrittura(const QString& percorso, Utente& utente) {
   return !FileEsiste(percorso) ||
          utente.MsgBox(QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icon::None,
                        QStringLiteral("ATTENZIONE"), Buttons::YesNo) == Answer::Yes;
-}
-
-/// A transaction that an import left open belongs to the archive that is about to be let go.
-void concludiTransazione(store::Workspace& area) {
-  if (area.level() == 0) return;
-  area.BeginTrans();
-  area.CommitTrans();
 }
 
 /// A button that does what the menu entry does, and is on when that is.
@@ -53,59 +44,28 @@ void accoppia(QPushButton& pulsante, QAction& voce) {
   QObject::connect(&pulsante, &QPushButton::clicked, &voce, &QAction::trigger);
 }
 
-QString numero(int valore) {
-  return QLocale(QLocale::Italian).toString(valore);
-}
-
-QString testoEsito(const articles::EsitoImport& importazione) {
-  using Tipo = articles::EsitoImport::Tipo;
-  switch (importazione.tipo) {
-    case Tipo::Abbandonato:
-      return {};
-    case Tipo::Importato:
-      return QStringLiteral("Importazione: righe lette %1, errori %2. %3")
-          .arg(numero(importazione.righe), numero(importazione.errori), importazione.dettaglio);
-    case Tipo::Annullato:
-      return QStringLiteral("Importazione annullata: l'archivio è rimasto com'era.");
-    case Tipo::Fallito:
-      return QStringLiteral("Importazione fermata alla riga %1.").arg(numero(importazione.righe + 1));
-    case Tipo::Interrotto:
-      return QStringLiteral("Importazione interrotta dopo %1 righe. %2")
-          .arg(numero(importazione.righe), importazione.dettaglio);
-  }
-  return {};
-}
-
 }  // namespace
 
-/// What every slot is entered through: nothing leaves it, and a new command begins.
+/// A command on files: it fails without a box, only the line at the foot tells, and the screen shows what is
+/// open whatever failed.
 template <typename Corpo>
-void Form_GestioneMMC::comando(const char* nome, Corpo&& corpo) {
-  reazioni::protetta(contesto_.utente, QLatin1String(nome), QLatin1String(kModulo), [&] {
-    contesto_.area.NewCommand();
-    corpo();
-  });
-}
-
-/// As above for the commands on files, which fail without a box: only the line at the foot tells.
-template <typename Corpo>
-void Form_GestioneMMC::comandoFile(const char* nome, Corpo&& corpo) {
-  comando(nome, [&] {
+void Form_GestioneMMC::eseguiSuFile(const char* procedura, Corpo&& corpo) {
+  esegui(procedura, [&] {
+    ui_->Esito->clear();
     try {
       corpo();
     } catch (const Errore& errore) {
-      esito(errore.descrizione);
+      ui_->Esito->tell(OutcomeBar::Kind::Failed, errore.descrizione);
     }
     aggiorna();
   });
 }
 
-Form_GestioneMMC::Form_GestioneMMC(Contesto& contesto, articles::Orologio orologio)
-    : contesto_(contesto), orologio_(std::move(orologio)), ui_(std::make_unique<Ui::Form_GestioneMMC>()) {
+Form_GestioneMMC::Form_GestioneMMC(Contesto& contesto)
+    : Schermo(contesto), ui_(std::make_unique<Ui::Form_GestioneMMC>()) {
   ui_->setupUi(this);
   vesti();
-  abilitaComandi(false);
-  ui_->mnuImporta->setEnabled(false);
+  mostraAperto(false);
   aggiorna();
 }
 
@@ -127,25 +87,20 @@ void Form_GestioneMMC::vesti() {
   ui_->Picture1->setPixmap(style::icon(QStringLiteral("store")).pixmap(kFigura));
 }
 
-bool Form_GestioneMMC::comandiAbilitati() const {
-  return ui_->Cmd_Articoli->isEnabled();
-}
-
 void Form_GestioneMMC::abilitaComandi(bool abilitati) {
   for (QWidget* tasto : {ui_->Cmd_Articoli, ui_->Cmd_Down, ui_->Cmd_Upl, ui_->Cmd_Venduto})
     tasto->setEnabled(abilitati);
 }
 
-void Form_GestioneMMC::esito(const QString& testo) {
-  ui_->LabelEsito->setText(testo);
-  ui_->LabelEsito->setToolTip(testo);
+void Form_GestioneMMC::mostraAperto(bool aperto) {
+  abilitaComandi(aperto);
+  ui_->mnuImporta->setEnabled(aperto);
 }
 
 void Form_GestioneMMC::aggiorna() {
   const bool aperto = varGlobal().DB_Articoli.isOpen();
   const QString percorso = QDir::toNativeSeparators(varGlobal().NomeDB_Articoli);
-  ui_->LabelArchivio->setText(aperto ? articles::NomeFile(percorso)
-                                     : QStringLiteral("Nessun archivio aperto"));
+  ui_->LabelArchivio->setText(aperto ? FileName(percorso) : QStringLiteral("Nessun archivio aperto"));
   ui_->LabelArchivio->setToolTip(aperto ? percorso : QString());
   ui_->LabelArticoli->setText(
       aperto ? workspace::TestoRiepilogo(workspace::Riepiloga())
@@ -153,81 +108,88 @@ void Form_GestioneMMC::aggiorna() {
 }
 
 void Form_GestioneMMC::nuovo() {
-  articles::avvisaModelloAssente(contesto_);
+  articles::avvisaModelloAssente(contesto());
   const auto scelto =
-      contesto_.utente.AskSavePath(finestraArchivio(QStringLiteral("Nuovo Archivio"), contesto_));
-  if (!scelto || scelto->isEmpty() || !confermaSovrascrittura(*scelto, contesto_.utente)) return;
-  concludiTransazione(contesto_.area);
-  articles::NuovoDatabase(*scelto, contesto_);
-  abilitaComandi(true);
-  ui_->mnuImporta->setEnabled(true);
-  esito(QStringLiteral("Archivio creato."));
+      contesto().utente.AskSavePath(finestraArchivio(QStringLiteral("Nuovo Archivio"), contesto()));
+  if (!scelto || scelto->isEmpty() || !confermaSovrascrittura(*scelto, contesto().utente)) return;
+  try {
+    articles::NuovoDatabase(*scelto, contesto());
+  } catch (const Errore&) {
+    // The archive that was open may have been the one whose place the copy took.
+    if (!varGlobal().DB_Articoli.isOpen()) mostraAperto(false);
+    throw;
+  }
+  mostraAperto(true);
+  ui_->Esito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio creato."));
 }
 
 void Form_GestioneMMC::apri() {
-  const bool prima = comandiAbilitati();
+  const bool prima = ui_->Cmd_Articoli->isEnabled();
   abilitaComandi(false);
   const auto scelto =
-      contesto_.utente.AskOpenPath(finestraArchivio(QStringLiteral("Apri Archivio"), contesto_));
+      contesto().utente.AskOpenPath(finestraArchivio(QStringLiteral("Apri Archivio"), contesto()));
   if (!scelto || scelto->isEmpty()) return abilitaComandi(prima);
-  concludiTransazione(contesto_.area);
-  articles::ApriDatabase(*scelto, contesto_);
-  abilitaComandi(true);
+  articles::ApriDatabase(*scelto, contesto());
+  mostraAperto(true);
   ui_->mnuApri->setEnabled(false);
-  ui_->mnuImporta->setEnabled(true);
-  esito(QStringLiteral("Archivio aperto."));
+  ui_->Esito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio aperto."));
 }
 
 void Form_GestioneMMC::importa() {
-  esito(testoEsito(articles::ImportaArticoli(contesto_, workspace::AttesaDi(*this, contesto_), orologio_)));
+  const articles::EsitoImport esito = articles::ImportaArticoli(contesto());
+  const workspace::RaccontoImport racconto = workspace::ConcludiImport(esito, contesto());
+  ui_->Esito->tell(racconto.genere, racconto.testo);
+}
+
+void Form_GestioneMMC::chiudi() {
+  // Closed it is, whatever becomes of its last transaction: no command may meet it any more.
+  mostraAperto(false);
+  ui_->mnuApri->setEnabled(true);
+  articles::ChiudiDatabase();
 }
 
 std::int16_t Form_GestioneMMC::CreaIndiceEAN() {
-  articles::UpdateEanNumAndIndex(contesto_.utente);
+  articles::UpdateEanNumAndIndex(contesto().utente);
   return 0;
 }
 
 void Form_GestioneMMC::on_mnuNuovo_triggered() {
-  comandoFile("mnuNuovo_Click", [this] { nuovo(); });
+  eseguiSuFile("mnuNuovo_Click", [this] { nuovo(); });
 }
 
 void Form_GestioneMMC::on_mnuApri_triggered() {
-  comandoFile("mnuApri_Click", [this] { apri(); });
+  eseguiSuFile("mnuApri_Click", [this] { apri(); });
 }
 
 void Form_GestioneMMC::on_mnuImporta_triggered() {
-  comandoFile("mnuImporta_Click", [this] { importa(); });
+  eseguiSuFile("mnuImporta_Click", [this] { importa(); });
 }
 
 void Form_GestioneMMC::on_mnuClose_triggered() {
-  comandoFile("mnuClose_Click", [this] {
-    articles::ChiudiDatabase();
-    abilitaComandi(false);
-    ui_->mnuApri->setEnabled(true);
-    ui_->mnuImporta->setEnabled(false);
-    esito({});
+  eseguiSuFile("mnuClose_Click", [this] { chiudi(); });
+}
+
+void Form_GestioneMMC::apriSchermata(const char* procedura, const char* nome) {
+  esegui(procedura, [&] {
+    contesto().schermate.mostraModale(QLatin1String(nome), contesto());
+    aggiorna();
   });
 }
 
-void Form_GestioneMMC::apriSchermata(const char* nome) {
-  contesto_.schermate.mostraModale(QLatin1String(nome), contesto_);
-  aggiorna();
-}
-
 void Form_GestioneMMC::on_Cmd_Articoli_clicked() {
-  comando("Cmd_Articoli_Click", [this] { apriSchermata("Form_ArchivioArticoli"); });
+  apriSchermata("Cmd_Articoli_Click", "Form_ArchivioArticoli");
 }
 
 void Form_GestioneMMC::on_Cmd_Down_clicked() {
-  comando("Cmd_Down_Click", [this] { apriSchermata("Form_TrasferimentoArticoli"); });
+  apriSchermata("Cmd_Down_Click", "Form_TrasferimentoArticoli");
 }
 
 void Form_GestioneMMC::on_Cmd_Upl_clicked() {
-  comando("Cmd_Upl_Click", [this] { apriSchermata("Form_RicezioneVenduto"); });
+  apriSchermata("Cmd_Upl_Click", "Form_RicezioneVenduto");
 }
 
 void Form_GestioneMMC::on_Cmd_Venduto_clicked() {
-  comando("Cmd_Venduto_Click", [this] { apriSchermata("Form_ArchivioVenduto"); });
+  apriSchermata("Cmd_Venduto_Click", "Form_ArchivioVenduto");
 }
 
 void Form_GestioneMMC::on_Cmd_Esci_clicked() {
@@ -236,8 +198,8 @@ void Form_GestioneMMC::on_Cmd_Esci_clicked() {
 
 void Form_GestioneMMC::closeEvent(QCloseEvent* evento) {
   evento->accept();
-  comando("Cmd_Esci_Click", [] { articles::ChiudiDatabase(); });
-  comando("Cmd_Esci_Click", [this] { MostraMenu(contesto_); });
+  esegui("Cmd_Esci_Click", [this] { chiudi(); });
+  esegui("Cmd_Esci_Click", [this] { MostraMenu(contesto()); });
 }
 
 void Form_GestioneMMC::keyPressEvent(QKeyEvent* evento) {
@@ -251,9 +213,4 @@ void Form_GestioneMMC::keyPressEvent(QKeyEvent* evento) {
     return;
   }
   QMainWindow::keyPressEvent(evento);
-}
-
-void registraGestioneMMC(Schermate& schermate) {
-  schermate.registra(QStringLiteral("Form_GestioneMMC"),
-                     [](Contesto& contesto) { return new Form_GestioneMMC(contesto); });
 }

@@ -1,23 +1,22 @@
 #pragma once
 
 #include <QMainWindow>
+#include <cstdint>
 #include <memory>
 
-#include "articles/csv_import.h"
+#include "core/screen.h"
 
-struct Contesto;
-class Schermate;
 namespace Ui {
 class Form_GestioneMMC;
 }
 
 /// The front door to one article archive: create or open it, import articles, and the four screens over it.
 /// Its four commands and the import work only while an archive is open.
-class Form_GestioneMMC : public QMainWindow {
+class Form_GestioneMMC : public Schermo<QMainWindow> {
   Q_OBJECT
 
  public:
-  explicit Form_GestioneMMC(Contesto& contesto, articles::Orologio orologio = QDateTime::currentDateTime);
+  explicit Form_GestioneMMC(Contesto& contesto);
   ~Form_GestioneMMC() override;
 
   /// Builds the checksum table of the open archive; failures have been shown. Always 0. No command calls it:
@@ -41,24 +40,18 @@ class Form_GestioneMMC : public QMainWindow {
 
  private:
   template <typename Corpo>
-  void comando(const char* nome, Corpo&& corpo);
-  template <typename Corpo>
-  void comandoFile(const char* nome, Corpo&& corpo);
+  void eseguiSuFile(const char* procedura, Corpo&& corpo);
 
   void vesti();
   void nuovo();
   void apri();
   void importa();
-  bool comandiAbilitati() const;
+  void chiudi();
   void abilitaComandi(bool abilitati);
-  void apriSchermata(const char* nome);
+  /// The state that the screen has with an archive open or with none, `mnuApri` aside.
+  void mostraAperto(bool aperto);
+  void apriSchermata(const char* procedura, const char* nome);
   void aggiorna();
-  void esito(const QString& testo);
 
-  Contesto& contesto_;
-  articles::Orologio orologio_;
   std::unique_ptr<Ui::Form_GestioneMMC> ui_;
 };
-
-/// Registers the workspace under its name.
-void registraGestioneMMC(Schermate& schermate);

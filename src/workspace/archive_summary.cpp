@@ -10,8 +10,8 @@ namespace workspace {
 RiepilogoArchivio Riepiloga() {
   RiepilogoArchivio riepilogo;
   try {
-    store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(
-        QStringLiteral("SELECT Codice_EAN, Descrizione from TAB_ARTICOLI"));
+    store::Recordset righe =
+        varGlobal().DB_Articoli.OpenRecordset(u"SELECT Codice_EAN, Descrizione from TAB_ARTICOLI");
     const auto scritto = [&righe](int colonna) {
       return !righe.isNull(colonna) && !righe.utf8(colonna).empty();
     };

@@ -14,9 +14,9 @@
 
 #include "articles/Form_ArchivioArticoli.h"
 #include "articles/back_room.h"
-#include "articles/guided_screen.h"
 #include "controls/rtf.h"
 #include "platform/error.h"
+#include "sostegno/guided_screen.h"
 
 namespace {
 
@@ -34,9 +34,9 @@ int cifraDiControllo(const QString& senza) {
 class HelpCodiceEAN : public testing::Test {
  protected:
   HelpCodiceEAN() {
-    registraHelpCodiceEAN(bottega_.schermate);
-    bottega_.contesto.cartella = bottega_.cartella.path();
-    EXPECT_TRUE(QFile::copy(QStringLiteral(GESTIONALE_APP "/") + kFile, bottega_.cartella.file(kFile)));
+    bottega_.screens.registra<Form_Help_CodiceEAN>();
+    bottega_.contesto.cartella = bottega_.folder.path();
+    EXPECT_TRUE(QFile::copy(QStringLiteral(GESTIONALE_APP "/") + kFile, bottega_.folder.file(kFile)));
   }
   QString testo() const {
     QTextDocument documento;
@@ -46,15 +46,15 @@ class HelpCodiceEAN : public testing::Test {
     return documento.toPlainText();
   }
 
-  Bottega bottega_;
+  BackRoom bottega_;
 };
 
 }  // namespace
 
 TEST_F(HelpCodiceEAN, MostraIlTestoInSolaLettura) {
-  const SchermoGuidato schermo(bottega_, kSchermo);
-  EXPECT_EQ(schermo.finestra().windowTitle(), QStringLiteral("Help Codice EAN"));
-  auto& testo = schermo.controllo<QTextBrowser>(QStringLiteral("RichTextBox1"));
+  const GuidedScreen schermo(bottega_, kSchermo);
+  EXPECT_EQ(schermo.window().windowTitle(), QStringLiteral("Help Codice EAN"));
+  auto& testo = schermo.control<QTextBrowser>(QStringLiteral("RichTextBox1"));
   EXPECT_TRUE(testo.isReadOnly());
   EXPECT_TRUE(testo.toPlainText().startsWith(QStringLiteral("Il codice EAN")));
   EXPECT_EQ(testo.document()->firstBlock().blockFormat().headingLevel(), 1);
@@ -64,54 +64,54 @@ TEST_F(HelpCodiceEAN, MostraIlTestoInSolaLettura) {
 }
 
 TEST_F(HelpCodiceEAN, SiScorreConITasti) {
-  const SchermoGuidato schermo(bottega_, kSchermo);
-  schermo.finestra().resize(640, 400);
-  auto& testo = schermo.controllo<QTextBrowser>(QStringLiteral("RichTextBox1"));
+  const GuidedScreen schermo(bottega_, kSchermo);
+  schermo.window().resize(640, 400);
+  auto& testo = schermo.control<QTextBrowser>(QStringLiteral("RichTextBox1"));
   EXPECT_TRUE(testo.hasFocus());
   const QScrollBar& barra = *testo.verticalScrollBar();
   ASSERT_GT(barra.maximum(), 0);
   EXPECT_EQ(barra.value(), 0);
-  schermo.tasto(Qt::Key_Down);
+  schermo.key(Qt::Key_Down);
   const int unaRiga = barra.value();
   EXPECT_GT(unaRiga, 0);
-  schermo.tasto(Qt::Key_PageDown);
+  schermo.key(Qt::Key_PageDown);
   EXPECT_GT(barra.value(), 2 * unaRiga);
-  schermo.tasto(Qt::Key_End);
+  schermo.key(Qt::Key_End);
   EXPECT_EQ(barra.value(), barra.maximum());
-  schermo.tasto(Qt::Key_Home);
+  schermo.key(Qt::Key_Home);
   EXPECT_EQ(barra.value(), 0);
   EXPECT_EQ(testo.horizontalScrollBar()->maximum(), 0);
 }
 
 TEST_F(HelpCodiceEAN, EscEIlPulsanteChiudono) {
-  const SchermoGuidato coiTasti(bottega_, kSchermo);
-  coiTasti.tasto(Qt::Key_Escape);
-  EXPECT_FALSE(coiTasti.vivo());
-  const SchermoGuidato colMouse(bottega_, kSchermo);
-  EXPECT_EQ(colMouse.testo(QStringLiteral("Cmd_Esci")), QStringLiteral("Esci"));
-  colMouse.clic(QStringLiteral("Cmd_Esci"));
-  EXPECT_FALSE(colMouse.vivo());
-  EXPECT_EQ(bottega_.schermate.trova(kSchermo), nullptr);
+  const GuidedScreen coiTasti(bottega_, kSchermo);
+  coiTasti.key(Qt::Key_Escape);
+  EXPECT_FALSE(coiTasti.alive());
+  const GuidedScreen colMouse(bottega_, kSchermo);
+  EXPECT_EQ(colMouse.text(QStringLiteral("Cmd_Esci")), QStringLiteral("Esci"));
+  colMouse.click(QStringLiteral("Cmd_Esci"));
+  EXPECT_FALSE(colMouse.alive());
+  EXPECT_EQ(bottega_.screens.trova(kSchermo), nullptr);
 }
 
 TEST_F(HelpCodiceEAN, DaModaleTieneGliAltriSchermiFinoAllaChiusura) {
   bool visto = false;
   QTimer::singleShot(0, [&] {
-    QWidget* schermo = bottega_.schermate.trova(kSchermo);
+    QWidget* schermo = bottega_.screens.trova(kSchermo);
     ASSERT_NE(schermo, nullptr);
     visto = schermo->isModal();
     QTest::keyClick(schermo, Qt::Key_Escape);
   });
-  bottega_.schermate.mostraModale(kSchermo, bottega_.contesto);
+  bottega_.screens.mostraModale(kSchermo, bottega_.contesto);
   EXPECT_TRUE(visto);
-  EXPECT_EQ(bottega_.schermate.trova(kSchermo), nullptr);
+  EXPECT_EQ(bottega_.screens.trova(kSchermo), nullptr);
 }
 
 TEST_F(HelpCodiceEAN, SiApreDallArchivioEVaViaConEsc) {
   bottega_.contesto.cartella = QStringLiteral(GESTIONALE_APP);
-  registraArchivioArticoli(bottega_.schermate);
-  bottega_.apriArchivio();
-  const SchermoGuidato archivio(bottega_, QStringLiteral("Form_ArchivioArticoli"));
+  bottega_.screens.registra<Form_ArchivioArticoli>();
+  bottega_.openArchive();
+  const GuidedScreen archivio(bottega_, QStringLiteral("Form_ArchivioArticoli"));
   QString pagina;
   QTimer persona;
   QObject::connect(&persona, &QTimer::timeout, [&] {
@@ -123,26 +123,26 @@ TEST_F(HelpCodiceEAN, SiApreDallArchivioEVaViaConEsc) {
     QTest::keyClick(help, Qt::Key_Escape);
   });
   persona.start(0);
-  archivio.clic(QStringLiteral("vkCommandHELP"));
+  archivio.click(QStringLiteral("vkCommandHELP"));
   EXPECT_EQ(pagina, testo());
-  EXPECT_TRUE(archivio.vivo());
+  EXPECT_TRUE(archivio.alive());
 }
 
 TEST_F(HelpCodiceEAN, SenzaFileOConUnFileRottoDiceQualeErrore) {
   const auto numero = [&] {
     try {
-      bottega_.schermate.carica(kSchermo, bottega_.contesto);
+      bottega_.screens.carica(kSchermo, bottega_.contesto);
     } catch (const Errore& errore) {
       EXPECT_FALSE(errore.descrizione.isEmpty());
       return errore.numero;
     }
     return 0;
   };
-  QFile::remove(bottega_.cartella.file(kFile));
+  QFile::remove(bottega_.folder.file(kFile));
   EXPECT_EQ(numero(), 53);
-  bottega_.cartella.write(kFile, "niente di buono");
+  bottega_.folder.write(kFile, "niente di buono");
   EXPECT_EQ(numero(), 321);
-  EXPECT_EQ(bottega_.schermate.trova(kSchermo), nullptr);
+  EXPECT_EQ(bottega_.screens.trova(kSchermo), nullptr);
 }
 
 TEST_F(HelpCodiceEAN, OgniCodiceDelTestoHaLaSuaCifraDiControllo) {
@@ -192,9 +192,8 @@ TEST_F(HelpCodiceEAN, IlContoDellEsempioTorna) {
 }
 
 TEST_F(HelpCodiceEAN, HaTabelleDiDueColonneEUnElenco) {
-  const SchermoGuidato schermo(bottega_, kSchermo);
-  const QTextDocument& documento =
-      *schermo.controllo<QTextBrowser>(QStringLiteral("RichTextBox1")).document();
+  const GuidedScreen schermo(bottega_, kSchermo);
+  const QTextDocument& documento = *schermo.control<QTextBrowser>(QStringLiteral("RichTextBox1")).document();
   int tabelle = 0;
   for (const QTextFrame* figlio : documento.rootFrame()->childFrames())
     if (const auto* tabella = qobject_cast<const QTextTable*>(figlio)) {

@@ -13,8 +13,8 @@
 
 #include "articles/article_database.h"
 #include "articles/back_room.h"
-#include "articles/guided_screen.h"
-#include "articles/others.h"
+#include "sostegno/guided_screen.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
@@ -25,22 +25,22 @@ const QString kConnetti = QStringLiteral("CmdInviaModECR");
 const QString kBarra = QStringLiteral("vkBar1");
 const QString kPlu = QStringLiteral("plu.bin");
 const Box kTrasferito =
-    riquadro(QStringLiteral("ARCHIVIO DEGLI ARTICOLI CORRETTAMENTE TRASFERITO"), Icon::Warning);
-const Box kComunicazione = riquadro(QStringLiteral("Errore nella comunicazione con ECR: *"), Icon::Critical);
-const Box kFallita = riquadro(QStringLiteral("Fallita operazione trasferimento plu.bin"), Icon::None);
-const Box kErrore = riquadro(QStringLiteral("Errore durante il trasferimento/ricezione. "), Icon::Warning);
+    box(QStringLiteral("ARCHIVIO DEGLI ARTICOLI CORRETTAMENTE TRASFERITO"), Icon::Warning);
+const Box kComunicazione = box(QStringLiteral("Errore nella comunicazione con ECR: *"), Icon::Critical);
+const Box kFallita = box(QStringLiteral("Fallita operazione trasferimento plu.bin"), Icon::None);
+const Box kErrore = box(QStringLiteral("Errore durante il trasferimento/ricezione. "), Icon::Warning);
 
 class TrasferimentoArticoli : public testing::Test {
  protected:
-  TrasferimentoArticoli() { registraTrasferimentoArticoli(bottega.schermate); }
+  TrasferimentoArticoli() { bottega.screens.registra<Form_TrasferimentoArticoli>(); }
 
   /// The archive with five thousand articles, the screen on it, the till connected.
-  SchermoGuidato pronto() {
-    bottega.apriArchivio();
-    scriviArticoli(bottega, articoli);
-    SchermoGuidato schermo(bottega, kSchermo);
-    schermo.connetti(cassa);
-    EXPECT_TRUE(schermo.abilitato(kAvvia));
+  GuidedScreen pronto() {
+    bottega.openArchive();
+    writeArticles(bottega, articoli);
+    GuidedScreen schermo(bottega, kSchermo);
+    schermo.connectTo(cassa);
+    EXPECT_TRUE(schermo.enabled(kAvvia));
     return schermo;
   }
   int invii() {
@@ -48,224 +48,221 @@ class TrasferimentoArticoli : public testing::Test {
     return static_cast<int>(std::ranges::count(chiamate, 6, &ecrsim::Call::mode));
   }
 
-  const std::vector<ArticoloDiProva> articoli = articoliDiProva(5000);
-  Bottega bottega;
+  const std::vector<TestArticle> articoli = testArticles(5000);
+  BackRoom bottega;
   TestTill cassa;
 };
 
 TEST_F(TrasferimentoArticoli, AllAperturaMostraLIndirizzoPredefinitoEAvviaESpento) {
-  bottega.apriArchivio();
-  const SchermoGuidato schermo(bottega, kSchermo);
-  EXPECT_EQ(schermo.finestra().windowTitle(), QStringLiteral("Trasferimento Articoli"));
-  EXPECT_EQ(schermo.testo(QStringLiteral("vkTextBoxIP_ECR")), QStringLiteral("192.168.0.20"));
-  EXPECT_EQ(schermo.testo(QStringLiteral("vkOptionAggiornaECR")),
+  bottega.openArchive();
+  const GuidedScreen schermo(bottega, kSchermo);
+  EXPECT_EQ(schermo.window().windowTitle(), QStringLiteral("Trasferimento Articoli"));
+  EXPECT_EQ(schermo.text(QStringLiteral("vkTextBoxIP_ECR")), QStringLiteral("192.168.0.20"));
+  EXPECT_EQ(schermo.text(QStringLiteral("vkOptionAggiornaECR")),
             QStringLiteral("Aggiornamento completo dell'archivio"));
-  EXPECT_TRUE(schermo.controllo<QRadioButton>(QStringLiteral("vkOptionAggiornaECR")).isChecked());
-  EXPECT_EQ(schermo.testo(QStringLiteral("LabelOpzioni")),
+  EXPECT_TRUE(schermo.control<QRadioButton>(QStringLiteral("vkOptionAggiornaECR")).isChecked());
+  EXPECT_EQ(schermo.text(QStringLiteral("LabelOpzioni")),
             QStringLiteral("Scegliere una delle seguenti opzioni :"));
-  EXPECT_EQ(schermo.testo(kConnetti), QStringLiteral("Connetti"));
-  EXPECT_FALSE(schermo.abilitato(kAvvia));
-  EXPECT_TRUE(schermo.abilitato(kEsci));
-  EXPECT_EQ(schermo.finestra().focusWidget()->objectName(), QStringLiteral("vkTextBoxIP_ECR"));
+  EXPECT_EQ(schermo.text(kConnetti), QStringLiteral("Connetti"));
+  EXPECT_FALSE(schermo.enabled(kAvvia));
+  EXPECT_TRUE(schermo.enabled(kEsci));
+  EXPECT_EQ(schermo.window().focusWidget()->objectName(), QStringLiteral("vkTextBoxIP_ECR"));
 }
 
 TEST_F(TrasferimentoArticoli, UnArchivioVuotoSiDiceAllAperturaEdEInviatoLoStesso) {
-  bottega.apriArchivio();
-  bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI"));
-  sporcaMemoria(0x11);
-  const SchermoGuidato schermo(bottega, kSchermo);
-  attendi(bottega,
-          {riquadro(QStringLiteral("Attenzione l'archivio degli articoli e' vuoto"), Icon::Warning)});
-  schermo.connetti(cassa);
-  schermo.clic(kAvvia);
-  attendi(bottega, {kTrasferito});
+  bottega.openArchive();
+  bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI"));
+  soilMemory(0x11);
+  const GuidedScreen schermo(bottega, kSchermo);
+  expectBoxes(bottega, {box(QStringLiteral("Attenzione l'archivio degli articoli e' vuoto"), Icon::Warning)});
+  schermo.connectTo(cassa);
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kTrasferito});
   EXPECT_TRUE(cassa.byte(kPlu) == QByteArray(240000, '\x11'));
 }
 
 TEST_F(TrasferimentoArticoli, UnConteggioFallitoSiDiceEloSchermoRestaUsabile) {
-  bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
-  const SchermoGuidato schermo(bottega, kSchermo);
-  attendi(bottega,
-          {riquadro(QStringLiteral("CalcolaNumArticoli 3078 - *"), Icon::Critical),
-           riquadro(QStringLiteral("Errore nella determinazione del numero degli articoli"), Icon::Warning)});
-  EXPECT_TRUE(schermo.vivo());
-  EXPECT_TRUE(schermo.abilitato(kConnetti));
+  bottega.openWith({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
+  const GuidedScreen schermo(bottega, kSchermo);
+  expectBoxes(bottega,
+              {box(QStringLiteral("CalcolaNumArticoli 3078 - *"), Icon::Critical),
+               box(QStringLiteral("Errore nella determinazione del numero degli articoli"), Icon::Warning)});
+  EXPECT_TRUE(schermo.alive());
+  EXPECT_TRUE(schermo.enabled(kConnetti));
 }
 
 TEST_F(TrasferimentoArticoli, ConClicETastiLaCassaRiceveLImmagineByteAByte) {
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kAvvia);
-  attendi(bottega, {kTrasferito});
-  EXPECT_TRUE(cassa.byte(kPlu) == immagineAttesa(articoli));
-  EXPECT_EQ(schermo.controllo<QProgressBar>(kBarra).maximum(), 1);
-  EXPECT_EQ(schermo.controllo<QProgressBar>(kBarra).value(), 1);
-  EXPECT_TRUE(schermo.abilitato(kAvvia));
-  EXPECT_TRUE(schermo.abilitato(kEsci));
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kTrasferito});
+  EXPECT_TRUE(cassa.byte(kPlu) == expectedImage(articoli));
+  EXPECT_EQ(schermo.control<QProgressBar>(kBarra).maximum(), 1);
+  EXPECT_EQ(schermo.control<QProgressBar>(kBarra).value(), 1);
+  EXPECT_TRUE(schermo.enabled(kAvvia));
+  EXPECT_TRUE(schermo.enabled(kEsci));
   EXPECT_FALSE(cassa->transferOpen());
 }
 
 TEST_F(TrasferimentoArticoli, DopoLaRiuscitaLImmagineSiInviaAncora) {
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kAvvia);
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo =1 WHERE auto_id =1"));
-  schermo.clic(kAvvia);
-  attendi(bottega, {kTrasferito, kTrasferito});
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo =1 WHERE auto_id =1"));
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kTrasferito, kTrasferito});
   EXPECT_EQ(invii(), 2);
   EXPECT_EQ(cassa.byte(kPlu).mid(27, 4), QByteArray("\1\0\0\0", 4));
 }
 
 TEST_F(TrasferimentoArticoli, IlFileSulDiscoMisuraDuecentoquarantamilaByteAncheSopraUnoPiuLungo) {
-  bottega.cartella.write(kPlu, QByteArray(240001, 'x'));
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kAvvia);
-  attendi(bottega, {kTrasferito});
-  EXPECT_EQ(bottega.cartella.read(kPlu).size(), 240000);
-  EXPECT_TRUE(bottega.cartella.read(kPlu) == cassa.byte(kPlu));
+  bottega.folder.write(kPlu, QByteArray(240001, 'x'));
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kTrasferito});
+  EXPECT_EQ(bottega.folder.read(kPlu).size(), 240000);
+  EXPECT_TRUE(bottega.folder.read(kPlu) == cassa.byte(kPlu));
 }
 
 TEST_F(TrasferimentoArticoli, IComandiSonoSpentiMentreInvia) {
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   bool spenti = false;
-  bottega.utente.onBox = [&](const Box&) {
-    spenti = !schermo.abilitato(kAvvia) && !schermo.abilitato(kEsci);
-  };
-  schermo.clic(kAvvia);
-  bottega.utente.onBox = nullptr;
+  bottega.user.onBox = [&](const Box&) { spenti = !schermo.enabled(kAvvia) && !schermo.enabled(kEsci); };
+  schermo.click(kAvvia);
+  bottega.user.onBox = nullptr;
   EXPECT_TRUE(spenti);
-  attendi(bottega, {kTrasferito});
+  expectBoxes(bottega, {kTrasferito});
 }
 
 TEST_F(TrasferimentoArticoli, LArchivioRestaComEra) {
-  const SchermoGuidato schermo = pronto();
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR' WHERE auto_id =5"));
-  const QString prima = bottega.valore(QStringLiteral("SELECT Data_end_update from TAB_VARIE"));
-  schermo.clic(kAvvia);
-  attendi(bottega, {kTrasferito});
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Data_end_update from TAB_VARIE")), prima);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VARIAZIONI")), 0);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Filler ='ERR'")), 1);
+  const GuidedScreen schermo = pronto();
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR' WHERE auto_id =5"));
+  const QString prima = bottega.value(QStringLiteral("SELECT Data_end_update from TAB_VARIE"));
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kTrasferito});
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT Data_end_update from TAB_VARIE")), prima);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_VARIAZIONI")), 0);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where Filler ='ERR'")), 1);
 }
 
 TEST_F(TrasferimentoArticoli, UnRiempimentoFallitoSiDiceEPoiMostraLoStessoTestoSenzaInviareNulla) {
-  const SchermoGuidato schermo = pronto();
-  bottega.esegui(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Descrizione) Values (5001,'TROPPO');"));
-  schermo.clic(kAvvia);
-  attendi(bottega, {riquadro(QStringLiteral("RiempiPLU: uscita dal programma per condizione anomala 9 - *"),
-                             Icon::Critical),
-                    kTrasferito});
+  const GuidedScreen schermo = pronto();
+  bottega.execute(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Descrizione) Values (5001,'TROPPO');"));
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {box(QStringLiteral("RiempiPLU: uscita dal programma per condizione anomala 9 - *"),
+                            Icon::Critical),
+                        kTrasferito});
   EXPECT_EQ(invii(), 0);
-  EXPECT_EQ(schermo.controllo<QProgressBar>(kBarra).value(), 0);
-  EXPECT_TRUE(schermo.abilitato(kAvvia));
+  EXPECT_EQ(schermo.control<QProgressBar>(kBarra).value(), 0);
+  EXPECT_TRUE(schermo.enabled(kAvvia));
 }
 
 TEST_F(TrasferimentoArticoli, UnArchivioDAltroGenereTerminaIlProgramma) {
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   articles::ChiudiDatabase();
-  bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
-  schermo.clic(kAvvia);
-  EXPECT_TRUE(bottega.utente.terminated());
+  bottega.openWith({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
+  schermo.click(kAvvia);
+  EXPECT_TRUE(bottega.user.terminated());
   EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
-  attendi(bottega, {riquadro(QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. "
-                                            "PROCEDURA ABORTITA !!!"),
-                             Icon::Critical)});
+  expectBoxes(bottega, {box(QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. "
+                                           "PROCEDURA ABORTITA !!!"),
+                            Icon::Critical)});
   EXPECT_EQ(invii(), 0);
 }
 
 TEST_F(TrasferimentoArticoli, ClicEscEChiusuraImbucatiAOgniPassaggioNonFannoNulla) {
-  const SchermoGuidato schermo = pronto();
-  bottega.utente.onPass = [&] { schermo.impazienza(); };
-  schermo.clic(kAvvia);
-  bottega.utente.onPass = nullptr;
-  attendi(bottega, {kTrasferito});
-  EXPECT_GE(bottega.utente.passes(), 1);
+  const GuidedScreen schermo = pronto();
+  bottega.user.onPass = [&] { schermo.impatience(); };
+  schermo.click(kAvvia);
+  bottega.user.onPass = nullptr;
+  expectBoxes(bottega, {kTrasferito});
+  EXPECT_GE(bottega.user.passes(), 1);
   EXPECT_EQ(invii(), 1);
-  EXPECT_TRUE(schermo.vivo());
+  EXPECT_TRUE(schermo.alive());
   EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
 }
 
 TEST_F(TrasferimentoArticoli, SeIlFileNonSiPuoScrivereNullaParte) {
-  const SchermoGuidato schermo = pronto();
-  ASSERT_TRUE(QDir().mkdir(bottega.cartella.file(kPlu)));
-  schermo.clic(kAvvia);
-  attendi(bottega, {{QStringLiteral("Error 75 (*"), Icon::None, {}, Buttons::Ok}, kErrore});
+  const GuidedScreen schermo = pronto();
+  ASSERT_TRUE(QDir().mkdir(bottega.folder.file(kPlu)));
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {{QStringLiteral("Error 75 (*"), Icon::None, {}, Buttons::Ok}, kErrore});
   EXPECT_EQ(invii(), 0);
-  EXPECT_FALSE(schermo.vivo());
+  EXPECT_FALSE(schermo.alive());
 }
 
 TEST_F(TrasferimentoArticoli, SulDiscoPienoNullaParteELaCassaTieneIlSuo) {
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   cassa.put(kPlu, QByteArray(240000, 'v'));
   {
-    const DiscoPieno pieno(100000);
-    schermo.clic(kAvvia);
+    const FullDisk pieno(100000);
+    schermo.click(kAvvia);
   }
-  attendi(bottega, {riquadro(QStringLiteral("Error 61 (*"), Icon::None), kErrore});
+  expectBoxes(bottega, {box(QStringLiteral("Error 61 (*"), Icon::None), kErrore});
   EXPECT_EQ(invii(), 0);
   EXPECT_TRUE(cassa.byte(kPlu) == QByteArray(240000, 'v'));
-  EXPECT_FALSE(schermo.vivo());
+  EXPECT_FALSE(schermo.alive());
 }
 
 TEST_F(TrasferimentoArticoli, LaCassaSpentaDopoLaConnessioneSiDiceELoSchermoSiChiude) {
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   cassa.switchOff();
-  schermo.clic(kAvvia);
-  attendi(bottega, {kComunicazione, kFallita, kErrore});
-  EXPECT_FALSE(schermo.vivo());
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kComunicazione, kFallita, kErrore});
+  EXPECT_FALSE(schermo.alive());
 }
 
 TEST_F(TrasferimentoArticoli, EsciChiudeLoSchermoERiportaAllaGestione) {
-  bottega.schermate.registra(QStringLiteral("Form_GestioneMMC"), [](Contesto&) { return new QWidget; });
-  bottega.apriArchivio();
-  const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.clic(kEsci);
-  EXPECT_FALSE(schermo.vivo());
-  EXPECT_EQ(bottega.schermate.trova(kSchermo), nullptr);
-  ASSERT_NE(bottega.schermate.trova(QStringLiteral("Form_GestioneMMC")), nullptr);
-  EXPECT_TRUE(bottega.schermate.trova(QStringLiteral("Form_GestioneMMC"))->isVisible());
+  bottega.screens.registra(QStringLiteral("Form_GestioneMMC"), [](Contesto&) { return new QWidget; });
+  bottega.openArchive();
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.click(kEsci);
+  EXPECT_FALSE(schermo.alive());
+  EXPECT_EQ(bottega.screens.trova(kSchermo), nullptr);
+  ASSERT_NE(bottega.screens.trova(QStringLiteral("Form_GestioneMMC")), nullptr);
+  EXPECT_TRUE(bottega.screens.trova(QStringLiteral("Form_GestioneMMC"))->isVisible());
 }
 
 TEST_F(TrasferimentoArticoli, EscChiudeLoSchermoFermo) {
-  bottega.apriArchivio();
-  const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.tasto(Qt::Key_Escape);
-  EXPECT_FALSE(schermo.vivo());
+  bottega.openArchive();
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.key(Qt::Key_Escape);
+  EXPECT_FALSE(schermo.alive());
 }
 
 TEST_F(TrasferimentoArticoli, InvioNellIndirizzoConnette) {
-  bottega.apriArchivio();
-  const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.scriviIndirizzo(cassa.address());
-  schermo.tasto(Qt::Key_Return);
-  EXPECT_TRUE(schermo.abilitato(kAvvia));
-  EXPECT_FALSE(schermo.abilitato(kConnetti));
-  EXPECT_TRUE(schermo.vivo());
+  bottega.openArchive();
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.typeAddress(cassa.address());
+  schermo.key(Qt::Key_Return);
+  EXPECT_TRUE(schermo.enabled(kAvvia));
+  EXPECT_FALSE(schermo.enabled(kConnetti));
+  EXPECT_TRUE(schermo.alive());
 }
 
 TEST_F(TrasferimentoArticoli, ARiaperturaLIndirizzoTornaQuelloPredefinito) {
-  bottega.apriArchivio();
+  bottega.openArchive();
   {
-    const SchermoGuidato schermo(bottega, kSchermo);
-    schermo.connetti(cassa);
-    schermo.clic(kEsci);
+    const GuidedScreen schermo(bottega, kSchermo);
+    schermo.connectTo(cassa);
+    schermo.click(kEsci);
   }
-  const SchermoGuidato ancora(bottega, kSchermo);
-  EXPECT_EQ(ancora.testo(QStringLiteral("vkTextBoxIP_ECR")), QStringLiteral("192.168.0.20"));
-  EXPECT_FALSE(ancora.abilitato(kAvvia));
+  const GuidedScreen ancora(bottega, kSchermo);
+  EXPECT_EQ(ancora.text(QStringLiteral("vkTextBoxIP_ECR")), QStringLiteral("192.168.0.20"));
+  EXPECT_FALSE(ancora.enabled(kAvvia));
 }
 
 TEST_F(TrasferimentoArticoli, ModaleFinisceConEsci) {
-  bottega.apriArchivio();
+  bottega.openArchive();
   QMetaObject::invokeMethod(
       QCoreApplication::instance(),
       [&] {
-        QWidget* schermo = bottega.schermate.trova(kSchermo);
+        QWidget* schermo = bottega.screens.trova(kSchermo);
         ASSERT_NE(schermo, nullptr);
         EXPECT_TRUE(schermo->isModal());
         QTest::mouseClick(schermo->findChild<QWidget*>(kEsci), Qt::LeftButton);
       },
       Qt::QueuedConnection);
-  bottega.schermate.mostraModale(kSchermo, bottega.contesto);
-  EXPECT_EQ(bottega.schermate.trova(kSchermo), nullptr);
+  bottega.screens.mostraModale(kSchermo, bottega.contesto);
+  EXPECT_EQ(bottega.screens.trova(kSchermo), nullptr);
 }
 
 // The till in each state.
@@ -273,16 +270,16 @@ TEST_F(TrasferimentoArticoli, ModaleFinisceConEsci) {
 class TrasferimentoNelloStato : public TrasferimentoArticoli, public testing::WithParamInterface<char> {};
 
 TEST_P(TrasferimentoNelloStato, CheNonAmmetteTrasferimentiAvviaRestaSpento) {
-  bottega.apriArchivio();
+  bottega.openArchive();
   cassa->state(GetParam());
-  const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.connetti(cassa);
-  attendi(bottega,
-          {riquadro(QStringLiteral("Funzione non disponibile! Prego porre la cassa nello stato di IDLE o "
-                                   "PROGRAMMAZIONE"),
-                    Icon::Critical)});
-  EXPECT_FALSE(schermo.abilitato(kAvvia));
-  QTest::mouseClick(&schermo.controllo(kAvvia), Qt::LeftButton);
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.connectTo(cassa);
+  expectBoxes(bottega,
+              {box(QStringLiteral("Funzione non disponibile! Prego porre la cassa nello stato di IDLE o "
+                                  "PROGRAMMAZIONE"),
+                   Icon::Critical)});
+  EXPECT_FALSE(schermo.enabled(kAvvia));
+  QTest::mouseClick(&schermo.control(kAvvia), Qt::LeftButton);
   EXPECT_EQ(invii(), 0);
 }
 
@@ -290,9 +287,9 @@ INSTANTIATE_TEST_SUITE_P(Stati, TrasferimentoNelloStato, testing::Values('V', 'A
 
 TEST_F(TrasferimentoArticoli, InProgrammazioneLaCassaRiceve) {
   cassa->state('P');
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kAvvia);
-  attendi(bottega, {kTrasferito});
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kTrasferito});
   EXPECT_EQ(invii(), 1);
 }
 
@@ -307,19 +304,19 @@ class TrasferimentoConGuasto : public TrasferimentoArticoli,
 
 TEST_P(TrasferimentoConGuasto, SiDiceLoSchermoSiChiudeELaCassaHaIlVecchioOIlNuovo) {
   const ShortTimeouts breve;
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   const QByteArray vecchio(240000, 'v');
   cassa.put(kPlu, vecchio);
   ecrsim::Fault guasto;
   guasto.mode = GetParam().modo;
   guasto.what = GetParam().cosa;
   cassa->faults({guasto});
-  schermo.clic(kAvvia);
-  attendi(bottega, {kComunicazione, kFallita, kErrore});
-  EXPECT_FALSE(schermo.vivo());
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kComunicazione, kFallita, kErrore});
+  EXPECT_FALSE(schermo.alive());
   const QByteArray rimasto = cassa.byte(kPlu);
-  EXPECT_TRUE(rimasto == vecchio || rimasto == immagineAttesa(articoli));
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI")), 5000);
+  EXPECT_TRUE(rimasto == vecchio || rimasto == expectedImage(articoli));
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI")), 5000);
 }
 
 std::vector<CasoGuasto> tuttiIGuasti() {
@@ -333,7 +330,7 @@ std::vector<CasoGuasto> tuttiIGuasti() {
 }
 
 std::string nomeDelCaso(const testing::TestParamInfo<CasoGuasto>& caso) {
-  return nomeGuasto(caso.param.modo, caso.param.cosa);
+  return faultName(caso.param.modo, caso.param.cosa);
 }
 INSTANTIATE_TEST_SUITE_P(Guasti, TrasferimentoConGuasto, testing::ValuesIn(tuttiIGuasti()), nomeDelCaso);
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/key_filters.h"
 #include "core/state.h"
 #include "platform/ui/scripted_user.h"
 
@@ -24,7 +25,7 @@ CampiArticolo validi() {
 }
 
 /// Types a text key by key, as a field with this filter would hold it.
-QString digita(FiltroTasto filtro, const QString& tasti) {
+QString digita(KeyFilter filtro, const QString& tasti) {
   QString testo;
   for (const QChar tasto : tasti)
     if (filtro(testo, tasto)) testo += tasto;
@@ -44,51 +45,51 @@ QStringList messaggi(const CampiArticolo& campi, std::int16_t atteso) {
 }
 
 TEST(CampiArchivio, NelPrezzoUnPuntoNonSiPuoDigitare) {
-  EXPECT_EQ(digita(accettaPrezzo, QStringLiteral("12.50")), QStringLiteral("1250"));
+  EXPECT_EQ(digita(accettaImporto, QStringLiteral("12.50")), QStringLiteral("1250"));
 }
 
 TEST(CampiArchivio, NelPrezzoDopoDueDecimaliNonEntraAltro) {
-  EXPECT_EQ(digita(accettaPrezzo, QStringLiteral("1234,567")), QStringLiteral("1234,56"));
-  EXPECT_FALSE(accettaPrezzo(QStringLiteral("12,50"), u','));
-  EXPECT_FALSE(accettaPrezzo(QStringLiteral("12,50"), kTastoTaglia));
-  EXPECT_TRUE(accettaPrezzo(QStringLiteral("12,50"), kTastoIndietro));
+  EXPECT_EQ(digita(accettaImporto, QStringLiteral("1234,567")), QStringLiteral("1234,56"));
+  EXPECT_FALSE(accettaImporto(QStringLiteral("12,50"), u','));
+  EXPECT_FALSE(accettaImporto(QStringLiteral("12,50"), kCutKey));
+  EXPECT_TRUE(accettaImporto(QStringLiteral("12,50"), kBackspaceKey));
 }
 
 TEST(CampiArchivio, NelPrezzoUnaSecondaVirgolaEntraFinoAiDueDecimali) {
-  EXPECT_EQ(digita(accettaPrezzo, QStringLiteral("1,,2")), QStringLiteral("1,,2"));
-  EXPECT_EQ(digita(accettaPrezzo, QStringLiteral("1,2,3")), QStringLiteral("1,2,"));
+  EXPECT_EQ(digita(accettaImporto, QStringLiteral("1,,2")), QStringLiteral("1,,2"));
+  EXPECT_EQ(digita(accettaImporto, QStringLiteral("1,2,3")), QStringLiteral("1,2,"));
 }
 
 TEST(CampiArchivio, NelPrezzoLettereSegniEApostrofiNonEntrano) {
-  EXPECT_EQ(digita(accettaPrezzo, QStringLiteral("a-+'%*[]#\n1 €2")), QStringLiteral("12"));
-  EXPECT_TRUE(accettaPrezzo({}, kTastoTaglia));
-  EXPECT_TRUE(accettaPrezzo({}, kTastoIndietro));
+  EXPECT_EQ(digita(accettaImporto, QStringLiteral("a-+'%*[]#\n1 €2")), QStringLiteral("12"));
+  EXPECT_TRUE(accettaImporto({}, kCutKey));
+  EXPECT_TRUE(accettaImporto({}, kBackspaceKey));
 }
 
 TEST(CampiArchivio, NelRepartoEntranoSoleCifre) {
-  EXPECT_EQ(digita(accettaReparto, QStringLiteral("-1,a'0%\n")), QStringLiteral("10"));
-  EXPECT_TRUE(accettaReparto({}, kTastoTaglia));
-  EXPECT_TRUE(accettaReparto({}, kTastoIndietro));
+  EXPECT_EQ(digita(accettaCifre, QStringLiteral("-1,a'0%\n")), QStringLiteral("10"));
+  EXPECT_TRUE(accettaCifre({}, kCutKey));
+  EXPECT_TRUE(accettaCifre({}, kBackspaceKey));
 }
 
 TEST(CampiArchivio, NelleDueLettereEntranoSoloSEN) {
   EXPECT_EQ(digita(accettaSiNo, QStringLiteral("aSs1Nn'x")), QStringLiteral("SsNn"));
-  EXPECT_TRUE(accettaSiNo({}, kTastoTaglia));
-  EXPECT_TRUE(accettaSiNo({}, kTastoIndietro));
+  EXPECT_TRUE(accettaSiNo({}, kCutKey));
+  EXPECT_TRUE(accettaSiNo({}, kBackspaceKey));
 }
 
 TEST(CampiArchivio, LasciandoUnPrezzoConPiuVirgoleSiDiceEDiventaZero) {
   const auto rifiuto = controllaPrezzo(QStringLiteral("1,2,"));
   ASSERT_TRUE(rifiuto);
-  EXPECT_EQ(rifiuto->messaggio, QStringLiteral("Attenzione il valore immesso non è di tipo numerico !!!"));
-  EXPECT_EQ(rifiuto->valore, QStringLiteral("0"));
+  EXPECT_EQ(rifiuto->message, QStringLiteral("Attenzione il valore immesso non è di tipo numerico !!!"));
+  EXPECT_EQ(rifiuto->value, QStringLiteral("0"));
 }
 
 TEST(CampiArchivio, LasciandoUnPrezzoOltreIlMassimoSiDiceEDiventaZero) {
   const auto rifiuto = controllaPrezzo(QStringLiteral("100000"));
   ASSERT_TRUE(rifiuto);
-  EXPECT_EQ(rifiuto->messaggio, QStringLiteral("Attenzione il valore immesso > 99999.99!"));
-  EXPECT_EQ(rifiuto->valore, QStringLiteral("0"));
+  EXPECT_EQ(rifiuto->message, QStringLiteral("Attenzione il valore immesso > 99999.99!"));
+  EXPECT_EQ(rifiuto->value, QStringLiteral("0"));
 }
 
 TEST(CampiArchivio, UnPrezzoFinoAlMassimoPassa) {
@@ -100,8 +101,8 @@ TEST(CampiArchivio, LasciandoUnRepartoFuoriDaiLimitiSiDiceESiSvuota) {
   for (const auto* testo : {u"81", u"99", u"-1"}) {
     const auto rifiuto = controllaReparto(QString::fromUtf16(testo));
     ASSERT_TRUE(rifiuto);
-    EXPECT_EQ(rifiuto->messaggio, kReparto);
-    EXPECT_EQ(rifiuto->valore, QString());
+    EXPECT_EQ(rifiuto->message, kReparto);
+    EXPECT_EQ(rifiuto->value, QString());
   }
 }
 

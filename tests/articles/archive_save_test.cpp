@@ -8,22 +8,24 @@
 
 #include "articles/article_database.h"
 #include "articles/back_room.h"
-#include "articles/guided_screen.h"
-#include "articles/others.h"
+#include "controls/FlexGrid.h"
+#include "sostegno/troubles.h"
 
 using namespace articles;
 
 namespace {
 
 struct SalvaModifiche : testing::Test {
-  Bottega bottega;
+  BackRoom bottega;
+  FlexGrid griglia;
   int aggiornamenti = 0;
   int livelloAllAggiornamento = 0;
 
   void SetUp() override {
-    bottega.apriArchivio();
-    scriviArticoli(bottega, {{QStringLiteral("8001"), QStringLiteral("PANE"), 100, 2, true, true},
-                             {QStringLiteral("8002"), QStringLiteral("LATTE"), 200, 3, false, false}});
+    bottega.openArchive();
+    bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id > 2"));
+    writeArticles(bottega, {{QStringLiteral("8001"), QStringLiteral("PANE"), 100, 2, true, true},
+                            {QStringLiteral("8002"), QStringLiteral("LATTE"), 200, 3, false, false}});
   }
   static CampiArticolo campi() {
     return {.id = QStringLiteral("1"),
@@ -36,26 +38,29 @@ struct SalvaModifiche : testing::Test {
             .prezzoZero = QStringLiteral("x")};
   }
   EsitoModifica salva(const CampiArticolo& scritti) {
-    bottega.area.NewCommand();
-    return tasto_modifica(scritti, bottega.contesto, [this] {
-      ++aggiornamenti;
-      livelloAllAggiornamento = bottega.area.level();
-    });
+    // The list passes events at each record: twice for two articles.
+    bottega.user.onPass = [this, prima = true]() mutable {
+      if (std::exchange(prima, !prima)) {
+        ++aggiornamenti;
+        livelloAllAggiornamento = bottega.workspace.level();
+      }
+    };
+    return tasto_modifica(scritti, griglia, bottega.contesto);
   }
   QString campo(const QString& nome, int slot = 1) {
-    return bottega.valore(
-        QStringLiteral("SELECT %1 from TAB_ARTICOLI where auto_id =%2").arg(nome).arg(slot));
+    return bottega.value(QStringLiteral("SELECT %1 from TAB_ARTICOLI where auto_id =%2").arg(nome).arg(slot));
   }
   bool bandiera(const QString& nome) {
     return varGlobal()
-        .DB_Articoli.OpenRecordset(QStringLiteral("SELECT %1 from TAB_ARTICOLI where auto_id =1").arg(nome))
+        .DB_Articoli
+        .OpenRecordset(asWritten(QStringLiteral("SELECT %1 from TAB_ARTICOLI where auto_id =1").arg(nome)))
         .field(0)
         .boolean();
   }
 };
 
 TEST_F(SalvaModifiche, ScriveICampiSulloSlotEToglieIlSegno) {
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR' where auto_id =1"));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR' where auto_id =1"));
   EXPECT_EQ(salva(campi()), EsitoModifica::Salvata);
   EXPECT_EQ(campo(QStringLiteral("Codice_EAN")), QStringLiteral("8009"));
   EXPECT_EQ(campo(QStringLiteral("Codice_Articolo")), QStringLiteral("cod 9"));
@@ -81,15 +86,16 @@ TEST_F(SalvaModifiche, LAggiornamentoVienePrimaDellaConferma) {
   salva(campi());
   EXPECT_EQ(aggiornamenti, 1);
   EXPECT_EQ(livelloAllAggiornamento, 1);
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(griglia.TextMatrix(1, 3), QStringLiteral("CAFFÈ € MACINATO"));
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(SalvaModifiche, UnCampoRifiutatoNonEsegueNulla) {
   CampiArticolo scritti = campi();
   scritti.descrizione.clear();
   EXPECT_EQ(salva(scritti), EsitoModifica::Fermata);
-  attendi(bottega, {riquadro(QStringLiteral("Attenzione il campo DESCRIZIONE non e' valorizzato"),
-                             Icon::Information)});
+  expectBoxes(bottega,
+              {box(QStringLiteral("Attenzione il campo DESCRIZIONE non e' valorizzato"), Icon::Information)});
   EXPECT_EQ(aggiornamenti, 0);
   EXPECT_EQ(campo(QStringLiteral("Prezzo")), QStringLiteral("100"));
 }
@@ -98,10 +104,10 @@ TEST_F(SalvaModifiche, ApostrofoNellaDescrizioneAnnullaLaModifica) {
   CampiArticolo scritti = campi();
   scritti.descrizione = QStringLiteral("L'ACQUA");
   EXPECT_EQ(salva(scritti), EsitoModifica::Fallita);
-  attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3075\n*"), Icon::Critical)});
+  expectBoxes(bottega,
+              {box(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3075\n*"), Icon::Critical)});
   EXPECT_EQ(aggiornamenti, 0);
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
   EXPECT_EQ(campo(QStringLiteral("Descrizione")), QStringLiteral("PANE"));
 }
 
@@ -110,8 +116,8 @@ TEST_F(SalvaModifiche, ApostrofoNelCodiceONellEanAnnullaLaModifica) {
     CampiArticolo scritti = campi();
     scritti.*dove = QStringLiteral("A'B");
     EXPECT_EQ(salva(scritti), EsitoModifica::Fallita);
-    attendi(bottega, {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3075\n*"),
-                               Icon::Critical)});
+    expectBoxes(bottega,
+                {box(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3075\n*"), Icon::Critical)});
   }
   EXPECT_EQ(campo(QStringLiteral("Codice_EAN")), QStringLiteral("8001"));
 }
@@ -131,9 +137,9 @@ TEST_F(SalvaModifiche, SenzaUnaRigaSceltaLIstruzioneFallisceConIlSuoMessaggio) {
   CampiArticolo scritti = campi();
   scritti.id.clear();
   EXPECT_EQ(salva(scritti), EsitoModifica::Fallita);
-  attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icon::Critical)});
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Codice_EAN ='8009'")), 0);
+  expectBoxes(bottega,
+              {box(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icon::Critical)});
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where Codice_EAN ='8009'")), 0);
 }
 
 TEST_F(SalvaModifiche, UnSecondoArticoloColMedesimoEanSiSalvaESenzaGiornale) {
@@ -141,8 +147,8 @@ TEST_F(SalvaModifiche, UnSecondoArticoloColMedesimoEanSiSalvaESenzaGiornale) {
   scritti.ean = QStringLiteral("8002");
   varGlobal().FlagVariazioni = 1;
   EXPECT_EQ(salva(scritti), EsitoModifica::Salvata);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Codice_EAN ='8002'")), 2);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VARIAZIONI")), 0);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where Codice_EAN ='8002'")), 2);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_VARIAZIONI")), 0);
 }
 
 TEST_F(SalvaModifiche, IlPrezzoSiArrotondaAlCentesimo) {
@@ -166,52 +172,52 @@ TEST_F(SalvaModifiche, UnPrezzoOltreITrentadueBitNonEsegueNulla) {
   } catch (const Errore& errore) {
     EXPECT_EQ(errore.numero, errors::kOverflow);
   }
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(SalvaModifiche, UnArchivioTenutoDaAltriDiceLErroreERestaComEra) {
-  const AltroProgramma altro(bottega.cartella.file(QStringLiteral("archivio.mdb")),
-                             {QStringLiteral("BEGIN IMMEDIATE")});
+  const OtherProgram altro(bottega.folder.file(QStringLiteral("archivio.mdb")),
+                           {QStringLiteral("BEGIN IMMEDIATE")});
   EXPECT_EQ(salva(campi()), EsitoModifica::Fallita);
-  attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icon::Critical)});
+  expectBoxes(bottega,
+              {box(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icon::Critical)});
   EXPECT_EQ(campo(QStringLiteral("Descrizione")), QStringLiteral("PANE"));
 }
 
 TEST_F(SalvaModifiche, UnaConfermaFallitaSiDiceSiAnnullaESiMostraDiNuovoLArchivio) {
   // A reader elsewhere lets the statement run and stops the commit.
-  const AltroProgramma altro(bottega.cartella.file(QStringLiteral("archivio.mdb")),
-                             {QStringLiteral("BEGIN"), QStringLiteral("SELECT count(*) FROM TAB_ARTICOLI")});
+  const OtherProgram altro(bottega.folder.file(QStringLiteral("archivio.mdb")),
+                           {QStringLiteral("BEGIN"), QStringLiteral("SELECT count(*) FROM TAB_ARTICOLI")});
   EXPECT_EQ(salva(campi()), EsitoModifica::Fallita);
-  attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icon::Critical)});
+  expectBoxes(bottega,
+              {box(QStringLiteral("Errore nella modifica articoli .\nErrore n° 3260\n*"), Icon::Critical)});
   EXPECT_EQ(aggiornamenti, 2);
   EXPECT_EQ(livelloAllAggiornamento, 0);
   EXPECT_EQ(campo(QStringLiteral("Descrizione")), QStringLiteral("PANE"));
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(SalvaModifiche, SulDiscoPienoSiDiceELArchivioRestaComEra) {
-  bottega.area.NewCommand();
   EsitoModifica esito{};
   {
-    const DiscoPieno pieno(512);
+    const FullDisk pieno(512);
     esito = salva(campi());
   }
   EXPECT_EQ(esito, EsitoModifica::Fallita);
-  attendi(bottega,
-          {riquadro(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icon::Critical)});
+  expectBoxes(bottega,
+              {box(QStringLiteral("Errore nella modifica articoli .\nErrore n° *"), Icon::Critical)});
   EXPECT_EQ(campo(QStringLiteral("Descrizione")), QStringLiteral("PANE"));
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(SalvaModifiche, DuranteIlSalvataggioIlPuntatoreELaClessidra) {
   bool clessidra = false;
-  tasto_modifica(campi(), bottega.contesto, [&] {
+  bottega.user.onPass = [&] {
     clessidra =
         QGuiApplication::overrideCursor() && QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
-  });
+  };
+  tasto_modifica(campi(), griglia, bottega.contesto);
   EXPECT_TRUE(clessidra);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }

@@ -11,7 +11,7 @@ const QString kTutti = QStringLiteral(
     "SELECT id_position,Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler from TAB_ARTICOLI ");
 
 TEST(RicercaArticoli, SenzaCampiNonHaCondizioniNeOrdine) {
-  EXPECT_EQ(IstruzioneRicerca({}), kTutti);
+  EXPECT_EQ(IstruzioneRicerca({}).sql(), kTutti);
 }
 
 TEST(RicercaArticoli, ConTuttiICampiLiUnisceNelLoroOrdine) {
@@ -21,7 +21,7 @@ TEST(RicercaArticoli, ConTuttiICampiLiUnisceNelLoroOrdine) {
   campi.descrizione = QStringLiteral("PA");
   campi.prezzo = QStringLiteral("12");
   campi.reparto = QStringLiteral("3");
-  EXPECT_EQ(IstruzioneRicerca(campi),
+  EXPECT_EQ(IstruzioneRicerca(campi).sql(),
             kTutti + QStringLiteral(" WHERE   Codice_EAN LIKE '80*' AND  Codice_Articolo like 'A1*' AND  "
                                     "Descrizione like 'PA*' AND  Prezzo >=1200  AND  Reparto =3 ORDER BY "
                                     "Codice_EAN ASC"));
@@ -37,8 +37,8 @@ class RicercaConUnCampo : public testing::TestWithParam<Solo> {};
 TEST_P(RicercaConUnCampo, HaLaSuaCondizioneELOrdine) {
   CampiArticolo campi;
   campi.*GetParam().campo = GetParam().testo;
-  EXPECT_EQ(IstruzioneRicerca(campi), kTutti + QStringLiteral(" WHERE ") + GetParam().condizione +
-                                          QStringLiteral(" ORDER BY Codice_EAN ASC"));
+  EXPECT_EQ(IstruzioneRicerca(campi).sql(), kTutti + QStringLiteral(" WHERE ") + GetParam().condizione +
+                                                QStringLiteral(" ORDER BY Codice_EAN ASC"));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -54,13 +54,13 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(RicercaArticoli, IlPrezzoSiLeggeFinoAllaVirgola) {
   CampiArticolo campi;
   campi.prezzo = QStringLiteral("12,50");
-  EXPECT_TRUE(IstruzioneRicerca(campi).contains(QStringLiteral(" Prezzo >=1200 ")));
+  EXPECT_TRUE(IstruzioneRicerca(campi).sql().contains(QStringLiteral(" Prezzo >=1200 ")));
 }
 
 TEST(RicercaArticoli, IlPrezzoConIlPuntoSiLeggeInteroESenzaCodeBinarie) {
   CampiArticolo campi;
   campi.prezzo = QStringLiteral("19.99");
-  EXPECT_TRUE(IstruzioneRicerca(campi).contains(QStringLiteral(" Prezzo >=1999 ")));
+  EXPECT_TRUE(IstruzioneRicerca(campi).sql().contains(QStringLiteral(" Prezzo >=1999 ")));
 }
 
 TEST(RicercaArticoli, PosizioneELettereNonSonoCondizioni) {
@@ -68,7 +68,7 @@ TEST(RicercaArticoli, PosizioneELettereNonSonoCondizioni) {
   campi.id = QStringLiteral("7");
   campi.varPrezzo = QStringLiteral("S");
   campi.prezzoZero = QStringLiteral("N");
-  EXPECT_EQ(IstruzioneRicerca(campi), kTutti);
+  EXPECT_EQ(IstruzioneRicerca(campi).sql(), kTutti);
 }
 
 }  // namespace

@@ -29,8 +29,8 @@ int numeroDi(Chiamata&& chiamata) {
 }
 
 /// The one box of a failure: prefix, number and some description behind it, critical.
-void attendiErrore(Bottega& bottega, const QString& prefisso, int numero) {
-  const std::vector<Box> visti = bottega.utente.takeBoxes();
+void attendiErrore(BackRoom& bottega, const QString& prefisso, int numero) {
+  const std::vector<Box> visti = bottega.user.takeBoxes();
   ASSERT_EQ(visti.size(), 1U);
   EXPECT_TRUE(visti[0].text.startsWith(prefisso + QString::number(numero) + QStringLiteral(" - ")))
       << visti[0].text.toStdString();
@@ -41,89 +41,89 @@ void attendiErrore(Bottega& bottega, const QString& prefisso, int numero) {
 // New, open, close.
 
 TEST(BaseDatiArticoli, IlNuovoArchivioHaLeCinquemilaPosizioniDelModello) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where ID_Position <> '' ")), 5000);
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT NomeCassa from TAB_VARIE ")),
+  BackRoom bottega;
+  bottega.openArchive();
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where ID_Position <> '' ")), 5000);
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT NomeCassa from TAB_VARIE ")),
             QStringLiteral("NON_ASSEGNATO"));
-  EXPECT_EQ(varGlobal().NomeDB_Articoli, bottega.cartella.file(QStringLiteral("archivio.mdb")));
+  EXPECT_EQ(varGlobal().NomeDB_Articoli, bottega.folder.file(QStringLiteral("archivio.mdb")));
   EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
 }
 
 TEST(BaseDatiArticoli, IlNuovoArchivioSopraUnoEsistenteNePerdeGliArticoli) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
+  BackRoom bottega;
+  bottega.openArchive();
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
   articles::ChiudiDatabase();
-  bottega.apriArchivio();
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Descrizione ='PANE'")), 0);
+  bottega.openArchive();
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where Descrizione ='PANE'")), 0);
 }
 
 TEST(BaseDatiArticoli, SenzaModelloLaCopiaFallisceENullaSiApre) {
-  Bottega bottega;
-  bottega.contesto.cartella = bottega.cartella.path();
-  EXPECT_EQ(numeroDi([&] { bottega.apriArchivio(); }), errors::kFileMissing);
+  BackRoom bottega;
+  bottega.contesto.cartella = bottega.folder.path();
+  EXPECT_EQ(numeroDi([&] { bottega.openArchive(); }), errors::kFileMissing);
   EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
-  EXPECT_FALSE(QFile::exists(bottega.cartella.file(QStringLiteral("archivio.mdb"))));
+  EXPECT_FALSE(QFile::exists(bottega.folder.file(QStringLiteral("archivio.mdb"))));
 }
 
 TEST(BaseDatiArticoli, IlModelloAssenteSiDiceSottoAttenzione) {
-  Bottega bottega;
+  BackRoom bottega;
   articles::avvisaModelloAssente(bottega.contesto);
-  EXPECT_THAT(bottega.utente.takeBoxes(), IsEmpty());
-  bottega.contesto.cartella = bottega.cartella.path();
+  EXPECT_THAT(bottega.user.takeBoxes(), IsEmpty());
+  bottega.contesto.cartella = bottega.folder.path();
   articles::avvisaModelloAssente(bottega.contesto);
   EXPECT_THAT(
-      bottega.utente.takeBoxes(),
+      bottega.user.takeBoxes(),
       ElementsAreArray({Box{QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
                             Icon::Critical, QStringLiteral("ATTENZIONE"), Buttons::Ok}}));
 }
 
 TEST(BaseDatiArticoli, UnFileDiTestoConEstensioneMdbNonSiApre) {
-  Bottega bottega;
-  const QString file = bottega.cartella.write(QStringLiteral("testo.mdb"), "una lista della spesa\r\n");
+  BackRoom bottega;
+  const QString file = bottega.folder.write(QStringLiteral("testo.mdb"), "una lista della spesa\r\n");
   EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errors::kNotADatabase);
   EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
-  EXPECT_EQ(bottega.cartella.read(QStringLiteral("testo.mdb")), QByteArray("una lista della spesa\r\n"));
+  EXPECT_EQ(bottega.folder.read(QStringLiteral("testo.mdb")), QByteArray("una lista della spesa\r\n"));
 }
 
 TEST(BaseDatiArticoli, UnFileVuotoNonDiventaUnArchivio) {
-  Bottega bottega;
-  const QString file = bottega.cartella.write(QStringLiteral("vuoto.mdb"), {});
+  BackRoom bottega;
+  const QString file = bottega.folder.write(QStringLiteral("vuoto.mdb"), {});
   EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errors::kNotADatabase);
-  EXPECT_EQ(bottega.cartella.read(QStringLiteral("vuoto.mdb")), QByteArray());
+  EXPECT_EQ(bottega.folder.read(QStringLiteral("vuoto.mdb")), QByteArray());
 }
 
 TEST(BaseDatiArticoli, UnArchivioAssenteNonSiApreENonNasce) {
-  Bottega bottega;
-  const QString file = bottega.cartella.file(QStringLiteral("assente.mdb"));
+  BackRoom bottega;
+  const QString file = bottega.folder.file(QStringLiteral("assente.mdb"));
   EXPECT_EQ(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), errors::kArchiveMissing);
   EXPECT_FALSE(QFile::exists(file));
 }
 
 TEST(BaseDatiArticoli, UnAperturaFallitaLasciaApertoLArchivioDiPrima) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  const QString file = bottega.cartella.write(QStringLiteral("testo.mdb"), "testo");
+  BackRoom bottega;
+  bottega.openArchive();
+  const QString file = bottega.folder.write(QStringLiteral("testo.mdb"), "testo");
   EXPECT_NE(numeroDi([&] { articles::ApriDatabase(file, bottega.contesto); }), 0);
   EXPECT_TRUE(varGlobal().NomeDB_Articoli.endsWith(QStringLiteral("archivio.mdb")));
-  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), 5000);
+  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.user), 5000);
 }
 
 TEST(BaseDatiArticoli, UnDatabaseDAltroGenereSiApreETerminaIlProgrammaAlPrimoRiempimento) {
-  Bottega bottega;
-  bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
+  BackRoom bottega;
+  bottega.openWith({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
-  EXPECT_THROW(articles::RiempiPLU(bottega.utente), ProgramEnded);
-  EXPECT_TRUE(bottega.utente.terminated());
+  EXPECT_THROW(articles::RiempiPLU(bottega.user), ProgramEnded);
+  EXPECT_TRUE(bottega.user.terminated());
   EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
-  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAreArray(riquadri({kGrave}, Icon::Critical)));
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAreArray(boxes({kGrave}, Icon::Critical)));
 }
 
 TEST(BaseDatiArticoli, ChiudereSenzaArchivioNonFaNulla) {
-  Bottega bottega;
+  BackRoom bottega;
   EXPECT_EQ(numeroDi([] { articles::ChiudiDatabase(); }), 0);
-  bottega.apriArchivio();
+  bottega.openArchive();
   articles::ChiudiDatabase();
   EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
 }
@@ -131,68 +131,68 @@ TEST(BaseDatiArticoli, ChiudereSenzaArchivioNonFaNulla) {
 // CheckTabVarie.
 
 TEST(CheckTabVarie, IlModelloNonEAssegnato) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  EXPECT_EQ(articles::CheckTabVarie(bottega.utente), 0);
+  BackRoom bottega;
+  bottega.openArchive();
+  EXPECT_EQ(articles::CheckTabVarie(bottega.user), 0);
 }
 
 TEST(CheckTabVarie, UnaTabellaVuotaContaComeNonAssegnata) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  bottega.esegui(QStringLiteral("Delete  from TAB_VARIE"));
-  EXPECT_EQ(articles::CheckTabVarie(bottega.utente), 0);
+  BackRoom bottega;
+  bottega.openArchive();
+  bottega.execute(QStringLiteral("Delete  from TAB_VARIE"));
+  EXPECT_EQ(articles::CheckTabVarie(bottega.user), 0);
 }
 
 TEST(CheckTabVarie, UnaRigaAssegnataFraTanteBasta) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  bottega.esegui(QStringLiteral("INSERT INTO TAB_VARIE (NomeCassa) Values ('CASSA 1');"));
-  bottega.esegui(QStringLiteral("INSERT INTO TAB_VARIE (NomeCassa) Values ('NON_ASSEGNATO');"));
-  EXPECT_EQ(articles::CheckTabVarie(bottega.utente), -1);
+  BackRoom bottega;
+  bottega.openArchive();
+  bottega.execute(QStringLiteral("INSERT INTO TAB_VARIE (NomeCassa) Values ('CASSA 1');"));
+  bottega.execute(QStringLiteral("INSERT INTO TAB_VARIE (NomeCassa) Values ('NON_ASSEGNATO');"));
+  EXPECT_EQ(articles::CheckTabVarie(bottega.user), -1);
 }
 
 TEST(CheckTabVarie, UnNomeNulloSiDiceELeAltreRigheContano) {
-  Bottega bottega;
-  bottega.apriVuoto({QStringLiteral("CREATE TABLE TAB_VARIE (NomeCassa TEXT)"),
-                     QStringLiteral("INSERT INTO TAB_VARIE VALUES (NULL), ('CASSA 1')")});
-  EXPECT_EQ(articles::CheckTabVarie(bottega.utente), -1);
+  BackRoom bottega;
+  bottega.openWith({QStringLiteral("CREATE TABLE TAB_VARIE (NomeCassa TEXT)"),
+                    QStringLiteral("INSERT INTO TAB_VARIE VALUES (NULL), ('CASSA 1')")});
+  EXPECT_EQ(articles::CheckTabVarie(bottega.user), -1);
   attendiErrore(bottega, QStringLiteral("CheckTabVarie "), errors::kNullValue);
 }
 
 TEST(CheckTabVarie, SenzaTabellaDiceIlNumeroERestituisceQuelCheAveva) {
-  Bottega bottega;
-  bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
-  EXPECT_EQ(articles::CheckTabVarie(bottega.utente), 0);
+  BackRoom bottega;
+  bottega.openWith({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
+  EXPECT_EQ(articles::CheckTabVarie(bottega.user), 0);
   attendiErrore(bottega, QStringLiteral("CheckTabVarie "), errors::kTableMissing);
-  EXPECT_FALSE(bottega.utente.terminated());
+  EXPECT_FALSE(bottega.user.terminated());
 }
 
 // CalcolaNumArticoli.
 
 TEST(CalcolaNumArticoli, LePosizioniSenzaDatiContano) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), 5000);
+  BackRoom bottega;
+  bottega.openArchive();
+  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.user), 5000);
 }
 
 TEST(CalcolaNumArticoli, NessunaRigaDaZero) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI"));
-  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), 0);
+  BackRoom bottega;
+  bottega.openArchive();
+  bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI"));
+  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.user), 0);
 }
 
 TEST(CalcolaNumArticoli, SenzaTabellaDiceIlNumeroEDaMenoUno) {
-  Bottega bottega;
-  bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
-  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), -1);
+  BackRoom bottega;
+  bottega.openWith({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
+  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.user), -1);
   attendiErrore(bottega, QStringLiteral("CalcolaNumArticoli "), errors::kTableMissing);
 }
 
 TEST(CalcolaNumArticoli, SenzaColonnaDiceIlNumeroEDaMenoUno) {
-  Bottega bottega;
-  bottega.apriVuoto({QStringLiteral("CREATE TABLE TAB_ARTICOLI (a INTEGER)")});
-  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.utente), -1);
+  BackRoom bottega;
+  bottega.openWith({QStringLiteral("CREATE TABLE TAB_ARTICOLI (a INTEGER)")});
+  EXPECT_EQ(articles::CalcolaNumArticoli(bottega.user), -1);
   attendiErrore(bottega, QStringLiteral("CalcolaNumArticoli "), errors::kMissingParameter);
 }
 
@@ -201,14 +201,14 @@ TEST(CalcolaNumArticoli, SenzaColonnaDiceIlNumeroEDaMenoUno) {
 class GetCodiceEAN : public testing::Test {
  protected:
   GetCodiceEAN() {
-    bottega.apriArchivio();
-    bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN ='80012345' WHERE auto_id =7"));
+    bottega.openArchive();
+    bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN ='80012345' WHERE auto_id =7"));
   }
   std::int16_t chiedi(int slot, const QString& ean) {
-    return articles::GetCodiceEAN(slot, ean, bottega.utente);
+    return articles::GetCodiceEAN(slot, ean, bottega.user);
   }
 
-  Bottega bottega;
+  BackRoom bottega;
 };
 
 TEST_F(GetCodiceEAN, UnAltraRigaConLoStessoEanDa124) {
@@ -225,7 +225,7 @@ TEST_F(GetCodiceEAN, UnEanCheNessunoPortaDa123) {
 
 TEST_F(GetCodiceEAN, UnApostrofoRompeLoStatementESiDice) {
   EXPECT_EQ(chiedi(8, QStringLiteral("80'1")), 123);
-  const std::vector<Box> visti = bottega.utente.takeBoxes();
+  const std::vector<Box> visti = bottega.user.takeBoxes();
   ASSERT_EQ(visti.size(), 1U);
   EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Errore GetCodiceEAN 30")))
       << visti[0].text.toStdString();
@@ -252,7 +252,7 @@ TEST(ReazioneComuneAgliErrori, OgniAltroNumeroSiDiceConPrefissoEDescrizione) {
   const auto fallisce = [] { throw Errore{3260, QStringLiteral("bloccato")}; };
   EXPECT_EQ(reazioni::prossimaIstruzione(utente, QStringLiteral("P "), fallisce), reazioni::Esito::Segnalato);
   EXPECT_THAT(utente.takeBoxes(),
-              ElementsAreArray(riquadri({QStringLiteral("P 3260 - bloccato")}, Icon::Critical)));
+              ElementsAreArray(boxes({QStringLiteral("P 3260 - bloccato")}, Icon::Critical)));
 }
 
 TEST(ReazioneComuneAgliErrori, LaTabellaAssenteTerminaIlProgrammaSoloNeiRiempimenti) {
@@ -265,7 +265,7 @@ TEST(ReazioneComuneAgliErrori, LaTabellaAssenteTerminaIlProgrammaSoloNeiRiempime
   EXPECT_TRUE(utente.terminated());
   EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
   EXPECT_THAT(utente.takeBoxes(),
-              ElementsAreArray(riquadri({QStringLiteral("P 3078 - assente"), kGrave}, Icon::Critical)));
+              ElementsAreArray(boxes({QStringLiteral("P 3078 - assente"), kGrave}, Icon::Critical)));
   azzeraStato();
 }
 

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <QWidget>
+
 #include "articles/archive_fields.h"
 #include "articles/article_database.h"
 #include "articles/back_room.h"
@@ -18,40 +20,65 @@ using testing::IsEmpty;
 const QString kEan = QStringLiteral("8001234567890");
 
 /// The archive screen as far as these operations see it: writes down what they ask of it.
+class Annotatore : public articles::SchermoArticoli {
+ public:
+  explicit Annotatore(store::Workspace& area) : area_(area) {}
+
+  void BloccaComandi(bool bloccati) override {
+    chiesto << (bloccati ? QStringLiteral("blocca") : QStringLiteral("sblocca"));
+  }
+  void Cancella_TextBox() override { chiesto << QStringLiteral("svuota"); }
+  void Tasto_Refresh() override {
+    chiesto << QStringLiteral("riempi");
+    livelloAlRefresh = area_.level();
+  }
+
+  QStringList chiesto;
+  int livelloAlRefresh = -1;
+
+ private:
+  store::Workspace& area_;
+};
+
+/// A wait box that notes its coming and going.
+class AttesaAnnotata : public QWidget {
+ public:
+  explicit AttesaAnnotata(QStringList& chiesto) : chiesto_(chiesto) { chiesto_ << QStringLiteral("attesa"); }
+
+ protected:
+  void closeEvent(QCloseEvent*) override { chiesto_ << QStringLiteral("fine attesa"); }
+
+ private:
+  QStringList& chiesto_;
+};
+
 class Articoli : public testing::Test {
  protected:
   Articoli() {
-    bottega.apriArchivio();
-    bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI"));
-    schermo.BloccaComandi = [this](bool blocca) {
-      chiesto << (blocca ? QStringLiteral("blocca") : QStringLiteral("sblocca"));
-    };
-    schermo.Attesa = [this](bool mostra) {
-      chiesto << (mostra ? QStringLiteral("attesa") : QStringLiteral("fine attesa"));
-    };
-    schermo.Cancella_TextBox = [this] { chiesto << QStringLiteral("svuota"); };
-    schermo.Tasto_Refresh = [this] {
-      chiesto << QStringLiteral("riempi");
-      livelloAlRefresh = bottega.area.level();
-    };
+    bottega.openArchive();
+    bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI"));
+    bottega.screens.registra(QStringLiteral("Form_ATTESA"),
+                             [this](Contesto&) { return new AttesaAnnotata(chiesto); });
   }
 
   void assegnaACassa() { varGlobal().FlagVariazioni = 1; }
   void articolo(int slot, const QString& ean) {
-    bottega.esegui(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,ID_Position,Codice_EAN,Codice_Articolo) "
-                                  "Values (%1,'%1','%2','A%1');")
-                       .arg(slot)
-                       .arg(ean));
+    bottega.execute(
+        QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,ID_Position,Codice_EAN,Codice_Articolo) "
+                       "Values (%1,'%1','%2','A%1');")
+            .arg(slot)
+            .arg(ean));
   }
   void giornale(const QString& ean, const QString& tipo) {
-    bottega.esegui(
+    bottega.execute(
         QStringLiteral("INSERT INTO TAB_VARIAZIONI (Codice_EAN,TipoOperazione) Values ('%1','%2');")
             .arg(ean, tipo));
   }
   /// Rows of a query, their fields parted by blanks.
   QStringList lette(const QString& sql) {
     QStringList righe;
-    for (store::Recordset set = varGlobal().DB_Articoli.OpenRecordset(sql); !set.atEnd(); set.MoveNext()) {
+    for (store::Recordset set = varGlobal().DB_Articoli.OpenRecordset(asWritten(sql)); !set.atEnd();
+         set.MoveNext()) {
       QStringList valori;
       for (int i = 0; i < set.columns(); ++i) valori << set.field(i).text();
       righe << valori.join(u' ');
@@ -62,11 +89,11 @@ class Articoli : public testing::Test {
     return lette(QStringLiteral("SELECT TipoOperazione,Codice_EAN from TAB_VARIAZIONI"));
   }
   QStringList ean() { return lette(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI ORDER BY auto_id")); }
-  void senza(const QString& tabella) { bottega.esegui(QStringLiteral("DROP TABLE ") + tabella); }
+  void senza(const QString& tabella) { bottega.execute(QStringLiteral("DROP TABLE ") + tabella); }
   /// Number and description of a statement's failure, as the messages put them.
   QString fallimento(const QString& sql) {
     try {
-      bottega.esegui(sql);
+      bottega.execute(sql);
     } catch (const Errore& errore) {
       return QString::number(errore.numero) + QLatin1Char('\n') + errore.descrizione;
     }
@@ -75,7 +102,7 @@ class Articoli : public testing::Test {
   }
   bool inserisci() { return articles::InserimentoArticolo(campi, bottega.contesto, schermo); }
   bool cancella(const QString& quale = kEan, Answer risposta = Answer::Ok) {
-    bottega.utente.answers(risposta);
+    bottega.user.answers(risposta);
     return articles::Tasto_Cancella(quale, bottega.contesto, schermo);
   }
   static Box domanda(const QString& quale = kEan) {
@@ -85,21 +112,21 @@ class Articoli : public testing::Test {
             Icon::None, QStringLiteral("Cancellazione articolo"), Buttons::OkCancel};
   }
   void attendiCritici(const QStringList& testi) {
-    EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAreArray(riquadri(testi, Icon::Critical)));
+    EXPECT_THAT(bottega.user.takeBoxes(), ElementsAreArray(boxes(testi, Icon::Critical)));
   }
   /// The boxes of a deletion that was confirmed and failed.
   void attendiFallita(const QStringList& testi) {
-    std::vector<Box> attesi = riquadri(testi, Icon::Critical);
+    std::vector<Box> attesi = boxes(testi, Icon::Critical);
     attesi.insert(attesi.begin(), domanda());
-    EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAreArray(attesi));
-    EXPECT_EQ(bottega.area.level(), 0);
+    EXPECT_THAT(bottega.user.takeBoxes(), ElementsAreArray(attesi));
+    EXPECT_EQ(bottega.workspace.level(), 0);
   }
-  void attendiDomanda() { EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAre(domanda())); }
+  void attendiDomanda() { EXPECT_THAT(bottega.user.takeBoxes(), ElementsAre(domanda())); }
 
-  Bottega bottega;
-  articles::SchermoArticoli schermo;
-  QStringList chiesto;
-  int livelloAlRefresh = -1;
+  BackRoom bottega;
+  Annotatore schermo{bottega.workspace};
+  QStringList& chiesto = schermo.chiesto;
+  const int& livelloAlRefresh = schermo.livelloAlRefresh;
   CampiArticolo campi{{},
                       kEan,
                       QStringLiteral("PA1"),
@@ -128,11 +155,11 @@ TEST_F(Inserimento, ScriveLaRigaConDescrizioneMaiuscolaEPrezzoInCentesimi) {
 TEST_F(Inserimento, ICampiErratiLoFermanoConTuttiIMessaggiPrimaDiOgniTransazione) {
   campi = {};
   EXPECT_FALSE(inserisci());
-  EXPECT_EQ(bottega.utente.takeBoxes().size(), 4U);
+  EXPECT_EQ(bottega.user.takeBoxes().size(), 4U);
   EXPECT_THAT(ean(), IsEmpty());
   EXPECT_EQ(campi.ean, QString());
   EXPECT_THAT(chiesto, IsEmpty());
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(Inserimento, UnEanCortoSiRiempieDiSpaziFinoATredici) {
@@ -150,12 +177,12 @@ TEST_F(Inserimento, UnEanDiTrediciRestaComE) {
 TEST_F(Inserimento, LEanDiUnAltroArticoloSiDiceENullaSiScrive) {
   articolo(1, kEan);
   EXPECT_FALSE(inserisci());
-  EXPECT_THAT(bottega.utente.takeBoxes(),
-              ElementsAreArray(riquadri({QStringLiteral("Attenzione il Codice EAN immesso [") + kEan +
-                                         QStringLiteral("] è già associato ad un'altro articolo !!!")},
-                                        Icon::Warning)));
+  EXPECT_THAT(bottega.user.takeBoxes(),
+              ElementsAreArray(boxes({QStringLiteral("Attenzione il Codice EAN immesso [") + kEan +
+                                      QStringLiteral("] è già associato ad un'altro articolo !!!")},
+                                     Icon::Warning)));
   EXPECT_EQ(ean().size(), 1);
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
   EXPECT_THAT(chiesto, IsEmpty());
 }
 
@@ -176,7 +203,7 @@ TEST_F(Inserimento, UnApostrofoNellaDescrizioneSiDiceESiAnnulla) {
           .arg(kEan));
   attendiCritici({QStringLiteral("Errore nell' inserimento articoli Errore n° ") + perche});
   EXPECT_THAT(ean(), IsEmpty());
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
   EXPECT_THAT(chiesto, IsEmpty());
 }
 
@@ -189,7 +216,7 @@ TEST_F(Inserimento, UnApostrofoNellEanFallisceNellaRicercaESiAnnulla) {
     EXPECT_EQ(errore.numero, errors::kSyntax);
   }
   EXPECT_THAT(ean(), IsEmpty());
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(Inserimento, SuUnArchivioAssegnatoIlGiornaleHaUnaI) {
@@ -222,7 +249,7 @@ TEST_F(Inserimento, LaCDiUnAltroEanResta) {
 TEST_F(Inserimento, UnGiornaleCheNonSiScriveSiDiceEAnnullaAncheLArticolo) {
   assegnaACassa();
   senza(QStringLiteral("TAB_VARIAZIONI"));
-  bottega.esegui(
+  bottega.execute(
       QStringLiteral("CREATE TABLE TAB_VARIAZIONI (Codice_EAN TEXT, TipoOperazione TEXT, "
                      "Mancante TEXT NOT NULL)"));
   EXPECT_FALSE(inserisci());
@@ -231,7 +258,7 @@ TEST_F(Inserimento, UnGiornaleCheNonSiScriveSiDiceEAnnullaAncheLArticolo) {
   attendiCritici({QStringLiteral("Errore nell' inserimento variazioni Errore n° ") + perche});
   EXPECT_THAT(ean(), IsEmpty());
   EXPECT_THAT(chiesto, IsEmpty());
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(Inserimento, SenzaLaTabellaDelGiornaleLaRicercaFallisceETuttoSiAnnulla) {
@@ -239,7 +266,7 @@ TEST_F(Inserimento, SenzaLaTabellaDelGiornaleLaRicercaFallisceETuttoSiAnnulla) {
   senza(QStringLiteral("TAB_VARIAZIONI"));
   EXPECT_THROW(inserisci(), Errore);
   EXPECT_THAT(ean(), IsEmpty());
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 // Deletion: the question.
@@ -248,16 +275,16 @@ TEST_F(Cancellazione, SenzaEanChiedeDiSelezionareUnArticoloENonCancellaLeRigheSe
   articolo(1, {});
   campi.ean.clear();
   EXPECT_FALSE(articles::EliminaSelezionato(campi, bottega.contesto, schermo));
-  EXPECT_THAT(bottega.utente.takeBoxes(),
+  EXPECT_THAT(bottega.user.takeBoxes(),
               ElementsAreArray(
-                  riquadri({QStringLiteral("Attenzione selezionare l'articolo da eliminare")}, Icon::None)));
+                  boxes({QStringLiteral("Attenzione selezionare l'articolo da eliminare")}, Icon::None)));
   EXPECT_EQ(ean().size(), 1);
   EXPECT_THAT(chiesto, IsEmpty());
 }
 
 TEST_F(Cancellazione, ConUnEanDomandaECancella) {
   articolo(1, kEan);
-  bottega.utente.answers(Answer::Ok);
+  bottega.user.answers(Answer::Ok);
   EXPECT_TRUE(articles::EliminaSelezionato(campi, bottega.contesto, schermo));
   attendiDomanda();
   EXPECT_THAT(ean(), IsEmpty());
@@ -269,13 +296,13 @@ TEST_F(Cancellazione, OgniAltraRispostaRiabilitaIComandiESiFerma) {
   attendiDomanda();
   EXPECT_EQ(ean().size(), 1);
   EXPECT_EQ(chiesto, QStringList({QStringLiteral("sblocca")}));
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(Cancellazione, LaDomandaStaDentroLaTransazione) {
   articolo(1, kEan);
   int livello = 0;
-  bottega.utente.onBox = [&](const Box&) { livello = bottega.area.level(); };
+  bottega.user.onBox = [&](const Box&) { livello = bottega.workspace.level(); };
   EXPECT_TRUE(cancella());
   attendiDomanda();
   EXPECT_EQ(livello, 1);
@@ -318,7 +345,7 @@ TEST_F(Cancellazione, UnApostrofoNellEanSiDiceENullaSiCancella) {
   const QString rotto = QStringLiteral("80'1");
   EXPECT_FALSE(cancella(rotto));
   const QString perche = fallimento(QStringLiteral("Delete  from TAB_ARTICOLI where Codice_EAN ='80'1';"));
-  EXPECT_THAT(bottega.utente.takeBoxes(),
+  EXPECT_THAT(bottega.user.takeBoxes(),
               ElementsAre(domanda(rotto),
                           Box{QStringLiteral("Errore nell' eliminazione articoli Errore n° ") + perche,
                               Icon::Critical,
@@ -326,7 +353,7 @@ TEST_F(Cancellazione, UnApostrofoNellEanSiDiceENullaSiCancella) {
                               Buttons::Ok}));
   EXPECT_EQ(ean().size(), 1);
   EXPECT_EQ(chiesto, QStringList({QStringLiteral("blocca"), QStringLiteral("sblocca")}));
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 // Deletion on an archive of a till: the journal.
@@ -360,7 +387,7 @@ TEST_F(Cancellazione, SenzaRigaDelGiornaleSiAggiungeUnaCEGliIndiciSeguono) {
   articolo(5, QStringLiteral("A"));
   articolo(7, kEan);
   articolo(9, QStringLiteral("C"));
-  ASSERT_EQ(articles::UpdateEanNumAndIndex(bottega.utente), 0);
+  ASSERT_EQ(articles::UpdateEanNumAndIndex(bottega.user), 0);
   EXPECT_TRUE(cancella());
   attendiDomanda();
   EXPECT_EQ(giornale(), QStringList({QStringLiteral("C ") + kEan}));
@@ -402,14 +429,14 @@ TEST_F(Cancellazione, SenzaLaTabellaDelGiornaleLaRicercaFallisceETuttoSiAnnulla)
   attendiDomanda();
   EXPECT_EQ(ean().size(), 1);
   EXPECT_EQ(chiesto, QStringList({QStringLiteral("blocca"), QStringLiteral("sblocca")}));
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(Cancellazione, UnaRigaDelGiornaleCheNonSiCancellaSiDice) {
   assegnaACassa();
   articolo(1, kEan);
   giornale(kEan, QStringLiteral("I"));
-  vieta(bottega, QStringLiteral("DELETE"), QStringLiteral("TAB_VARIAZIONI"));
+  forbid(bottega, QStringLiteral("DELETE"), QStringLiteral("TAB_VARIAZIONI"));
   const QString perche =
       fallimento(QStringLiteral("DELETE FROM TAB_VARIAZIONI where Codice_EAN = '%1';").arg(kEan));
   EXPECT_FALSE(cancella());
@@ -421,7 +448,7 @@ TEST_F(Cancellazione, UnaRigaDelGiornaleCheNonSiCancellaSiDice) {
 TEST_F(Cancellazione, UnaCCheNonSiScriveSiDice) {
   assegnaACassa();
   articolo(1, kEan);
-  vieta(bottega, QStringLiteral("INSERT"), QStringLiteral("TAB_VARIAZIONI"));
+  forbid(bottega, QStringLiteral("INSERT"), QStringLiteral("TAB_VARIAZIONI"));
   const QString perche = fallimento(
       QStringLiteral("INSERT INTO TAB_VARIAZIONI (Codice_EAN,TipoOperazione) Values ('%1','C');").arg(kEan));
   EXPECT_FALSE(cancella());
@@ -468,10 +495,10 @@ TEST_F(Cancellazione, GliIndiciCheNonSiLeggonoSiDiconoDopoIlLoroMessaggio) {
   assegnaACassa();
   // The last article goes: nothing is left to number, and only the third walk asks for the missing column.
   senza(QStringLiteral("TAB_ARTICOLI"));
-  bottega.esegui(QStringLiteral("CREATE TABLE TAB_ARTICOLI (auto_id INTEGER, Codice_EAN TEXT)"));
-  bottega.esegui(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Codice_EAN) Values (1,'%1');").arg(kEan));
+  bottega.execute(QStringLiteral("CREATE TABLE TAB_ARTICOLI (auto_id INTEGER, Codice_EAN TEXT)"));
+  bottega.execute(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Codice_EAN) Values (1,'%1');").arg(kEan));
   EXPECT_FALSE(cancella());
-  const std::vector<Box> visti = bottega.utente.takeBoxes();
+  const std::vector<Box> visti = bottega.user.takeBoxes();
   ASSERT_EQ(visti.size(), 3U);
   EXPECT_EQ(visti[0], domanda());
   const QString prefisso = QStringLiteral("Fallita UpdateALLIndex 3061 - ");
@@ -482,32 +509,21 @@ TEST_F(Cancellazione, GliIndiciCheNonSiLeggonoSiDiconoDopoIlLoroMessaggio) {
   EXPECT_EQ(visti[2].icon, Icon::Critical);
   EXPECT_EQ(ean().size(), 1);
   EXPECT_THAT(giornale(), IsEmpty());
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(Cancellazione, UnaRigaSenzaIndiceLeggibileSiDiceELaCancellazioneSiFa) {
   assegnaACassa();
   articolo(1, kEan);
   articolo(2, QStringLiteral("B"));
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = null WHERE auto_id =2"));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = null WHERE auto_id =2"));
   EXPECT_TRUE(cancella());
-  std::vector<Box> attesi =
-      riquadri({QStringLiteral("CalcolaID_Position 94 - Utilizzo non valido di Null"),
-                QStringLiteral("Fallita UpdateALLIndex 94 - Utilizzo non valido di Null")},
-               Icon::Critical);
+  std::vector<Box> attesi = boxes({QStringLiteral("CalcolaID_Position 94 - Utilizzo non valido di Null"),
+                                   QStringLiteral("Fallita UpdateALLIndex 94 - Utilizzo non valido di Null")},
+                                  Icon::Critical);
   attesi.insert(attesi.begin(), domanda());
-  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAreArray(attesi));
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAreArray(attesi));
   EXPECT_EQ(lette(QStringLiteral("SELECT auto_id from TAB_ARTICOLI")), QStringList({QStringLiteral("2")}));
-}
-
-TEST_F(Cancellazione, SenzaRichiamiDelloSchermoLavoraLoStesso) {
-  schermo = {};
-  assegnaACassa();
-  EXPECT_TRUE(inserisci());
-  EXPECT_TRUE(cancella());
-  EXPECT_FALSE(cancella(kEan, Answer::Cancel));
-  EXPECT_EQ(bottega.utente.takeBoxes().size(), 2U);
-  EXPECT_THAT(ean(), IsEmpty());
 }
 
 }  // namespace

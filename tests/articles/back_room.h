@@ -6,61 +6,44 @@
 #include <cstdint>
 #include <vector>
 
-#include "core/context.h"
-#include "core/screens.h"
-#include "core/state.h"
-#include "platform/ecrcom/library.h"
-#include "platform/store/store.h"
-#include "platform/ui/scripted_user.h"
-#include "sostegno/temporary_folder.h"
+#include "sostegno/program_fixture.h"
+#include "sostegno/statements.h"
 
-/// The back room of one test: a folder, a person who answers from a script, the stores, the real library and
-/// network, and an archive made from the template. The process-wide variables are fresh before and after.
-class Bottega {
+/// The back room of a shop: the program around a screen, with an article archive made from the template.
+class BackRoom : public ProgramFixture {
  public:
-  /// `cartellaLibreria` holds the communications library.
-  explicit Bottega(const QString& cartellaLibreria = QStringLiteral(GESTIONALE_APP));
-  ~Bottega();
+  /// `libraryFolder` holds the communications library.
+  explicit BackRoom(const QString& libraryFolder = QStringLiteral(GESTIONALE_APP));
 
-  /// Copies the template to `nome` in the folder and opens it as the archive.
-  void apriArchivio(const QString& nome = QStringLiteral("archivio.mdb"));
-  /// A file with the tables that the statements make; the archive, if `apri`.
-  void apriVuoto(const QStringList& statement, const QString& nome = QStringLiteral("altro.mdb"));
+  /// Copies the template to `name` in the folder and opens it as the archive.
+  void openArchive(const QString& name = QStringLiteral("archivio.mdb"));
+  /// Opens a file with the tables that the statements make as the archive.
+  void openWith(const QStringList& statements, const QString& name = QStringLiteral("altro.mdb"));
   /// Runs a statement on the archive.
-  int esegui(const QString& sql) { return varGlobal().DB_Articoli.Execute(sql); }
+  int execute(const QString& sql) { return varGlobal().DB_Articoli.Execute(asWritten(sql)); }
   /// First field of the first row of a query on the archive, as text.
-  QString valore(const QString& sql);
-  int righe(const QString& sql) { return varGlobal().DB_Articoli.OpenRecordset(sql).RecordCount(); }
-
-  TemporaryFolder cartella;
-  ScriptedUser utente;
-  store::Workspace area;
-  LibreriaEcr libreria;
-  Schermate schermate;
-  Contesto contesto;
+  QString value(const QString& sql);
+  int rows(const QString& sql) { return varGlobal().DB_Articoli.OpenRecordset(asWritten(sql)).RecordCount(); }
 };
 
 /// One article as a test writes it into the archive.
-struct ArticoloDiProva {
+struct TestArticle {
   QString ean;
-  QString descrizione;
-  std::int32_t prezzo = 0;
-  int reparto = 1;
-  bool varPrezzo = false;
-  bool prezzoZero = false;
+  QString description;
+  std::int32_t price = 0;
+  int department = 1;
+  bool variablePrice = false;
+  bool zeroPrice = false;
 };
 
-/// `quanti` articles with accents, the euro sign, every length of text and every pair of flags.
-std::vector<ArticoloDiProva> articoliDiProva(int quanti);
+/// `count` articles with accents, the euro sign, every length of text and every pair of flags.
+std::vector<TestArticle> testArticles(int count);
 /// Writes them over the slots from 1, in one transaction.
-void scriviArticoli(Bottega& bottega, const std::vector<ArticoloDiProva>& articoli);
-/// The image that the till has to hold for these articles, packed here byte by byte over `sotto`.
-QByteArray immagineAttesa(const std::vector<ArticoloDiProva>& articoli,
-                          QByteArray sotto = QByteArray(240000, '\0'));
+void writeArticles(BackRoom& room, const std::vector<TestArticle>& articles);
+/// The image that the till has to hold for these articles, packed here byte by byte over `under`.
+QByteArray expectedImage(const std::vector<TestArticle>& articles,
+                         QByteArray under = QByteArray(240000, '\0'));
 /// The PLU records in memory as they stand.
-QByteArray immagineInMemoria();
+QByteArray imageInMemory();
 /// Fills the PLU records in memory with one byte.
-void sporcaMemoria(std::uint8_t byte);
-
-/// The boxes of the texts, all with one icon and no title.
-std::vector<Box> riquadri(const QStringList& testi, Icon icona);
+void soilMemory(std::uint8_t byte);

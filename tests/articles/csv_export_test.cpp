@@ -1,5 +1,3 @@
-#include "articles/csv_export.h"
-
 #include <gmock/gmock.h>
 #include <iconv.h>
 #include <sqlite3.h>
@@ -7,9 +5,10 @@
 #include <QDir>
 #include <QFile>
 
+#include "articles/back_room.h"
 #include "articles/csv_import.h"
 #include "articles/guided_archive.h"
-#include "articles/others.h"
+#include "sostegno/troubles.h"
 
 using namespace articles;
 
@@ -71,30 +70,29 @@ QByteArray attesoDalFile(const QString& archivio) {
 }
 
 struct ExportArticoli : testing::Test {
-  Bottega bottega;
-  const QString lista = bottega.cartella.file(kLista);
+  BackRoom bottega;
+  const QString lista = bottega.folder.file(kLista);
 
   ExportArticoli() {
-    registraArchivioArticoli(bottega.schermate);
-    bottega.apriArchivio();
+    bottega.screens.registra<Form_ArchivioArticoli>();
+    bottega.openArchive();
   }
   void soloTre() {
-    bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id > 3"));
-    scriviArticoli(bottega,
-                   {{QStringLiteral("8003"), QStringLiteral("CAFFÈ € 漢"), 250, 2, true, false},
-                    {QStringLiteral("8001"), QStringLiteral("TÈ \"VERDE\" 10% [*]"), 5, 3, false, true},
-                    {QStringLiteral("9001"), QString(), 120000, 80, false, false}});
+    bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id > 3"));
+    writeArticles(bottega,
+                  {{QStringLiteral("8003"), QStringLiteral("CAFFÈ € 漢"), 250, 2, true, false},
+                   {QStringLiteral("8001"), QStringLiteral("TÈ \"VERDE\" 10% [*]"), 5, 3, false, true},
+                   {QStringLiteral("9001"), QString(), 120000, 80, false, false}});
   }
   void importa(const QString& file) {
-    bottega.area.NewCommand();
-    bottega.utente.chooses(file);
-    ImportaArticoli(bottega.contesto, {});
-    attendi(bottega, {riquadro(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"),
-                               Icon::Information)});
+    bottega.user.chooses(file);
+    ImportaArticoli(bottega.contesto);
+    expectBoxes(bottega, {box(QStringLiteral("Operazione di Import ARTICOLI eseguita correttamente"),
+                              Icon::Information)});
   }
   Box terminata() const {
-    return riquadro(QStringLiteral("Creazione del file ") + lista + QStringLiteral(" terminata."),
-                    Icon::Information);
+    return box(QStringLiteral("Creazione del file ") + lista + QStringLiteral(" terminata."),
+               Icon::Information);
   }
   static QByteArray prezzo(QByteArray testo) {
     return testo.replace(',', QLocale().decimalPoint().toLatin1());
@@ -103,8 +101,8 @@ struct ExportArticoli : testing::Test {
   QStringList fotografia() {
     QStringList righe;
     store::Recordset tutte = varGlobal().DB_Articoli.OpenRecordset(
-        QStringLiteral("SELECT auto_id,ID_Position,Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,"
-                       "VarPrezzo,PrezzoZero from TAB_ARTICOLI order by auto_id"));
+        u"SELECT auto_id,ID_Position,Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,"
+        u"VarPrezzo,PrezzoZero from TAB_ARTICOLI order by auto_id");
     for (; !tutte.atEnd(); tutte.MoveNext()) {
       QStringList riga;
       for (int colonna = 0; colonna < tutte.columns(); ++colonna) riga += tutte.field(colonna).text();
@@ -116,94 +114,94 @@ struct ExportArticoli : testing::Test {
 
 TEST_F(ExportArticoli, OgniRigaDellaGrigliaDiventaUnaRigaDiNoveCampi) {
   soloTre();
-  const ArchivioGuidato schermo(bottega);
-  bottega.utente.chooses(lista);
-  schermo.clic(kExport);
-  attendi(bottega, {terminata()});
-  EXPECT_EQ(bottega.cartella.read(kLista), prezzo("1;8003;A1;CAFF\xC8 \x80 ?;2,50;2;S;N; \r\n") +
-                                               prezzo("2;8001;A2;T\xC8 \"VERDE\" 10% [*];0,05;3;N;S; \r\n") +
-                                               prezzo("3;9001;A3;;1200,00;80;N;N; \r\n"));
-  ASSERT_EQ(bottega.utente.requests().size(), 1U);
-  EXPECT_EQ(bottega.utente.requests()[0].filter, QStringLiteral("csv (*.csv)|*.csv"));
+  const GuidedArchive schermo(bottega);
+  bottega.user.chooses(lista);
+  schermo.click(kExport);
+  expectBoxes(bottega, {terminata()});
+  EXPECT_EQ(bottega.folder.read(kLista), prezzo("1;8003;A1;CAFF\xC8 \x80 ?;2,50;2;S;N; \r\n") +
+                                             prezzo("2;8001;A2;T\xC8 \"VERDE\" 10% [*];0,05;3;N;S; \r\n") +
+                                             prezzo("3;9001;A3;;1200,00;80;N;N; \r\n"));
+  ASSERT_EQ(bottega.user.requests().size(), 1U);
+  EXPECT_EQ(bottega.user.requests()[0].filter, QStringLiteral("csv (*.csv)|*.csv"));
 }
 
 TEST_F(ExportArticoli, UnElencoCercatoSiNumeraPerRigaDellaGriglia) {
   soloTre();
-  const ArchivioGuidato schermo(bottega);
-  schermo.scrivi(QStringLiteral("vkTextBoxCodEan"), QStringLiteral("80"));
-  schermo.clic(QStringLiteral("Vmd_Cerca"));
-  bottega.utente.chooses(lista);
-  schermo.clic(kExport);
-  attendi(bottega, {terminata()});
-  EXPECT_EQ(bottega.cartella.read(kLista), prezzo("1;8001;A2;T\xC8 \"VERDE\" 10% [*];0,05;3;;; \r\n") +
-                                               prezzo("2;8003;A1;CAFF\xC8 \x80 ?;2,50;2;;; \r\n"));
+  const GuidedArchive schermo(bottega);
+  schermo.type(QStringLiteral("vkTextBoxCodEan"), QStringLiteral("80"));
+  schermo.click(QStringLiteral("Vmd_Cerca"));
+  bottega.user.chooses(lista);
+  schermo.click(kExport);
+  expectBoxes(bottega, {terminata()});
+  EXPECT_EQ(bottega.folder.read(kLista), prezzo("1;8001;A2;T\xC8 \"VERDE\" 10% [*];0,05;3;;; \r\n") +
+                                             prezzo("2;8003;A1;CAFF\xC8 \x80 ?;2,50;2;;; \r\n"));
 }
 
 TEST_F(ExportArticoli, UnaGrigliaVuotaEsportaLaSuaRigaVuota) {
-  bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI"));
-  const ArchivioGuidato schermo(bottega);
-  bottega.utente.chooses(lista);
-  schermo.clic(kExport);
-  attendi(bottega, {terminata()});
-  EXPECT_EQ(bottega.cartella.read(kLista), QByteArray("1;;;;;;;; \r\n"));
+  bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI"));
+  const GuidedArchive schermo(bottega);
+  bottega.user.chooses(lista);
+  schermo.click(kExport);
+  expectBoxes(bottega, {terminata()});
+  EXPECT_EQ(bottega.folder.read(kLista), QByteArray("1;;;;;;;; \r\n"));
 }
 
 TEST_F(ExportArticoli, AnnullareOLasciareIlNomeVuotoNonScriveNulla) {
   soloTre();
-  const ArchivioGuidato schermo(bottega);
-  const QStringList prima = QDir(bottega.cartella.path()).entryList();
-  bottega.utente.chooses(std::nullopt).chooses(QString());
-  schermo.clic(kExport);
-  schermo.clic(kExport);
-  EXPECT_EQ(bottega.utente.requests().size(), 2U);
-  EXPECT_EQ(QDir(bottega.cartella.path()).entryList(), prima);
+  const GuidedArchive schermo(bottega);
+  const QStringList prima = QDir(bottega.folder.path()).entryList();
+  bottega.user.chooses(std::nullopt).chooses(QString());
+  schermo.click(kExport);
+  schermo.click(kExport);
+  EXPECT_EQ(bottega.user.requests().size(), 2U);
+  EXPECT_EQ(QDir(bottega.folder.path()).entryList(), prima);
 }
 
 TEST_F(ExportArticoli, UnFileCheCEGiaSiSostituisceSenzaDomande) {
   soloTre();
-  bottega.cartella.write(kLista, QByteArray(100000, 'x'));
-  const ArchivioGuidato schermo(bottega);
-  bottega.utente.chooses(lista);
-  schermo.clic(kExport);
-  attendi(bottega, {terminata()});
-  EXPECT_TRUE(bottega.cartella.read(kLista).startsWith("1;8003;"));
-  EXPECT_EQ(bottega.cartella.read(kLista).count('\n'), 3);
+  bottega.folder.write(kLista, QByteArray(100000, 'x'));
+  const GuidedArchive schermo(bottega);
+  bottega.user.chooses(lista);
+  schermo.click(kExport);
+  expectBoxes(bottega, {terminata()});
+  EXPECT_TRUE(bottega.folder.read(kLista).startsWith("1;8003;"));
+  EXPECT_EQ(bottega.folder.read(kLista).count('\n'), 3);
 }
 
 TEST_F(ExportArticoli, IlListinoVeroEEgualeAQuantoSiCalcolaDalDatabase) {
   importa(QStringLiteral(GESTIONALE_APP) + QStringLiteral("/articoli.csv"));
-  const ArchivioGuidato schermo(bottega);
-  bottega.utente.chooses(lista);
-  schermo.clic(kExport);
-  attendi(bottega, {terminata()});
-  const QByteArray scritto = bottega.cartella.read(kLista);
+  const GuidedArchive schermo(bottega);
+  bottega.user.chooses(lista);
+  schermo.click(kExport);
+  expectBoxes(bottega, {terminata()});
+  const QByteArray scritto = bottega.folder.read(kLista);
   EXPECT_EQ(scritto.count('\n'), 5000);
-  EXPECT_TRUE(scritto == attesoDalFile(bottega.cartella.file(QStringLiteral("archivio.mdb"))));
+  EXPECT_TRUE(scritto == attesoDalFile(bottega.folder.file(QStringLiteral("archivio.mdb"))));
 }
 
 TEST_F(ExportArticoli, RilettoNonCambiaCheISegni) {
   importa(QStringLiteral(GESTIONALE_APP) + QStringLiteral("/articoli.csv"));
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR' where auto_id < 100"));
-  bottega.esegui(
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR' where auto_id < 100"));
+  bottega.execute(
       QStringLiteral("UPDATE TAB_ARTICOLI SET VarPrezzo =true,PrezzoZero =true where auto_id < 50"));
   const QStringList prima = fotografia();
-  const ArchivioGuidato schermo(bottega);
-  bottega.utente.chooses(lista);
-  schermo.clic(kExport);
-  attendi(bottega, {terminata()});
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='',Prezzo =0,Reparto =1"));
+  const GuidedArchive schermo(bottega);
+  bottega.user.chooses(lista);
+  schermo.click(kExport);
+  expectBoxes(bottega, {terminata()});
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='',Prezzo =0,Reparto =1"));
   importa(lista);
   EXPECT_EQ(fotografia(), prima);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where Filler =' '")), 5000);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where Filler =' '")), 5000);
 }
 
 TEST_F(ExportArticoli, UnoSlotVuotoRilettoPrendeIlCodiceZero) {
-  bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id > 1"));
-  const ArchivioGuidato schermo(bottega);
-  bottega.utente.chooses(lista);
-  schermo.clic(kExport);
-  attendi(bottega, {terminata()});
-  EXPECT_EQ(bottega.cartella.read(kLista), prezzo("1;;;;0,00;1;N;N; \r\n"));
+  bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id > 1"));
+  const GuidedArchive schermo(bottega);
+  bottega.user.chooses(lista);
+  schermo.click(kExport);
+  expectBoxes(bottega, {terminata()});
+  EXPECT_EQ(bottega.folder.read(kLista), prezzo("1;;;;0,00;1;N;N; \r\n"));
   QStringList attese = fotografia();
   ASSERT_EQ(attese.size(), 1);
   ASSERT_TRUE(attese[0].startsWith(QStringLiteral("1|1|||")));
@@ -215,24 +213,24 @@ TEST_F(ExportArticoli, UnoSlotVuotoRilettoPrendeIlCodiceZero) {
 /// A file that cannot be written: the box of the failure, and what was there before.
 struct ExportImpossibile : ExportArticoli {
   void esportaSu(const QString& percorso, int numero) {
-    const QStringList prima = QDir(bottega.cartella.path()).entryList(QDir::AllEntries | QDir::Hidden);
-    const ArchivioGuidato schermo(bottega);
-    bottega.utente.chooses(percorso);
-    schermo.clic(kExport);
-    const std::vector<Box> visti = bottega.utente.takeBoxes();
+    const QStringList prima = QDir(bottega.folder.path()).entryList(QDir::AllEntries | QDir::Hidden);
+    const GuidedArchive schermo(bottega);
+    bottega.user.chooses(percorso);
+    schermo.click(kExport);
+    const std::vector<Box> visti = bottega.user.takeBoxes();
     ASSERT_EQ(visti.size(), 1U);
     EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Error %1 (").arg(numero)))
         << visti[0].text.toStdString();
     EXPECT_TRUE(visti[0].text.endsWith(
         QStringLiteral(") in procedure Cmd_Export_Click of Modulo Form_ArchivioArticoli")));
-    EXPECT_EQ(QDir(bottega.cartella.path()).entryList(QDir::AllEntries | QDir::Hidden), prima);
-    EXPECT_TRUE(schermo.vivo());
-    EXPECT_TRUE(schermo.griglia().Redraw());
+    EXPECT_EQ(QDir(bottega.folder.path()).entryList(QDir::AllEntries | QDir::Hidden), prima);
+    EXPECT_TRUE(schermo.alive());
+    EXPECT_TRUE(schermo.grid().Redraw());
   }
 };
 
 TEST_F(ExportImpossibile, InUnaCartellaCheNonCE) {
-  esportaSu(bottega.cartella.file(QStringLiteral("manca/lista.csv")), errors::kPathMissing);
+  esportaSu(bottega.folder.file(QStringLiteral("manca/lista.csv")), errors::kPathMissing);
 }
 
 TEST_F(ExportImpossibile, SopraUnaCartella) {
@@ -241,21 +239,21 @@ TEST_F(ExportImpossibile, SopraUnaCartella) {
 }
 
 TEST_F(ExportImpossibile, SulDiscoPienoRestaIlFileDiPrima) {
-  bottega.cartella.write(kLista, "prima");
-  const DiscoPieno pieno(10000);
+  bottega.folder.write(kLista, "prima");
+  const FullDisk pieno(10000);
   esportaSu(lista, errors::kDiskFull);
-  EXPECT_EQ(bottega.cartella.read(kLista), QByteArray("prima"));
+  EXPECT_EQ(bottega.folder.read(kLista), QByteArray("prima"));
 }
 
 TEST_F(ExportImpossibile, InUnaCartellaDiAltriRestaIlFileDiPrima) {
-  const QString chiusa = bottega.cartella.file(QStringLiteral("chiusa"));
+  const QString chiusa = bottega.folder.file(QStringLiteral("chiusa"));
   ASSERT_TRUE(QDir().mkdir(chiusa));
   constexpr auto kDiTutti =
       QFileDevice::ReadGroup | QFileDevice::ExeGroup | QFileDevice::ReadOther | QFileDevice::ExeOther;
-  QFile::setPermissions(bottega.cartella.path(), QFile::permissions(bottega.cartella.path()) | kDiTutti);
+  QFile::setPermissions(bottega.folder.path(), QFile::permissions(bottega.folder.path()) | kDiTutti);
   QFile::setPermissions(chiusa, QFileDevice::ReadOwner | QFileDevice::ExeOwner | kDiTutti);
   {
-    const AltroUtente altro;
+    const OtherUser altro;
     esportaSu(chiusa + QStringLiteral("/lista.csv"), errors::kPathAccess);
   }
   EXPECT_TRUE(QDir(chiusa).isEmpty());

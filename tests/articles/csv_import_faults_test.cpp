@@ -10,8 +10,8 @@
 #include "articles/article_database.h"
 #include "articles/csv_import.h"
 #include "articles/import_fixture.h"
-#include "articles/others.h"
 #include "articles/sync_count.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
@@ -23,14 +23,14 @@ struct ImportGuasti : ImportArticoli {};
 
 TEST_F(ImportGuasti, UnArchivioInSolaLetturaFallisceConIlMessaggioDelloStatement) {
   varGlobal().DB_Articoli.Close();
-  const QString lista = bottega.cartella.write(QStringLiteral("lista.csv"), listaSana(3));
-  ASSERT_EQ(chmod(bottega.cartella.path().toUtf8().constData(), 0777), 0);
+  const QString lista = bottega.folder.write(QStringLiteral("lista.csv"), listaSana(3));
+  ASSERT_EQ(chmod(bottega.folder.path().toUtf8().constData(), 0777), 0);
   ASSERT_EQ(chmod(archivio.toUtf8().constData(), 0444), 0);
-  const AltroUtente altro;
+  const OtherUser altro;
   articles::ApriDatabase(archivio, bottega.contesto);
   const Fotografia prima = fotografia();
   EXPECT_EQ(importaFile(lista).tipo, Tipo::Annullato);
-  const auto riquadri = bottega.utente.takeBoxes();
+  const auto riquadri = bottega.user.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(
       riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3073\r\n")));
@@ -40,10 +40,10 @@ TEST_F(ImportGuasti, UnArchivioInSolaLetturaFallisceConIlMessaggioDelloStatement
 TEST_F(ImportGuasti, UnArchivioBloccatoDaUnAltroProgrammaNonCambia) {
   const Fotografia prima = fotografia();
   {
-    const AltroProgramma altro(archivio, {QStringLiteral("BEGIN EXCLUSIVE")});
+    const OtherProgram altro(archivio, {QStringLiteral("BEGIN EXCLUSIVE")});
     EXPECT_NE(importa(rigaCsv(1, {}, "A", "B", "1,00", "1")).tipo, Tipo::Importato);
   }
-  const auto riquadri = bottega.utente.takeBoxes();
+  const auto riquadri = bottega.user.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(
       riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3260\r\n")));
@@ -53,12 +53,12 @@ TEST_F(ImportGuasti, UnArchivioBloccatoDaUnAltroProgrammaNonCambia) {
 TEST_F(ImportGuasti, UnDiscoPienoLasciaLArchivioComEra) {
   const Fotografia prima = fotografia();
   const QByteArray lista = listaSana(5000);
-  const QString percorso = bottega.cartella.write(QStringLiteral("lista.csv"), lista);
+  const QString percorso = bottega.folder.write(QStringLiteral("lista.csv"), lista);
   {
-    const DiscoPieno pieno(static_cast<unsigned long>(QFileInfo(archivio).size()) / 2);
+    const FullDisk pieno(static_cast<unsigned long>(QFileInfo(archivio).size()) / 2);
     EXPECT_NE(importaFile(percorso).tipo, Tipo::Importato);
   }
-  const auto riquadri = bottega.utente.takeBoxes();
+  const auto riquadri = bottega.user.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(
       riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 61\r\n")))
@@ -69,19 +69,19 @@ TEST_F(ImportGuasti, UnDiscoPienoLasciaLArchivioComEra) {
 
 /// Runs the import of `lista` in a process of its own, killed at an event pass or at a sync of the disk, both
 /// counted from 1. Returns true if it was killed.
-bool importaEMuori(Bottega& bottega, const QString& archivio, const QString& lista, int passaggio,
+bool importaEMuori(BackRoom& bottega, const QString& archivio, const QString& lista, int passaggio,
                    int sincronismo) {
   const pid_t figlio = fork();
   if (figlio == 0) {
     articles::ApriDatabase(archivio, bottega.contesto);
-    bottega.utente.chooses(lista);
-    bottega.utente.onPass = [passaggio, fatti = 0]() mutable {
+    bottega.user.chooses(lista);
+    bottega.user.onPass = [passaggio, fatti = 0]() mutable {
       if (++fatti == passaggio) raise(SIGKILL);
     };
-    sincronismi::conta([sincronismo](int numero) {
+    sync_count::start([sincronismo](int numero) {
       if (numero == sincronismo) raise(SIGKILL);
     });
-    articles::ImportaArticoli(bottega.contesto, {});
+    articles::ImportaArticoli(bottega.contesto);
     _exit(0);
   }
   int stato = 0;
@@ -97,14 +97,14 @@ struct ImportUcciso : ImportArticoli {
 
   void SetUp() override {
     ImportArticoli::SetUp();
-    lista = bottega.cartella.write(QStringLiteral("lista.csv"), listaSana(kRighe));
+    lista = bottega.folder.write(QStringLiteral("lista.csv"), listaSana(kRighe));
     prima = fotografia();
     varGlobal().DB_Articoli.Close();
-    const QString copia = bottega.cartella.file(QStringLiteral("intera.mdb"));
+    const QString copia = bottega.folder.file(QStringLiteral("intera.mdb"));
     ASSERT_TRUE(QFile::copy(archivio, copia));
     articles::ApriDatabase(copia, bottega.contesto);
     importaFile(lista);
-    bottega.utente.takeBoxes();
+    bottega.user.takeBoxes();
     dopo = fotografia();
     ASSERT_NE(prima, dopo);
     varGlobal().DB_Articoli.Close();

@@ -9,6 +9,7 @@
 #include "articles/import_fixture.h"
 #include "articles/import_line.h"
 #include "articles/sync_count.h"
+#include "core/command.h"
 #include "platform/ui/busy_guard.h"
 
 namespace {
@@ -49,35 +50,35 @@ QStringList letta(const QStringList& riga) {
 }
 
 TEST_F(ImportArticoli, UnaRigaSanaScriveICinqueCampiEPulisceIlMarchio) {
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR' WHERE auto_id =3"));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR' WHERE auto_id =3"));
   const auto esito = importa(rigaCsv(3, "8001", "A1", "Caff\xE8", "2,38", "4"));
   EXPECT_EQ(esito.tipo, Tipo::Importato);
   EXPECT_EQ(esito.righe, 1);
   EXPECT_THAT(fotografia()[2],
               ElementsAre(u"3", u"3", u"8001", u"A1", u"Caffè", u"238", u"4", u" ", testing::_, testing::_));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
   EXPECT_THAT(annotazioni(), IsEmpty());
 }
 
 TEST_F(ImportArticoli, LaFinestraFiltraIFileCsv) {
   importa(listaSana(1));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
-  ASSERT_EQ(bottega.utente.requests().size(), 1U);
-  EXPECT_EQ(bottega.utente.requests()[0].filter, QStringLiteral("csv (*.csv)|*.csv"));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
+  ASSERT_EQ(bottega.user.requests().size(), 1U);
+  EXPECT_EQ(bottega.user.requests()[0].filter, QStringLiteral("csv (*.csv)|*.csv"));
 }
 
 TEST_F(ImportArticoli, LaDescrizioneRestaNelleSueMaiuscole) {
   importa(rigaCsv(1, "8001", "a1", "Olio Extra", "1,00", "1"));
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 1), QStringLiteral("Olio Extra"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
 }
 
 TEST_F(ImportArticoli, LaListaDiEsempioArrivaRigaPerRiga) {
   const QString lista = QStringLiteral(GESTIONALE_APP "/articoli.csv");
-  const QString copia = bottega.cartella.file(QStringLiteral("lista.csv"));
+  const QString copia = bottega.folder.file(QStringLiteral("lista.csv"));
   ASSERT_TRUE(QFile::copy(lista, copia));
   EXPECT_EQ(importaFile(copia).righe, 5000);
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
   QFile file(copia);
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   const QList<QByteArray> righe = file.readAll().replace("\r\n", "\n").chopped(1).split('\n');
@@ -91,12 +92,12 @@ TEST_F(ImportArticoli, LaListaDiEsempioArrivaRigaPerRiga) {
 
 TEST_F(ImportArticoli, GliApostrofiFalliscono_ConIlMessaggioDelloStatementENienteCambia) {
   const Fotografia prima = fotografia();
-  const QString copia = bottega.cartella.file(QStringLiteral("lista.csv"));
+  const QString copia = bottega.folder.file(QStringLiteral("lista.csv"));
   ASSERT_TRUE(
       QFile::copy(QStringLiteral(GESTIONALE_SOURCES "/tests/sample_data/articoli-apostrofi.csv"), copia));
   QString descrizione;
   try {
-    bottega.esegui(
+    bottega.execute(
         QStringLiteral("UPDATE TAB_ARTICOLI SET  Codice_ean ='8002591902284', Codice_Articolo ='190228',"
                        "Descrizione ='Huile d'olive Barbera',Prezzo =256,Reparto =8,Filler =' ' WHERE "
                        "auto_id =1"));
@@ -107,7 +108,7 @@ TEST_F(ImportArticoli, GliApostrofiFalliscono_ConIlMessaggioDelloStatementENient
   }
   EXPECT_EQ(importaFile(copia).tipo, Tipo::Annullato);
   EXPECT_THAT(
-      bottega.utente.boxes(),
+      bottega.user.boxes(),
       ElementsAre(Box{QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n") + descrizione,
                       Icon::Critical,
                       {},
@@ -115,12 +116,12 @@ TEST_F(ImportArticoli, GliApostrofiFalliscono_ConIlMessaggioDelloStatementENient
                   riuscita()));
   EXPECT_EQ(fotografia(), prima);
   EXPECT_EQ(fotografiaDaFuori(), prima);
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(ImportArticoli, UnApostrofoNellEanDiceAncheLErroreDellaRicerca) {
   importa(rigaCsv(1, "80'1", "A", "B", "1,00", "1"));
-  const auto riquadri = bottega.utente.takeBoxes();
+  const auto riquadri = bottega.user.takeBoxes();
   ASSERT_EQ(riquadri.size(), 3U);
   EXPECT_TRUE(riquadri[0].text.startsWith(QStringLiteral("Errore GetCodiceEAN 3075 - ")));
   EXPECT_TRUE(
@@ -131,13 +132,13 @@ TEST_F(ImportArticoli, UnApostrofoNellEanDiceAncheLErroreDellaRicerca) {
 TEST_F(ImportArticoli, UnFileEsportatoRilettoAggiornaOgniRigaLasciaIPermessiEPulisceIlMarchio) {
   const QByteArray lista = listaSana(5000);
   importa(lista);
-  bottega.utente.takeBoxes();
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET VarPrezzo =true WHERE auto_id >2500"));
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET PrezzoZero =true WHERE auto_id <1000"));
+  bottega.user.takeBoxes();
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET VarPrezzo =true WHERE auto_id >2500"));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET PrezzoZero =true WHERE auto_id <1000"));
   const Fotografia prima = fotografia();
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR'"));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR'"));
   importa(lista);
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
   EXPECT_EQ(fotografia(), prima);
 }
 
@@ -146,29 +147,29 @@ TEST_F(ImportArticoli, SetteSeparatoriFermanoLImportAQuellaRiga) {
                              rigaCsv(4, "8004", "A4", "QUATTRO", "1,00", "1"));
   EXPECT_EQ(esito.tipo, Tipo::Fallito);
   EXPECT_EQ(esito.righe, 2);
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(fallita()));
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 2), QStringLiteral("ARTICOLO 2"));
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 4), QString());
   EXPECT_THAT(annotazioni(), IsEmpty());
 }
 
-TEST_F(ImportArticoli, DopoUnaRigaSenzaFormaLaTransazioneRestaApertaFinoAlComandoDopo) {
+TEST_F(ImportArticoli, DopoUnaRigaSenzaFormaLaTransazioneRestaApertaELaFineDelComandoLaConferma) {
   const Fotografia prima = fotografia();
+  bottega.user.onBox = [&](const Box&) {
+    EXPECT_EQ(bottega.workspace.level(), 1);
+    EXPECT_EQ(fotografiaDaFuori(), prima);
+  };
   importa(listaSana(2) + "rotta\r\n");
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
-  EXPECT_EQ(bottega.area.level(), 1);
-  EXPECT_EQ(fotografiaDaFuori(), prima);
-  bottega.area.NewCommand();
-  bottega.area.BeginTrans();
-  EXPECT_EQ(bottega.area.level(), 1);
-  bottega.area.Rollback();
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(fallita()));
+  EXPECT_EQ(livelloAllaFine, 1);
+  EXPECT_EQ(bottega.workspace.level(), 0);
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 2), QStringLiteral("ARTICOLO 2"));
   EXPECT_EQ(fotografiaDaFuori(), fotografia());
 }
 
 TEST_F(ImportArticoli, LaChiusuraDellArchivioTieneQuantoLImportFermatoHaScritto) {
   importa(listaSana(2) + "rotta\r\n");
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(fallita()));
   const Fotografia vista = fotografia();
   varGlobal().DB_Articoli.Close();
   EXPECT_EQ(fotografiaDaFuori(), vista);
@@ -176,24 +177,24 @@ TEST_F(ImportArticoli, LaChiusuraDellArchivioTieneQuantoLImportFermatoHaScritto)
 
 TEST_F(ImportArticoli, UnaPosizioneVuotaFermaLImport) {
   importa(";8001;A;B;1,00;1;N;N; \r\n");
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(fallita()));
 }
 
 TEST_F(ImportArticoli, UnaPosizioneSottoZeroFermaLImport) {
   importa(rigaCsv(-1, "8001", "A", "B", "1,00", "1"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(fallita()));
 }
 
 TEST_F(ImportArticoli, IlReportEChiusoPrimaDelRiquadroDiUnImportFermato) {
-  bottega.utente.onBox = [this](const Box&) { EXPECT_THAT(annotazioni(), IsEmpty()); };
+  bottega.user.onBox = [this](const Box&) { EXPECT_THAT(annotazioni(), IsEmpty()); };
   importa("rotta\r\n");
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(fallita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(fallita()));
 }
 
 TEST_F(ImportArticoli, IlReportEChiusoDopoIlRiquadroDiUnImportFinito) {
-  bottega.utente.onBox = [this](const Box&) { EXPECT_FALSE(report().contains("FINE REPORT")); };
+  bottega.user.onBox = [this](const Box&) { EXPECT_FALSE(report().contains("FINE REPORT")); };
   importa(listaSana(1));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
   EXPECT_TRUE(report().contains("FINE REPORT"));
 }
 
@@ -204,20 +205,20 @@ TEST_F(ImportArticoli, UnPrezzoDi100000EScrittoMarcatoEAnnotato) {
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral("ERR"));
   EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 100000 4 [CODICE ERRORE=ERR: PREZZO *100000*]"));
   EXPECT_TRUE(report().contains("TOTALI ERRORI RISCONTRATI: [1]"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(1)));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(1)));
 }
 
 TEST_F(ImportArticoli, IlPrezzoMassimoPassa) {
   importa(rigaCsv(1, "8001", "A1", "UNO", "99999,99", "80"));
   EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 1), QStringLiteral("9999999"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
 }
 
 TEST_F(ImportArticoli, UnPrezzoSottoZeroEMarcato) {
   importa(rigaCsv(1, "8001", "A1", "UNO", "-0,01", "4"));
   EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 1), QStringLiteral("-1"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral("ERR"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(1)));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(1)));
 }
 
 TEST_F(ImportArticoli, UnRepartoOltre80EScrittoMarcatoEAnnotato) {
@@ -225,21 +226,21 @@ TEST_F(ImportArticoli, UnRepartoOltre80EScrittoMarcatoEAnnotato) {
   EXPECT_EQ(colonna(QStringLiteral("Reparto"), 1), QStringLiteral("81"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral("ERR"));
   EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 1,00 81 [CODICE ERRORE=ERR: REPARTO *81*]"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(1)));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(1)));
 }
 
 TEST_F(ImportArticoli, UnReparto90ConUnPrezzoGuastoAnnotaSoloIlPrezzo) {
   const auto esito = importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "90"));
   EXPECT_EQ(esito.errori, 1);
   EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 100000 90 [CODICE ERRORE=ERR: PREZZO *100000*]"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(1)));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(1)));
 }
 
 TEST_F(ImportArticoli, LaBandieraDelPrezzoValePerUnaRigaSola) {
   importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "4") + rigaCsv(2, "8002", "A2", "DUE", "1,00", "90"));
   EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 100000 4 [CODICE ERRORE=ERR: PREZZO *100000*]",
                                          u"8002|A2 DUE 1,00 90 [CODICE ERRORE=ERR: REPARTO *90*]"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(2)));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(2)));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 2), QStringLiteral("ERR"));
 }
 
@@ -249,7 +250,7 @@ TEST_F(ImportArticoli, DopoIlPrimoErroreOgniRigaEMarcata) {
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral(" "));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 2), QStringLiteral("ERR"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 3), QStringLiteral("ERR"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(1)));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(1)));
 }
 
 TEST_F(ImportArticoli, TreRigheGuasteAnnullanoTutto) {
@@ -259,7 +260,7 @@ TEST_F(ImportArticoli, TreRigheGuasteAnnullanoTutto) {
   const auto esito = importa(csv);
   EXPECT_EQ(esito.tipo, Tipo::Annullato);
   EXPECT_EQ(esito.errori, 3);
-  const auto riquadri = bottega.utente.takeBoxes();
+  const auto riquadri = bottega.user.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(
       riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3075\r\n")));
@@ -275,7 +276,7 @@ TEST_F(ImportArticoli, DueRepartiGuastiPesanoQuantoTrePrezzi) {
   const auto esito =
       importa(rigaCsv(1, "8001", "A1", "UNO", "1,00", "90") + rigaCsv(2, "8002", "A2", "DUE", "1,00", "90"));
   EXPECT_EQ(esito.tipo, Tipo::Annullato);
-  EXPECT_EQ(bottega.utente.takeBoxes().size(), 2U);
+  EXPECT_EQ(bottega.user.takeBoxes().size(), 2U);
   EXPECT_EQ(fotografia(), prima);
 }
 
@@ -283,14 +284,14 @@ TEST_F(ImportArticoli, UnPrezzoEUnRepartoGuastiPassanoMarcati) {
   importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "1") + rigaCsv(2, "8002", "A2", "DUE", "1,00", "90") +
           rigaCsv(3, "8003", "A3", "TRE", "1,00", "1"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 3), QStringLiteral("ERR"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(conErrori(2)));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(2)));
 }
 
 TEST_F(ImportArticoli, ICampiMancantiSonoAnnotatiEScrittiConIPredefinitiSenzaErrore) {
   importa(
       "1;;A1;UNO;1,00;1;N;N; \r\n2;8002;;DUE;1,00;1;N;N; \r\n3;8003;A3;;1,00;1;N;N; \r\n"
       "4;8004;A4;QUATTRO;1,00;;N;N; \r\n5;8005;A5;CINQUE;;1;N;N; \r\n");
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
   EXPECT_THAT(annotazioni(),
               ElementsAre(u"|A1 UNO 1,00 1 [CODICE ERRORE=4 *CODICE EAN ASSENTE*]",
                           u"8002|0 DUE 1,00 1 [CODICE ERRORE=5 *CODICE ARTICOLO ASSENTE*]",
@@ -301,7 +302,7 @@ TEST_F(ImportArticoli, ICampiMancantiSonoAnnotatiEScrittiConIPredefinitiSenzaErr
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 3), QString());
   EXPECT_EQ(colonna(QStringLiteral("Reparto"), 4), QStringLiteral("0"));
   EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 5), QStringLiteral("0"));
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Filler ='ERR'")), 0);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Filler ='ERR'")), 0);
 }
 
 TEST_F(ImportArticoli, UnEanDuplicatoEAnnotatoENonFermaLaRiga) {
@@ -310,13 +311,13 @@ TEST_F(ImportArticoli, UnEanDuplicatoEAnnotatoENonFermaLaRiga) {
               ElementsAre(u"8001|A2 DUE 1,00 1 [CODICE ERRORE=WARNING: EAN DUPLICATO *8001*]"));
   EXPECT_EQ(colonna(QStringLiteral("Codice_EAN"), 2), QStringLiteral("8001"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 2), QStringLiteral(" "));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
 }
 
 TEST_F(ImportArticoli, UnEanVuotoNonEDuplicato) {
   importa("1;;A1;UNO;1,00;1;N;N; \r\n");
   EXPECT_THAT(annotazioni(), ElementsAre(u"|A1 UNO 1,00 1 [CODICE ERRORE=4 *CODICE EAN ASSENTE*]"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
 }
 
 TEST_F(ImportArticoli, UnaPosizioneSenzaRigaNonAggiornaNulla) {
@@ -324,7 +325,7 @@ TEST_F(ImportArticoli, UnaPosizioneSenzaRigaNonAggiornaNulla) {
   EXPECT_EQ(
       importa(rigaCsv(0, "8001", "A", "B", "1,00", "1") + rigaCsv(5001, "8002", "A", "B", "1,00", "1")).righe,
       2);
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
   EXPECT_EQ(fotografia(), prima);
 }
 
@@ -333,32 +334,32 @@ TEST_F(ImportArticoli, LaPosizione40000InterrompeInSilenzioConLaTransazioneApert
   EXPECT_EQ(esito.tipo, Tipo::Interrotto);
   EXPECT_EQ(esito.righe, 1);
   EXPECT_NE(esito.dettaglio, QString());
-  EXPECT_THAT(bottega.utente.boxes(), IsEmpty());
-  EXPECT_EQ(bottega.area.level(), 1);
+  EXPECT_THAT(bottega.user.boxes(), IsEmpty());
+  EXPECT_EQ(livelloAllaFine, 1);
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 1), QStringLiteral("ARTICOLO 1"));
   EXPECT_THAT(annotazioni(), IsEmpty());
 }
 
 TEST_F(ImportArticoli, UnPrezzoSmisuratoInterrompeInSilenzio) {
   EXPECT_EQ(importa(rigaCsv(1, "8001", "A", "B", "99999999999", "1")).tipo, Tipo::Interrotto);
-  EXPECT_THAT(bottega.utente.boxes(), IsEmpty());
+  EXPECT_THAT(bottega.user.boxes(), IsEmpty());
   EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 1), QStringLiteral("0"));
 }
 
 TEST_F(ImportArticoli, UnRepartoCheNonEUnNumeroFallisceConIlMessaggioDelloStatement) {
   const Fotografia prima = fotografia();
   EXPECT_EQ(importa(rigaCsv(1, "8001", "A", "B", "1,00", "pane")).tipo, Tipo::Annullato);
-  const auto riquadri = bottega.utente.takeBoxes();
+  const auto riquadri = bottega.user.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(
-      riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3061\r\n")));
+      riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3464\r\n")));
   EXPECT_EQ(fotografia(), prima);
 }
 
 TEST_F(ImportArticoli, UnRepartoConDecimaliAnnullaTutto) {
   const Fotografia prima = fotografia();
   EXPECT_EQ(importa(listaSana(1) + rigaCsv(2, "8001", "A", "B", "1,00", "5.5")).tipo, Tipo::Annullato);
-  const auto riquadri = bottega.utente.takeBoxes();
+  const auto riquadri = bottega.user.takeBoxes();
   ASSERT_EQ(riquadri.size(), 2U);
   EXPECT_TRUE(riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° ")));
   EXPECT_EQ(riquadri[0].icon, Icon::Critical);
@@ -370,7 +371,7 @@ TEST_F(ImportArticoli, UnEanOCodiceOltreTrediciCaratteriAnnullaTuttoConIlMessagg
   for (const QByteArray& riga : {rigaCsv(2, "80000000000001", "A", "B", "1,00", "1"),
                                  rigaCsv(2, "8001", "ABCDEFGHIJKLMN", "B", "1,00", "1")}) {
     EXPECT_EQ(importa(listaSana(1) + riga).tipo, Tipo::Annullato);
-    const auto riquadri = bottega.utente.takeBoxes();
+    const auto riquadri = bottega.user.takeBoxes();
     ASSERT_EQ(riquadri.size(), 2U);
     EXPECT_TRUE(
         riquadri[0].text.startsWith(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3163\r\n")))
@@ -379,60 +380,57 @@ TEST_F(ImportArticoli, UnEanOCodiceOltreTrediciCaratteriAnnullaTuttoConIlMessagg
   }
 }
 
-TEST_F(ImportArticoli, LAnnullamentoDellaFinestraLasciaLaTransazioneAperta) {
+TEST_F(ImportArticoli, LAnnullamentoDellaFinestraLasciaLaTransazioneApertaFinoAllaFineDelComando) {
   const Fotografia prima = fotografia();
-  bottega.utente.chooses(std::nullopt);
-  bottega.area.NewCommand();
-  EXPECT_EQ(articles::ImportaArticoli(bottega.contesto, {}, [this] { return ora; }).tipo, Tipo::Abbandonato);
-  EXPECT_EQ(bottega.area.level(), 1);
+  bottega.user.chooses(std::nullopt);
+  {
+    const Comando comando(bottega.contesto, QStringLiteral("Importa"), QStringLiteral("Prova"));
+    EXPECT_EQ(articles::ImportaArticoli(bottega.contesto).tipo, Tipo::Abbandonato);
+    EXPECT_EQ(bottega.workspace.level(), 1);
+  }
+  EXPECT_EQ(bottega.workspace.level(), 0);
   EXPECT_EQ(fotografia(), prima);
 }
 
 TEST_F(ImportArticoli, DopoUnAnnullamentoUnNuovoImportRiesce) {
-  bottega.utente.chooses(std::nullopt);
-  bottega.area.NewCommand();
-  articles::ImportaArticoli(bottega.contesto, {}, [this] { return ora; });
+  bottega.user.chooses(std::nullopt);
+  comando(bottega.contesto, "Importa", QStringLiteral("Prova"),
+          [&] { articles::ImportaArticoli(bottega.contesto); });
   importa(listaSana(3));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
+  EXPECT_EQ(bottega.workspace.level(), 0);
   EXPECT_EQ(fotografiaDaFuori(), fotografia());
 }
 
 TEST_F(ImportArticoli, UnNomeVuotoEUnAnnullamento) {
   EXPECT_EQ(importaFile(QString()).tipo, Tipo::Abbandonato);
-  EXPECT_EQ(bottega.area.level(), 1);
+  EXPECT_EQ(livelloAllaFine, 1);
 }
 
-TEST_F(ImportArticoli, LAttesaSiApreSiMuoveESiChiudePrimaDelRiquadro) {
+TEST_F(ImportArticoli, LAttesaStaApertaAlleRigheESiChiudePrimaDelRiquadro) {
+  bottega.screens.registra(QStringLiteral("Form_ATTESA"), [](Contesto&) { return new QWidget; });
   QStringList passi;
-  bottega.utente.onBox = [&](const Box&) {
+  bottega.user.onBox = [&](const Box&) {
     passi.append(QStringLiteral("riquadro"));
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_FALSE(BusyGuard::active());
+    EXPECT_EQ(bottega.screens.trova(QStringLiteral("Form_ATTESA")), nullptr);
   };
-  bottega.utente.onPass = [&] {
+  bottega.user.onPass = [&] {
     passi.append(QStringLiteral("passaggio"));
     ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     EXPECT_TRUE(BusyGuard::active());
+    EXPECT_NE(bottega.screens.trova(QStringLiteral("Form_ATTESA")), nullptr);
   };
-  const QByteArray csv = listaSana(2);
-  importa(csv, {.apri = [&] { passi.append(QStringLiteral("apri")); },
-                .avanza =
-                    [&](qint64 letti, qint64 totale) {
-                      EXPECT_EQ(totale, csv.size());
-                      passi.append(letti == 0 ? QStringLiteral("zero") : QStringLiteral("avanza"));
-                    },
-                .chiudi = [&] { passi.append(QStringLiteral("chiudi")); }});
-  EXPECT_THAT(passi,
-              ElementsAre(u"apri", u"zero", u"passaggio", u"avanza", u"passaggio", u"chiudi", u"riquadro"));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  importa(listaSana(2));
+  EXPECT_THAT(passi, ElementsAre(u"passaggio", u"passaggio", u"riquadro"));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
 }
 
 TEST_F(ImportArticoli, UnSoloPassaggioDiEventiPerRiga) {
   importa(listaSana(37));
-  EXPECT_EQ(bottega.utente.passes(), 37);
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_EQ(bottega.user.passes(), 37);
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
 }
 
 /// How the engine goes about a statement on the archive.
@@ -462,7 +460,8 @@ TEST_F(ImportArticoli, LaRicercaDellEanELAggiornamentoPassanoPerUnIndice) {
                                     QStringLiteral("1")};
   for (const QString& sql :
        {QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI where auto_id <>7 and Codice_Ean ='8001';"),
-        articles::TestaIstruzione(campi) + articles::CodaIstruzione(articles::kStatoPulito, campi.auto_id)}) {
+        (articles::TestaIstruzione(campi) + articles::CodaIstruzione(articles::kStatoPulito, campi.auto_id))
+            .sql()}) {
     const QString piano = pianoDi(archivio, sql);
     EXPECT_TRUE(piano.contains(QStringLiteral("SEARCH"))) << piano.toStdString();
     EXPECT_FALSE(piano.contains(QStringLiteral("SCAN"))) << piano.toStdString();
@@ -471,11 +470,11 @@ TEST_F(ImportArticoli, LaRicercaDellEanELAggiornamentoPassanoPerUnIndice) {
 
 TEST_F(ImportArticoli, CinquemilaRigheCostanoCinqueSincronismi) {
   const QByteArray lista = listaSana(5000);
-  sincronismi::conta();
+  sync_count::start();
   importa(lista);
-  EXPECT_LE(sincronismi::contati(), 5);
-  EXPECT_GE(sincronismi::contati(), 2);
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(riuscita()));
+  EXPECT_LE(sync_count::soFar(), 5);
+  EXPECT_GE(sync_count::soFar(), 2);
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(riuscita()));
 }
 
 }  // namespace

@@ -6,11 +6,11 @@
 
 #include "articles/article_database.h"
 #include "articles/back_room.h"
-#include "articles/others.h"
 #include "articles/overwritten.h"
-#include "articles/transaction.h"
 #include "articles/write_count.h"
 #include "platform/ui/busy_guard.h"
+#include "sostegno/statements.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
@@ -27,14 +27,14 @@ const QString kFallitoLIndice = QStringLiteral("Errore nell' UPDATE dati nella T
 /// An archive whose articles stand in the slots given, with these EANs.
 class IndiceEan : public testing::Test {
  protected:
-  IndiceEan() { bottega.apriArchivio(); }
+  IndiceEan() { bottega.openArchive(); }
 
-  void svuota() { bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI")); }
+  void svuota() { bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI")); }
   void articolo(int slot, const QString& ean) {
-    bottega.esegui(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,ID_Position,Codice_EAN) "
-                                  "Values (%1,'%1','%2');")
-                       .arg(slot)
-                       .arg(ean));
+    bottega.execute(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,ID_Position,Codice_EAN) "
+                                   "Values (%1,'%1','%2');")
+                        .arg(slot)
+                        .arg(ean));
   }
   /// One article a slot, from 1.
   void soli(const QStringList& ean) {
@@ -44,7 +44,7 @@ class IndiceEan : public testing::Test {
   }
   QStringList colonna(const QString& sql) {
     QStringList valori;
-    store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(sql);
+    store::Recordset righe = varGlobal().DB_Articoli.OpenRecordset(asWritten(sql));
     for (; !righe.atEnd(); righe.MoveNext()) valori << righe.field(0).text();
     return valori;
   }
@@ -52,16 +52,16 @@ class IndiceEan : public testing::Test {
     return colonna(QStringLiteral("SELECT ID_Position from TAB_ARTICOLI ORDER BY auto_id"));
   }
   QStringList indici() { return colonna(QStringLiteral("SELECT Index from TAB_EAN_NUMERICI")); }
-  std::int16_t numera() { return articles::CalcolaID_Position(bottega.utente); }
-  std::int16_t costruisci() { return articles::UpdateEanNumAndIndex(bottega.utente); }
-  std::int16_t riporta() { return articles::UpdateALLIndex(bottega.utente); }
+  std::int16_t numera() { return articles::CalcolaID_Position(bottega.user); }
+  std::int16_t costruisci() { return articles::UpdateEanNumAndIndex(bottega.user); }
+  std::int16_t riporta() { return articles::UpdateALLIndex(bottega.user); }
   void attendiRiquadri(const QStringList& testi) {
-    EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAreArray(riquadri(testi, Icon::Critical)));
+    EXPECT_THAT(bottega.user.takeBoxes(), ElementsAreArray(boxes(testi, Icon::Critical)));
   }
   /// The description of a statement's failure as the store words it.
   QString descrizione(const QString& sql) {
     try {
-      bottega.esegui(sql);
+      bottega.execute(sql);
     } catch (const Errore& errore) {
       return errore.descrizione;
     }
@@ -71,12 +71,12 @@ class IndiceEan : public testing::Test {
   QString piano(const QString& sql) {
     QString testo;
     store::Recordset righe =
-        varGlobal().DB_Articoli.OpenRecordset(QStringLiteral("EXPLAIN QUERY PLAN ") + sql);
+        varGlobal().DB_Articoli.OpenRecordset(asWritten(QStringLiteral("EXPLAIN QUERY PLAN ") + sql));
     for (; !righe.atEnd(); righe.MoveNext()) testo += righe.field(QStringLiteral("detail")).text();
     return testo;
   }
 
-  Bottega bottega;
+  BackRoom bottega;
 };
 
 // CalcolaEanNum.
@@ -111,7 +111,7 @@ TEST_F(IndiceEan, ConLaTabellaVuotaTutteELeTreVisiteFinisconoSubito) {
   EXPECT_EQ(costruisci(), 0);
   EXPECT_EQ(riporta(), 0);
   EXPECT_THAT(indici(), IsEmpty());
-  EXPECT_EQ(bottega.utente.passes(), 0);
+  EXPECT_EQ(bottega.user.passes(), 0);
 }
 
 TEST_F(IndiceEan, GliSlotCinqueSetteENovePrendonoZeroUnoEDue) {
@@ -150,13 +150,13 @@ TEST_F(IndiceEan, UnApostrofoNellEanFermaLaNumerazioneConDueMessaggi) {
 TEST_F(IndiceEan, LaCausaDellaNumerazioneFallitaTornaAlChiamante) {
   soli({QStringLiteral("8''1")});
   Errore causa;
-  EXPECT_EQ(articles::CalcolaID_Position(bottega.utente, &causa), 1);
+  EXPECT_EQ(articles::CalcolaID_Position(bottega.user, &causa), 1);
   EXPECT_EQ(causa.numero, errors::kSyntax);
-  EXPECT_EQ(bottega.utente.takeBoxes().size(), 2U);
+  EXPECT_EQ(bottega.user.takeBoxes().size(), 2U);
 }
 
 TEST_F(IndiceEan, SenzaTabellaOgniVisitaDiceIlSuoPrefissoEFallisce) {
-  bottega.apriVuoto({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
+  bottega.openWith({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   const QString perche = QStringLiteral("3078 - ") + descrizione(QStringLiteral("Delete  from TAB_ARTICOLI"));
   EXPECT_EQ(numera(), 1);
   EXPECT_EQ(costruisci(), -1);
@@ -164,12 +164,12 @@ TEST_F(IndiceEan, SenzaTabellaOgniVisitaDiceIlSuoPrefissoEFallisce) {
   attendiRiquadri({QStringLiteral("CalcolaID_Position ") + perche,
                    QStringLiteral("UpdateEanNumAndIndex ") + perche,
                    QStringLiteral("Fallita UpdateALLIndex ") + perche});
-  EXPECT_FALSE(bottega.utente.terminated());
+  EXPECT_FALSE(bottega.user.terminated());
 }
 
 TEST_F(IndiceEan, UnEanNulloSiDiceELaNumerazioneVaAvantiContandolo) {
   soli({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = null WHERE auto_id =2"));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = null WHERE auto_id =2"));
   EXPECT_EQ(numera(), 0);
   attendiRiquadri({QStringLiteral("CalcolaID_Position 94 - Utilizzo non valido di Null")});
   EXPECT_EQ(posizioni(), QStringList({QStringLiteral("0"), QStringLiteral("2"), QStringLiteral("2")}));
@@ -177,9 +177,9 @@ TEST_F(IndiceEan, UnEanNulloSiDiceELaNumerazioneVaAvantiContandolo) {
 
 TEST_F(IndiceEan, UnEanNulloInFondoNonToglieIlTurnoAgliEanVuoti) {
   soli({QString(), QString(), QString(), QString()});
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = null WHERE auto_id =4"));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = null WHERE auto_id =4"));
   EXPECT_EQ(numera(), 0);
-  EXPECT_EQ(bottega.utente.takeBoxes().size(), 1U);
+  EXPECT_EQ(bottega.user.takeBoxes().size(), 1U);
   EXPECT_EQ(posizioni(), QStringList({QStringLiteral("2"), QStringLiteral("2"), QStringLiteral("2"),
                                       QStringLiteral("4")}));
 }
@@ -188,16 +188,16 @@ TEST_F(IndiceEan, LaNumerazioneNonApreTransazioniENonFaPassareEventi) {
   soli({QStringLiteral("A")});
   EXPECT_EQ(numera(), 0);
   EXPECT_EQ(riporta(), 0);
-  EXPECT_EQ(bottega.area.level(), 0);
-  EXPECT_EQ(bottega.utente.passes(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
+  EXPECT_EQ(bottega.user.passes(), 0);
 }
 
 TEST_F(IndiceEan, UnArchivioInSolaLetturaFermaLaNumerazioneAllaPrimaRiga) {
   const QString file = varGlobal().NomeDB_Articoli;
   articles::ChiudiDatabase();
-  ASSERT_EQ(chmod(bottega.cartella.path().toUtf8().constData(), 0777), 0);
+  ASSERT_EQ(chmod(bottega.folder.path().toUtf8().constData(), 0777), 0);
   ASSERT_EQ(chmod(file.toUtf8().constData(), 0444), 0);
-  const AltroUtente altro;
+  const OtherUser altro;
   articles::ApriDatabase(file, bottega.contesto);
   const QString perche = descrizione(QStringLiteral("Delete  from TAB_VARIE"));
   EXPECT_EQ(numera(), 1);
@@ -208,15 +208,15 @@ TEST_F(IndiceEan, UnArchivioInSolaLetturaFermaLaNumerazioneAllaPrimaRiga) {
 // UpdateIDPosition.
 
 TEST_F(IndiceEan, LaPosizioneDiUnEanCheNessunoPortaNonToccaNullaESiDiceFatta) {
-  EXPECT_EQ(articles::UpdateIDPosition(QStringLiteral("X"), 7, bottega.utente), 0);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where ID_Position = '7'")), 1);
+  EXPECT_EQ(articles::UpdateIDPosition(QStringLiteral("X"), 7, bottega.user), 0);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where ID_Position = '7'")), 1);
 }
 
 TEST_F(IndiceEan, AncheUnFallimentoChePassaOltreAltroveSiDiceDopoLoStatement) {
   articles::ChiudiDatabase();
-  EXPECT_EQ(articles::UpdateIDPosition(QStringLiteral("X"), 7, bottega.utente), -1);
-  EXPECT_EQ(articles::InsertEanNumerici(QStringLiteral("X"), 1, 7, bottega.utente), -1);
-  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("X"), 7, bottega.utente), 1);
+  EXPECT_EQ(articles::UpdateIDPosition(QStringLiteral("X"), 7, bottega.user), -1);
+  EXPECT_EQ(articles::InsertEanNumerici(QStringLiteral("X"), 1, 7, bottega.user), -1);
+  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("X"), 7, bottega.user), 1);
   const QString perche = QStringLiteral("3420\n") + descrizione(QStringLiteral("Delete  from TAB_ARTICOLI"));
   attendiRiquadri({kFalliteLePosizioni + perche, kFallitoLInserimento + perche, kFallitoLIndice + perche});
 }
@@ -226,7 +226,7 @@ TEST_F(IndiceEan, AncheUnFallimentoChePassaOltreAltroveSiDiceDopoLoStatement) {
 TEST_F(IndiceEan, LaCostruzioneScriveUnaRigaPerArticoloConUnPassaggioCiascuna) {
   soli({QStringLiteral("80012345"), QStringLiteral("80012346"), QString()});
   EXPECT_EQ(costruisci(), 0);
-  EXPECT_EQ(bottega.utente.passes(), 3);
+  EXPECT_EQ(bottega.user.passes(), 3);
   EXPECT_EQ(colonna(QStringLiteral("SELECT Codice_EAN from TAB_EAN_NUMERICI")),
             QStringList({QStringLiteral("80012345"), QStringLiteral("80012346"), QString()}));
   EXPECT_EQ(
@@ -240,7 +240,7 @@ TEST_F(IndiceEan, LaCostruzioneScriveUnaRigaPerArticoloConUnPassaggioCiascuna) {
 TEST_F(IndiceEan, DuranteLaCostruzioneClicETastiNonPassano) {
   soli({QStringLiteral("A"), QStringLiteral("B")});
   int occupati = 0;
-  bottega.utente.onPass = [&] { occupati += BusyGuard::active() ? 1 : 0; };
+  bottega.user.onPass = [&] { occupati += BusyGuard::active() ? 1 : 0; };
   EXPECT_EQ(costruisci(), 0);
   EXPECT_EQ(occupati, 2);
   EXPECT_FALSE(BusyGuard::active());
@@ -259,7 +259,7 @@ TEST_F(IndiceEan, UnApostrofoFermaLaCostruzioneConDueMessaggi) {
 
 TEST_F(IndiceEan, UnaPosizioneCheNonENumeroSiDiceELaCostruzioneVaAvanti) {
   soli({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET ID_Position = 'due' WHERE auto_id =2"));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET ID_Position = 'due' WHERE auto_id =2"));
   EXPECT_EQ(costruisci(), 0);
   EXPECT_EQ(indici(), QStringList({QStringLiteral("1"), QStringLiteral("3")}));
   attendiRiquadri({QStringLiteral("UpdateEanNumAndIndex 13 - Tipo non corrispondente")});
@@ -267,7 +267,7 @@ TEST_F(IndiceEan, UnaPosizioneCheNonENumeroSiDiceELaCostruzioneVaAvanti) {
 
 TEST_F(IndiceEan, UnaPosizioneNullaSiDiceELeVisiteVannoAvanti) {
   soli({QStringLiteral("A"), QStringLiteral("B")});
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET ID_Position = null WHERE auto_id =1"));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET ID_Position = null WHERE auto_id =1"));
   EXPECT_EQ(costruisci(), 0);
   EXPECT_EQ(riporta(), 0);
   EXPECT_EQ(indici(), QStringList({QStringLiteral("2")}));
@@ -280,49 +280,49 @@ TEST_F(IndiceEan, UnaPosizioneNullaSiDiceELeVisiteVannoAvanti) {
 TEST_F(IndiceEan, LIndiceDiUnEanSenzaRigaNonToccaNullaEDaZero) {
   soli({QStringLiteral("A")});
   EXPECT_EQ(costruisci(), 0);
-  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("B"), 9, bottega.utente), 0);
+  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("B"), 9, bottega.user), 0);
   EXPECT_EQ(indici(), QStringList({QStringLiteral("1")}));
 }
 
 TEST_F(IndiceEan, LEanCancellatoRestaConMenoUno) {
   soli({QStringLiteral("A"), QStringLiteral("B")});
   EXPECT_EQ(costruisci(), 0);
-  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("A"), articles::kIndiceCancellato, bottega.utente), 0);
+  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("A"), articles::kIndiceCancellato, bottega.user), 0);
   EXPECT_EQ(indici(), QStringList({QStringLiteral("-1"), QStringLiteral("2")}));
 }
 
 TEST_F(IndiceEan, UnApostrofoNonRompeLIndiceCheCercaPerNumero) {
   EXPECT_EQ(articles::InsertEanNumerici(QStringLiteral("8''1"), CalcolaEanNum(QStringLiteral("8'1")), 3,
-                                        bottega.utente),
+                                        bottega.user),
             0);
-  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("8'1"), 5, bottega.utente), 0);
+  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("8'1"), 5, bottega.user), 0);
   EXPECT_EQ(indici(), QStringList({QStringLiteral("5")}));
 }
 
 TEST_F(IndiceEan, LeDueRigheDiUnaSommaUgualeCambianoInsieme) {
   for (const int indice : {1, 2})
     EXPECT_EQ(articles::InsertEanNumerici(QStringLiteral("E%1").arg(indice),
-                                          CalcolaEanNum(QStringLiteral("E1")), indice, bottega.utente),
+                                          CalcolaEanNum(QStringLiteral("E1")), indice, bottega.user),
               0);
-  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("E1"), 8, bottega.utente), 0);
+  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("E1"), 8, bottega.user), 0);
   EXPECT_EQ(indici(), QStringList({QStringLiteral("8"), QStringLiteral("8")}));
 }
 
 TEST_F(IndiceEan, DopoUnaCancellazioneGliIndiciSeguonoLePosizioniSenzaIlBuco) {
   soli({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
   EXPECT_EQ(costruisci(), 0);
-  bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI where Codice_EAN ='A';"));
+  bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI where Codice_EAN ='A';"));
   EXPECT_EQ(numera(), 0);
-  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("A"), articles::kIndiceCancellato, bottega.utente), 0);
+  EXPECT_EQ(articles::UpdateIndex(QStringLiteral("A"), articles::kIndiceCancellato, bottega.user), 0);
   EXPECT_EQ(riporta(), 0);
   EXPECT_EQ(indici(), QStringList({QStringLiteral("-1"), QStringLiteral("0"), QStringLiteral("1")}));
 }
 
 TEST_F(IndiceEan, SenzaLaTabellaOgniRigaLoDiceELaVisitaDaZero) {
-  bottega.apriVuoto({QStringLiteral("CREATE TABLE TAB_ARTICOLI (auto_id INTEGER PRIMARY KEY, Codice_EAN "
-                                    "TEXT, ID_Position TEXT)"),
-                     QStringLiteral("INSERT INTO TAB_ARTICOLI VALUES (1,'','0'),(2,'A','1'),(3,'','2'),"
-                                    "(4,'','3')")});
+  bottega.openWith({QStringLiteral("CREATE TABLE TAB_ARTICOLI (auto_id INTEGER PRIMARY KEY, Codice_EAN "
+                                   "TEXT, ID_Position TEXT)"),
+                    QStringLiteral("INSERT INTO TAB_ARTICOLI VALUES (1,'','0'),(2,'A','1'),(3,'','2'),"
+                                   "(4,'','3')")});
   const QString perche = kFallitoLIndice + QStringLiteral("3078\n") +
                          descrizione(QStringLiteral("Delete  from TAB_EAN_NUMERICI"));
   EXPECT_EQ(riporta(), 0);
@@ -331,13 +331,13 @@ TEST_F(IndiceEan, SenzaLaTabellaOgniRigaLoDiceELaVisitaDaZero) {
 
 TEST_F(IndiceEan, LaReazioneFuoriDalloStatementPassaOltreQuattroNumeri) {
   for (const int numero : {0, 53, 75, 3021})
-    EXPECT_EQ(articles::ReazioneUpdateIndex({numero, QStringLiteral("x")}, bottega.utente), 0) << numero;
-  EXPECT_THAT(bottega.utente.takeBoxes(), IsEmpty());
+    EXPECT_EQ(articles::ReazioneUpdateIndex({numero, QStringLiteral("x")}, bottega.user), 0) << numero;
+  EXPECT_THAT(bottega.user.takeBoxes(), IsEmpty());
 }
 
 TEST_F(IndiceEan, LaReazioneFuoriDalloStatementDiceGliAltriAncheIlVenti) {
-  EXPECT_EQ(articles::ReazioneUpdateIndex({20, QStringLiteral("ripresa")}, bottega.utente), 1);
-  EXPECT_EQ(articles::ReazioneUpdateIndex({7, QStringLiteral("memoria")}, bottega.utente), 1);
+  EXPECT_EQ(articles::ReazioneUpdateIndex({20, QStringLiteral("ripresa")}, bottega.user), 1);
+  EXPECT_EQ(articles::ReazioneUpdateIndex({7, QStringLiteral("memoria")}, bottega.user), 1);
   attendiRiquadri({QStringLiteral("Errore nella funzione UpdateIndex 20 - ripresa"),
                    QStringLiteral("Errore nella funzione UpdateIndex 7 - memoria")});
 }
@@ -352,39 +352,39 @@ TEST_F(IndiceEan, GliStatementRipetutiCercanoPerIndice) {
 }
 
 TEST_F(IndiceEan, CinquemilaSlotQuasiTuttiSenzaEanSiNumeranoConDueScrittureARiga) {
-  scriviArticoli(bottega, articoliDiProva(100));
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = auto_id WHERE auto_id <=100"));
-  ContaScritture scritture(bottega, QStringLiteral("TAB_ARTICOLI"), QStringLiteral("ID_Position"));
-  articles::Transazione transazione(bottega.area);
+  writeArticles(bottega, testArticles(100));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = auto_id WHERE auto_id <=100"));
+  WriteCount scritture(bottega, QStringLiteral("TAB_ARTICOLI"), QStringLiteral("ID_Position"));
+  store::Transaction transazione(bottega.workspace);
   EXPECT_EQ(numera(), 0);
-  transazione.conferma();
-  EXPECT_EQ(scritture.finora(), 100 + 2 * 4900);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where ID_Position = '4999'")), 4900);
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT ID_Position from TAB_ARTICOLI where auto_id =100")),
+  transazione.Commit();
+  EXPECT_EQ(scritture.soFar(), 100 + 2 * 4900);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where ID_Position = '4999'")), 4900);
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT ID_Position from TAB_ARTICOLI where auto_id =100")),
             QStringLiteral("99"));
 }
 
 TEST_F(IndiceEan, CinquemilaSlotSenzaEanRiportanoGliIndiciConDueScrittureARiga) {
-  articles::Transazione transazione(bottega.area);
+  store::Transaction transazione(bottega.workspace);
   EXPECT_EQ(costruisci(), 0);
-  transazione.conferma();
-  ContaScritture scritture(bottega, QStringLiteral("TAB_EAN_NUMERICI"), QStringLiteral("Index"));
-  articles::Transazione seconda(bottega.area);
+  transazione.Commit();
+  WriteCount scritture(bottega, QStringLiteral("TAB_EAN_NUMERICI"), QStringLiteral("Index"));
+  store::Transaction seconda(bottega.workspace);
   EXPECT_EQ(riporta(), 0);
-  seconda.conferma();
-  EXPECT_EQ(scritture.finora(), 2 * 5000);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_EAN_NUMERICI where Index = 5000")), 5000);
+  seconda.Commit();
+  EXPECT_EQ(scritture.soFar(), 2 * 5000);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_EAN_NUMERICI where Index = 5000")), 5000);
 }
 
 TEST_F(IndiceEan, CinquemilaEanDiversiScrivonoUnaRigaCiascuno) {
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = 8000000000000 + auto_id"));
-  ContaScritture scritture(bottega, QStringLiteral("TAB_ARTICOLI"), QStringLiteral("ID_Position"));
-  articles::Transazione transazione(bottega.area);
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = 8000000000000 + auto_id"));
+  WriteCount scritture(bottega, QStringLiteral("TAB_ARTICOLI"), QStringLiteral("ID_Position"));
+  store::Transaction transazione(bottega.workspace);
   EXPECT_EQ(numera(), 0);
-  transazione.conferma();
-  EXPECT_EQ(scritture.finora(), 5000);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI where ID_Position = '0'")), 1);
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT ID_Position from TAB_ARTICOLI where auto_id =5000")),
+  transazione.Commit();
+  EXPECT_EQ(scritture.soFar(), 5000);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where ID_Position = '0'")), 1);
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT ID_Position from TAB_ARTICOLI where auto_id =5000")),
             QStringLiteral("4999"));
 }
 
@@ -396,7 +396,7 @@ TEST_F(IndiceEan, LoStatoFinaleEQuelloDiTuttiGliStatement) {
       QString()};
   soli(ean);
   int posizione = 0;
-  for (const QString& uno : ean) articles::UpdateIDPosition(uno, posizione++, bottega.utente);
+  for (const QString& uno : ean) articles::UpdateIDPosition(uno, posizione++, bottega.user);
   const QStringList attese = posizioni();
   soli(ean);
   EXPECT_EQ(numera(), 0);

@@ -2,45 +2,32 @@
 
 #include <QTest>
 
-void ArchivioGuidato::scrivi(const QString& campo, const QString& tasti) const {
-  auto& casella = controllo<QLineEdit>(campo);
-  QTest::mouseClick(&casella, Qt::LeftButton);
-  casella.selectAll();
-  QTest::keyClick(&casella, Qt::Key_Backspace);
-  QTest::keyClicks(&casella, tasti);
+void GuidedArchive::clickCell(int row, int column) const {
+  FlexGrid& where = grid();
+  const QModelIndex cell = where.model()->index(row - 1, column);
+  where.scrollTo(cell);
+  QTest::mouseClick(where.viewport(), Qt::LeftButton, {}, where.visualRect(cell).center());
 }
 
-void ArchivioGuidato::clicCella(int riga, int colonna) const {
-  FlexGrid& dove = griglia();
-  const QModelIndex cella = dove.model()->index(riga - 1, colonna);
-  dove.scrollTo(cella);
-  QTest::mouseClick(dove.viewport(), Qt::LeftButton, {}, dove.visualRect(cella).center());
+QString GuidedArchive::row(int row) const {
+  QStringList texts;
+  for (int column = 0; column < grid().Cols(); ++column) texts += grid().TextMatrix(row, column);
+  return texts.join(u'|');
 }
 
-QString ArchivioGuidato::riga(int riga) const {
-  QStringList testi;
-  for (int colonna = 0; colonna < griglia().Cols(); ++colonna) testi += griglia().TextMatrix(riga, colonna);
-  return testi.join(u'|');
+QStringList GuidedArchive::column(int column) const {
+  QStringList texts;
+  for (int row = 1; row < grid().Rows(); ++row) texts += grid().TextMatrix(row, column);
+  return texts;
 }
 
-QStringList ArchivioGuidato::colonna(int colonna) const {
-  QStringList testi;
-  for (int riga = 1; riga < griglia().Rows(); ++riga) testi += griglia().TextMatrix(riga, colonna);
-  return testi;
+QStringList GuidedArchive::fields() const {
+  QStringList texts;
+  for (const QString& name : fieldNames()) texts += text(name);
+  return texts;
 }
 
-QStringList ArchivioGuidato::campi() const {
-  QStringList testi;
-  for (const QString& nome : nomiCampi()) testi += testo(nome);
-  return testi;
-}
-
-QString ArchivioGuidato::fuoco() const {
-  const QWidget* dove = finestra().focusWidget();
-  return dove ? dove->objectName() : QString();
-}
-
-QStringList nomiCampi() {
+QStringList fieldNames() {
   return {QStringLiteral("vkTextBoxPLUid"),  QStringLiteral("vkTextBoxCodEan"),
           QStringLiteral("vkTextBoxCodArt"), QStringLiteral("vkTextBoxDesc"),
           QStringLiteral("vkTextBoxPrezzo"), QStringLiteral("vkTextBoxRep"),

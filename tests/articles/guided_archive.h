@@ -3,28 +3,25 @@
 #include <QLineEdit>
 
 #include "articles/Form_ArchivioArticoli.h"
-#include "articles/guided_screen.h"
 #include "controls/FlexGrid.h"
+#include "sostegno/guided_screen.h"
 
 /// The archive screen under the hands of a person.
-class ArchivioGuidato : public SchermoGuidato {
+class GuidedArchive : public GuidedScreen {
  public:
-  explicit ArchivioGuidato(Bottega& bottega)
-      : SchermoGuidato(bottega, QStringLiteral("Form_ArchivioArticoli")) {}
+  explicit GuidedArchive(ProgramFixture& program)
+      : GuidedScreen(program, QStringLiteral("Form_ArchivioArticoli")) {}
 
-  FlexGrid& griglia() const { return controllo<FlexGrid>(QStringLiteral("MSFlexGridArticoli")); }
-  /// Types over what the field holds.
-  void scrivi(const QString& campo, const QString& tasti) const;
+  FlexGrid& grid() const { return control<FlexGrid>("MSFlexGridArticoli"); }
   /// A click on a cell, row from 1.
-  void clicCella(int riga, int colonna) const;
+  void clickCell(int row, int column) const;
   /// Texts of a row of the grid, parted by "|".
-  QString riga(int riga) const;
+  QString row(int row) const;
   /// Texts of one column, rows from 1.
-  QStringList colonna(int colonna) const;
+  QStringList column(int column) const;
   /// Texts of the eight fields, in the order of the columns.
-  QStringList campi() const;
-  QString fuoco() const;
+  QStringList fields() const;
 };
 
 /// Names of the fields, in the order of the grid's columns.
-QStringList nomiCampi();
+QStringList fieldNames();

@@ -1,14 +1,17 @@
 #include "articles/import_fixture.h"
 
-articles::EsitoImport ImportArticoli::importaFile(const QString& percorso,
-                                                  const articles::AttesaImport& attesa) {
-  bottega.utente.chooses(percorso);
-  bottega.area.NewCommand();
-  return articles::ImportaArticoli(bottega.contesto, attesa, [this] { return ora; });
+#include "core/command.h"
+
+articles::EsitoImport ImportArticoli::importaFile(const QString& percorso) {
+  bottega.user.chooses(percorso);
+  const Comando comando(bottega.contesto, QStringLiteral("Importa"), QStringLiteral("Prova"));
+  const articles::EsitoImport esito = articles::ImportaArticoli(bottega.contesto);
+  livelloAllaFine = bottega.workspace.level();
+  return esito;
 }
 
-articles::EsitoImport ImportArticoli::importa(const QByteArray& csv, const articles::AttesaImport& attesa) {
-  return importaFile(bottega.cartella.write(QStringLiteral("lista.csv"), csv), attesa);
+articles::EsitoImport ImportArticoli::importa(const QByteArray& csv) {
+  return importaFile(bottega.folder.write(QStringLiteral("lista.csv"), csv));
 }
 
 QStringList ImportArticoli::annotazioni() {
@@ -32,9 +35,9 @@ QStringList ImportArticoli::annotazioni() {
 }
 
 Fotografia ImportArticoli::fotografa(store::Database& base) {
-  store::Recordset righe = base.OpenRecordset(QStringLiteral(
-      "SELECT auto_id, ID_Position, Codice_EAN, Codice_Articolo, Descrizione, Prezzo, Reparto, "
-      "Filler, VarPrezzo, PrezzoZero from TAB_ARTICOLI ORDER BY auto_id"));
+  store::Recordset righe = base.OpenRecordset(
+      u"SELECT auto_id, ID_Position, Codice_EAN, Codice_Articolo, Descrizione, Prezzo, Reparto, "
+      u"Filler, VarPrezzo, PrezzoZero from TAB_ARTICOLI ORDER BY auto_id");
   Fotografia foto;
   for (; !righe.atEnd(); righe.MoveNext()) {
     QStringList riga;
@@ -45,7 +48,7 @@ Fotografia ImportArticoli::fotografa(store::Database& base) {
 }
 
 Fotografia ImportArticoli::fotografiaDaFuori() {
-  store::Workspace altra;
+  store::Workspace altra{bottega.clock};
   store::Database base = altra.OpenDatabase(archivio);
   Fotografia foto = fotografa(base);
   base.Close();
@@ -53,8 +56,8 @@ Fotografia ImportArticoli::fotografiaDaFuori() {
 }
 
 QString ImportArticoli::colonna(const QString& nome, int auto_id) {
-  return bottega.valore(QStringLiteral("SELECT ") + nome +
-                        QStringLiteral(" from TAB_ARTICOLI where auto_id =") + QString::number(auto_id));
+  return bottega.value(QStringLiteral("SELECT ") + nome +
+                       QStringLiteral(" from TAB_ARTICOLI where auto_id =") + QString::number(auto_id));
 }
 
 Box ImportArticoli::riuscita() {
@@ -73,7 +76,7 @@ Box ImportArticoli::conErrori(int errori) const {
                          "Nome File da importare : [lista.csv]\r\n\r\n"
                          "Per maggiori dettagli esaminare il file : [%2]\r\n")
               .arg(errori)
-              .arg(bottega.cartella.file(QStringLiteral("lista_20240307090501.log"))),
+              .arg(bottega.folder.file(QStringLiteral("lista_20240307090501.log"))),
           Icon::Information, QStringLiteral("ATTENZIONE"), Buttons::Ok};
 }
 

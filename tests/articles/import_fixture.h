@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QByteArray>
-#include <QDateTime>
 #include <vector>
 
 #include "articles/back_room.h"
@@ -14,20 +13,21 @@ using Fotografia = std::vector<QStringList>;
 
 /// What every test of the import begins with: an archive from the template, a clock that stands still.
 struct ImportArticoli : testing::Test {
-  Bottega bottega;
-  const QDateTime ora{QDate(2024, 3, 7), QTime(9, 5, 1)};
-  const QString archivio = bottega.cartella.file(QStringLiteral("archivio.mdb"));
+  BackRoom bottega;
+  /// Of the transactions when the last import had run, before its command ended.
+  int livelloAllaFine = 0;
+  const QString archivio = bottega.folder.file(QStringLiteral("archivio.mdb"));
 
-  void SetUp() override { bottega.apriArchivio(); }
+  void SetUp() override { bottega.openArchive(); }
 
   /// One command: the person picks the file and the import runs to its last box.
-  articles::EsitoImport importaFile(const QString& percorso, const articles::AttesaImport& attesa = {});
+  articles::EsitoImport importaFile(const QString& percorso);
   /// As above over a file of these bytes.
-  articles::EsitoImport importa(const QByteArray& csv, const articles::AttesaImport& attesa = {});
+  articles::EsitoImport importa(const QByteArray& csv);
 
   /// Lines of the report without its heading and its closing; fails if either is not there.
   QStringList annotazioni();
-  QByteArray report() { return bottega.cartella.read(QStringLiteral("lista_20240307090501.log")); }
+  QByteArray report() { return bottega.folder.read(QStringLiteral("lista_20240307090501.log")); }
 
   /// As the open archive shows them, an open transaction included.
   Fotografia fotografia() { return fotografa(varGlobal().DB_Articoli); }

@@ -133,13 +133,14 @@ TEST(PutArticolo, UnaPosizioneCheNonEUnNumeroDaErrore13) {
 }
 
 TEST(IstruzioneImport, LaTestaPortaITestiComeStannoEIlPrezzoInCentesimi) {
-  EXPECT_EQ(TestaIstruzione(campiDi(QStringLiteral("1;80;A'1;L'olio;2,38;4;N;N; "))),
+  EXPECT_EQ(TestaIstruzione(campiDi(QStringLiteral("1;80;A'1;L'olio;2,38;4;N;N; "))).sql(),
             QStringLiteral("UPDATE TAB_ARTICOLI SET  Codice_ean ='80', Codice_Articolo ='A'1',"
                            "Descrizione ='L'olio',Prezzo =238,Reparto =4,"));
 }
 
 TEST(IstruzioneImport, IlPrezzoAccettaIlPunto) {
   EXPECT_TRUE(TestaIstruzione(campiDi(QStringLiteral("1;80;A;B;19.99;4;N;N; ")))
+                  .sql()
                   .contains(QStringLiteral("Prezzo =1999,")));
 }
 
@@ -153,17 +154,17 @@ TEST(IstruzioneImport, UnPrezzoOltreTrentadueBitDaErrore6) {
 }
 
 TEST(IstruzioneImport, SenzaFaultLaCodaPulisceIlMarchio) {
-  EXPECT_EQ(CodaIstruzione(1, 12), QStringLiteral("Filler =' ' WHERE auto_id =12"));
+  EXPECT_EQ(CodaIstruzione(1, 12).sql(), QStringLiteral("Filler =' ' WHERE auto_id =12"));
 }
 
 TEST(IstruzioneImport, DaDueASeiLaCodaMarcaLaRiga) {
   for (std::int16_t stato = 2; stato <= 6; ++stato)
-    EXPECT_EQ(CodaIstruzione(stato, 12), QStringLiteral("Filler ='ERR' WHERE auto_id =12")) << stato;
+    EXPECT_EQ(CodaIstruzione(stato, 12).sql(), QStringLiteral("Filler ='ERR' WHERE auto_id =12")) << stato;
 }
 
 TEST(IstruzioneImport, OltreSeiLaCodaManca) {
-  EXPECT_EQ(CodaIstruzione(7, 12), QString());
-  EXPECT_EQ(CodaIstruzione(10, 12), QString());
+  EXPECT_EQ(CodaIstruzione(7, 12).sql(), QString());
+  EXPECT_EQ(CodaIstruzione(10, 12).sql(), QString());
 }
 
 }  // namespace

@@ -4,13 +4,13 @@
 
 #include "platform/error.h"
 #include "sostegno/temporary_folder.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
 using articles::CampiImport;
 using articles::CloseFileLOG;
 using articles::CreaFileLOG;
-using articles::NomeFile;
 using articles::NomeFileLOG;
 using articles::WriteFileLOG;
 
@@ -58,12 +58,6 @@ TEST_F(Report, IlNomeNonBadaAlleMaiuscoleDellEstensione) {
 TEST_F(Report, UnaCartellaCheFinisceInCsvNonTagliaIlNome) {
   EXPECT_EQ(NomeFileLOG(QStringLiteral("/liste.csv/articoli.txt"), kInizio),
             QStringLiteral("/liste.csv/articoli.txt_20240307090501.log"));
-}
-
-TEST_F(Report, IlNomeDelFileEQuelloDopoLUltimoSeparatore) {
-  EXPECT_EQ(NomeFile(QStringLiteral("C:\\liste\\a b.csv")), QStringLiteral("a b.csv"));
-  EXPECT_EQ(NomeFile(QStringLiteral("/liste/x.csv")), QStringLiteral("x.csv"));
-  EXPECT_EQ(NomeFile(QStringLiteral("x.csv")), QStringLiteral("x.csv"));
 }
 
 TEST_F(Report, LIntestazioneHaDataOraENomeDellIngresso) {
@@ -121,13 +115,17 @@ TEST_F(Report, Codice7DiceDescrizioneAssente) {
   EXPECT_TRUE(riga(QStringLiteral("7")).endsWith(" 90 [CODICE ERRORE=7 *DESCRIZIONE ASSENTE*]\r\n \r\n"));
 }
 
-TEST_F(Report, UnaCartellaAssenteDaErrore75) {
+TEST_F(Report, UnaCartellaAssenteDaErrore76) {
   EXPECT_EQ(erroreDi([&] { CreaFileLOG(cartella.file(QStringLiteral("no/r.log")), {}, kInizio); }),
-            errors::kPathAccess);
+            errors::kPathMissing);
 }
 
 TEST_F(Report, UnDiscoPienoDaErrore61) {
-  EXPECT_EQ(erroreDi([&] { CreaFileLOG(QStringLiteral("/dev/full"), {}, kInizio); }), errors::kDiskFull);
+  {
+    const FullDisk pieno(100);
+    EXPECT_EQ(erroreDi([&] { CreaFileLOG(cartella.file(QStringLiteral("r.log")), {}, kInizio); }),
+              errors::kDiskFull);
+  }
   EXPECT_EQ(erroreDi([&] { WriteFileLOG(QStringLiteral("/dev/full"), QStringLiteral("4"), campi); }),
             errors::kDiskFull);
   EXPECT_EQ(erroreDi([&] { CloseFileLOG(QStringLiteral("/dev/full"), 1, kFine); }), errors::kDiskFull);

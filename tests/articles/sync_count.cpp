@@ -7,35 +7,35 @@
 
 namespace {
 
-int chiamate = 0;
-std::function<void(int)> osservatore;
+int calls = 0;
+std::function<void(int)> observer;
 
-int avvisa(long chiamata, int file) {
-  ++chiamate;
-  if (osservatore) osservatore(chiamate);
-  return static_cast<int>(syscall(chiamata, file));
+int report(long call, int file) {
+  ++calls;
+  if (observer) observer(calls);
+  return static_cast<int>(syscall(call, file));
 }
 
 }  // namespace
 
 extern "C" {
 __attribute__((visibility("default"))) int fsync(int file) {
-  return avvisa(SYS_fsync, file);
+  return report(SYS_fsync, file);
 }
 __attribute__((visibility("default"))) int fdatasync(int file) {
-  return avvisa(SYS_fdatasync, file);
+  return report(SYS_fdatasync, file);
 }
 }
 
-namespace sincronismi {
+namespace sync_count {
 
-void conta(std::function<void(int)> adOgnuno) {
-  chiamate = 0;
-  osservatore = std::move(adOgnuno);
+void start(std::function<void(int)> atEach) {
+  calls = 0;
+  observer = std::move(atEach);
 }
 
-int contati() {
-  return chiamate;
+int soFar() {
+  return calls;
 }
 
-}  // namespace sincronismi
+}  // namespace sync_count

@@ -4,10 +4,10 @@
 
 /// Watches the calls with which the process asks the disk to keep what was written. Linking this file puts
 /// the program's own fsync and fdatasync before the system's.
-namespace sincronismi {
+namespace sync_count {
 
-/// Forgets the count; `adOgnuno` is called before each of the calls that follow, with its number from 1.
-void conta(std::function<void(int)> adOgnuno = {});
-int contati();
+/// Forgets the count; `atEach` is called before each of the calls that follow, with its number from 1.
+void start(std::function<void(int)> atEach = {});
+int soFar();
 
-}  // namespace sincronismi
+}  // namespace sync_count

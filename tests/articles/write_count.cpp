@@ -9,31 +9,30 @@
 namespace {
 
 /// Runs statements of the engine's on the archive's file, which is closed meanwhile.
-void suFile(Bottega& bottega, const QString& sql) {
+void onFile(BackRoom& room, const QString& sql) {
   const QString file = varGlobal().NomeDB_Articoli;
   articles::ChiudiDatabase();
-  sqlite3* base = nullptr;
-  EXPECT_EQ(sqlite3_open(file.toUtf8().constData(), &base), SQLITE_OK);
-  EXPECT_EQ(sqlite3_exec(base, sql.toUtf8().constData(), nullptr, nullptr, nullptr), SQLITE_OK);
-  sqlite3_close(base);
-  articles::ApriDatabase(file, bottega.contesto);
+  sqlite3* database = nullptr;
+  EXPECT_EQ(sqlite3_open(file.toUtf8().constData(), &database), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(database, sql.toUtf8().constData(), nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(database);
+  articles::ApriDatabase(file, room.contesto);
 }
 
 }  // namespace
 
-ContaScritture::ContaScritture(Bottega& bottega, const QString& tabella, const QString& colonna)
-    : bottega_(bottega) {
-  suFile(bottega, QStringLiteral("CREATE TABLE scritture (n INTEGER); INSERT INTO scritture VALUES (0);"
-                                 "CREATE TRIGGER conta AFTER UPDATE OF \"%2\" ON %1 BEGIN"
-                                 " UPDATE scritture SET n = n + 1; END")
-                      .arg(tabella, colonna));
+WriteCount::WriteCount(BackRoom& room, const QString& table, const QString& column) : room_(room) {
+  onFile(room, QStringLiteral("CREATE TABLE scritture (n INTEGER); INSERT INTO scritture VALUES (0);"
+                              "CREATE TRIGGER conta AFTER UPDATE OF \"%2\" ON %1 BEGIN"
+                              " UPDATE scritture SET n = n + 1; END")
+                   .arg(table, column));
 }
 
-int ContaScritture::finora() const {
-  return bottega_.valore(QStringLiteral("SELECT n from scritture")).toInt();
+int WriteCount::soFar() const {
+  return room_.value(QStringLiteral("SELECT n from scritture")).toInt();
 }
 
-void vieta(Bottega& bottega, const QString& verbo, const QString& tabella) {
-  suFile(bottega, QStringLiteral("CREATE TRIGGER vieta BEFORE %1 ON %2 BEGIN SELECT RAISE(ABORT, 'no'); END")
-                      .arg(verbo, tabella));
+void forbid(BackRoom& room, const QString& verb, const QString& table) {
+  onFile(room, QStringLiteral("CREATE TRIGGER vieta BEFORE %1 ON %2 BEGIN SELECT RAISE(ABORT, 'no'); END")
+                   .arg(verb, table));
 }

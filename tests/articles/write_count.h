@@ -2,20 +2,20 @@
 
 #include <QString>
 
-class Bottega;
+class BackRoom;
 
 /// Counts the row writes of one column of the open archive, in the file itself: a trigger adds one for every
 /// row that a statement writes.
-class ContaScritture {
+class WriteCount {
  public:
   /// The archive is closed and opened again.
-  ContaScritture(Bottega& bottega, const QString& tabella, const QString& colonna);
-  int finora() const;
+  WriteCount(BackRoom& room, const QString& table, const QString& column);
+  int soFar() const;
 
  private:
-  Bottega& bottega_;
+  BackRoom& room_;
 };
 
-/// From here on the open archive refuses `verbo` (INSERT, UPDATE, DELETE) on a table. It is closed and opened
+/// From here on the open archive refuses `verb` (INSERT, UPDATE, DELETE) on a table. It is closed and opened
 /// again.
-void vieta(Bottega& bottega, const QString& verbo, const QString& tabella);
+void forbid(BackRoom& room, const QString& verb, const QString& table);

@@ -91,7 +91,7 @@ TEST_P(StileApplicato, LoStatoDellaCassaHaIlSuoColore) {
   stato.setReadOnly(true);
   style::badge(stato, style::Badge::Ready);
   EXPECT_EQ(fondo(stato), t_.readyGround);
-  style::badge(stato, style::Badge::BusyGuard);
+  style::badge(stato, style::Badge::Busy);
   EXPECT_EQ(fondo(stato), t_.busyGround);
   style::badge(stato, style::Badge::Fault);
   EXPECT_EQ(fondo(stato), t_.faultGround);

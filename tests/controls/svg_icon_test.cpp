@@ -82,6 +82,6 @@ TEST_P(IconaStile, IlPulsantePrimarioELoStatoSonoProprietaDelControllo) {
   EXPECT_TRUE(pulsante.property("primary").toBool());
   EXPECT_TRUE(dipintaIn(tinte_.onAccent, pulsante.icon().pixmap(48)));
   QWidget riquadro;
-  style::badge(riquadro, style::Badge::BusyGuard);
+  style::badge(riquadro, style::Badge::Busy);
   EXPECT_EQ(riquadro.property("badge").toString(), QStringLiteral("busy"));
 }

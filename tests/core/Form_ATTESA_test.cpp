@@ -4,10 +4,10 @@
 
 #include "menu_fixture.h"
 
-using FormAttesa = Bench;
+using FormAttesa = MenuFixture;
 
 TEST_F(FormAttesa, TitoloTestoEFiguraSonoQuelli) {
-  QWidget& attesa = schermate_.mostra(QStringLiteral("Form_ATTESA"), contesto_);
+  QWidget& attesa = program_.screens.mostra(QStringLiteral("Form_ATTESA"), program_.contesto);
   EXPECT_EQ(attesa.windowTitle(), QStringLiteral("Attesa Caricamento Dati"));
   EXPECT_EQ(attesa.findChild<QLabel*>(QStringLiteral("Label1"))->text(),
             QStringLiteral("Attendere prego. Caricamento archivio dati in corso ..."));
@@ -15,10 +15,10 @@ TEST_F(FormAttesa, TitoloTestoEFiguraSonoQuelli) {
 }
 
 TEST_F(FormAttesa, NonBloccaESiScarica) {
-  QPointer<QWidget> attesa = &schermate_.mostra(QStringLiteral("Form_ATTESA"), contesto_);
+  QPointer<QWidget> attesa = &program_.screens.mostra(QStringLiteral("Form_ATTESA"), program_.contesto);
   EXPECT_FALSE(attesa->isModal());
   EXPECT_TRUE(attesa->isVisible());
-  schermate_.scarica(QStringLiteral("Form_ATTESA"));
+  program_.screens.scarica(QStringLiteral("Form_ATTESA"));
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(attesa.isNull());
 }

@@ -46,16 +46,16 @@ const Box kNonDisponibili{QStringLiteral("Le informazioni sul sistema non sono a
 
 }  // namespace
 
-class About : public Bench {
+class About : public MenuFixture {
  protected:
-  QWidget& finestra() { return schermate_.mostra(QStringLiteral("frmAbout"), contesto_); }
+  QWidget& finestra() { return program_.screens.mostra(QStringLiteral("frmAbout"), program_.contesto); }
   QString testo(const char* etichetta) {
     return finestra().findChild<QLabel*>(QLatin1String(etichetta))->text();
   }
-  void clicca(const char* pulsante) {
+  void click(const char* pulsante) {
     QTest::mouseClick(finestra().findChild<QPushButton*>(QLatin1String(pulsante)), Qt::LeftButton);
   }
-  QString bin_ = corrente_.path();
+  QString bin_ = program_.folder.path();
 };
 
 TEST_F(About, ITestiSonoQuelli) {
@@ -71,10 +71,10 @@ TEST_F(About, ITestiSonoQuelli) {
 
 TEST_F(About, OKChiudeELaVoltaDopoLaFinestraENuova) {
   QPointer<QWidget> prima = &finestra();
-  clicca("cmdOK");
+  click("cmdOK");
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(prima.isNull());
-  EXPECT_EQ(aperta("frmAbout"), nullptr);
+  EXPECT_EQ(open("frmAbout"), nullptr);
   EXPECT_TRUE(finestra().isVisible());
 }
 
@@ -86,23 +86,23 @@ TEST_F(About, EscChiude) {
 }
 
 TEST_F(About, SenzaImmagineSiApreLoStesso) {
-  ASSERT_TRUE(QFile::remove(immagine("About.jpg")));
+  ASSERT_TRUE(QFile::remove(picture("About.jpg")));
   EXPECT_TRUE(finestra().isVisible());
-  EXPECT_TRUE(utente_.boxes().empty());
+  EXPECT_TRUE(program_.user.boxes().empty());
 }
 
 TEST_F(About, LeInformazioniDiSistemaAvvianoIlProgrammaDelDesktop) {
   const Percorso percorso(bin_);
   eseguibile(bin_ + QStringLiteral("/hardinfo"));
-  clicca("cmdSysInfo");
-  EXPECT_EQ(utente_.programs(), QStringList{bin_ + QStringLiteral("/hardinfo")});
+  click("cmdSysInfo");
+  EXPECT_EQ(program_.user.programs(), QStringList{bin_ + QStringLiteral("/hardinfo")});
 }
 
 TEST_F(About, SenzaUnProgrammaDelDesktopLoDice) {
   const Percorso percorso(bin_);
-  clicca("cmdSysInfo");
-  EXPECT_EQ(utente_.boxes(), std::vector{kNonDisponibili});
-  EXPECT_TRUE(utente_.programs().isEmpty());
+  click("cmdSysInfo");
+  EXPECT_EQ(program_.user.boxes(), std::vector{kNonDisponibili});
+  EXPECT_TRUE(program_.user.programs().isEmpty());
 }
 
 TEST(InfoSistema, SeIlPrimoProgrammaNonParteSiProvaIlSeguente) {

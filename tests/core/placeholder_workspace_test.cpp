@@ -22,20 +22,20 @@ const std::array kAree{
 
 }  // namespace
 
-class FormProvvisoria : public Bench {
+class FormProvvisoria : public MenuFixture {
  protected:
   /// Opens each area from the menu, leaves it in the given way, and checks that the menu is back.
   void ognunaTorna(const std::function<void(QWidget&)>& esce) {
     for (const Area& area : kAree) {
-      Bench::clicca(area.voce);
-      QPointer<QWidget> finestra = aperta(area.nome);
+      MenuFixture::click(area.voce);
+      QPointer<QWidget> finestra = open(area.nome);
       ASSERT_NE(finestra, nullptr) << area.nome;
       EXPECT_EQ(finestra->windowTitle(), area.titolo);
       EXPECT_EQ(finestra->objectName(), QLatin1String(area.nome));
       esce(*finestra);
       QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
       EXPECT_TRUE(finestra.isNull()) << area.nome;
-      EXPECT_TRUE(aperta("start")->isVisible()) << area.nome;
+      EXPECT_TRUE(open("start")->isVisible()) << area.nome;
     }
   }
 };
@@ -55,15 +55,15 @@ TEST_F(FormProvvisoria, LaCorniceRiportaAlMenu) {
 }
 
 TEST_F(FormProvvisoria, NonPrendeIlPostoDiUnaSchermataCheCE) {
-  schermate_.registra(QStringLiteral("Form_Grafica"), [](Contesto&) { return new QWidget; });
-  registraSchermateMancanti(schermate_);
-  QWidget& vera = schermate_.carica(QStringLiteral("Form_Grafica"), contesto_);
+  program_.screens.registra(QStringLiteral("Form_Grafica"), [](Contesto&) { return new QWidget; });
+  registraSchermateMancanti(program_.screens);
+  QWidget& vera = program_.screens.carica(QStringLiteral("Form_Grafica"), program_.contesto);
   EXPECT_EQ(dynamic_cast<Form_Provvisoria*>(&vera), nullptr);
 }
 
 TEST_F(FormProvvisoria, ScaricareTuttoColMenuNascostoNonLoRiapre) {
-  Bench::clicca("Label7");
-  schermate_.scaricaTutte();
-  EXPECT_EQ(aperta("start"), nullptr);
-  EXPECT_EQ(aperta("Form_GestioneClienti"), nullptr);
+  MenuFixture::click("Label7");
+  program_.screens.scaricaTutte();
+  EXPECT_EQ(open("start"), nullptr);
+  EXPECT_EQ(open("Form_GestioneClienti"), nullptr);
 }

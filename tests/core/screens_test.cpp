@@ -12,13 +12,9 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "core/context.h"
-#include "platform/ecrcom/library.h"
 #include "platform/error.h"
-#include "platform/net/network.h"
-#include "platform/store/store.h"
 #include "platform/ui/busy_guard.h"
-#include "platform/ui/scripted_user.h"
+#include "sostegno/program_fixture.h"
 
 namespace {
 
@@ -26,13 +22,13 @@ namespace {
 QStringList diario;
 
 template <typename Base>
-class Schermo : public Base {
+class Diarista : public Base {
  public:
-  explicit Schermo(const QString& nome) {
+  explicit Diarista(const QString& nome) {
     this->setObjectName(nome);
     diario.append(QStringLiteral("+") + nome);
   }
-  ~Schermo() override { diario.append(QStringLiteral("-") + this->objectName()); }
+  ~Diarista() override { diario.append(QStringLiteral("-") + this->objectName()); }
 
   std::function<void()> allaChiusura;
   bool rifiuta = false;
@@ -48,8 +44,8 @@ class Schermo : public Base {
   }
 };
 
-using Finestra = Schermo<QWidget>;
-using Dialogo = Schermo<QDialog>;
+using Finestra = Diarista<QWidget>;
+using Dialogo = Diarista<QDialog>;
 
 const QString kA = QStringLiteral("A");
 const QString kB = QStringLiteral("B");
@@ -61,25 +57,21 @@ class SchermateTest : public testing::Test {
   SchermateTest() {
     diario.clear();
     for (const QString& nome : {kA, kB, kC})
-      schermate_.registra(nome, [nome](Contesto&) { return new Finestra(nome); });
-    schermate_.registra(kD, [](Contesto&) { return new Dialogo(kD); });
+      program_.screens.registra(nome, [nome](Contesto&) { return new Finestra(nome); });
+    program_.screens.registra(kD, [](Contesto&) { return new Dialogo(kD); });
   }
   ~SchermateTest() override {
-    schermate_.scaricaTutte();
+    program_.screens.scaricaTutte();
     smaltisci();
   }
 
   Finestra& mostra(const QString& nome) {
-    return dynamic_cast<Finestra&>(schermate_.mostra(nome, contesto_));
+    return dynamic_cast<Finestra&>(program_.screens.mostra(nome, program_.contesto));
   }
   /// What the event loop does at its next turn.
   static void smaltisci() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
-  ScriptedUser utente_;
-  store::Workspace area_;
-  LibreriaEcr libreria_{QString()};
-  Schermate schermate_;
-  Contesto contesto_{utente_, area_, libreria_, systemNetwork(), schermate_, {}};
+  ProgramFixture program_;
 };
 
 }  // namespace
@@ -87,17 +79,17 @@ class SchermateTest : public testing::Test {
 TEST_F(SchermateTest, OgniSchermoEUnoSolo) {
   Finestra& prima = mostra(kA);
   EXPECT_EQ(&mostra(kA), &prima);
-  EXPECT_EQ(schermate_.trova(kA), &prima);
+  EXPECT_EQ(program_.screens.trova(kA), &prima);
   EXPECT_EQ(diario, QStringList{QStringLiteral("+A")});
 }
 
 TEST_F(SchermateTest, CaricareNonMostra) {
-  EXPECT_FALSE(schermate_.carica(kA, contesto_).isVisible());
+  EXPECT_FALSE(program_.screens.carica(kA, program_.contesto).isVisible());
   EXPECT_TRUE(mostra(kA).isVisible());
 }
 
 TEST_F(SchermateTest, UnoSchermoStaNelMezzo) {
-  schermate_.registra(kA, [](Contesto&) {
+  program_.screens.registra(kA, [](Contesto&) {
     auto* schermo = new Finestra(kA);
     schermo->resize(300, 200);
     return schermo;
@@ -110,7 +102,7 @@ TEST_F(SchermateTest, UnoSchermoStaNelMezzo) {
 }
 
 TEST_F(SchermateTest, UnoSchermoSenzaMisureSueELargoQuantoIlSuoContenuto) {
-  schermate_.registra(kA, [](Contesto&) {
+  program_.screens.registra(kA, [](Contesto&) {
     auto* schermo = new Finestra(kA);
     auto* dentro = new QWidget(schermo);
     dentro->setMinimumSize(410, 130);
@@ -124,31 +116,31 @@ TEST_F(SchermateTest, UnoSchermoSenzaMisureSueELargoQuantoIlSuoContenuto) {
 
 TEST_F(SchermateTest, UnoSchermoPiuGrandeDelDisplayCiSta) {
   for (const QString& nome : {kA, kD}) {
-    schermate_.registra(nome, [nome](Contesto&) {
+    program_.screens.registra(nome, [nome](Contesto&) {
       QWidget* schermo = nome == kD ? static_cast<QWidget*>(new Dialogo(nome)) : new Finestra(nome);
       schermo->resize(4000, 3000);
       return schermo;
     });
     const QRect libero = QGuiApplication::primaryScreen()->availableGeometry();
-    QWidget& schermo = schermate_.mostra(nome, contesto_);
+    QWidget& schermo = program_.screens.mostra(nome, program_.contesto);
     EXPECT_TRUE(libero.contains(schermo.frameGeometry())) << nome.toStdString();
   }
 }
 
 TEST_F(SchermateTest, UnNomeCheNessunoHaRegistratoEErrore9) {
   try {
-    schermate_.mostra(QStringLiteral("Z"), contesto_);
+    program_.screens.mostra(QStringLiteral("Z"), program_.contesto);
     ADD_FAILURE();
   } catch (const Errore& errore) {
     EXPECT_EQ(errore.numero, errors::kOutOfRange);
   }
-  EXPECT_FALSE(schermate_.registrata(QStringLiteral("Z")));
-  EXPECT_TRUE(schermate_.registrata(kA));
+  EXPECT_FALSE(program_.screens.registrata(QStringLiteral("Z")));
+  EXPECT_TRUE(program_.screens.registrata(kA));
 }
 
 TEST_F(SchermateTest, ChiusaDallaCorniceNonCEPiuDaSubito) {
   mostra(kA).close();
-  EXPECT_EQ(schermate_.trova(kA), nullptr);
+  EXPECT_EQ(program_.screens.trova(kA), nullptr);
   smaltisci();
   EXPECT_EQ(diario, (QStringList{QStringLiteral("+A"), QStringLiteral("xA"), QStringLiteral("-A")}));
 }
@@ -159,13 +151,13 @@ TEST_F(SchermateTest, AllUsoSeguenteRinasceFresca) {
   prima.close();
   EXPECT_EQ(mostra(kA).testo, QString());
   smaltisci();
-  EXPECT_NE(schermate_.trova(kA), nullptr) << "the old one's end does not take the new one along";
+  EXPECT_NE(program_.screens.trova(kA), nullptr) << "the old one's end does not take the new one along";
 }
 
 TEST_F(SchermateTest, UnDialogoNonModaleRespintoNonCEPiu) {
-  auto& dialogo = dynamic_cast<Dialogo&>(schermate_.mostra(kD, contesto_));
+  auto& dialogo = dynamic_cast<Dialogo&>(program_.screens.mostra(kD, program_.contesto));
   QTest::keyClick(&dialogo, Qt::Key_Escape);
-  EXPECT_EQ(schermate_.trova(kD), nullptr);
+  EXPECT_EQ(program_.screens.trova(kD), nullptr);
   smaltisci();
   EXPECT_TRUE(diario.contains(QStringLiteral("-D")));
 }
@@ -178,17 +170,17 @@ TEST_F(SchermateTest, NascostaRestaLaStessa) {
 
 TEST_F(SchermateTest, ScaricareChiudeEDistrugge) {
   mostra(kA);
-  EXPECT_TRUE(schermate_.scarica(kA));
-  EXPECT_EQ(schermate_.trova(kA), nullptr);
+  EXPECT_TRUE(program_.screens.scarica(kA));
+  EXPECT_EQ(program_.screens.trova(kA), nullptr);
   smaltisci();
   EXPECT_EQ(diario, (QStringList{QStringLiteral("+A"), QStringLiteral("xA"), QStringLiteral("-A")}));
-  EXPECT_TRUE(schermate_.scarica(kA)) << "nothing to do";
+  EXPECT_TRUE(program_.screens.scarica(kA)) << "nothing to do";
 }
 
 TEST_F(SchermateTest, ScaricareDalSuoStessoTastoNonTagliaIlRamo) {
   Finestra& schermo = mostra(kA);
-  schermo.allaChiusura = [&] { schermate_.scarica(kA); };
-  schermate_.scarica(kA);
+  schermo.allaChiusura = [&] { program_.screens.scarica(kA); };
+  program_.screens.scarica(kA);
   EXPECT_EQ(schermo.objectName(), kA) << "destroyed at the loop's next turn, not under its own feet";
   smaltisci();
   EXPECT_EQ(diario.count(QStringLiteral("-A")), 1);
@@ -197,9 +189,9 @@ TEST_F(SchermateTest, ScaricareDalSuoStessoTastoNonTagliaIlRamo) {
 TEST_F(SchermateTest, ChiRifiutaDiChiudersiResta) {
   Finestra& schermo = mostra(kA);
   schermo.rifiuta = true;
-  EXPECT_FALSE(schermate_.scarica(kA));
+  EXPECT_FALSE(program_.screens.scarica(kA));
   smaltisci();
-  EXPECT_EQ(schermate_.trova(kA), &schermo);
+  EXPECT_EQ(program_.screens.trova(kA), &schermo);
   EXPECT_TRUE(schermo.isVisible());
   schermo.rifiuta = false;
 }
@@ -208,34 +200,34 @@ TEST_F(SchermateTest, LaGuardiaFermaLaPersonaENonIlProgramma) {
   Finestra& schermo = mostra(kA);
   const BusyGuard guardia;
   EXPECT_FALSE(schermo.close());
-  EXPECT_EQ(schermate_.trova(kA), &schermo);
-  EXPECT_TRUE(schermate_.scarica(kA));
-  EXPECT_EQ(schermate_.trova(kA), nullptr);
+  EXPECT_EQ(program_.screens.trova(kA), &schermo);
+  EXPECT_TRUE(program_.screens.scarica(kA));
+  EXPECT_EQ(program_.screens.trova(kA), nullptr);
 }
 
 TEST_F(SchermateTest, TutteSiScaricanoNellOrdineInCuiSonoNate) {
   for (const QString& nome : {kB, kA, kC}) mostra(nome);
   diario.clear();
-  schermate_.scaricaTutte();
+  program_.screens.scaricaTutte();
   EXPECT_EQ(diario, (QStringList{QStringLiteral("xB"), QStringLiteral("xA"), QStringLiteral("xC")}));
 }
 
 TEST_F(SchermateTest, UnaCheRifiutaNonFermaLeAltre) {
   for (const QString& nome : {kA, kB, kC}) mostra(nome);
-  dynamic_cast<Finestra*>(schermate_.trova(kB))->rifiuta = true;
-  schermate_.scaricaTutte();
-  EXPECT_EQ(schermate_.trova(kA), nullptr);
-  EXPECT_NE(schermate_.trova(kB), nullptr);
-  EXPECT_EQ(schermate_.trova(kC), nullptr);
-  dynamic_cast<Finestra*>(schermate_.trova(kB))->rifiuta = false;
+  dynamic_cast<Finestra*>(program_.screens.trova(kB))->rifiuta = true;
+  program_.screens.scaricaTutte();
+  EXPECT_EQ(program_.screens.trova(kA), nullptr);
+  EXPECT_NE(program_.screens.trova(kB), nullptr);
+  EXPECT_EQ(program_.screens.trova(kC), nullptr);
+  dynamic_cast<Finestra*>(program_.screens.trova(kB))->rifiuta = false;
 }
 
 TEST_F(SchermateTest, LaCorniceDellaPrimaPuoScaricareTutte) {
   Finestra& menu = mostra(kA);
   mostra(kB).allaChiusura = [&] {
-    EXPECT_EQ(schermate_.trova(kA), nullptr) << "a workspace does not bring back a menu that is going";
+    EXPECT_EQ(program_.screens.trova(kA), nullptr) << "a workspace does not bring back a menu that is going";
   };
-  menu.allaChiusura = [&] { schermate_.scaricaTutte(); };
+  menu.allaChiusura = [&] { program_.screens.scaricaTutte(); };
   EXPECT_TRUE(menu.close());
   smaltisci();
   EXPECT_EQ(diario.count(QStringLiteral("-A")), 1);
@@ -246,19 +238,19 @@ TEST_F(SchermateTest, UnDialogoModaleGiraFinoAllaSuaFine) {
   QTimer::singleShot(0, [&] {
     auto* dialogo = dynamic_cast<Dialogo*>(QApplication::activeModalWidget());
     ASSERT_NE(dialogo, nullptr);
-    EXPECT_EQ(schermate_.trova(kD), dialogo);
+    EXPECT_EQ(program_.screens.trova(kD), dialogo);
     dialogo->accept();
   });
-  schermate_.mostraModale(kD, contesto_);
-  EXPECT_EQ(schermate_.trova(kD), nullptr);
+  program_.screens.mostraModale(kD, program_.contesto);
+  EXPECT_EQ(program_.screens.trova(kD), nullptr);
   EXPECT_EQ(diario.last(), QStringLiteral("-D"));
 }
 
 TEST_F(SchermateTest, UnDialogoModalePuoScaricarsiDaSe) {
-  QTimer::singleShot(0, [&] { EXPECT_TRUE(schermate_.scarica(kD)); });
-  schermate_.mostraModale(kD, contesto_);
+  QTimer::singleShot(0, [&] { EXPECT_TRUE(program_.screens.scarica(kD)); });
+  program_.screens.mostraModale(kD, program_.contesto);
   smaltisci();
-  EXPECT_EQ(schermate_.trova(kD), nullptr);
+  EXPECT_EQ(program_.screens.trova(kD), nullptr);
   EXPECT_EQ(diario.count(QStringLiteral("-D")), 1);
 }
 
@@ -266,14 +258,14 @@ TEST_F(SchermateTest, UnDialogoModaleSiRiapreFrescoDallaChiusura) {
   int giri = 0;
   for (int volta = 0; volta < 2; ++volta) {
     QTimer::singleShot(0, [&] {
-      auto* dialogo = dynamic_cast<Dialogo*>(schermate_.trova(kD));
+      auto* dialogo = dynamic_cast<Dialogo*>(program_.screens.trova(kD));
       ASSERT_NE(dialogo, nullptr);
       EXPECT_EQ(dialogo->testo, QString());
       dialogo->testo = QStringLiteral("scritto");
       ++giri;
       dialogo->close();
     });
-    schermate_.mostraModale(kD, contesto_);
+    program_.screens.mostraModale(kD, program_.contesto);
   }
   EXPECT_EQ(giri, 2);
 }
@@ -285,21 +277,18 @@ TEST_F(SchermateTest, AncheUnoSchermoCheNonEDialogoGiraModale) {
     EXPECT_EQ(schermo->objectName(), kA);
     schermo->close();
   });
-  schermate_.mostraModale(kA, contesto_);
-  EXPECT_EQ(schermate_.trova(kA), nullptr);
+  program_.screens.mostraModale(kA, program_.contesto);
+  EXPECT_EQ(program_.screens.trova(kA), nullptr);
   EXPECT_EQ(diario.last(), QStringLiteral("-A"));
 }
 
 TEST(Schermate, LaFineDelRegistroNonLasciaSchermi) {
   diario.clear();
-  ScriptedUser utente;
-  store::Workspace area;
-  LibreriaEcr libreria{QString()};
+  ProgramFixture program;
   auto schermate = std::make_unique<Schermate>();
-  Contesto contesto{utente, area, libreria, systemNetwork(), *schermate, {}};
   for (const QString& nome : {kA, kB}) {
     schermate->registra(nome, [nome](Contesto&) { return new Finestra(nome); });
-    schermate->mostra(nome, contesto);
+    schermate->mostra(nome, program.contesto);
   }
   schermate->trova(kB)->close();
   schermate.reset();

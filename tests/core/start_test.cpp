@@ -7,7 +7,7 @@
 #include "controls/picture_frame.h"
 #include "menu_fixture.h"
 
-class Start : public Bench {
+class Start : public MenuFixture {
  protected:
   /// Colour of the picture in `Image1`, told by its middle.
   QColor colore() {
@@ -22,8 +22,8 @@ class Start : public Bench {
   }
   std::vector<std::string> evidenziate() {
     std::vector<std::string> nomi;
-    for (const char* nome : kVociMenu)
-      if (voce(nome).look() == 1) nomi.emplace_back(nome);
+    for (const char* nome : kMenuEntries)
+      if (entry(nome).look() == 1) nomi.emplace_back(nome);
     return nomi;
   }
 };
@@ -31,19 +31,19 @@ class Start : public Bench {
 TEST_F(Start, TitoloEScritteSonoQuelle) {
   EXPECT_EQ(menu().windowTitle(), QStringLiteral("Gestionale Misuratori Fiscali Qz s.r.l"));
   EXPECT_EQ(menu().objectName(), QStringLiteral("start"));
-  EXPECT_EQ(voce("Label1").text(), QStringLiteral("Gestione Grafica"));
-  EXPECT_EQ(voce("Label2").text(), QStringLiteral("Gestione Articoli MMC"));
-  EXPECT_EQ(voce("Label3").text(), QStringLiteral(" Gestione Programmazione"));
-  EXPECT_EQ(voce("Label7").text(), QStringLiteral("Gestione Clienti"));
-  EXPECT_EQ(voce("Label_CMD_XONXOFF").text(), QStringLiteral(" Gestione Comandi Ausiliari ECR"));
-  EXPECT_EQ(voce("Label6").text(), QStringLiteral("About"));
-  EXPECT_EQ(voce("Label4").text(), QStringLiteral("Esci"));
+  EXPECT_EQ(entry("Label1").text(), QStringLiteral("Gestione Grafica"));
+  EXPECT_EQ(entry("Label2").text(), QStringLiteral("Gestione Articoli MMC"));
+  EXPECT_EQ(entry("Label3").text(), QStringLiteral(" Gestione Programmazione"));
+  EXPECT_EQ(entry("Label7").text(), QStringLiteral("Gestione Clienti"));
+  EXPECT_EQ(entry("Label_CMD_XONXOFF").text(), QStringLiteral(" Gestione Comandi Ausiliari ECR"));
+  EXPECT_EQ(entry("Label6").text(), QStringLiteral("About"));
+  EXPECT_EQ(entry("Label4").text(), QStringLiteral("Esci"));
 }
 
 TEST_F(Start, LeVociStannoSulRiquadroEGliAltriControlliCiSono) {
   auto* riquadro = menu().findChild<QFrame*>(QStringLiteral("vkFrame1"));
   ASSERT_NE(riquadro, nullptr);
-  for (const char* nome : kVociMenu) EXPECT_EQ(voce(nome).parentWidget(), riquadro) << nome;
+  for (const char* nome : kMenuEntries) EXPECT_EQ(entry(nome).parentWidget(), riquadro) << nome;
   EXPECT_FALSE(menu().findChild<QLabel*>(QStringLiteral("Label5"))->text().isEmpty());
   auto* versione = menu().findChild<QLabel*>(QStringLiteral("LabelVSW"));
   EXPECT_EQ(versione->font().family(), QStringLiteral("Verdana"));
@@ -54,14 +54,14 @@ TEST_F(Start, LeVociStannoSulRiquadroEGliAltriControlliCiSono) {
 }
 
 TEST_F(Start, AllAvvioIlFuocoEIlRisaltoSonoSullaPrimaVoceConLaSuaImmagine) {
-  EXPECT_TRUE(voce("Label1").hasFocus());
+  EXPECT_TRUE(entry("Label1").hasFocus());
   EXPECT_EQ(evidenziate(), (std::vector<std::string>{"Label1"}));
   EXPECT_TRUE(QTest::qWaitFor([this] { return mostra(Qt::red); }));
 }
 
 TEST_F(Start, UnaSolaVoceEEvidenziataQuellaSottoIlMouse) {
-  for (const char* nome : kVociMenu) {
-    passaSopra(nome);
+  for (const char* nome : kMenuEntries) {
+    moveOver(nome);
     EXPECT_EQ(evidenziate(), (std::vector<std::string>{nome}));
   }
 }
@@ -73,24 +73,24 @@ TEST_F(Start, OgniVoceMostraLaSuaImmagine) {
                                                               {"Label6", Qt::magenta},
                                                               {"Label1", Qt::red}}};
   for (const auto& [nome, atteso] : attese) {
-    passaSopra(nome);
+    moveOver(nome);
     EXPECT_TRUE(mostra(atteso)) << nome;
   }
 }
 
 TEST_F(Start, SuiComandiAusiliariESuEsciRestaLImmagineDiPrima) {
-  passaSopra("Label7");
+  moveOver("Label7");
   for (const char* nome : {"Label_CMD_XONXOFF", "Label4"}) {
-    passaSopra(nome);
+    moveOver(nome);
     EXPECT_EQ(evidenziate(), (std::vector<std::string>{nome}));
     EXPECT_TRUE(mostra(Qt::yellow)) << nome;
   }
 }
 
 TEST_F(Start, LImmagineSiRileggeAOgniMovimentoDelMouse) {
-  passaSopra("Label2");
-  coloraImmagine("5-1.jpg", Qt::cyan);
-  passaSopra("Label2");
+  moveOver("Label2");
+  paintPicture("5-1.jpg", Qt::cyan);
+  moveOver("Label2");
   EXPECT_TRUE(mostra(Qt::cyan));
 }
 
@@ -102,21 +102,31 @@ TEST_F(Start, UnImmagineAssenteMostraLErroreELasciaQuellaDiPrima) {
                                                                  {"Label6", "About.jpg"}}};
   ASSERT_TRUE(QTest::qWaitFor([this] { return mostra(Qt::red); }));
   for (const auto& [nome, file] : voci) {
-    ASSERT_TRUE(QFile::remove(immagine(file)));
-    passaSopra(nome);
-    EXPECT_EQ(utente_.takeBoxes(),
-              (std::vector{Box{QStringLiteral("Error 53 (File non trovato) in procedure ") +
-                                   QLatin1String(nome) + QStringLiteral("_MouseMove of Modulo start"),
-                               Icon::None,
-                               {},
-                               Buttons::Ok}}));
+    ASSERT_TRUE(QFile::remove(picture(file)));
+    moveOver(nome);
+    EXPECT_EQ(program_.user.takeBoxes(),
+              std::vector{plainBox(QStringLiteral("Error 53 (File non trovato: %1) in procedure "
+                                                  "%2_MouseMove of Modulo start")
+                                       .arg(picture(file), QLatin1String(nome)))});
     EXPECT_EQ(evidenziate(), (std::vector<std::string>{nome}));
     EXPECT_TRUE(mostra(Qt::red)) << nome;
   }
 }
 
+TEST_F(Start, UnImmagineCambiataSulDiscoSiVedeAlMovimentoSeguente) {
+  ASSERT_TRUE(QTest::qWaitFor([this] { return mostra(Qt::red); }));
+  moveOver("Label2");
+  ASSERT_TRUE(mostra(Qt::green));
+  paintPicture("4-1.jpg", Qt::cyan);
+  moveOver("Label1");
+  EXPECT_TRUE(mostra(Qt::cyan));
+  paintPicture("5-1.jpg", Qt::white);
+  moveOver("Label2");
+  EXPECT_TRUE(mostra(Qt::white));
+}
+
 TEST_F(Start, SenzaLaPrimaImmagineIlMenuSiApreLoStessoSenzaMessaggi) {
-  ASSERT_TRUE(QFile::remove(immagine("4-1.jpg")));
+  ASSERT_TRUE(QFile::remove(picture("4-1.jpg")));
   const auto* timer = menu().findChild<QTimer*>(QStringLiteral("primaImmagine"));
   ASSERT_TRUE(QTest::qWaitFor([timer] { return timer->isActive(); }));
   ASSERT_TRUE(QTest::qWaitFor([timer] { return !timer->isActive(); }));
@@ -125,12 +135,12 @@ TEST_F(Start, SenzaLaPrimaImmagineIlMenuSiApreLoStessoSenzaMessaggi) {
 }
 
 TEST_F(Start, UnFileCheNonEUnImmagineMostraLErrore) {
-  QFile rotta(immagine("Clienti.jpg"));
+  QFile rotta(picture("Clienti.jpg"));
   ASSERT_TRUE(rotta.open(QIODevice::WriteOnly | QIODevice::Truncate));
   rotta.write("non e' un'immagine");
   rotta.close();
-  passaSopra("Label7");
-  EXPECT_EQ(utente_.boxes().size(), 1U);
+  moveOver("Label7");
+  EXPECT_EQ(program_.user.boxes().size(), 1U);
 }
 
 TEST_F(Start, LeGraficheELaProgrammazioneLascianoIlLoroNomePrimaDiCaricareLaSchermata) {
@@ -139,24 +149,24 @@ TEST_F(Start, LeGraficheELaProgrammazioneLascianoIlLoroNomePrimaDiCaricareLaSche
     varGlobal().FormChiamante.clear();
     QString visto;
     bool menuVisibile = false;
-    schermate_.registra(QLatin1String(schermata), [&](Contesto&) {
+    program_.screens.registra(QLatin1String(schermata), [&](Contesto&) {
       visto = varGlobal().FormChiamante;
-      menuVisibile = aperta("start")->isVisible();
+      menuVisibile = open("start")->isVisible();
       return new QWidget;
     });
-    clicca(nome);
+    click(nome);
     EXPECT_EQ(visto, QLatin1String(schermata));
     EXPECT_TRUE(menuVisibile) << "the screen loads before the menu hides";
-    EXPECT_TRUE(aperta(schermata)->isVisible());
-    EXPECT_FALSE(aperta("start")->isVisible());
-    schermate_.scarica(QLatin1String(schermata));
+    EXPECT_TRUE(open(schermata)->isVisible());
+    EXPECT_FALSE(open("start")->isVisible());
+    program_.screens.scarica(QLatin1String(schermata));
   }
 }
 
 TEST_F(Start, LeAltreVociNonToccanoIlNomeDelChiamante) {
   varGlobal().FormChiamante = QStringLiteral("Form_Grafica");
   for (const char* nome : {"Label2", "Label7", "Label_CMD_XONXOFF", "Label6"}) {
-    clicca(nome);
+    click(nome);
     EXPECT_EQ(varGlobal().FormChiamante, QStringLiteral("Form_Grafica")) << nome;
   }
 }
@@ -169,23 +179,24 @@ TEST_F(Start, OgniVoceApreLaSuaAreaENascondeIlMenu) {
        {"Label7", "Form_GestioneClienti"},
        {"Label_CMD_XONXOFF", "Form_Comandi_XONXOFF"}}};
   for (const auto& [nome, schermata] : voci) {
-    clicca(nome);
-    ASSERT_NE(aperta(schermata), nullptr) << schermata;
-    EXPECT_TRUE(aperta(schermata)->isVisible());
-    EXPECT_FALSE(aperta(schermata)->isModal());
-    EXPECT_FALSE(aperta("start")->isVisible());
-    aperta(schermata)->close();
-    EXPECT_TRUE(aperta("start")->isVisible());
+    click(nome);
+    ASSERT_NE(open(schermata), nullptr) << schermata;
+    EXPECT_TRUE(open(schermata)->isVisible());
+    EXPECT_FALSE(open(schermata)->isModal());
+    EXPECT_FALSE(open("start")->isVisible());
+    open(schermata)->close();
+    EXPECT_TRUE(open("start")->isVisible());
   }
 }
 
 TEST_F(Start, UnaSchermataSconosciutaMostraLErroreEIlMenuResta) {
   Schermate vuote;
-  Contesto contesto{utente_, area_, libreria_, systemNetwork(), vuote, app_};
-  start solo(contesto, misure_);
+  Contesto contesto{
+      program_.user, program_.workspace, program_.library, program_.network, vuote, program_.clock, app_};
+  start solo(contesto, display_);
   solo.show();
   QTest::mouseClick(solo.findChild<MenuEntry*>(QStringLiteral("Label7")), Qt::LeftButton);
-  EXPECT_EQ(utente_.boxes(),
+  EXPECT_EQ(program_.user.boxes(),
             (std::vector{Box{QStringLiteral("Error 9 (Schermata non registrata: Form_GestioneClienti) in "
                                             "procedure Label7_Click of Modulo start"),
                              Icon::None,
@@ -195,60 +206,60 @@ TEST_F(Start, UnaSchermataSconosciutaMostraLErroreEIlMenuResta) {
 }
 
 TEST_F(Start, AboutDueVolteMostraLaStessaFinestraColMenuVisibileDietro) {
-  clicca("Label6");
-  QWidget* prima = aperta("frmAbout");
+  click("Label6");
+  QWidget* prima = open("frmAbout");
   ASSERT_NE(prima, nullptr);
   EXPECT_FALSE(prima->isModal());
-  EXPECT_TRUE(aperta("start")->isVisible());
-  clicca("Label6");
-  EXPECT_EQ(aperta("frmAbout"), prima);
+  EXPECT_TRUE(open("start")->isVisible());
+  click("Label6");
+  EXPECT_EQ(open("frmAbout"), prima);
   EXPECT_TRUE(prima->isVisible());
-  EXPECT_TRUE(aperta("start")->isVisible());
+  EXPECT_TRUE(open("start")->isVisible());
 }
 
 TEST_F(Start, EsciTerminaSubitoSenzaDomande) {
-  clicca("Label4");
-  EXPECT_TRUE(utente_.terminated());
-  EXPECT_TRUE(utente_.boxes().empty());
+  click("Label4");
+  EXPECT_TRUE(program_.user.terminated());
+  EXPECT_TRUE(program_.user.boxes().empty());
 }
 
 TEST_F(Start, ChiudereLaCorniceScaricaOgniSchermata) {
-  clicca("Label6");
-  QPointer<QWidget> informazioni = aperta("frmAbout");
+  click("Label6");
+  QPointer<QWidget> informazioni = open("frmAbout");
   QPointer<QWidget> solo = &menu();
   solo->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(informazioni.isNull());
   EXPECT_TRUE(solo.isNull());
-  EXPECT_EQ(aperta("start"), nullptr);
-  EXPECT_EQ(aperta("frmAbout"), nullptr);
-  EXPECT_FALSE(utente_.terminated());
+  EXPECT_EQ(open("start"), nullptr);
+  EXPECT_EQ(open("frmAbout"), nullptr);
+  EXPECT_FALSE(program_.user.terminated());
 }
 
 TEST_F(Start, TornandoAlMenuSiTrovaLaStessaIstanza) {
   QWidget* prima = &menu();
-  clicca("Label2");
-  aperta("Form_GestioneMMC")->close();
-  EXPECT_EQ(aperta("start"), prima);
+  click("Label2");
+  open("Form_GestioneMMC")->close();
+  EXPECT_EQ(open("start"), prima);
 }
 
 TEST_F(Start, TabPercorreLeVociNellOrdineDelMenuEIlRisaltoLoSegue) {
   menu();
-  for (std::size_t i = 1; i < kVociMenu.size(); ++i) {
+  for (std::size_t i = 1; i < kMenuEntries.size(); ++i) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    EXPECT_TRUE(voce(kVociMenu[i]).hasFocus()) << kVociMenu[i];
-    EXPECT_EQ(evidenziate(), (std::vector<std::string>{kVociMenu[i]}));
+    EXPECT_TRUE(entry(kMenuEntries[i]).hasFocus()) << kMenuEntries[i];
+    EXPECT_EQ(evidenziate(), (std::vector<std::string>{kMenuEntries[i]}));
   }
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-  EXPECT_TRUE(voce("Label1").hasFocus());
+  EXPECT_TRUE(entry("Label1").hasFocus());
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
-  EXPECT_TRUE(voce("Label4").hasFocus());
+  EXPECT_TRUE(entry("Label4").hasFocus());
 }
 
 TEST_F(Start, LeFrecceSpostanoFuocoRisaltoEImmagine) {
   menu();
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-  EXPECT_TRUE(voce("Label2").hasFocus());
+  EXPECT_TRUE(entry("Label2").hasFocus());
   EXPECT_TRUE(mostra(Qt::green));
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
   EXPECT_EQ(evidenziate(), (std::vector<std::string>{"Label3"}));
@@ -257,29 +268,29 @@ TEST_F(Start, LeFrecceSpostanoFuocoRisaltoEImmagine) {
 }
 
 TEST_F(Start, InvioESpazioAprono) {
-  QTest::keyClick(&voce("Label7"), Qt::Key_Return);
-  ASSERT_NE(aperta("Form_GestioneClienti"), nullptr);
-  aperta("Form_GestioneClienti")->close();
-  QTest::keyClick(&voce("Label6"), Qt::Key_Space);
-  EXPECT_NE(aperta("frmAbout"), nullptr);
-  QTest::keyClick(&voce("Label2"), Qt::Key_Enter);
-  EXPECT_NE(aperta("Form_GestioneMMC"), nullptr);
+  QTest::keyClick(&entry("Label7"), Qt::Key_Return);
+  ASSERT_NE(open("Form_GestioneClienti"), nullptr);
+  open("Form_GestioneClienti")->close();
+  QTest::keyClick(&entry("Label6"), Qt::Key_Space);
+  EXPECT_NE(open("frmAbout"), nullptr);
+  QTest::keyClick(&entry("Label2"), Qt::Key_Enter);
+  EXPECT_NE(open("Form_GestioneMMC"), nullptr);
 }
 
 TEST_F(Start, IlRitornoDelFuocoDaUnRiquadroNonRileggeLImmagine) {
-  passaSopra("Label2");
-  ASSERT_TRUE(QFile::remove(immagine("4-1.jpg")));
+  moveOver("Label2");
+  ASSERT_TRUE(QFile::remove(picture("4-1.jpg")));
   QWidget riquadro;
   riquadro.show();
   riquadro.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&riquadro));
-  EXPECT_TRUE(voce("Label1").hasFocus());
+  EXPECT_TRUE(entry("Label1").hasFocus());
   EXPECT_EQ(evidenziate(), (std::vector<std::string>{"Label2"}));
-  EXPECT_TRUE(utente_.boxes().empty());
+  EXPECT_TRUE(program_.user.boxes().empty());
 }
 
 TEST_F(Start, OgniVoceHaUnNomePerILettoriDiSchermo) {
-  for (const char* nome : kVociMenu) EXPECT_EQ(voce(nome).accessibleName(), voce(nome).text().trimmed());
+  for (const char* nome : kMenuEntries) EXPECT_EQ(entry(nome).accessibleName(), entry(nome).text().trimmed());
   EXPECT_FALSE(menu().findChild<PictureFrame*>(QStringLiteral("Image1"))->accessibleName().isEmpty());
 }
 
@@ -290,18 +301,18 @@ TEST_F(Start, StaInUnoSchermo1024x768AlDoppioDellaScala) {
 }
 
 TEST_F(Start, SuUnoSchermoPiccoloChiedeEAnnotaLaNuovaMisura) {
-  misure_ = {1024, 600};
-  utente_.answers(Answer::Ok);
+  display_ = {1024, 600};
+  program_.user.answers(Answer::Ok);
   EXPECT_EQ(menu().misure(), (MisureSchermo{1024, 768}));
-  EXPECT_EQ(utente_.boxes().size(), 1U);
+  EXPECT_EQ(program_.user.boxes().size(), 1U);
 }
 
 TEST_F(Start, SuUnoSchermoPiccoloConAnnullaIlMenuSiApreComunque) {
-  misure_ = {800, 600};
-  utente_.answers(Answer::Cancel);
+  display_ = {800, 600};
+  program_.user.answers(Answer::Cancel);
   EXPECT_EQ(menu().misure(), (MisureSchermo{800, 600}));
   EXPECT_TRUE(menu().isVisible());
-  EXPECT_EQ(utente_.boxes().size(), 1U);
+  EXPECT_EQ(program_.user.boxes().size(), 1U);
 }
 
 TEST_F(Start, IlLogNellaCartellaDellApplicazioneESparitoQuandoIlMenuCompare) {
@@ -313,7 +324,7 @@ TEST_F(Start, IlLogNellaCartellaDellApplicazioneESparitoQuandoIlMenuCompare) {
 }
 
 TEST_F(Start, IlLogNellaSolaCartellaCorrenteResta) {
-  const QString log = corrente_.write(QStringLiteral("crc32Log.txt"), "x");
+  const QString log = program_.folder.write(QStringLiteral("crc32Log.txt"), "x");
   menu();
   EXPECT_TRUE(QFile::exists(log));
 }

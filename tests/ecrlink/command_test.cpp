@@ -2,7 +2,7 @@
 
 #include <QLibrary>
 
-#include "link_scene.h"
+#include "ecrlink/link_scene.h"
 
 using namespace ecrlink;
 
@@ -23,9 +23,9 @@ class Estranea {
   QLibrary libreria_;
 };
 
-struct Comando : testing::Test {
+struct ChiamataDiLibreria : testing::Test {
   Estranea estranea;
-  Scena scena{QStringLiteral(FOREIGN_LIBRARY)};
+  ProgramFixture scena{QStringLiteral(FOREIGN_LIBRARY)};
   QString file = QStringLiteral("iva.bin");
   QString risposta = QStringLiteral("di prima");
 
@@ -39,7 +39,7 @@ constexpr std::array kSenzaFile{
 
 }  // namespace
 
-TEST_F(Comando, SenzaFileIlNomePassaVuotoELaRispostaHa256Caratteri) {
+TEST_F(ChiamataDiLibreria, SenzaFileIlNomePassaVuotoELaRispostaHa256Caratteri) {
   for (const Modo modo : kSenzaFile) {
     const Estranea nuova;
     commonForKora().IP_ECR = QStringLiteral("127.0.0.1");
@@ -51,7 +51,7 @@ TEST_F(Comando, SenzaFileIlNomePassaVuotoELaRispostaHa256Caratteri) {
   }
 }
 
-TEST_F(Comando, ConIlFileIlNomeTornaELaRispostaRestaComEra) {
+TEST_F(ChiamataDiLibreria, ConIlFileIlNomeTornaELaRispostaRestaComEra) {
   for (const Modo modo : {Modo::Invia, Modo::Ricevi}) {
     const Estranea nuova;
     commonForKora().IP_ECR = QStringLiteral("127.0.0.1");
@@ -63,36 +63,36 @@ TEST_F(Comando, ConIlFileIlNomeTornaELaRispostaRestaComEra) {
   }
 }
 
-TEST_F(Comando, LIndirizzoTornaComeLaLibreriaLoHaLasciato) {
+TEST_F(ChiamataDiLibreria, LIndirizzoTornaComeLaLibreriaLoHaLasciato) {
   esegui(Modo::EcrInfo);
   EXPECT_EQ(commonForKora().IP_ECR, QStringLiteral("127.0.0.7"));
 }
 
-TEST_F(Comando, UnCodiceMostraIlTestoDellaLibreriaConISuoiBlank) {
+TEST_F(ChiamataDiLibreria, UnCodiceMostraIlTestoDellaLibreriaConISuoiBlank) {
   commonForKora().IP_ECR = QStringLiteral("9.0.0.1");
   EXPECT_EQ(esegui(Modo::AzzeraVenduto), 9);
-  EXPECT_EQ(scena.riquadri(), std::vector{erroreDiComunicazione(QStringLiteral("Cassa occupata   "))});
+  EXPECT_EQ(scena.takeBoxes(), std::vector{communicationError(QStringLiteral("Cassa occupata   "))});
 }
 
-TEST_F(Comando, UnModoOltreLOttoNonChiamaNulla) {
+TEST_F(ChiamataDiLibreria, UnModoOltreLOttoNonChiamaNulla) {
   EXPECT_EQ(esegui(static_cast<Modo>(9)), 1);
   EXPECT_EQ(estranea.traccia(), QString());
   EXPECT_EQ(risposta, QStringLiteral("di prima"));
 }
 
-TEST_F(Comando, AvviaApreEChiudeAttornoAlComando) {
+TEST_F(ChiamataDiLibreria, AvviaApreEChiudeAttornoAlComando) {
   EXPECT_EQ(avviaECR(QStringLiteral("venduto.bin"), Modo::Ricevi, scena.contesto), 0);
   EXPECT_EQ(estranea.traccia(),
             QStringLiteral("127.0.0.1||1|256|1;127.0.0.7|venduto.bin|7|256|1;127.0.0.7||2|256|1;"));
 }
 
-TEST_F(Comando, LaChiusuraFiscaleVaDaSola) {
+TEST_F(ChiamataDiLibreria, LaChiusuraFiscaleVaDaSola) {
   EXPECT_EQ(avviaECR(QString(), Modo::ChiusuraFiscale, scena.contesto), 0);
   EXPECT_EQ(estranea.traccia(), QStringLiteral("127.0.0.1||8|256|1;"));
 }
 
 TEST(ComandoSullaCassa, LaRispostaDellaCassaSiLeggeInteraConIBlank) {
-  Scena scena;
+  ProgramFixture scena;
   TestTill cassa({.infoReply = "VER=3,BMP=S"});
   commonForKora().IP_ECR = cassa.address();
   QString nessuno;
@@ -103,68 +103,69 @@ TEST(ComandoSullaCassa, LaRispostaDellaCassaSiLeggeInteraConIBlank) {
 }
 
 TEST(AvviaECR, UnAperturaRifiutataFermaTutto) {
-  Scena scena;
+  ProgramFixture scena;
   TestTill cassa({.state = 'V'});
   commonForKora().IP_ECR = cassa.address();
   EXPECT_EQ(avviaECR(QString(), Modo::AzzeraVenduto, scena.contesto), 1);
-  EXPECT_EQ(scena.riquadri(), std::vector{erroreDiComunicazione(
-                                  QStringLiteral("Comando rifiutato nello stato attuale della cassa"))});
-  EXPECT_EQ(chiamateDi(cassa), QStringList{QStringLiteral("1:")});
+  EXPECT_EQ(
+      scena.takeBoxes(),
+      std::vector{communicationError(QStringLiteral("Comando rifiutato nello stato attuale della cassa"))});
+  EXPECT_EQ(callsOf(cassa), QStringList{QStringLiteral("1:")});
 }
 
 TEST(AvviaECR, UnComandoFallitoLasciaApertoIlTrasferimento) {
-  Scena scena;
+  ProgramFixture scena;
   TestTill cassa;
   commonForKora().IP_ECR = cassa.address();
   EXPECT_EQ(avviaECR(QStringLiteral("ignoto.bin"), Modo::Ricevi, scena.contesto), 1);
-  EXPECT_EQ(scena.riquadri(),
-            std::vector{erroreDiComunicazione(QStringLiteral("File sconosciuto alla cassa o assente"))});
-  EXPECT_EQ(chiamateDi(cassa), (QStringList{QStringLiteral("1:"), QStringLiteral("7:ignoto.bin")}));
+  EXPECT_EQ(scena.takeBoxes(),
+            std::vector{communicationError(QStringLiteral("File sconosciuto alla cassa o assente"))});
+  EXPECT_EQ(callsOf(cassa), (QStringList{QStringLiteral("1:"), QStringLiteral("7:ignoto.bin")}));
   EXPECT_TRUE(cassa->transferOpen());
 }
 
 TEST(AvviaECR, UnaChiusuraFallitaContaComeFallimento) {
-  Scena scena;
+  ProgramFixture scena;
   TestTill cassa({.faults = {{.mode = 2, .what = ecrsim::FaultKind::Code, .code = 16}}});
   commonForKora().IP_ECR = cassa.address();
   EXPECT_EQ(avviaECR(QString(), Modo::AzzeraVenduto, scena.contesto), 1);
-  EXPECT_EQ(scena.riquadri(),
-            std::vector{erroreDiComunicazione(QStringLiteral("Errore nella memoria della cassa"))});
-  EXPECT_EQ(chiamateDi(cassa),
-            (QStringList{QStringLiteral("1:"), QStringLiteral("5:"), QStringLiteral("2:")}));
+  EXPECT_EQ(scena.takeBoxes(),
+            std::vector{communicationError(QStringLiteral("Errore nella memoria della cassa"))});
+  EXPECT_EQ(callsOf(cassa), (QStringList{QStringLiteral("1:"), QStringLiteral("5:"), QStringLiteral("2:")}));
 }
 
 TEST(AvviaECR, SeLaChiusuraFiscaleFallisceNonSiChiudeNulla) {
-  Scena scena;
+  ProgramFixture scena;
   TestTill cassa({.faults = {{.mode = 8, .what = ecrsim::FaultKind::Code, .code = 7}}});
   commonForKora().IP_ECR = cassa.address();
   EXPECT_EQ(avviaECR(QString(), Modo::ChiusuraFiscale, scena.contesto), 1);
-  EXPECT_EQ(scena.riquadri(), std::vector{erroreDiComunicazione(
-                                  QStringLiteral("Comando rifiutato nello stato attuale della cassa"))});
-  EXPECT_EQ(chiamateDi(cassa), QStringList{QStringLiteral("8:")});
+  EXPECT_EQ(
+      scena.takeBoxes(),
+      std::vector{communicationError(QStringLiteral("Comando rifiutato nello stato attuale della cassa"))});
+  EXPECT_EQ(callsOf(cassa), QStringList{QStringLiteral("8:")});
 }
 
 TEST(AvviaECR, SenzaLaLibreriaLoDiceERendeUno) {
   const QTemporaryDir vuota;
-  Scena scena(vuota.path());
+  ProgramFixture scena(vuota.path());
   EXPECT_EQ(avviaECR(QString(), Modo::AzzeraVenduto, scena.contesto), 1);
-  EXPECT_EQ(scena.riquadri(), std::vector{semplice(QStringLiteral(
-                                  "Error 53 (File non trovato: libecrcom.so) nella procedura avviaECR"))});
+  EXPECT_EQ(scena.takeBoxes(), std::vector{plainBox(QStringLiteral(
+                                   "Error 53 (File non trovato: libecrcom.so) nella procedura avviaECR"))});
 }
 
 TEST(ControllaFile, SeCERendeZeroESeMancaUno) {
-  Scena scena;
-  scena.cartella.write(QStringLiteral("venduto.bin"), "x");
+  ProgramFixture scena;
+  scena.folder.write(QStringLiteral("venduto.bin"), "x");
   EXPECT_EQ(ControllaFile(QStringLiteral("venduto.bin"), true, scena.contesto), 0);
   EXPECT_EQ(ControllaFile(QStringLiteral("fatture.bin"), false, scena.contesto), 1);
   EXPECT_EQ(ControllaFile(QString(), false, scena.contesto), 1);
 }
 
 TEST(ControllaFile, SeRichiestoDiceCheManca) {
-  Scena scena;
+  ProgramFixture scena;
   EXPECT_EQ(ControllaFile(QStringLiteral("fatture.bin"), true, scena.contesto), 1);
   const std::vector<Box> attesi{
       {QStringLiteral("STATO DELLA CASSA NON CONGRUENTE \r\nfatture.bin non presente !!!"), Icon::None,
        QStringLiteral("ATTENZIONE"), Buttons::Ok}};
-  EXPECT_EQ(scena.riquadri(), attesi);
+  EXPECT_EQ(scena.takeBoxes(), attesi);
 }

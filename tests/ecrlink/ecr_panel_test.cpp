@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
 
-#include "link_scene.h"
+#include "ecrlink/link_scene.h"
 
 namespace {
 
@@ -12,11 +14,11 @@ constexpr std::array kSolaLettura{"TextModello",   "vkTextBoxTipoMacchina", "Tex
                                   "vkTextBox_VSW", "vkTextBoxECR",          "vkTextBoxLocal_IP"};
 
 struct Pannello : testing::Test {
-  Scena scena;
-  SchermoLink schermo{scena.contesto};
+  ProgramFixture scena;
+  LinkScreen schermo{scena.contesto};
 };
 
-QString nomeDelFuoco(const SchermoLink& schermo) {
+QString nomeDelFuoco(const LinkScreen& schermo) {
   return schermo.focusWidget() ? schermo.focusWidget()->objectName() : QString();
 }
 
@@ -24,31 +26,31 @@ QString nomeDelFuoco(const SchermoLink& schermo) {
 
 TEST_F(Pannello, InvioNellaCasellaDellIndirizzoConnetteUnaVoltaSola) {
   for (const auto tasto : {Qt::Key_Return, Qt::Key_Enter}) {
-    Scena altra;
-    SchermoLink questo(altra.contesto);
+    ProgramFixture altra;
+    LinkScreen questo(altra.contesto);
     TestTill cassa;
-    questo.digita(cassa.address());
-    QTest::keyClick(&questo.controllo("vkTextBoxIP_ECR"), tasto);
-    EXPECT_EQ(chiamateDi(cassa), (QStringList{QStringLiteral("2:"), QStringLiteral("0:")}));
+    questo.typeAddress(cassa.address());
+    QTest::keyClick(&questo.control("vkTextBoxIP_ECR"), tasto);
+    EXPECT_EQ(callsOf(cassa), (QStringList{QStringLiteral("2:"), QStringLiteral("0:")}));
     EXPECT_TRUE(questo.isVisible());
   }
 }
 
 TEST_F(Pannello, InvioNonFaScattareIlComandoPredefinitoDelloSchermo) {
   int uscite = 0;
-  auto& esci = dynamic_cast<QPushButton&>(schermo.controllo("Cmd_Esci"));
+  auto& esci = dynamic_cast<QPushButton&>(schermo.control("Cmd_Esci"));
   esci.setDefault(true);
   QObject::connect(&esci, &QPushButton::clicked, [&] { ++uscite; });
   TestTill cassa;
-  schermo.digita(cassa.address());
-  QTest::keyClick(&schermo.controllo("vkTextBoxIP_ECR"), Qt::Key_Return);
+  schermo.typeAddress(cassa.address());
+  QTest::keyClick(&schermo.control("vkTextBoxIP_ECR"), Qt::Key_Return);
   EXPECT_EQ(uscite, 0);
-  EXPECT_EQ(chiamateDi(cassa).size(), 2);
+  EXPECT_EQ(callsOf(cassa).size(), 2);
 }
 
 TEST_F(Pannello, ConLaTastieraSiVaDallIndirizzoAConnettiEAiComandi) {
-  schermo.controllo("vkTextBoxIP_ECR").setFocus();
-  dynamic_cast<QPushButton&>(schermo.controllo("Cmd_Avvia")).setEnabled(true);
+  schermo.control("vkTextBoxIP_ECR").setFocus();
+  dynamic_cast<QPushButton&>(schermo.control("Cmd_Avvia")).setEnabled(true);
   QStringList giro{nomeDelFuoco(schermo)};
   for (int i = 0; i < 3; ++i) {
     QTest::keyClick(schermo.focusWidget(), Qt::Key_Tab);
@@ -60,27 +62,27 @@ TEST_F(Pannello, ConLaTastieraSiVaDallIndirizzoAConnettiEAiComandi) {
 
 TEST_F(Pannello, BarraSpazioSuConnettiConnette) {
   TestTill cassa;
-  schermo.digita(cassa.address());
+  schermo.typeAddress(cassa.address());
   QTest::keyClick(schermo.focusWidget(), Qt::Key_Tab);
   QTest::keyClick(schermo.focusWidget(), Qt::Key_Space);
-  EXPECT_TRUE(schermo.acceso("Cmd_Avvia"));
+  EXPECT_TRUE(schermo.enabled("Cmd_Avvia"));
 }
 
 TEST_F(Pannello, LeCaselleDellaCassaSiLeggonoESiCopianoSoltanto) {
   for (const char* nome : kSolaLettura) {
-    QWidget& casella = schermo.controllo(nome);
+    QWidget& casella = schermo.control(nome);
     EXPECT_TRUE(casella.property("readOnly").toBool()) << nome;
-    const QString prima = schermo.testo(nome);
+    const QString prima = schermo.text(nome);
     QTest::keyClicks(&casella, QStringLiteral("xyz"));
-    EXPECT_EQ(schermo.testo(nome), prima) << nome;
+    EXPECT_EQ(schermo.text(nome), prima) << nome;
   }
 }
 
 TEST_F(Pannello, OgniControlloHaUnNomePerChiNonVede) {
   for (const char* nome : kSolaLettura)
-    EXPECT_FALSE(schermo.controllo(nome).accessibleName().isEmpty()) << nome;
-  EXPECT_FALSE(schermo.controllo("vkTextBoxIP_ECR").accessibleName().isEmpty());
-  EXPECT_FALSE(schermo.controllo("CmdInviaModECR").accessibleName().isEmpty());
+    EXPECT_FALSE(schermo.control(nome).accessibleName().isEmpty()) << nome;
+  EXPECT_FALSE(schermo.control("vkTextBoxIP_ECR").accessibleName().isEmpty());
+  EXPECT_FALSE(schermo.control("CmdInviaModECR").accessibleName().isEmpty());
 }
 
 TEST_F(Pannello, LeDidascalieSonoQuelleDeiControlli) {
@@ -94,25 +96,25 @@ TEST_F(Pannello, LeDidascalieSonoQuelleDeiControlli) {
           QStringLiteral("Modello ECR>TextModello"), QStringLiteral("Tipo Macchina>vkTextBoxTipoMacchina"),
           QStringLiteral("Tipo Bitmap>TextBitmap"), QStringLiteral("Tipo MMC>TextMMC"),
           QStringLiteral("Versione ECR>vkTextBox_VSW"), QStringLiteral("STATO ECR>vkTextBoxECR")));
-  EXPECT_EQ(schermo.testo("CmdInviaModECR"), QStringLiteral("Connetti"));
+  EXPECT_EQ(schermo.text("CmdInviaModECR"), QStringLiteral("Connetti"));
 }
 
 TEST_F(Pannello, ConnettiEIlComandoPrincipaleELoStatoParteNeutro) {
-  EXPECT_TRUE(schermo.controllo("CmdInviaModECR").property("primary").toBool());
-  EXPECT_EQ(schermo.controllo("vkTextBoxECR").property("badge").toString(), QStringLiteral("neutral"));
+  EXPECT_TRUE(schermo.control("CmdInviaModECR").property("primary").toBool());
+  EXPECT_EQ(schermo.control("vkTextBoxECR").property("badge").toString(), QStringLiteral("neutral"));
 }
 
 TEST_F(Pannello, UnTestoPiuLargoDellaCasellaSiVedeDallInizio) {
   TestTill cassa(
       {.pattern = "KPR_80mm con un nome che nessuna casella contiene per intero, e ancora di piu"});
-  schermo.digita(cassa.address());
-  schermo.clicca("CmdInviaModECR");
-  EXPECT_EQ(dynamic_cast<QLineEdit&>(schermo.controllo("TextModello")).cursorPosition(), 0);
+  schermo.typeAddress(cassa.address());
+  schermo.click("CmdInviaModECR");
+  EXPECT_EQ(dynamic_cast<QLineEdit&>(schermo.control("TextModello")).cursorPosition(), 0);
 }
 
 TEST_F(Pannello, LoStatoPiuLungoStaNellaSuaCasella) {
   schermo.resize(schermo.minimumSizeHint());
-  QWidget& stato = schermo.controllo("vkTextBoxECR");
+  QWidget& stato = schermo.control("vkTextBoxECR");
   // Bold and padded, as the style sheet draws a badge.
   QFont grassetto = stato.font();
   grassetto.setBold(true);

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "link_scene.h"
+#include "ecrlink/link_scene.h"
 
 using namespace ecrlink;
 using ecrsim::FaultKind;
@@ -14,30 +14,8 @@ struct Caso {
   FaultKind cosa;
 };
 
-const char* nomeDi(FaultKind cosa) {
-  switch (cosa) {
-    case FaultKind::Code:
-      return "Codice";
-    case FaultKind::Silence:
-      return "Silenzio";
-    case FaultKind::CutBefore:
-      return "TaglioPrima";
-    case FaultKind::CutWithin:
-      return "TaglioDentro";
-    case FaultKind::CutAfter:
-      return "TaglioDopo";
-    case FaultKind::ShortFile:
-      return "FileCorto";
-    case FaultKind::LongFile:
-      return "FileLungo";
-    case FaultKind::Garbage:
-      return "Spazzatura";
-  }
-  return "";
-}
-
 std::string nomeDelCaso(const testing::TestParamInfo<Caso>& info) {
-  return "Modo" + std::to_string(static_cast<int>(info.param.modo)) + nomeDi(info.param.cosa);
+  return faultName(static_cast<int>(info.param.modo), info.param.cosa);
 }
 
 std::vector<Caso> casi(std::initializer_list<Modo> modi) {
@@ -73,7 +51,7 @@ QString messaggioDi(const Caso& caso) {
 
 std::vector<Box> riquadriDi(const Caso& caso) {
   const QString messaggio = messaggioDi(caso);
-  return messaggio.isEmpty() ? std::vector<Box>() : std::vector{erroreDiComunicazione(messaggio)};
+  return messaggio.isEmpty() ? std::vector<Box>() : std::vector{communicationError(messaggio)};
 }
 
 QString fileDi(Modo modo) {
@@ -83,17 +61,17 @@ QString fileDi(Modo modo) {
 
 struct Guasto : testing::TestWithParam<Caso> {
   ShortTimeouts attesa;
-  Scena scena;
+  ProgramFixture scena;
   TestTill cassa;
-  SchermoLink schermo{scena.contesto};
+  LinkScreen schermo{scena.contesto};
 
   void rompi() {
     cassa->faults({{.mode = static_cast<int>(GetParam().modo), .what = GetParam().cosa, .code = kCodice}});
   }
   std::vector<Box> connetti() {
-    schermo.digita(cassa.address());
-    schermo.clicca("CmdInviaModECR");
-    return scena.riquadri();
+    schermo.typeAddress(cassa.address());
+    schermo.click("CmdInviaModECR");
+    return scena.takeBoxes();
   }
 };
 
@@ -108,31 +86,31 @@ TEST_P(GuastoInConnessione, SiDiceELoSchermoFinisceNelSuoStato) {
   // A reply cut short has lost its state; one with a tail has it still.
   const bool senzaStato = GetParam().modo == Modo::EcrInfo && GetParam().cosa == FaultKind::ShortFile;
   if (senzaStato)
-    attesi = {critico(QStringLiteral(
+    attesi = {criticalBox(QStringLiteral(
         "Funzione non disponibile! Prego porre la cassa nello stato di IDLE o PROGRAMMAZIONE"))};
   EXPECT_EQ(connetti(), attesi);
   const bool infoFallita = GetParam().modo == Modo::EcrInfo && !attesi.empty();
-  EXPECT_EQ(statoDi(schermo), senzaStato ? (StatoLink{false, true, QString()})
-                                         : (StatoLink{true, infoFallita, cassa.address()}));
+  EXPECT_EQ(stateOf(schermo), senzaStato ? (LinkState{false, true, QString()})
+                                         : (LinkState{true, infoFallita, cassa.address()}));
 }
 
 TEST_P(GuastoInTrasferimento, UnMessaggioSoloELaConnessioneSuccessivaRimetteInOrdine) {
   // The opening call stands in front of every transfer: any will do.
   const Modo modo = GetParam().modo == Modo::ApriTrasferimento ? Modo::AzzeraVenduto : GetParam().modo;
   cassa.sales({{.slot = 3, .amount = 100, .pieces = 1}});
-  scena.cartella.write(QStringLiteral("iva.bin"), QByteArray(233, '\0'));
+  scena.folder.write(QStringLiteral("iva.bin"), QByteArray(233, '\0'));
   ASSERT_EQ(connetti(), std::vector<Box>());
   rompi();
   const std::vector<Box> attesi = riquadriDi(GetParam());
   EXPECT_EQ(avviaECR(fileDi(modo), modo, scena.contesto), attesi.empty() ? 0 : 1);
-  EXPECT_EQ(scena.riquadri(), attesi);
-  EXPECT_EQ(statoDi(schermo), (StatoLink{true, false, cassa.address()}));
+  EXPECT_EQ(scena.takeBoxes(), attesi);
+  EXPECT_EQ(stateOf(schermo), (LinkState{true, false, cassa.address()}));
   cassa->faults({});
-  SchermoLink nuovo(scena.contesto);
-  nuovo.digita(cassa.address());
-  nuovo.clicca("CmdInviaModECR");
+  LinkScreen nuovo(scena.contesto);
+  nuovo.typeAddress(cassa.address());
+  nuovo.click("CmdInviaModECR");
   EXPECT_EQ(avviaECR(fileDi(modo), modo, scena.contesto), 0);
-  EXPECT_EQ(scena.riquadri(), std::vector<Box>());
+  EXPECT_EQ(scena.takeBoxes(), std::vector<Box>());
 }
 
 INSTANTIATE_TEST_SUITE_P(Modi, GuastoInConnessione,
@@ -145,12 +123,12 @@ INSTANTIATE_TEST_SUITE_P(Modi, GuastoInTrasferimento,
 TEST(GuastoDelFileRicevuto, CortoOLungoArrivaComeLaCassaLoManda) {
   for (const auto& [cosa, byte] :
        {std::pair{FaultKind::ShortFile, 30000}, std::pair{FaultKind::LongFile, 60100}}) {
-    Scena scena;
+    ProgramFixture scena;
     TestTill cassa({.faults = {{.mode = 7, .what = cosa}}});
     cassa.sales({});
     commonForKora().IP_ECR = cassa.address();
     EXPECT_EQ(avviaECR(QStringLiteral("venduto.bin"), Modo::Ricevi, scena.contesto), 0);
-    EXPECT_EQ(scena.cartella.read(QStringLiteral("venduto.bin")).size(), byte);
+    EXPECT_EQ(scena.folder.read(QStringLiteral("venduto.bin")).size(), byte);
   }
 }
 
@@ -158,13 +136,13 @@ TEST(GuastoDelFileRicevuto, UnTrasferimentoInterrottoNonToccaIlFileDiPrima) {
   for (const FaultKind cosa :
        {FaultKind::CutBefore, FaultKind::CutWithin, FaultKind::Garbage, FaultKind::Code}) {
     const ShortTimeouts attesa;
-    Scena scena;
+    ProgramFixture scena;
     TestTill cassa({.faults = {{.mode = 7, .what = cosa}}});
     cassa.sales({});
-    scena.cartella.write(QStringLiteral("venduto.bin"), "di ieri");
+    scena.folder.write(QStringLiteral("venduto.bin"), "di ieri");
     commonForKora().IP_ECR = cassa.address();
     EXPECT_EQ(avviaECR(QStringLiteral("venduto.bin"), Modo::Ricevi, scena.contesto), 1);
-    EXPECT_EQ(scena.riquadri().size(), 1U);
-    EXPECT_EQ(scena.cartella.read(QStringLiteral("venduto.bin")), "di ieri") << nomeDi(cosa);
+    EXPECT_EQ(scena.takeBoxes().size(), 1U);
+    EXPECT_EQ(scena.folder.read(QStringLiteral("venduto.bin")), "di ieri") << faultName(7, cosa);
   }
 }

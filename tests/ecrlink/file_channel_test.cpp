@@ -1,15 +1,17 @@
 #include "ecrlink/file_channel.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
+#include <QDir>
 #include <QFile>
-#include <csignal>
+#include <QProcess>
+#include <QSysInfo>
 #include <functional>
 
-#include "link_scene.h"
+#include "ecrlink/link_scene.h"
+#include "ecrlink/transfer_lock.h"
+#include "sostegno/troubles.h"
 
 using namespace ecrlink;
 
@@ -31,12 +33,12 @@ QByteArray comeFile(const Byte& byte) {
 }
 
 Box erroreDiCreazione(const QString& numeroEDescrizione) {
-  return semplice(QStringLiteral("Error ") + numeroEDescrizione +
+  return plainBox(QStringLiteral("Error ") + numeroEDescrizione +
                   QStringLiteral(" in procedure CreaFileProgrammazione of Modulo Common_PRG"));
 }
 
 Box erroreDiLettura(const QString& numeroEDescrizione) {
-  return semplice(QStringLiteral("Error ") + numeroEDescrizione +
+  return plainBox(QStringLiteral("Error ") + numeroEDescrizione +
                   QStringLiteral(" in procedure ReadByteFromFile of Modulo CommonForKora"));
 }
 
@@ -49,45 +51,38 @@ int numeroDi(const std::function<void()>& passo) {
   }
 }
 
-/// While it lives no file of the process grows beyond so many bytes, as on a full disk.
-class DiscoPieno {
- public:
-  explicit DiscoPieno(rlim_t byte) : segnale_(std::signal(SIGXFSZ, SIG_IGN)) {
-    EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &prima_), 0);
-    const rlimit ora{byte, prima_.rlim_max};
-    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &ora), 0);
-  }
-  ~DiscoPieno() {
-    setrlimit(RLIMIT_FSIZE, &prima_);
-    std::signal(SIGXFSZ, segnale_);
-  }
-
- private:
-  rlimit prima_{};
-  void (*segnale_)(int);
-};
-
-/// While it lives the current folder takes no new file from the process, whoever runs it.
+/// While it lives the current folder takes no new file from this thread, whoever runs it.
 class CartellaSolaLettura {
  public:
   CartellaSolaLettura() {
     EXPECT_EQ(chmod(".", 0555), 0);
-    if (geteuid() == 0) superutente_ = seteuid(kNessuno) == 0;
+    altro_ = std::make_unique<OtherUser>();
   }
   ~CartellaSolaLettura() {
-    if (superutente_) {
-      EXPECT_EQ(seteuid(0), 0);
-    }
+    altro_.reset();
     EXPECT_EQ(chmod(".", 0700), 0);
   }
 
  private:
-  static constexpr uid_t kNessuno = 65534;
-  bool superutente_ = false;
+  std::unique_ptr<OtherUser> altro_;
 };
 
+QStringList fileNellaCartella() {
+  return QDir::current().entryList(QDir::Files | QDir::Hidden, QDir::Name);
+}
+
+/// Number of a process that is no more.
+qint64 processoFinito() {
+  QProcess altro;
+  altro.start(QStringLiteral("true"), QStringList());
+  EXPECT_TRUE(altro.waitForStarted());
+  const qint64 numero = altro.processId();
+  EXPECT_TRUE(altro.waitForFinished());
+  return numero;
+}
+
 struct CanaleFile : testing::Test {
-  Scena scena;
+  ProgramFixture scena;
   TestTill cassa;
   void SetUp() override { commonForKora().IP_ECR = cassa.address(); }
 };
@@ -96,83 +91,116 @@ struct CanaleFile : testing::Test {
 
 TEST_F(CanaleFile, LImmagineArrivaSullaCassaConIlSuoByteInPiu) {
   EXPECT_EQ(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.read(kIva), comeFile(immagine(232)));
+  EXPECT_EQ(scena.folder.read(kIva), comeFile(immagine(232)));
   EXPECT_EQ(cassa.byte(kIva), comeFile(immagine(232)));
-  EXPECT_EQ(chiamateDi(cassa),
+  EXPECT_EQ(callsOf(cassa),
             (QStringList{QStringLiteral("1:"), QStringLiteral("6:iva.bin"), QStringLiteral("2:")}));
 }
 
 TEST_F(CanaleFile, IlPLUArrivaDiDuecentoquarantamilaByteEsatti) {
   EXPECT_EQ(SendPRGTo_ECR(immagine(240000), kPlu, scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.read(kPlu), QByteArray(240000, 0x42));
+  EXPECT_EQ(scena.folder.read(kPlu), QByteArray(240000, 0x42));
   EXPECT_EQ(cassa.byte(kPlu), QByteArray(240000, 0x42));
 }
 
 TEST_F(CanaleFile, UnVecchioPLUDi240001ByteTornaDi240000) {
-  scena.cartella.write(kPlu, QByteArray(240001, 'v'));
+  scena.folder.write(kPlu, QByteArray(240001, 'v'));
   EXPECT_EQ(SendPRGTo_ECR(immagine(240000), kPlu, scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.read(kPlu), QByteArray(240000, 0x42));
+  EXPECT_EQ(scena.folder.read(kPlu), QByteArray(240000, 0x42));
   EXPECT_EQ(cassa.byte(kPlu).size(), 240000);
 }
 
 TEST_F(CanaleFile, DiUnVecchioFilePiuLungoRestaLaCoda) {
-  scena.cartella.write(kIva, QByteArray(500, 'v'));
+  scena.folder.write(kIva, QByteArray(500, 'v'));
   EXPECT_EQ(CreaFileProgrammazione(kIva, immagine(232), scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.read(kIva), comeFile(immagine(232)) + QByteArray(500 - 233, 'v'));
+  EXPECT_EQ(scena.folder.read(kIva), comeFile(immagine(232)) + QByteArray(500 - 233, 'v'));
 }
 
 TEST_F(CanaleFile, IlNomeInMaiuscoloNonSiTaglia) {
   EXPECT_EQ(CreaFileProgrammazione(QStringLiteral("PLU.BIN"), immagine(240000), scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.read(QStringLiteral("PLU.BIN")).size(), 240001);
+  EXPECT_EQ(scena.folder.read(QStringLiteral("PLU.BIN")).size(), 240001);
 }
 
 TEST_F(CanaleFile, UnPercorsoCheFinisceInPluBinNonSiTaglia) {
   EXPECT_EQ(CreaFileProgrammazione(QStringLiteral("./plu.bin"), immagine(480), scena.contesto), 0);
-  EXPECT_EQ(scena.cartella.read(kPlu).size(), 481);
+  EXPECT_EQ(scena.folder.read(kPlu).size(), 481);
 }
 
 TEST_F(CanaleFile, SenzaIndirizzoFallisceConIlTestoDellaLibreria) {
   commonForKora().IP_ECR.clear();
   EXPECT_EQ(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 1);
-  EXPECT_EQ(scena.riquadri(),
-            (std::vector{erroreDiComunicazione(QStringLiteral("Indirizzo IP della cassa mancante o errato")),
-                         semplice(QStringLiteral("Fallita operazione trasferimento iva.bin"))}));
+  EXPECT_EQ(scena.takeBoxes(),
+            (std::vector{communicationError(QStringLiteral("Indirizzo IP della cassa mancante o errato")),
+                         plainBox(QStringLiteral("Fallita operazione trasferimento iva.bin"))}));
 }
 
 TEST_F(CanaleFile, UnInvioRifiutatoLasciaIlFileEIlTrasferimentoAperto) {
   cassa->faults({{.mode = 6, .what = ecrsim::FaultKind::Code, .code = 16}});
   EXPECT_EQ(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 1);
-  EXPECT_EQ(scena.riquadri(),
-            (std::vector{erroreDiComunicazione(QStringLiteral("Errore nella memoria della cassa")),
-                         semplice(QStringLiteral("Fallita operazione trasferimento iva.bin"))}));
-  EXPECT_EQ(scena.cartella.read(kIva), comeFile(immagine(232)));
+  EXPECT_EQ(scena.takeBoxes(),
+            (std::vector{communicationError(QStringLiteral("Errore nella memoria della cassa")),
+                         plainBox(QStringLiteral("Fallita operazione trasferimento iva.bin"))}));
+  EXPECT_EQ(scena.folder.read(kIva), comeFile(immagine(232)));
   EXPECT_TRUE(cassa->transferOpen());
 }
 
 TEST_F(CanaleFile, UnErroreImprevistoNellInvioSiDice) {
-  scena.utente.onBox = [](const Box& riquadro) {
+  scena.user.onBox = [](const Box& riquadro) {
     if (riquadro.text.startsWith(QStringLiteral("Fallita")))
       throw Errore{7, QStringLiteral("Memoria esaurita")};
   };
   commonForKora().IP_ECR.clear();
   EXPECT_NE(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
-  EXPECT_EQ(scena.riquadri().back(), semplice(QStringLiteral("Errore SendPRGTo_ECR 7 - Memoria esaurita")));
+  EXPECT_EQ(scena.takeBoxes().back(), plainBox(QStringLiteral("Errore SendPRGTo_ECR 7 - Memoria esaurita")));
 }
 
-TEST_F(CanaleFile, SuDiscoPienoSiDiceENonSiMandaNulla) {
+TEST_F(CanaleFile, SuDiscoPienoSiDiceNonSiMandaNullaERestaIlFileDiPrima) {
+  scena.folder.write(kPlu, QByteArray(240000, 'v'));
   {
-    const DiscoPieno pieno(100000);
+    const FullDisk pieno(100000);
     EXPECT_NE(SendPRGTo_ECR(immagine(240000), kPlu, scena.contesto), 0);
   }
-  EXPECT_EQ(scena.riquadri(), std::vector{erroreDiCreazione(QStringLiteral("61 (Disco pieno)"))});
-  EXPECT_EQ(chiamateDi(cassa), QStringList());
+  EXPECT_EQ(scena.takeBoxes(), std::vector{erroreDiCreazione(QStringLiteral("61 (Disco pieno: plu.bin)"))});
+  EXPECT_EQ(callsOf(cassa), QStringList());
+  EXPECT_EQ(scena.folder.read(kPlu), QByteArray(240000, 'v'));
+  EXPECT_EQ(fileNellaCartella(), QStringList{kPlu});
 }
 
-TEST_F(CanaleFile, SuUnDispositivoPienoSiDiceENonSiMandaNulla) {
+TEST_F(CanaleFile, UnCollegamentoAlPostoDelFileSiSostituisceELaSuaMetaResta) {
+  scena.folder.write(QStringLiteral("lettera.odt"), "cara zia");
+  ASSERT_TRUE(QFile::link(QStringLiteral("lettera.odt"), kPlu));
+  EXPECT_EQ(SendPRGTo_ECR(immagine(240000), kPlu, scena.contesto), 0);
+  EXPECT_EQ(scena.folder.read(QStringLiteral("lettera.odt")), "cara zia");
+  EXPECT_FALSE(QFileInfo(kPlu).isSymLink());
+  EXPECT_EQ(cassa.byte(kPlu), QByteArray(240000, 0x42));
+}
+
+TEST_F(CanaleFile, UnCollegamentoAUnDispositivoSiSostituisce) {
   ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), kIva));
-  EXPECT_NE(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
-  EXPECT_EQ(scena.riquadri(), std::vector{erroreDiCreazione(QStringLiteral("61 (Disco pieno)"))});
-  EXPECT_EQ(chiamateDi(cassa), QStringList());
+  EXPECT_EQ(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
+  EXPECT_EQ(cassa.byte(kIva), comeFile(immagine(232)));
+}
+
+TEST_F(CanaleFile, UnCollegamentoAlPostoDelFileRicevutoSiSostituisce) {
+  scena.folder.write(QStringLiteral("lettera.odt"), "cara zia");
+  ASSERT_TRUE(QFile::link(QStringLiteral("lettera.odt"), kIva));
+  cassa.put(kIva, QByteArray(232, 'c'));
+  Byte letta(232);
+  EXPECT_EQ(RiceviFile(letta, kIva, Precedente::Tenuto, scena.contesto), 232);
+  EXPECT_EQ(letta, Byte(232, 'c'));
+  EXPECT_EQ(scena.folder.read(QStringLiteral("lettera.odt")), "cara zia");
+}
+
+TEST_F(CanaleFile, CioCheUnProgrammaUccisoHaLasciatoSparisceAlProssimoInvio) {
+  const QString morto = QString::number(processoFinito());
+  const QString vivo = QString::number(QCoreApplication::applicationPid());
+  scena.folder.write(QStringLiteral(".iva.bin.gestionale-%1-abcdef").arg(morto), "mezzo");
+  scena.folder.write(QStringLiteral(".iva.bin.gestionale-%1-abcdef").arg(vivo), "mezzo");
+  scena.folder.write(QStringLiteral(".altro.bin.gestionale-%1-abcdef").arg(morto), "mezzo");
+  EXPECT_EQ(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
+  EXPECT_EQ(fileNellaCartella(),
+            (QStringList{QStringLiteral(".altro.bin.gestionale-%1-abcdef").arg(morto),
+                         QStringLiteral(".iva.bin.gestionale-%1-abcdef").arg(vivo), kIva}));
 }
 
 TEST_F(CanaleFile, InUnaCartellaDiSolaLetturaSiDiceENonSiMandaNulla) {
@@ -180,30 +208,101 @@ TEST_F(CanaleFile, InUnaCartellaDiSolaLetturaSiDiceENonSiMandaNulla) {
     const CartellaSolaLettura chiusa;
     EXPECT_NE(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
   }
-  EXPECT_EQ(scena.riquadri(),
-            std::vector{erroreDiCreazione(QStringLiteral("75 (Errore nell'accesso al percorso/file)"))});
-  EXPECT_EQ(chiamateDi(cassa), QStringList());
+  EXPECT_EQ(scena.takeBoxes(),
+            std::vector{plainBox(
+                QStringLiteral("Errore SendPRGTo_ECR 75 - Errore di accesso al percorso o al file: ") +
+                QDir::currentPath())});
+  EXPECT_EQ(callsOf(cassa), QStringList());
 }
 
 TEST_F(CanaleFile, InUnaCartellaCheNonCESiDice) {
   EXPECT_NE(CreaFileProgrammazione(QStringLiteral("assente/iva.bin"), immagine(232), scena.contesto), 0);
-  EXPECT_EQ(scena.riquadri(), std::vector{erroreDiCreazione(QStringLiteral("76 (Percorso non trovato)"))});
+  EXPECT_EQ(scena.takeBoxes(),
+            std::vector{erroreDiCreazione(QStringLiteral("76 (Percorso non trovato: assente/iva.bin)"))});
+}
+
+TEST_F(CanaleFile, UnFileDiSolaLetturaRestaENonSiMandaNulla) {
+  scena.folder.write(kIva, "di prima");
+  ASSERT_EQ(chmod("iva.bin", 0444), 0);
+  ASSERT_EQ(chmod(".", 0777), 0);
+  {
+    const OtherUser altro;
+    EXPECT_NE(CreaFileProgrammazione(kIva, immagine(232), scena.contesto), 0);
+  }
+  EXPECT_EQ(scena.takeBoxes(), std::vector{erroreDiCreazione(
+                                   QStringLiteral("75 (Errore di accesso al percorso o al file: iva.bin)"))});
+  EXPECT_EQ(scena.folder.read(kIva), "di prima");
 }
 
 TEST_F(CanaleFile, UnPLUCheNonSiPuoTagliareNonParte) {
-  ASSERT_TRUE(QFile::link(QStringLiteral("/dev/null"), kPlu));
-  EXPECT_NE(SendPRGTo_ECR(immagine(240000), kPlu, scena.contesto), 0);
-  EXPECT_EQ(scena.riquadri(),
+  EXPECT_NE(SendPRGTo_ECR({}, kPlu, scena.contesto), 0);
+  EXPECT_EQ(scena.takeBoxes(),
             std::vector{erroreDiCreazione(QStringLiteral("5 (Chiamata di routine o argomento non validi)"))});
-  EXPECT_EQ(chiamateDi(cassa), QStringList());
+  EXPECT_EQ(callsOf(cassa), QStringList());
+  EXPECT_FALSE(QFile::exists(kPlu));
+}
+
+TEST_F(CanaleFile, MentreUnAltroProgrammaScambiaSiDiceENonSiToccaNulla) {
+  const Box occupata =
+      plainBox(QStringLiteral("Errore SendPRGTo_ECR 70 - Un altro programma sta scambiando dati "
+                              "con una cassa nella cartella ") +
+               QDir::currentPath() + QStringLiteral(": attendere che abbia finito e riprovare."));
+  scena.folder.write(kIva, "di prima");
+  {
+    const ScambioEsclusivo altro;
+    EXPECT_NE(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
+    EXPECT_EQ(scena.takeBoxes(), std::vector{occupata});
+    Byte letta(6, 0xA5);
+    EXPECT_EQ(RiceviFile(letta, kIva, Precedente::Rimosso, scena.contesto), std::nullopt);
+    EXPECT_EQ(scena.takeBoxes().size(), 1U);
+    EXPECT_EQ(letta, Byte(6, 0xA5));
+  }
+  EXPECT_EQ(scena.folder.read(kIva), "di prima");
+  EXPECT_EQ(callsOf(cassa), QStringList());
+  EXPECT_EQ(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
+}
+
+TEST_F(CanaleFile, IlBloccoDiUnProgrammaFinitoNonFermaNessuno) {
+  scena.folder.write(QStringLiteral(".scambio-ecr.lock"),
+                     QStringLiteral("%1\ngestionale\n%2\n%3\n%4\n")
+                         .arg(QString::number(processoFinito()), QSysInfo::machineHostName(),
+                              QString::fromLatin1(QSysInfo::machineUniqueId()),
+                              QString::fromLatin1(QSysInfo::bootUniqueId()))
+                         .toUtf8());
+  EXPECT_EQ(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
+}
+
+TEST_F(CanaleFile, DuranteLoScambioLaCartellaEBloccataEDopoNo) {
+  bool bloccata = false;
+  scena.user.onBox = [&](const Box&) {
+    try {
+      const ScambioEsclusivo altro;
+    } catch (const Errore& errore) {
+      bloccata = errore.numero == errors::kAccessDenied;
+    }
+  };
+  cassa->faults({{.mode = 6, .what = ecrsim::FaultKind::Code, .code = 16}});
+  EXPECT_EQ(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 1);
+  EXPECT_EQ(scena.takeBoxes().size(), 2U);
+  EXPECT_TRUE(bloccata);
+  EXPECT_NO_THROW(ScambioEsclusivo());
+}
+
+TEST_F(CanaleFile, UnEccezioneDelLinguaggioNellInvioFinisceComeOgniErrore) {
+  scena.user.onBox = [](const Box& riquadro) {
+    if (riquadro.text.startsWith(QStringLiteral("Fallita"))) throw std::length_error("troppo");
+  };
+  commonForKora().IP_ECR.clear();
+  EXPECT_NE(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
+  EXPECT_EQ(scena.takeBoxes().back(), plainBox(QStringLiteral("Errore SendPRGTo_ECR 51 - troppo")));
 }
 
 TEST_F(CanaleFile, TagliareFunzionaInEntrambiIVersi) {
-  scena.cartella.write(kIva, "abcdef");
+  scena.folder.write(kIva, "abcdef");
   TagliaFile(kIva, 3);
-  EXPECT_EQ(scena.cartella.read(kIva), "abc");
+  EXPECT_EQ(scena.folder.read(kIva), "abc");
   TagliaFile(kIva, 5);
-  EXPECT_EQ(scena.cartella.read(kIva), QByteArray("abc\0\0", 5));
+  EXPECT_EQ(scena.folder.read(kIva), QByteArray("abc\0\0", 5));
 }
 
 TEST_F(CanaleFile, TagliareUnFileAssenteEErrore53ENonLoCrea) {
@@ -212,31 +311,31 @@ TEST_F(CanaleFile, TagliareUnFileAssenteEErrore53ENonLoCrea) {
 }
 
 TEST_F(CanaleFile, TagliareDoveNonSiPuoEErrore5) {
-  scena.cartella.write(kIva, "abcdef");
+  scena.folder.write(kIva, "abcdef");
   EXPECT_EQ(numeroDi([] { TagliaFile(kIva, -1); }), errors::kBadArgument);
   {
-    const DiscoPieno pieno(100);
+    const FullDisk pieno(100);
     EXPECT_EQ(numeroDi([] { TagliaFile(kIva, 1000); }), errors::kBadArgument);
   }
-  EXPECT_EQ(scena.cartella.read(kIva), "abcdef");
+  EXPECT_EQ(scena.folder.read(kIva), "abcdef");
 }
 
 TEST_F(CanaleFile, LeggereRiempieLImmagineDallInizio) {
-  scena.cartella.write(kIva, QByteArray(300, 'n'));
+  scena.folder.write(kIva, QByteArray(300, 'n'));
   Byte letta(232, 0xA5);
   EXPECT_EQ(ReadByteFromFile(letta, kIva, scena.contesto), 0);
   EXPECT_EQ(letta, Byte(232, 'n'));
 }
 
 TEST_F(CanaleFile, UnFilePiuCortoLasciaIlRestoComEra) {
-  scena.cartella.write(kIva, "abc");
+  scena.folder.write(kIva, "abc");
   Byte letta(6, 0xA5);
   EXPECT_EQ(ReadByteFromFile(letta, kIva, scena.contesto), 0);
   EXPECT_EQ(letta, (Byte{'a', 'b', 'c', 0xA5, 0xA5, 0xA5}));
 }
 
 TEST_F(CanaleFile, LeggereUnFileVuotoNonCambiaNulla) {
-  scena.cartella.write(kIva, "");
+  scena.folder.write(kIva, "");
   Byte letta(6, 0xA5);
   EXPECT_EQ(ReadByteFromFile(letta, kIva, scena.contesto), 0);
   EXPECT_EQ(letta, Byte(6, 0xA5));
@@ -245,7 +344,8 @@ TEST_F(CanaleFile, LeggereUnFileVuotoNonCambiaNulla) {
 TEST_F(CanaleFile, LeggereUnFileAssenteSiDice) {
   Byte letta(6, 0xA5);
   EXPECT_NE(ReadByteFromFile(letta, kIva, scena.contesto), 0);
-  EXPECT_EQ(scena.riquadri(), std::vector{erroreDiLettura(QStringLiteral("53 (File non trovato)"))});
+  EXPECT_EQ(scena.takeBoxes(),
+            std::vector{erroreDiLettura(QStringLiteral("53 (File non trovato: iva.bin)"))});
   EXPECT_EQ(letta, Byte(6, 0xA5));
 }
 
@@ -253,8 +353,9 @@ TEST_F(CanaleFile, LeggereUnaCartellaSiDice) {
   ASSERT_EQ(mkdir("iva.bin", 0700), 0);
   Byte letta(6, 0xA5);
   EXPECT_NE(ReadByteFromFile(letta, kIva, scena.contesto), 0);
-  EXPECT_EQ(scena.riquadri(),
-            std::vector{erroreDiLettura(QStringLiteral("75 (Errore nell'accesso al percorso/file)"))});
+  EXPECT_EQ(
+      scena.takeBoxes(),
+      std::vector{erroreDiLettura(QStringLiteral("75 (Errore di accesso al percorso o al file: iva.bin)"))});
 }
 
 TEST_F(CanaleFile, RicevereELeggereRidannoCioCheLaCassaHa) {

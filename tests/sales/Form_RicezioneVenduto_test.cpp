@@ -10,8 +10,8 @@
 
 #include "articles/article_database.h"
 #include "articles/back_room.h"
-#include "articles/guided_screen.h"
-#include "articles/others.h"
+#include "sostegno/guided_screen.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
@@ -31,96 +31,90 @@ constexpr QFile::Permissions kDiTutti = QFile::ReadOwner | QFile::WriteOwner | Q
                                         QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 const QByteArray kZeri(60000, '\0');
 
-const Box kRicevuto = riquadro(
-    QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"), Icon::Warning);
+const Box kRicevuto =
+    box(QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"), Icon::Warning);
 const Box kAzzerato =
-    riquadro(QStringLiteral("ARCHIVIO DEL VENDUTO AZZERATO CORRETTAMENTE SULLA CASSA"), Icon::Warning);
-const Box kComunicazione = riquadro(QStringLiteral("Errore nella comunicazione con ECR: *"), Icon::Critical);
-const Box kErroreDati =
-    riquadro(QStringLiteral("Errore nell'invio richiesta dati del venduto"), Icon::Warning);
+    box(QStringLiteral("ARCHIVIO DEL VENDUTO AZZERATO CORRETTAMENTE SULLA CASSA"), Icon::Warning);
+const Box kComunicazione = box(QStringLiteral("Errore nella comunicazione con ECR: *"), Icon::Critical);
+const Box kErroreDati = box(QStringLiteral("Errore nell'invio richiesta dati del venduto"), Icon::Warning);
 const Box kErroreReset =
-    riquadro(QStringLiteral("Errore nell'invio richiesta reset dati del venduto"), Icon::Warning);
-const Box kErrore = riquadro(QStringLiteral("Errore durante la trasmissione/ricezione. "), Icon::Warning);
-
-QString oggi() {
-  return QDate::currentDate().toString(QStringLiteral("yyyyMMdd"));
-}
+    box(QStringLiteral("Errore nell'invio richiesta reset dati del venduto"), Icon::Warning);
+const Box kErrore = box(QStringLiteral("Errore durante la trasmissione/ricezione. "), Icon::Warning);
 
 Box caricamento(const QString& numero) {
-  return riquadro(QStringLiteral("Errore nel caricamento dati nella TAB_VENDUTO n° ") + numero,
-                  Icon::Critical);
+  return box(QStringLiteral("Errore nel caricamento dati nella TAB_VENDUTO n° ") + numero, Icon::Critical);
 }
 
 class RicezioneVenduto : public testing::Test {
  protected:
-  RicezioneVenduto() { registraRicezioneVenduto(bottega.schermate); }
+  RicezioneVenduto() { bottega.screens.registra<Form_RicezioneVenduto>(); }
 
-  SchermoGuidato pronto() {
-    if (!varGlobal().DB_Articoli.isOpen()) bottega.apriArchivio();
-    SchermoGuidato schermo(bottega, kSchermo);
-    schermo.connetti(cassa);
-    EXPECT_TRUE(schermo.abilitato(kAvvia));
+  GuidedScreen pronto() {
+    if (!varGlobal().DB_Articoli.isOpen()) bottega.openArchive();
+    GuidedScreen schermo(bottega, kSchermo);
+    schermo.connectTo(cassa);
+    EXPECT_TRUE(schermo.enabled(kAvvia));
     return schermo;
   }
-  int venduti() { return bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO")); }
+  int venduti() { return bottega.rows(QStringLiteral("SELECT * from TAB_VENDUTO")); }
   int chiamate(int modo) {
     const auto tutte = cassa->calls();
     return static_cast<int>(std::ranges::count(tutte, modo, &ecrsim::Call::mode));
   }
   /// Another database, opened by its bare tables.
   void apriSenzaVenduto() {
-    bottega.apriVuoto(
+    bottega.openWith(
         {QStringLiteral("CREATE TABLE TAB_ARTICOLI (auto_id INTEGER PRIMARY KEY, Codice_EAN TEXT)")});
   }
 
-  Bottega bottega;
+  BackRoom bottega;
   TestTill cassa;
 };
 
 TEST_F(RicezioneVenduto, AllAperturaLeDueOpzioniSonoScritteEAvviaESpento) {
-  bottega.apriArchivio();
-  const SchermoGuidato schermo(bottega, kSchermo);
-  EXPECT_EQ(schermo.finestra().windowTitle(), QStringLiteral("Ricezione del Venduto"));
-  EXPECT_EQ(schermo.testo(QStringLiteral("LabelOpzioni")),
+  bottega.openArchive();
+  const GuidedScreen schermo(bottega, kSchermo);
+  EXPECT_EQ(schermo.window().windowTitle(), QStringLiteral("Ricezione del Venduto"));
+  EXPECT_EQ(schermo.text(QStringLiteral("LabelOpzioni")),
             QStringLiteral("Scegliere una delle seguenti opzioni :"));
-  EXPECT_EQ(schermo.testo(kGlobale), QStringLiteral("Ricezione intero Archivio del Venduto"));
-  EXPECT_EQ(schermo.testo(kReset), QStringLiteral("Cancellazione archivio Venduto della Cassa"));
-  EXPECT_TRUE(schermo.controllo<QRadioButton>(kGlobale).isChecked());
-  EXPECT_EQ(schermo.testo(QStringLiteral("vkTextBoxIP_ECR")), QStringLiteral("192.168.0.20"));
-  EXPECT_EQ(schermo.testo(kConnetti), QStringLiteral("Connetti"));
-  EXPECT_FALSE(schermo.abilitato(kAvvia));
-  EXPECT_EQ(schermo.finestra().focusWidget()->objectName(), QStringLiteral("vkTextBoxIP_ECR"));
+  EXPECT_EQ(schermo.text(kGlobale), QStringLiteral("Ricezione intero Archivio del Venduto"));
+  EXPECT_EQ(schermo.text(kReset), QStringLiteral("Cancellazione archivio Venduto della Cassa"));
+  EXPECT_TRUE(schermo.control<QRadioButton>(kGlobale).isChecked());
+  EXPECT_EQ(schermo.text(QStringLiteral("vkTextBoxIP_ECR")), QStringLiteral("192.168.0.20"));
+  EXPECT_EQ(schermo.text(kConnetti), QStringLiteral("Connetti"));
+  EXPECT_FALSE(schermo.enabled(kAvvia));
+  EXPECT_EQ(schermo.window().focusWidget()->objectName(), QStringLiteral("vkTextBoxIP_ECR"));
 }
 
 TEST_F(RicezioneVenduto, UnaRigaPerOgniSlotVendutoEPoiLaCassaEAzzerata) {
   cassa.sales({{0, 1250, 3, -50}, {41, 990, 1, 0}, {4999, 100, 2, 10}});
-  const SchermoGuidato schermo = pronto();
-  scriviArticoli(bottega, articoliDiProva(50));
-  schermo.clic(kAvvia);
-  attendi(bottega, {kRicevuto});
+  const GuidedScreen schermo = pronto();
+  writeArticles(bottega, testArticles(50));
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 3);
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Importo_giornaliero from TAB_VENDUTO where id_plu = 42")),
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT Importo_giornaliero from TAB_VENDUTO where id_plu = 42")),
             QStringLiteral("990"));
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Codice_EAN from TAB_VENDUTO where id_plu = 42")),
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT Codice_EAN from TAB_VENDUTO where id_plu = 42")),
             QStringLiteral("A42"));
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Codice_Articolo from TAB_VENDUTO where id_plu = 42")),
-            articoliDiProva(50).at(41).ean);
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT Codice_Articolo from TAB_VENDUTO where id_plu = 42")),
+            testArticles(50).at(41).ean);
   EXPECT_TRUE(cassa.byte(kFile) == kZeri);
-  EXPECT_EQ(bottega.area.level(), 0);
-  EXPECT_TRUE(schermo.abilitato(kAvvia));
-  EXPECT_TRUE(schermo.abilitato(kEsci));
-  EXPECT_FALSE(schermo.abilitato(kConnetti));
+  EXPECT_EQ(bottega.workspace.level(), 0);
+  EXPECT_TRUE(schermo.enabled(kAvvia));
+  EXPECT_TRUE(schermo.enabled(kEsci));
+  EXPECT_FALSE(schermo.enabled(kConnetti));
 }
 
 TEST_F(RicezioneVenduto, LaBarraHaIlNumeroDelloSlotEdEUnPassaggioPerSlot) {
   cassa.sales({});
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   std::vector<int> valori;
-  const auto& barra = schermo.controllo<QProgressBar>(kBarra);
-  bottega.utente.onPass = [&] { valori.push_back(barra.value()); };
-  schermo.clic(kAvvia);
-  bottega.utente.onPass = nullptr;
-  attendi(bottega, {kRicevuto});
+  const auto& barra = schermo.control<QProgressBar>(kBarra);
+  bottega.user.onPass = [&] { valori.push_back(barra.value()); };
+  schermo.click(kAvvia);
+  bottega.user.onPass = nullptr;
+  expectBoxes(bottega, {kRicevuto});
   ASSERT_GE(valori.size(), 5000U);
   for (int i = 0; i < 5000; ++i) ASSERT_EQ(valori[static_cast<std::size_t>(i)], i);
   EXPECT_EQ(barra.minimum(), 0);
@@ -129,61 +123,57 @@ TEST_F(RicezioneVenduto, LaBarraHaIlNumeroDelloSlotEdEUnPassaggioPerSlot) {
 
 TEST_F(RicezioneVenduto, UnFileDiSoliZeriNonScriveRigheEAzzeraLaCassa) {
   cassa.sales({});
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kAvvia);
-  attendi(bottega, {kRicevuto});
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 0);
   EXPECT_EQ(chiamate(5), 1);
 }
 
 TEST_F(RicezioneVenduto, UnoSlotDiSoliResiSiSaltaEIlSuoImportoSiPerde) {
   cassa.sales({{3, -500, -2, 0}, {4, 300, 0, 0}});
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kAvvia);
-  attendi(bottega, {kRicevuto});
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 0);
   EXPECT_TRUE(cassa.byte(kFile) == kZeri);
 }
 
 TEST_F(RicezioneVenduto, UnaSecondaRicezioneNelGiornoAggiungeUnaRigaAccantoAllAltra) {
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
-  const QString prima = oggi();
-  schermo.clic(kAvvia);
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
   cassa.sales({{0, 250, 2, 0}});
-  schermo.clic(kAvvia);
-  const QString dopo = oggi();
-  attendi(bottega, {kRicevuto, kRicevuto});
-  EXPECT_EQ(bottega.righe(
-                QStringLiteral("SELECT * from TAB_VENDUTO where id_plu = 1 and (Data ='%1' or Data ='%2')")
-                    .arg(prima, dopo)),
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto, kRicevuto});
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_VENDUTO where id_plu = 1 and Data ='20240307'")),
             2);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO where Importo_giornaliero = 250")), 1);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_VENDUTO where Importo_giornaliero = 250")), 1);
 }
 
 TEST_F(RicezioneVenduto, SeLAzzeramentoFalliscePoiSiMemorizzanoDiNuovoLeStesseVendite) {
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   ecrsim::Fault guasto;
   guasto.mode = 5;
   cassa->faults({guasto});
-  schermo.clic(kAvvia);
-  attendi(bottega, {kComunicazione, kErroreReset, kErrore});
-  EXPECT_FALSE(schermo.vivo());
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kComunicazione, kErroreReset, kErrore});
+  EXPECT_FALSE(schermo.alive());
   EXPECT_EQ(venduti(), 1);
   cassa->faults({});
-  const SchermoGuidato ancora = pronto();
-  ancora.clic(kAvvia);
-  attendi(bottega, {kRicevuto});
+  const GuidedScreen ancora = pronto();
+  ancora.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 2);
 }
 
 TEST_F(RicezioneVenduto, UnoSlotSenzaArticoloNonDaRigheELeSueVenditeSiPerdono) {
   cassa.sales({{0, 100, 1, 0}, {9, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
-  bottega.esegui(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id = 10"));
-  schermo.clic(kAvvia);
-  attendi(bottega, {kRicevuto});
+  const GuidedScreen schermo = pronto();
+  bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI where auto_id = 10"));
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 1);
   EXPECT_TRUE(cassa.byte(kFile) == kZeri);
 }
@@ -192,49 +182,49 @@ TEST_F(RicezioneVenduto, CinquemilaSlotVendutiDannoCinquemilaRighe) {
   std::vector<SlotSales> tutti;
   for (int i = 0; i < 5000; ++i) tutti.push_back({i, i, 1 + i % 9, i % 3});
   cassa.sales(tutti);
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kAvvia);
-  attendi(bottega, {kRicevuto});
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 5000);
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT SUM(Importo_giornaliero) from TAB_VENDUTO")),
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT SUM(Importo_giornaliero) from TAB_VENDUTO")),
             QStringLiteral("12497500"));
 }
 
 TEST_F(RicezioneVenduto, NonScriveIlMomentoInTabVarie) {
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
-  const QString prima = bottega.valore(QStringLiteral("SELECT Data_end_scarico from TAB_VARIE"));
-  schermo.clic(kAvvia);
-  attendi(bottega, {kRicevuto});
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Data_end_scarico from TAB_VARIE")), prima);
+  const GuidedScreen schermo = pronto();
+  const QString prima = bottega.value(QStringLiteral("SELECT Data_end_scarico from TAB_VARIE"));
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT Data_end_scarico from TAB_VARIE")), prima);
 }
 
 // Clear only.
 
 TEST_F(RicezioneVenduto, LaSolaCancellazioneAzzeraLaCassaSenzaPrendereNulla) {
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kReset);
-  ASSERT_TRUE(schermo.controllo<QRadioButton>(kReset).isChecked());
-  schermo.clic(kAvvia);
-  attendi(bottega, {kAzzerato});
+  const GuidedScreen schermo = pronto();
+  schermo.click(kReset);
+  ASSERT_TRUE(schermo.control<QRadioButton>(kReset).isChecked());
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kAzzerato});
   EXPECT_EQ(venduti(), 0);
   EXPECT_EQ(chiamate(7), 0);
   EXPECT_TRUE(cassa.byte(kFile) == kZeri);
-  EXPECT_TRUE(schermo.abilitato(kAvvia));
-  EXPECT_TRUE(schermo.abilitato(kEsci));
+  EXPECT_TRUE(schermo.enabled(kAvvia));
+  EXPECT_TRUE(schermo.enabled(kEsci));
 }
 
 TEST_F(RicezioneVenduto, LaSolaCancellazioneFallitaSiDiceELoSchermoSiChiude) {
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kReset);
+  const GuidedScreen schermo = pronto();
+  schermo.click(kReset);
   ecrsim::Fault guasto;
   guasto.mode = 5;
   cassa->faults({guasto});
-  schermo.clic(kAvvia);
-  attendi(bottega, {kComunicazione, kErroreReset, kErrore});
-  EXPECT_FALSE(schermo.vivo());
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kComunicazione, kErroreReset, kErrore});
+  EXPECT_FALSE(schermo.alive());
   EXPECT_FALSE(cassa.byte(kFile) == kZeri);
 }
 
@@ -242,62 +232,64 @@ TEST_F(RicezioneVenduto, LaSolaCancellazioneFallitaSiDiceELoSchermoSiChiude) {
 
 TEST_F(RicezioneVenduto, UnFileCortoValeZeroDietroLaSuaFine) {
   cassa.put(kFile, salesArchive({{0, 100, 1, 0}, {1, 200, 2, 0}}).left(20004));
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kAvvia);
-  attendi(bottega, {kRicevuto});
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 1);
 }
 
 TEST_F(RicezioneVenduto, UnFileLungoSiLeggeFinoAiSuoiSessantamilaByte) {
   cassa.put(kFile, salesArchive({{4999, 100, 1, 7}}) + QByteArray(5000, '\x7F'));
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kAvvia);
-  attendi(bottega, {kRicevuto});
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 1);
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT sconto_giornaliero from TAB_VENDUTO")),
-            QStringLiteral("7"));
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT sconto_giornaliero from TAB_VENDUTO")), QStringLiteral("7"));
 }
 
 TEST_F(RicezioneVenduto, SenzaFileSullaCassaNonSiMemorizzaQuelloDiIeri) {
-  const SchermoGuidato schermo = pronto();
-  bottega.cartella.write(kFile, salesArchive({{0, 100, 1, 0}}));
+  const GuidedScreen schermo = pronto();
+  bottega.folder.write(kFile, salesArchive({{0, 100, 1, 0}}));
   QFile::remove(cassa.file(kFile));
   ecrsim::Fault guasto;
   guasto.mode = 7;
   guasto.code = 9;
   cassa->faults({guasto});
-  schermo.clic(kAvvia);
-  attendi(bottega, {kComunicazione, kErroreDati, kErrore});
-  EXPECT_FALSE(schermo.vivo());
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kComunicazione, kErroreDati, kErrore});
+  EXPECT_FALSE(schermo.alive());
   EXPECT_EQ(venduti(), 0);
   EXPECT_EQ(chiamate(5), 0);
 }
 
 TEST_F(RicezioneVenduto, SeIlFileNonSiPuoScrivereSulPcLaCassaTieneLeVendite) {
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
-  ASSERT_TRUE(QDir().mkdir(bottega.cartella.file(kFile)));
-  schermo.clic(kAvvia);
-  attendi(bottega, {kComunicazione, kErroreDati, kErrore});
+  const GuidedScreen schermo = pronto();
+  ASSERT_TRUE(QDir().mkdir(bottega.folder.file(kFile)));
+  schermo.click(kAvvia);
+  expectBoxes(bottega,
+              {plainBox(QStringLiteral("Error 75 (Errore di accesso al percorso o al file: venduto.bin) in "
+                                       "procedure RiceviFile of Modulo CommonForKora")),
+               kErroreDati, kErrore});
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_FALSE(cassa.byte(kFile) == kZeri);
 }
 
 TEST(RicezioneVendutoConAltraLibreria, SeNonConsegnaIlFileQuelloDiIeriNonSiMemorizzaENullaSiAzzera) {
-  Bottega bottega{QStringLiteral(SILENT_FOLDER)};
-  registraRicezioneVenduto(bottega.schermate);
-  bottega.apriArchivio();
-  bottega.cartella.write(kFile, salesArchive({{0, 100, 1, 0}}));
-  const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.scriviIndirizzo(ownAddress());
-  schermo.clic(kConnetti);
-  ASSERT_TRUE(schermo.abilitato(kAvvia));
-  bottega.cartella.write(QStringLiteral("chiamate.txt"), {});
-  schermo.clic(kAvvia);
-  attendi(bottega, {riquadro(QStringLiteral("Error 53 (*"), Icon::None), kErroreDati, kErrore});
-  EXPECT_FALSE(schermo.vivo());
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO")), 0);
-  EXPECT_EQ(bottega.cartella.read(QStringLiteral("chiamate.txt")), QByteArray("1\n7\n2\n"));
+  BackRoom bottega{QStringLiteral(SILENT_FOLDER)};
+  bottega.screens.registra<Form_RicezioneVenduto>();
+  bottega.openArchive();
+  bottega.folder.write(kFile, salesArchive({{0, 100, 1, 0}}));
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.typeAddress(ownAddress());
+  schermo.click(kConnetti);
+  ASSERT_TRUE(schermo.enabled(kAvvia));
+  bottega.folder.write(QStringLiteral("chiamate.txt"), {});
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {box(QStringLiteral("Error 53 (*"), Icon::None), kErroreDati, kErrore});
+  EXPECT_FALSE(schermo.alive());
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_VENDUTO")), 0);
+  EXPECT_EQ(bottega.folder.read(QStringLiteral("chiamate.txt")), QByteArray("1\n7\n2\n"));
 }
 
 // A store that refuses.
@@ -305,139 +297,142 @@ TEST(RicezioneVendutoConAltraLibreria, SeNonConsegnaIlFileQuelloDiIeriNonSiMemor
 TEST_F(RicezioneVenduto, SenzaTabellaSiAnnullaELaCassaTieneLeVendite) {
   apriSenzaVenduto();
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
-  schermo.clic(kAvvia);
-  attendi(bottega, {caricamento(QStringLiteral("3078\n*"))});
-  EXPECT_TRUE(schermo.vivo());
-  EXPECT_FALSE(schermo.abilitato(kAvvia));
-  EXPECT_TRUE(schermo.abilitato(kEsci));
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {caricamento(QStringLiteral("3078\n*"))});
+  EXPECT_TRUE(schermo.alive());
+  EXPECT_FALSE(schermo.enabled(kAvvia));
+  EXPECT_TRUE(schermo.enabled(kEsci));
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_FALSE(cassa.byte(kFile) == kZeri);
-  EXPECT_EQ(bottega.area.level(), 0);
-  EXPECT_FALSE(bottega.utente.terminated());
+  EXPECT_EQ(bottega.workspace.level(), 0);
+  EXPECT_FALSE(bottega.user.terminated());
 }
 
 TEST_F(RicezioneVenduto, UnaRigaRifiutataAMetaAnnullaAnchQuellePrima) {
   cassa.sales({{0, 100, 1, 0}, {1, 100, 1, 0}, {2, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
-  bottega.esegui(QStringLiteral("CREATE UNIQUE INDEX solo_uno ON TAB_VENDUTO (Importo_giornaliero)"));
-  schermo.clic(kAvvia);
-  attendi(bottega, {caricamento(QStringLiteral("3022\n*"))});
+  const GuidedScreen schermo = pronto();
+  bottega.execute(QStringLiteral("CREATE UNIQUE INDEX solo_uno ON TAB_VENDUTO (Importo_giornaliero)"));
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {caricamento(QStringLiteral("3022\n*"))});
   EXPECT_EQ(venduti(), 0);
   EXPECT_EQ(chiamate(5), 0);
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(RicezioneVenduto, UnArchivioBloccatoDaUnAltroProgrammaLasciaLeVenditeSullaCassa) {
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   {
-    const AltroProgramma altro(varGlobal().NomeDB_Articoli, {QStringLiteral("BEGIN EXCLUSIVE")});
-    schermo.clic(kAvvia);
+    const OtherProgram altro(varGlobal().NomeDB_Articoli, {QStringLiteral("BEGIN EXCLUSIVE")});
+    schermo.click(kAvvia);
   }
-  attendi(bottega, {caricamento(QStringLiteral("3260\n*"))});
+  expectBoxes(bottega, {caricamento(QStringLiteral("3260\n*"))});
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_EQ(venduti(), 0);
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(RicezioneVenduto, UnCommitRifiutatoSiAnnullaENonAzzeraLaCassa) {
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   {
     // A reader that never ends lets the rows be added and refuses their commit.
-    const AltroProgramma lettore(varGlobal().NomeDB_Articoli,
-                                 {QStringLiteral("BEGIN"), QStringLiteral("SELECT * FROM TAB_VARIE")});
-    schermo.clic(kAvvia);
+    const OtherProgram lettore(varGlobal().NomeDB_Articoli,
+                               {QStringLiteral("BEGIN"), QStringLiteral("SELECT * FROM TAB_VARIE")});
+    schermo.click(kAvvia);
   }
-  attendi(bottega, {caricamento(QStringLiteral("3260\n*"))});
+  expectBoxes(bottega, {caricamento(QStringLiteral("3260\n*"))});
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_EQ(venduti(), 0);
-  EXPECT_EQ(bottega.area.level(), 0);
-  EXPECT_TRUE(schermo.abilitato(kEsci));
-  EXPECT_FALSE(schermo.abilitato(kAvvia));
+  EXPECT_EQ(bottega.workspace.level(), 0);
+  EXPECT_TRUE(schermo.enabled(kEsci));
+  EXPECT_FALSE(schermo.enabled(kAvvia));
 }
 
 TEST_F(RicezioneVenduto, UnArchivioDiSolaLetturaRifiutaELaCassaTieneLeVendite) {
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   const QString archivio = varGlobal().NomeDB_Articoli;
   articles::ChiudiDatabase();
   ASSERT_TRUE(QFile::setPermissions(archivio, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
-  ASSERT_TRUE(QFile::setPermissions(bottega.cartella.path(), kDiTutti));
+  ASSERT_TRUE(QFile::setPermissions(bottega.folder.path(), kDiTutti));
   {
-    const AltroUtente altro;
+    const OtherUser altro;
     articles::ApriDatabase(archivio, bottega.contesto);
-    schermo.clic(kAvvia);
+    schermo.click(kAvvia);
   }
-  attendi(bottega, {caricamento(QStringLiteral("3073\n*"))});
+  expectBoxes(bottega, {caricamento(QStringLiteral("3073\n*"))});
   EXPECT_EQ(chiamate(5), 0);
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
-TEST_F(RicezioneVenduto, UnaTransazioneLasciataApertaDaUnAltroComandoSiConfermaPrima) {
+TEST_F(RicezioneVenduto, UnaRicezioneNonRiuscitaNonLasciaTransazioniAperteELaProssimaRiesce) {
   cassa.sales({{0, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
-  bottega.area.BeginTrans();
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='VISTO' WHERE auto_id =1"));
-  bottega.esegui(QStringLiteral("CREATE UNIQUE INDEX solo_uno ON TAB_VENDUTO (Importo_giornaliero)"));
-  schermo.clic(kAvvia);
+  const GuidedScreen schermo = pronto();
+  bottega.execute(QStringLiteral("CREATE UNIQUE INDEX solo_uno ON TAB_VENDUTO (Importo_giornaliero)"));
+  schermo.click(kAvvia);
   cassa.sales({{0, 100, 1, 0}});
-  schermo.clic(kAvvia);
-  attendi(bottega, {kRicevuto, caricamento(QStringLiteral("3022\n*"))});
-  EXPECT_EQ(bottega.area.level(), 0);
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto, caricamento(QStringLiteral("3022\n*"))});
+  EXPECT_EQ(bottega.workspace.level(), 0);
   EXPECT_EQ(venduti(), 1);
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Descrizione from TAB_VENDUTO")), QStringLiteral("VISTO"));
+  cassa.sales({{0, 200, 1, 0}});
+  schermo.click(kEsci);
+  const GuidedScreen ancora = pronto();
+  ancora.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 2);
 }
 
 TEST_F(RicezioneVenduto, SulDiscoPienoLArchivioRestaComEraELaCassaTieneLeVendite) {
   std::vector<SlotSales> tutti;
   for (int i = 0; i < 5000; ++i) tutti.push_back({i, i, 1, 0});
   cassa.sales(tutti);
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   {
-    const DiscoPieno pieno(static_cast<unsigned long>(QFileInfo(varGlobal().NomeDB_Articoli).size()) + 4096);
-    schermo.clic(kAvvia);
+    const FullDisk pieno(static_cast<unsigned long>(QFileInfo(varGlobal().NomeDB_Articoli).size()) + 4096);
+    schermo.click(kAvvia);
   }
-  const std::vector<Box> visti = bottega.utente.takeBoxes();
+  const std::vector<Box> visti = bottega.user.takeBoxes();
   ASSERT_EQ(visti.size(), 1U) << testing::PrintToString(visti);
   EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Errore nel caricamento dati nella TAB_VENDUTO n° ")));
   EXPECT_EQ(chiamate(5), 0);
   EXPECT_EQ(venduti(), 0);
-  EXPECT_EQ(bottega.area.level(), 0);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI")), 5000);
+  EXPECT_EQ(bottega.workspace.level(), 0);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI")), 5000);
 }
 
 // Impatience.
 
 TEST_F(RicezioneVenduto, ClicEscEChiusuraImbucatiAOgniPassaggioNonFannoNulla) {
   cassa.sales({{0, 100, 1, 0}, {2500, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   bool sempreSpenti = true;
-  bottega.utente.onPass = [&] {
-    if (bottega.utente.passes() <= 5000) sempreSpenti = sempreSpenti && !schermo.abilitato(kAvvia);
-    schermo.impazienza();
+  bottega.user.onPass = [&] {
+    if (bottega.user.passes() <= 5000) sempreSpenti = sempreSpenti && !schermo.enabled(kAvvia);
+    schermo.impatience();
   };
-  schermo.clic(kAvvia);
-  bottega.utente.onPass = nullptr;
-  attendi(bottega, {kRicevuto});
+  schermo.click(kAvvia);
+  bottega.user.onPass = nullptr;
+  expectBoxes(bottega, {kRicevuto});
   EXPECT_TRUE(sempreSpenti);
   EXPECT_EQ(chiamate(7), 1);
   EXPECT_EQ(chiamate(5), 1);
   EXPECT_EQ(venduti(), 2);
-  EXPECT_TRUE(schermo.vivo());
+  EXPECT_TRUE(schermo.alive());
   EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
 }
 
 TEST_F(RicezioneVenduto, UnArchivioChiusoSottoLaRicezioneAnnullaENonAzzera) {
   cassa.sales({{0, 100, 1, 0}, {2500, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
-  bottega.utente.onPass = [&] {
-    if (bottega.utente.passes() == 1000) varGlobal().DB_Articoli.Close();
+  const GuidedScreen schermo = pronto();
+  bottega.user.onPass = [&] {
+    if (bottega.user.passes() == 1000) varGlobal().DB_Articoli.Close();
   };
-  schermo.clic(kAvvia);
-  bottega.utente.onPass = nullptr;
-  attendi(bottega, {caricamento(QStringLiteral("*"))});
+  schermo.click(kAvvia);
+  bottega.user.onPass = nullptr;
+  expectBoxes(bottega, {caricamento(QStringLiteral("*"))});
   EXPECT_EQ(chiamate(5), 0);
 }
 
@@ -446,15 +441,15 @@ TEST_F(RicezioneVenduto, UnArchivioChiusoSottoLaRicezioneAnnullaENonAzzera) {
 class RicezioneNelloStato : public RicezioneVenduto, public testing::WithParamInterface<char> {};
 
 TEST_P(RicezioneNelloStato, CheNonAmmetteTrasferimentiAvviaRestaSpento) {
-  bottega.apriArchivio();
+  bottega.openArchive();
   cassa->state(GetParam());
-  const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.connetti(cassa);
-  attendi(bottega,
-          {riquadro(QStringLiteral("Funzione non disponibile! Prego porre la cassa nello stato di IDLE o "
-                                   "PROGRAMMAZIONE"),
-                    Icon::Critical)});
-  schermo.clic(kAvvia);
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.connectTo(cassa);
+  expectBoxes(bottega,
+              {box(QStringLiteral("Funzione non disponibile! Prego porre la cassa nello stato di IDLE o "
+                                  "PROGRAMMAZIONE"),
+                   Icon::Critical)});
+  schermo.click(kAvvia);
   EXPECT_EQ(chiamate(7), 0);
 }
 
@@ -474,19 +469,19 @@ TEST_P(RicezioneConGuasto, SiDiceESiAzzeraSoloCioCheEMemorizzato) {
   const ShortTimeouts breve;
   cassa.sales({{0, 100, 1, 0}, {77, 200, 2, 0}});
   const QByteArray vendite = cassa.byte(kFile);
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   ecrsim::Fault guasto;
   guasto.mode = GetParam().modo;
   guasto.what = GetParam().cosa;
   cassa->faults({guasto});
-  schermo.clic(kAvvia);
-  attendi(bottega, {kComunicazione, GetParam().memorizzato ? kErroreReset : kErroreDati, kErrore});
-  EXPECT_FALSE(schermo.vivo());
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kComunicazione, GetParam().memorizzato ? kErroreReset : kErroreDati, kErrore});
+  EXPECT_FALSE(schermo.alive());
   EXPECT_EQ(venduti(), GetParam().memorizzato ? 2 : 0);
   const bool azzerata = cassa.byte(kFile) == kZeri;
   EXPECT_TRUE(!azzerata || GetParam().memorizzato);
   EXPECT_TRUE(azzerata || cassa.byte(kFile) == vendite);
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 std::vector<CasoGuasto> tuttiIGuasti() {
@@ -500,57 +495,57 @@ std::vector<CasoGuasto> tuttiIGuasti() {
 }
 
 std::string nomeDelCaso(const testing::TestParamInfo<CasoGuasto>& caso) {
-  return nomeGuasto(caso.param.modo, caso.param.cosa);
+  return faultName(caso.param.modo, caso.param.cosa);
 }
 INSTANTIATE_TEST_SUITE_P(Guasti, RicezioneConGuasto, testing::ValuesIn(tuttiIGuasti()), nomeDelCaso);
 
 TEST_F(RicezioneVenduto, UnFileAccorciatoDallaCassaValeZeroDietroLaSuaFine) {
   cassa.sales({{0, 100, 1, 0}, {4999, 100, 1, 0}});
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   ecrsim::Fault guasto;
   guasto.mode = 7;
   guasto.what = ecrsim::FaultKind::ShortFile;
   cassa->faults({guasto});
-  schermo.clic(kAvvia);
-  attendi(bottega, {kRicevuto});
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
   EXPECT_EQ(venduti(), 1);
 }
 
 TEST_F(RicezioneVenduto, IlTabulatorePassaPerIComandiNellOrdineDelLavoro) {
-  const SchermoGuidato schermo = pronto();
+  const GuidedScreen schermo = pronto();
   QStringList giro;
-  schermo.controllo(QStringLiteral("vkTextBoxIP_ECR")).setFocus();
+  schermo.control(QStringLiteral("vkTextBoxIP_ECR")).setFocus();
   for (int i = 0; i < 4; ++i) {
-    giro.append(schermo.finestra().focusWidget()->objectName());
-    schermo.tasto(Qt::Key_Tab);
+    giro.append(schermo.window().focusWidget()->objectName());
+    schermo.key(Qt::Key_Tab);
   }
   EXPECT_EQ(giro, (QStringList{QStringLiteral("vkTextBoxIP_ECR"), kGlobale, kAvvia, kEsci}));
 }
 
 TEST_F(RicezioneVenduto, ConISoliTastiSiCancellaIlVendutoDellaCassa) {
   cassa.sales({{0, 100, 1, 0}});
-  bottega.apriArchivio();
-  const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.scriviIndirizzo(cassa.address());
-  schermo.tasto(Qt::Key_Return);
-  schermo.controllo(kGlobale).setFocus();
-  schermo.tasto(Qt::Key_Down);
-  ASSERT_TRUE(schermo.controllo<QRadioButton>(kReset).isChecked());
-  schermo.tasto(Qt::Key_Tab);
-  ASSERT_EQ(schermo.finestra().focusWidget()->objectName(), kAvvia);
-  schermo.tasto(Qt::Key_Space);
-  attendi(bottega, {kAzzerato});
+  bottega.openArchive();
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.typeAddress(cassa.address());
+  schermo.key(Qt::Key_Return);
+  schermo.control(kGlobale).setFocus();
+  schermo.key(Qt::Key_Down);
+  ASSERT_TRUE(schermo.control<QRadioButton>(kReset).isChecked());
+  schermo.key(Qt::Key_Tab);
+  ASSERT_EQ(schermo.window().focusWidget()->objectName(), kAvvia);
+  schermo.key(Qt::Key_Space);
+  expectBoxes(bottega, {kAzzerato});
   EXPECT_TRUE(cassa.byte(kFile) == kZeri);
-  EXPECT_EQ(schermo.finestra().focusWidget()->objectName(), kEsci);
+  EXPECT_EQ(schermo.window().focusWidget()->objectName(), kEsci);
 }
 
 TEST_F(RicezioneVenduto, EsciChiudeLoSchermoERiportaAllaGestione) {
-  bottega.schermate.registra(QStringLiteral("Form_GestioneMMC"), [](Contesto&) { return new QWidget; });
-  bottega.apriArchivio();
-  const SchermoGuidato schermo(bottega, kSchermo);
-  schermo.clic(kEsci);
-  EXPECT_FALSE(schermo.vivo());
-  ASSERT_NE(bottega.schermate.trova(QStringLiteral("Form_GestioneMMC")), nullptr);
+  bottega.screens.registra(QStringLiteral("Form_GestioneMMC"), [](Contesto&) { return new QWidget; });
+  bottega.openArchive();
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.click(kEsci);
+  EXPECT_FALSE(schermo.alive());
+  ASSERT_NE(bottega.screens.trova(QStringLiteral("Form_GestioneMMC")), nullptr);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "articles/article_database.h"
 #include "articles/back_room.h"
+#include "sales/hidden_progress.h"
 #include "sales/reception.h"
 #include "sostegno/test_till.h"
 
@@ -21,15 +22,17 @@ struct Morte {
 
 /// A program of its own that opens the archive, receives and kills itself on the way.
 [[noreturn]] void riceviEMuori(const QString& archivio, const QString& indirizzo, Morte morte) {
-  Bottega bottega;
+  BackRoom bottega;
   articles::ApriDatabase(archivio, bottega.contesto);
   commonForKora().IP_ECR = indirizzo;
-  bottega.utente.onBox = [&](const Box&) {
+  bottega.user.onBox = [&](const Box&) {
     if (morte.dopoLAzzeramento) kill(getpid(), SIGKILL);
   };
-  sales::RiceviVenduto(bottega.contesto, [&](int slot) {
-    if (slot == morte.slot) kill(getpid(), SIGKILL);
-  });
+  bottega.user.onPass = [&, slot = 0]() mutable {
+    if (slot++ == morte.slot) kill(getpid(), SIGKILL);
+  };
+  HiddenProgress barra;
+  sales::RiceviVenduto(bottega.contesto, barra.progress);
   _exit(1);
 }
 
@@ -41,8 +44,8 @@ TEST_P(RicezioneUccisa, LArchivioEComePrimaOComeDopoELeVenditeSonoDaUnaParte) {
   for (int i = 0; i < 5000; ++i) tutti.push_back({i, i, 1, 0});
   cassa.sales(tutti);
   const QByteArray vendite = cassa.byte(QStringLiteral("venduto.bin"));
-  Bottega bottega;
-  bottega.apriArchivio();
+  BackRoom bottega;
+  bottega.openArchive();
   const QString archivio = varGlobal().NomeDB_Articoli;
   articles::ChiudiDatabase();
 
@@ -54,10 +57,10 @@ TEST_P(RicezioneUccisa, LArchivioEComePrimaOComeDopoELeVenditeSonoDaUnaParte) {
   ASSERT_TRUE(WIFSIGNALED(stato) && WTERMSIG(stato) == SIGKILL);
 
   articles::ApriDatabase(archivio, bottega.contesto);
-  const int righe = bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO"));
+  const int righe = bottega.rows(QStringLiteral("SELECT * from TAB_VENDUTO"));
   EXPECT_EQ(righe, GetParam().dopoLAzzeramento ? 5000 : 0);
   EXPECT_TRUE(cassa.byte(QStringLiteral("venduto.bin")) == (GetParam().dopoLAzzeramento ? kZeri : vendite));
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_ARTICOLI")), 5000);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI")), 5000);
 }
 
 INSTANTIATE_TEST_SUITE_P(Momenti, RicezioneUccisa,
@@ -67,16 +70,17 @@ INSTANTIATE_TEST_SUITE_P(Momenti, RicezioneUccisa,
 TEST(RicezioneInterrotta, SeLaCassaSiSpegnePrimaDellAzzeramentoLeVenditeStannoDaTutteEDueLeParti) {
   TestTill cassa;
   cassa.sales({{0, 100, 1, 0}});
-  Bottega bottega;
-  bottega.apriArchivio();
+  BackRoom bottega;
+  bottega.openArchive();
   commonForKora().IP_ECR = cassa.address();
   // The line goes down once the last slot is in: the clearing finds nobody.
-  const auto esito = sales::RiceviVenduto(bottega.contesto, [&](int slot) {
-    if (slot == sales::kSlot - 1) cassa.switchOff();
-  });
-  EXPECT_EQ(esito, sales::Esito::Comunicazione);
-  EXPECT_EQ(bottega.utente.takeBoxes().size(), 2U);
-  EXPECT_EQ(bottega.righe(QStringLiteral("SELECT * from TAB_VENDUTO")), 1);
+  bottega.user.onPass = [&, slot = 0]() mutable {
+    if (++slot == sales::kSlot) cassa.switchOff();
+  };
+  HiddenProgress barra;
+  EXPECT_EQ(sales::RiceviVenduto(bottega.contesto, barra.progress).esito, sales::Esito::Comunicazione);
+  EXPECT_EQ(bottega.user.takeBoxes().size(), 2U);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_VENDUTO")), 1);
   EXPECT_FALSE(cassa.byte(QStringLiteral("venduto.bin")) == kZeri);
 }
 

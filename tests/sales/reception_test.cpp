@@ -19,7 +19,7 @@ TEST(VendutoDi, OgniSerieSiLeggeAlSuoPostoColSuoSegno) {
 
 TEST(Inserimento, LoStatementPortaIncrociatiCodiceEdEan) {
   EXPECT_EQ(
-      sales::inserimento(41, {1250, 3, -50}),
+      sales::inserimento(41, {1250, 3, -50}).sql(),
       QStringLiteral("insert into tab_venduto (Data,id_plu,Codice_EAN,Codice_Articolo,Descrizione,"
                      "Importo_giornaliero,sconto_giornaliero,Tot_giorn_articoli_venduti) select "
                      "FORMAT(DATE(), 'yyyymmdd'),42,codice_articolo,codice_ean,descrizione,1250,-50,3 from "
@@ -27,16 +27,13 @@ TEST(Inserimento, LoStatementPortaIncrociatiCodiceEdEan) {
 }
 
 TEST(Inserimento, LaRigaHaIlGiornoDelPcEICampiIncrociati) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  scriviArticoli(bottega, {{QStringLiteral("8001"), QStringLiteral("PANE"), 100, 1}});
-  const QString prima = QDate::currentDate().toString(QStringLiteral("yyyyMMdd"));
-  EXPECT_EQ(bottega.esegui(sales::inserimento(0, {1250, 3, -50})), 1);
-  const QString dopo = QDate::currentDate().toString(QStringLiteral("yyyyMMdd"));
-  const store::Recordset riga =
-      varGlobal().DB_Articoli.OpenRecordset(QStringLiteral("SELECT * from TAB_VENDUTO"));
+  BackRoom bottega;
+  bottega.openArchive();
+  writeArticles(bottega, {{QStringLiteral("8001"), QStringLiteral("PANE"), 100, 1}});
+  EXPECT_EQ(varGlobal().DB_Articoli.Execute(sales::inserimento(0, {1250, 3, -50})), 1);
+  const store::Recordset riga = varGlobal().DB_Articoli.OpenRecordset(u"SELECT * from TAB_VENDUTO");
   ASSERT_EQ(riga.RecordCount(), 1);
-  EXPECT_THAT((std::vector{prima, dopo}), testing::Contains(riga.field(QStringLiteral("Data")).text()));
+  EXPECT_EQ(riga.field(QStringLiteral("Data")).text(), QStringLiteral("20240307"));
   EXPECT_EQ(riga.field(QStringLiteral("id_plu")).int32(), 1);
   EXPECT_EQ(riga.field(QStringLiteral("Codice_EAN")).text(), QStringLiteral("A1"));
   EXPECT_EQ(riga.field(QStringLiteral("Codice_Articolo")).text(), QStringLiteral("8001"));
@@ -47,11 +44,11 @@ TEST(Inserimento, LaRigaHaIlGiornoDelPcEICampiIncrociati) {
 }
 
 TEST(Inserimento, UnApostrofoNellArticoloNonRompeNulla) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione =\"TE' VERDE\" WHERE auto_id =1"));
-  EXPECT_EQ(bottega.esegui(sales::inserimento(0, {100, 1, 0})), 1);
-  EXPECT_EQ(bottega.valore(QStringLiteral("SELECT Descrizione from TAB_VENDUTO")),
+  BackRoom bottega;
+  bottega.openArchive();
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione =\"TE' VERDE\" WHERE auto_id =1"));
+  EXPECT_EQ(varGlobal().DB_Articoli.Execute(sales::inserimento(0, {100, 1, 0})), 1);
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT Descrizione from TAB_VENDUTO")),
             QStringLiteral("TE' VERDE"));
 }
 

@@ -1,39 +1,37 @@
 #include "sales/sales_ledger.h"
 
-#include "articles/transaction.h"
-
 namespace {
 
-constexpr int kRigheAlGiorno = 1000;
+constexpr int kRowsADay = 1000;
 
-QString sql(const std::optional<QString>& testo) {
-  if (!testo) return QStringLiteral("NULL");
-  return u'\'' + QString(*testo).replace(u'\'', QStringLiteral("''")) + u'\'';
+QString sql(const std::optional<QString>& text) {
+  if (!text) return QStringLiteral("NULL");
+  return u'\'' + QString(*text).replace(u'\'', QStringLiteral("''")) + u'\'';
 }
-QString sql(std::optional<int> numero) {
-  return numero ? QString::number(*numero) : QStringLiteral("NULL");
+QString sql(std::optional<int> number) {
+  return number ? QString::number(*number) : QStringLiteral("NULL");
 }
 
 }  // namespace
 
-void registra(Bottega& bottega, const std::vector<RigaRegistrata>& righe) {
-  articles::Transazione transazione(bottega.area);
-  for (const RigaRegistrata& riga : righe)
-    bottega.esegui(
+void enter(BackRoom& room, const std::vector<LedgerRow>& rows) {
+  store::Transaction transaction(room.workspace);
+  for (const LedgerRow& row : rows)
+    room.execute(
         QStringLiteral("insert into TAB_VENDUTO (Data,id_plu,Codice_EAN,Codice_Articolo,Descrizione,"
                        "Importo_giornaliero,Tot_giorn_articoli_venduti,sconto_giornaliero) values (") +
-        sql(riga.data) + QStringLiteral(",1,") + sql(riga.ean) + u',' + sql(riga.articolo) + u',' +
-        sql(riga.descrizione) + u',' + sql(riga.importo) + u',' + sql(riga.pezzi) + u',' + sql(riga.sconto) +
+        sql(row.date) + QStringLiteral(",1,") + sql(row.ean) + u',' + sql(row.article) + u',' +
+        sql(row.description) + u',' + sql(row.amount) + u',' + sql(row.pieces) + u',' + sql(row.discount) +
         u')');
-  transazione.conferma();
+  transaction.Commit();
 }
 
-std::vector<RigaRegistrata> vendutoDiProva(int quante) {
-  std::vector<RigaRegistrata> righe;
-  for (int i = 0; i < quante; ++i)
-    righe.push_back({QString::number(20260101 + i / kRigheAlGiorno % 28),
-                     QStringLiteral("A%1").arg(i, 6, 10, QLatin1Char('0')),
-                     QString::number(8000000000000LL + i), QStringLiteral("ARTICOLO %1").arg(i),
-                     100 + i * 37 % 9999, 1 + i % 9, i % 50});
-  return righe;
+std::vector<LedgerRow> testLedger(int count) {
+  std::vector<LedgerRow> rows;
+  for (int i = 0; i < count; ++i)
+    rows.push_back({QString::number(20260101 + i / kRowsADay % 28),
+                    QStringLiteral("A%1").arg(i, 6, 10, QLatin1Char('0')),
+                    QString::number(8000000000000LL + i), QStringLiteral("ARTICOLO %1").arg(i),
+                    100 + i * 37 % 9999, 1 + i % 9, i % 50});
+  return rows;
 }

@@ -13,21 +13,21 @@ const QString kInizio = QStringLiteral("20000101");
 const QString kFine = QStringLiteral("21001231");
 
 TEST(RicercaVenduto, LElencoInteroChiedeAncheLoScontoPerGiornoECodice) {
-  EXPECT_EQ(StatementTutti(),
+  EXPECT_EQ(StatementTutti().sql(),
             QStringLiteral("SELECT Data,Codice_EAN,Codice_Articolo,Descrizione,Importo_giornaliero,"
                            "Tot_giorn_articoli_venduti,Sconto_giornaliero from TAB_VENDUTO ORDER BY DATA, "
                            "Codice_EAN ASC"));
 }
 
 TEST(RicercaVenduto, SenzaFiltriRestaIlPeriodoENonSiChiedeLoSconto) {
-  EXPECT_EQ(StatementCerca({QStringLiteral("20261101"), QStringLiteral("20261130"), {}, {}}),
+  EXPECT_EQ(StatementCerca({QStringLiteral("20261101"), QStringLiteral("20261130"), {}, {}}).sql(),
             QStringLiteral("SELECT Data,Codice_EAN,Codice_Articolo,Descrizione,Importo_giornaliero,"
                            "Tot_giorn_articoli_venduti from TAB_VENDUTO WHERE (Data >= '20261101' AND Data "
                            "<= '20261130')  ORDER BY Data, Codice_EAN ASC"));
 }
 
 TEST(RicercaVenduto, OgniFiltroScrittoSiAggiungeConLaSuaStella) {
-  const QString sql = StatementCerca({kInizio, kFine, QStringLiteral("A1"), QStringLiteral("PA")});
+  const QString sql = StatementCerca({kInizio, kFine, QStringLiteral("A1"), QStringLiteral("PA")}).sql();
   EXPECT_TRUE(sql.endsWith(QStringLiteral(
       ")  AND Codice_EAN like 'A1*' AND Descrizione like 'PA*' ORDER BY Data, Codice_EAN ASC")))
       << sql.toStdString();
@@ -35,7 +35,7 @@ TEST(RicercaVenduto, OgniFiltroScrittoSiAggiungeConLaSuaStella) {
 
 class RicercaNelRegistro : public testing::Test {
  protected:
-  RicercaNelRegistro() { bottega.apriArchivio(); }
+  RicercaNelRegistro() { bottega.openArchive(); }
 
   QStringList trovate(const QString& descrizione, const QString& ean = {}) {
     QStringList testi;
@@ -45,12 +45,12 @@ class RicercaNelRegistro : public testing::Test {
     return testi;
   }
   void descrizioni(const QStringList& testi) {
-    std::vector<RigaRegistrata> righe;
-    for (const QString& testo : testi) righe.push_back({.descrizione = testo});
-    registra(bottega, righe);
+    std::vector<LedgerRow> righe;
+    for (const QString& testo : testi) righe.push_back({.description = testo});
+    enter(bottega, righe);
   }
 
-  Bottega bottega;
+  BackRoom bottega;
 };
 
 TEST_F(RicercaNelRegistro, IlFiltroTrovaCioCheCominciaCosiSenzaBadareAlleMaiuscole) {
@@ -82,12 +82,12 @@ TEST_F(RicercaNelRegistro, LeVirgoletteSonoSoloCaratteri) {
 }
 
 TEST_F(RicercaNelRegistro, IlFiltroEanLavoraSulCodiceArticoloCheLaRicezioneHaRegistratoLi) {
-  registra(bottega, {{.ean = QStringLiteral("ART7"),
-                      .articolo = QStringLiteral("8001"),
-                      .descrizione = QStringLiteral("SI")},
-                     {.ean = QStringLiteral("ART8"),
-                      .articolo = QStringLiteral("8002"),
-                      .descrizione = QStringLiteral("NO")}});
+  enter(bottega, {{.ean = QStringLiteral("ART7"),
+                   .article = QStringLiteral("8001"),
+                   .description = QStringLiteral("SI")},
+                  {.ean = QStringLiteral("ART8"),
+                   .article = QStringLiteral("8002"),
+                   .description = QStringLiteral("NO")}});
   EXPECT_EQ(trovate({}, QStringLiteral("ART7")), QStringList{QStringLiteral("SI")});
   EXPECT_TRUE(trovate({}, QStringLiteral("8001")).isEmpty());
 }

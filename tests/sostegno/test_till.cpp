@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
+#include <array>
 #include <atomic>
 
 #include "ecrcom/ecrcom_service.h"
@@ -100,4 +101,17 @@ ShortTimeouts::~ShortTimeouts() {
   const auto set = reinterpret_cast<decltype(&ecr_set_timeout)>(dlsym(library_, "ecr_set_timeout"));
   set(ECR_CONNECT_MS, ECR_REPLY_MS);
   dlclose(library_);
+}
+
+QStringList callsOf(TestTill& till) {
+  QStringList calls;
+  for (const ecrsim::Call& one : till->calls())
+    calls << QStringLiteral("%1:%2").arg(one.mode).arg(QString::fromStdString(one.file));
+  return calls;
+}
+
+std::string faultName(int mode, ecrsim::FaultKind kind) {
+  static constexpr std::array kNames{"Code",     "Silence",   "CutBefore", "CutWithin",
+                                     "CutAfter", "ShortFile", "LongFile",  "Garbage"};
+  return "Mode" + std::to_string(mode) + kNames.at(static_cast<std::size_t>(kind));
 }

@@ -2,9 +2,11 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "ecrsim/simulator.h"
@@ -64,3 +66,8 @@ class ShortTimeouts {
  private:
   void* library_;
 };
+
+/// Calls on the till as "mode:file", in order.
+QStringList callsOf(TestTill& till);
+/// Name of a fault for a test's parameter: "Mode7Silence".
+std::string faultName(int mode, ecrsim::FaultKind kind);

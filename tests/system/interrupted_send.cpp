@@ -9,35 +9,35 @@
 
 namespace {
 
-std::size_t restano = 0;
-bool contato = false;
+std::size_t left = 0;
+bool counted = false;
 
-ssize_t manda(int presa, const void* byte, std::size_t quanti, int modo) {
-  return syscall(SYS_sendto, presa, byte, quanti, modo, nullptr, 0);
+ssize_t deliver(int socket, const void* bytes, std::size_t count, int flags) {
+  return syscall(SYS_sendto, socket, bytes, count, flags, nullptr, 0);
 }
 
 }  // namespace
 
-extern "C" __attribute__((visibility("default"))) ssize_t send(int presa, const void* byte, size_t quanti,
-                                                               int modo) {
-  if (!contato || quanti < restano) {
-    if (contato) restano -= quanti;
-    return manda(presa, byte, quanti, modo);
+extern "C" __attribute__((visibility("default"))) ssize_t send(int socket, const void* bytes, size_t count,
+                                                               int flags) {
+  if (!counted || count < left) {
+    if (counted) left -= count;
+    return deliver(socket, bytes, count, flags);
   }
-  while (restano > 0) {
-    const ssize_t mandati = manda(presa, byte, restano, modo);
-    if (mandati <= 0) break;
-    byte = static_cast<const char*>(byte) + mandati;
-    restano -= std::min(restano, static_cast<std::size_t>(mandati));
+  while (left > 0) {
+    const ssize_t sent = deliver(socket, bytes, left, flags);
+    if (sent <= 0) break;
+    bytes = static_cast<const char*>(bytes) + sent;
+    left -= std::min(left, static_cast<std::size_t>(sent));
   }
   return raise(SIGKILL);
 }
 
-namespace invio_interrotto {
+namespace interrupted_send {
 
-void muoriDopo(std::size_t byte) {
-  contato = byte > 0;
-  restano = byte;
+void dieAfter(std::size_t bytes) {
+  counted = bytes > 0;
+  left = bytes;
 }
 
-}  // namespace invio_interrotto
+}  // namespace interrupted_send

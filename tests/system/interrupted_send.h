@@ -4,9 +4,9 @@
 
 /// Ends this process as a cut of power would while it sends. Linking this file puts the program's own `send`
 /// before the system's.
-namespace invio_interrotto {
+namespace interrupted_send {
 
 /// From now on: the process dies once it has handed the network so many bytes; 0: never.
-void muoriDopo(std::size_t byte);
+void dieAfter(std::size_t bytes);
 
-}  // namespace invio_interrotto
+}  // namespace interrupted_send

@@ -12,6 +12,7 @@
 #include "articles/sync_count.h"
 #include "articles/transfer.h"
 #include "ecrlink/session.h"
+#include "sales/hidden_progress.h"
 #include "sales/reception.h"
 #include "sostegno/test_till.h"
 #include "system/interrupted_send.h"
@@ -34,7 +35,7 @@ bool muore(const std::function<void()>& corpo) {
 
 /// What a person does who starts the program again: opens the archive, connects (which ends the transfer that
 /// the last run left open on the till).
-void ricomincia(Bottega& bottega, const QString& archivio, const TestTill& cassa) {
+void ricomincia(BackRoom& bottega, const QString& archivio, const TestTill& cassa) {
   articles::ApriDatabase(archivio, bottega.contesto);
   commonForKora().IP_ECR = cassa.address();
   QString file;
@@ -50,9 +51,9 @@ std::vector<SlotSales> giornata() {
 }
 
 struct RicezioneUccisa : testing::Test {
-  Bottega bottega;
+  BackRoom bottega;
   TestTill cassa;
-  const QString archivio = bottega.cartella.file(QStringLiteral("archivio.mdb"));
+  const QString archivio = bottega.folder.file(QStringLiteral("archivio.mdb"));
   /// How much the process hands to the network before it dies; 0: it does not.
   std::size_t byteInRete = 0;
 
@@ -61,21 +62,22 @@ struct RicezioneUccisa : testing::Test {
   /// Archive and till as on the first morning.
   void rinnova() {
     QFile::remove(archivio);
-    bottega.apriArchivio();
+    bottega.openArchive();
     varGlobal().DB_Articoli.Close();
     cassa.sales(giornata());
   }
 
   void ricevi(const std::function<void()>& passaggio) {
     ricomincia(bottega, archivio, cassa);
-    bottega.utente.onPass = passaggio;
-    invio_interrotto::muoriDopo(byteInRete);
-    sales::RiceviVenduto(bottega.contesto, [](int) {});
+    bottega.user.onPass = passaggio;
+    interrupted_send::dieAfter(byteInRete);
+    HiddenProgress barra;
+    sales::RiceviVenduto(bottega.contesto, barra.progress);
   }
 
   int righe() {
     articles::ApriDatabase(archivio, bottega.contesto);
-    const int quante = bottega.righe(QStringLiteral("SELECT id_plu from TAB_VENDUTO"));
+    const int quante = bottega.rows(QStringLiteral("SELECT id_plu from TAB_VENDUTO"));
     varGlobal().DB_Articoli.Close();
     return quante;
   }
@@ -104,7 +106,7 @@ TEST_F(RicezioneUccisa, AUnSincronismoQualunqueLeVenditeSonoNellArchivioOSullaCa
   int quando = 0;
   std::set<int> viste;
   while (muore([&] {
-    sincronismi::conta([quando](int numero) {
+    sync_count::start([quando](int numero) {
       if (numero == quando + 1) raise(SIGKILL);
     });
     ricevi({});
@@ -135,31 +137,31 @@ TEST_F(RicezioneUccisa, MentreChiedeLAzzeramentoLeVenditeSonoGiaNellArchivio) {
 }
 
 struct InvioUcciso : testing::Test {
-  Bottega bottega;
+  BackRoom bottega;
   TestTill cassa;
   const QByteArray vecchio = QByteArray(240000, 'v');
 };
 
 TEST_F(InvioUcciso, AQualunqueByteLaCassaHaLArchivioDiPrimaOQuelloDiDopo) {
-  bottega.apriArchivio();
-  const auto articoli = articoliDiProva(400);
-  scriviArticoli(bottega, articoli);
+  bottega.openArchive();
+  const auto articoli = testArticles(400);
+  writeArticles(bottega, articoli);
   varGlobal().DB_Articoli.Close();
-  const QString archivio = bottega.cartella.file(QStringLiteral("archivio.mdb"));
-  const QByteArray prima = bottega.cartella.read(QStringLiteral("archivio.mdb"));
+  const QString archivio = bottega.folder.file(QStringLiteral("archivio.mdb"));
+  const QByteArray prima = bottega.folder.read(QStringLiteral("archivio.mdb"));
   int vecchie = 0;
   for (const std::size_t byte :
        {1UL, 40UL, 48UL, 49UL, 100UL, 1000UL, 120000UL, 240000UL, 240060UL, 240090UL, 240110UL}) {
     cassa.put(QStringLiteral("plu.bin"), vecchio);
     ASSERT_TRUE(muore([&] {
       ricomincia(bottega, archivio, cassa);
-      invio_interrotto::muoriDopo(byte);
+      interrupted_send::dieAfter(byte);
       articles::InviaArchivio(bottega.contesto);
     })) << byte;
     const QByteArray inCassa = cassa.byte(QStringLiteral("plu.bin"));
-    EXPECT_TRUE(inCassa == vecchio || inCassa == immagineAttesa(articoli)) << byte;
+    EXPECT_TRUE(inCassa == vecchio || inCassa == expectedImage(articoli)) << byte;
     vecchie += inCassa == vecchio ? 1 : 0;
-    EXPECT_EQ(bottega.cartella.read(QStringLiteral("archivio.mdb")), prima) << byte;
+    EXPECT_EQ(bottega.folder.read(QStringLiteral("archivio.mdb")), prima) << byte;
   }
   EXPECT_GT(vecchie, 0);
 }

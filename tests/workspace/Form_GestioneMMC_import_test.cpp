@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include "platform/ui/busy_guard.h"
+#include "sostegno/troubles.h"
 #include "workspace/workspace_fixture.h"
 
 namespace {
@@ -22,25 +23,25 @@ const Box kRiuscita{QStringLiteral("Operazione di Import ARTICOLI eseguita corre
 const Box kFallita{
     QStringLiteral("OPERAZIONE DI IMPORTAZIONE ARTICOLI FALLITA"), Icon::Critical, {}, Buttons::Ok};
 
-struct ImportaDaMenu : AreaDiLavoro {
+struct ImportaDaMenu : WorkspaceFixture {
   void SetUp() override {
-    AreaDiLavoro::SetUp();
-    nuovo();
+    WorkspaceFixture::SetUp();
+    create();
   }
 
   void importa(const QByteArray& csv) {
-    bottega.utente.chooses(bottega.cartella.write(QStringLiteral("lista.csv"), csv));
-    voce("mnuImporta");
+    bottega.user.chooses(bottega.folder.write(QStringLiteral("lista.csv"), csv));
+    entry("mnuImporta");
   }
-  QWidget* attesa() const { return bottega.schermate.trova(QStringLiteral("Form_ATTESA")); }
+  QWidget* attesa() const { return bottega.screens.trova(QStringLiteral("Form_ATTESA")); }
   QString descrizione(int auto_id) {
-    return bottega.valore(QStringLiteral("SELECT Descrizione from TAB_ARTICOLI where auto_id =") +
-                          QString::number(auto_id));
+    return bottega.value(QStringLiteral("SELECT Descrizione from TAB_ARTICOLI where auto_id =") +
+                         QString::number(auto_id));
   }
   /// What an impatient person does while it runs.
   void impazienza() {
     for (const char* nome : {"Cmd_Esci", "Cmd_Articoli", "PulsanteNuovo", "PulsanteImporta"}) {
-      QWidget& widget = controllo(nome);
+      QWidget& widget = control(nome);
       const QPointF centro = widget.rect().center();
       for (const auto tipo : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
         QCoreApplication::postEvent(
@@ -48,8 +49,8 @@ struct ImportaDaMenu : AreaDiLavoro {
                                      tipo == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
                                      Qt::NoModifier));
     }
-    QCoreApplication::postEvent(schermo, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
-    QCoreApplication::postEvent(schermo, new QCloseEvent);
+    QCoreApplication::postEvent(screen, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+    QCoreApplication::postEvent(screen, new QCloseEvent);
     if (attesa()) QCoreApplication::postEvent(attesa(), new QCloseEvent);
   }
 };
@@ -64,100 +65,142 @@ QByteArray righe(int quante) {
 
 TEST_F(ImportaDaMenu, ScriveGliArticoliEAggiornaIlConto) {
   importa(righe(30));
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kRiuscita));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(kRiuscita));
   EXPECT_EQ(descrizione(30), QStringLiteral("ART 30"));
-  EXPECT_EQ(testo("LabelArticoli"), QStringLiteral("30 articoli in 5.000 posizioni"));
+  EXPECT_EQ(text("LabelArticoli"), QStringLiteral("30 articoli in 5.000 posizioni"));
   EXPECT_EQ(attesa(), nullptr);
 }
 
 TEST_F(ImportaDaMenu, MostraLAttesaConLAvanzamentoMentreLegge) {
   bool vista = false;
-  bottega.utente.onPass = [&] {
+  bottega.user.onPass = [&] {
     ASSERT_NE(attesa(), nullptr);
     const auto* barra = attesa()->findChild<QProgressBar*>(QStringLiteral("Avanzamento"));
     vista = attesa()->isVisible() && barra && barra->isVisible();
-    EXPECT_EQ(attesa()->windowHandle()->transientParent(), schermo->windowHandle());
+    EXPECT_EQ(attesa()->windowHandle()->transientParent(), screen->windowHandle());
   };
-  bottega.utente.onBox = [this](const Box&) { EXPECT_EQ(attesa(), nullptr); };
+  bottega.user.onBox = [this](const Box&) { EXPECT_EQ(attesa(), nullptr); };
   importa(righe(3));
   EXPECT_TRUE(vista);
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kRiuscita));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(kRiuscita));
 }
 
 TEST_F(ImportaDaMenu, ClicTastiEChiusureAOgniPassaggioNonFannoNulla) {
-  bottega.utente.onPass = [this] { impazienza(); };
+  bottega.user.onPass = [this] { impazienza(); };
   importa(righe(200));
-  bottega.utente.onPass = {};
+  bottega.user.onPass = {};
   QCoreApplication::processEvents();
-  EXPECT_THAT(bottega.utente.boxes(), ElementsAre(kRiuscita));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(kRiuscita));
   EXPECT_EQ(descrizione(200), QStringLiteral("ART 200"));
-  EXPECT_TRUE(schermo->isVisible());
+  EXPECT_TRUE(screen->isVisible());
   EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
   EXPECT_FALSE(BusyGuard::active());
 }
 
-TEST_F(ImportaDaMenu, UnImportFermatoEConfermatoDalComandoDopo) {
+TEST_F(ImportaDaMenu, UnImportFermatoEConfermatoAllaFineDelComandoEIlPiedeDiceQuanteRigheRestano) {
   importa(righe(2) + "rotta\r\n");
-  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAre(kFallita));
-  EXPECT_EQ(bottega.area.level(), 1);
-  EXPECT_EQ(testo("LabelEsito"), QStringLiteral("Importazione fermata alla riga 3."));
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAre(kFallita));
+  EXPECT_EQ(bottega.workspace.level(), 0);
+  EXPECT_EQ(outcome(),
+            QStringLiteral("Importazione fermata alla riga 3. Restano scritte nell'archivio le 2 righe "
+                           "precedenti."));
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Warning);
+  store::Workspace altra{bottega.clock};
+  store::Database base = altra.OpenDatabase(bottega.folder.file(QStringLiteral("archivio.mdb")));
+  EXPECT_EQ(base.OpenRecordset(u"SELECT auto_id from TAB_ARTICOLI where Descrizione ='ART 2'").RecordCount(),
+            1);
+  base.Close();
   importa(righe(1));
-  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAre(kRiuscita));
-  EXPECT_EQ(bottega.area.level(), 0);
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAre(kRiuscita));
   EXPECT_EQ(descrizione(2), QStringLiteral("ART 2"));
+}
+
+TEST_F(ImportaDaMenu, UnImportFermatoCheNonSiPuoConfermareSiDiceENonRestaNulla) {
+  // A reader elsewhere lets the statements run and stops the commit.
+  const QString archivio = bottega.folder.file(QStringLiteral("archivio.mdb"));
+  {
+    const OtherProgram altro(archivio,
+                             {QStringLiteral("BEGIN"), QStringLiteral("SELECT count(*) FROM TAB_ARTICOLI")});
+    importa(righe(2) + "rotta\r\n");
+  }
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAre(kFallita));
+  EXPECT_TRUE(outcome().startsWith(
+      QStringLiteral("Importazione fermata alla riga 3. Nulla è stato scritto nell'archivio: ")))
+      << outcome().toStdString();
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Failed);
+  EXPECT_EQ(bottega.workspace.level(), 0);
+  EXPECT_EQ(descrizione(2), QString());
+  EXPECT_EQ(text("LabelArticoli"), QStringLiteral("0 articoli in 5.000 posizioni"));
+}
+
+TEST_F(ImportaDaMenu, UnaConfermaFallitaHaIlRiquadroDelloStatementFallitoESiAnnulla) {
+  const QString archivio = bottega.folder.file(QStringLiteral("archivio.mdb"));
+  {
+    const OtherProgram altro(archivio,
+                             {QStringLiteral("BEGIN"), QStringLiteral("SELECT count(*) FROM TAB_ARTICOLI")});
+    importa(righe(3));
+  }
+  expectBoxes(bottega,
+              {criticalBox(QStringLiteral("Errore nell'aggiornamento articoli Errore n° 3260\r\n*"))});
+  EXPECT_EQ(outcome(), QStringLiteral("Importazione annullata: l'archivio è rimasto com'era."));
+  EXPECT_EQ(bottega.workspace.level(), 0);
+  EXPECT_EQ(descrizione(1), QString());
 }
 
 TEST_F(ImportaDaMenu, UnNuovoArchivioNonPerdeQuantoUnImportFermatoHaScritto) {
   importa(righe(2) + "rotta\r\n");
-  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAre(kFallita));
-  nuovo(QStringLiteral("altro.mdb"));
-  EXPECT_EQ(bottega.area.level(), 0);
-  voce("mnuClose");
-  apri();
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAre(kFallita));
+  create(QStringLiteral("altro.mdb"));
+  EXPECT_EQ(bottega.workspace.level(), 0);
+  entry("mnuClose");
+  open();
   EXPECT_EQ(descrizione(2), QStringLiteral("ART 2"));
 }
 
 TEST_F(ImportaDaMenu, NuovoSopraLArchivioConUnImportFermatoLoSvuota) {
   importa(righe(2) + "rotta\r\n");
-  bottega.utente.takeBoxes();
-  bottega.utente.answers(Answer::Yes);
-  nuovo();
-  EXPECT_EQ(bottega.utente.takeBoxes().size(), 1U);
+  bottega.user.takeBoxes();
+  bottega.user.answers(Answer::Yes);
+  create();
+  EXPECT_EQ(bottega.user.takeBoxes().size(), 1U);
   EXPECT_EQ(descrizione(2), QString());
-  EXPECT_EQ(testo("LabelArticoli"), QStringLiteral("0 articoli in 5.000 posizioni"));
+  EXPECT_EQ(text("LabelArticoli"), QStringLiteral("0 articoli in 5.000 posizioni"));
 }
 
 TEST_F(ImportaDaMenu, LUscitaTieneQuantoUnImportFermatoHaScritto) {
   importa(righe(2) + "rotta\r\n");
-  EXPECT_THAT(bottega.utente.takeBoxes(), ElementsAre(kFallita));
-  clic("Cmd_Esci");
-  store::Database base = bottega.area.OpenDatabase(bottega.cartella.file(QStringLiteral("archivio.mdb")));
-  EXPECT_EQ(base.OpenRecordset(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Descrizione ='ART 2'"))
-                .RecordCount(),
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAre(kFallita));
+  click("Cmd_Esci");
+  store::Database base = bottega.workspace.OpenDatabase(bottega.folder.file(QStringLiteral("archivio.mdb")));
+  EXPECT_EQ(base.OpenRecordset(u"SELECT auto_id from TAB_ARTICOLI where Descrizione ='ART 2'").RecordCount(),
             1);
   base.Close();
 }
 
 TEST_F(ImportaDaMenu, LaFinestraAnnullataNonDiceNulla) {
-  bottega.utente.chooses(std::nullopt);
-  voce("mnuImporta");
-  EXPECT_THAT(bottega.utente.boxes(), IsEmpty());
-  EXPECT_EQ(comandiAbilitati(), kComandi);
-  EXPECT_EQ(bottega.area.level(), 1);
+  bottega.user.chooses(std::nullopt);
+  entry("mnuImporta");
+  EXPECT_THAT(bottega.user.boxes(), IsEmpty());
+  EXPECT_EQ(outcome(), QString());
+  EXPECT_EQ(enabledCommands(), kCommands);
+  EXPECT_EQ(bottega.workspace.level(), 0);
 }
 
 TEST_F(ImportaDaMenu, UnFileCheNonSiLeggeLoDiceSoloAlPiede) {
-  bottega.utente.chooses(bottega.cartella.file(QStringLiteral("assente.csv")));
-  voce("mnuImporta");
-  EXPECT_THAT(bottega.utente.boxes(), IsEmpty());
-  EXPECT_TRUE(testo("LabelEsito").startsWith(QStringLiteral("Importazione interrotta dopo 0 righe.")));
+  bottega.user.chooses(bottega.folder.file(QStringLiteral("assente.csv")));
+  entry("mnuImporta");
+  EXPECT_THAT(bottega.user.boxes(), IsEmpty());
+  EXPECT_EQ(outcome(),
+            QStringLiteral("Importazione interrotta dopo 0 righe: File non trovato: %1. L'archivio è "
+                           "rimasto com'era.")
+                .arg(bottega.folder.file(QStringLiteral("assente.csv"))));
 }
 
 TEST_F(ImportaDaMenu, UnImportAnnullatoLoDiceAlPiede) {
   importa("1;8001;A;L'OLIO;1,00;1;N;N; \r\n");
-  EXPECT_EQ(bottega.utente.takeBoxes().size(), 2U);
-  EXPECT_EQ(testo("LabelEsito"), QStringLiteral("Importazione annullata: l'archivio è rimasto com'era."));
-  EXPECT_EQ(testo("LabelArticoli"), QStringLiteral("0 articoli in 5.000 posizioni"));
+  EXPECT_EQ(bottega.user.takeBoxes().size(), 2U);
+  EXPECT_EQ(outcome(), QStringLiteral("Importazione annullata: l'archivio è rimasto com'era."));
+  EXPECT_EQ(text("LabelArticoli"), QStringLiteral("0 articoli in 5.000 posizioni"));
 }
 
 }  // namespace

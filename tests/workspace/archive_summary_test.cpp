@@ -10,11 +10,11 @@ using workspace::Riepiloga;
 using workspace::TestoRiepilogo;
 
 TEST(RiepilogoArchivio, ContaLePosizioniConEanODescrizione) {
-  Bottega bottega;
-  bottega.apriArchivio();
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN ='8001' WHERE auto_id =1"));
-  bottega.esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =2"));
-  bottega.esegui(
+  BackRoom bottega;
+  bottega.openArchive();
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN ='8001' WHERE auto_id =1"));
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =2"));
+  bottega.execute(
       QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN ='8002', Descrizione ='LATTE' WHERE auto_id =3"));
   const auto riepilogo = Riepiloga();
   EXPECT_TRUE(riepilogo.leggibile);
@@ -23,13 +23,13 @@ TEST(RiepilogoArchivio, ContaLePosizioniConEanODescrizione) {
 }
 
 TEST(RiepilogoArchivio, SenzaArchivioNonELeggibile) {
-  const Bottega bottega;
+  const BackRoom bottega;
   EXPECT_FALSE(Riepiloga().leggibile);
 }
 
 TEST(RiepilogoArchivio, UnDatabaseDiAltroGenereNonELeggibileENonDiceNulla) {
-  Bottega bottega;
-  bottega.apriVuoto({QStringLiteral("CREATE TABLE ALTRO (a)")});
+  BackRoom bottega;
+  bottega.openWith({QStringLiteral("CREATE TABLE ALTRO (a)")});
   EXPECT_FALSE(Riepiloga().leggibile);
 }
 

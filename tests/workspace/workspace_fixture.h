@@ -6,41 +6,42 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPointer>
-#include <QPushButton>
-#include <functional>
 
 #include "articles/back_room.h"
+#include "controls/outcome_bar.h"
+#include "sostegno/guided_screen.h"
 
 /// The workspace of the article archive on the screen, behind the menu of the program, under the hands of a
 /// person who uses mouse and keys.
-struct AreaDiLavoro : testing::Test {
-  static constexpr int kComandi = 4;
+struct WorkspaceFixture : testing::Test {
+  static constexpr int kCommands = 4;
 
-  Bottega bottega;
-  QPointer<QWidget> schermo;
+  BackRoom bottega;
+  QPointer<QWidget> screen;
 
-  AreaDiLavoro();
+  WorkspaceFixture();
   void SetUp() override;
 
-  template <typename Tipo = QWidget>
-  Tipo& controllo(const char* nome) const {
-    auto* trovato = schermo->findChild<Tipo*>(QLatin1String(nome));
-    if (!trovato) throw std::runtime_error(std::string("no control ") + nome);
-    return *trovato;
+  template <typename Type = QWidget>
+  Type& control(const char* name) const {
+    auto* found = screen->findChild<Type*>(QLatin1String(name));
+    if (!found) throw std::runtime_error(std::string("no control ") + name);
+    return *found;
   }
-  QString testo(const char* etichetta) const { return controllo<QLabel>(etichetta).text(); }
-  void clic(const char* nome) const;
+  QString text(const char* label) const { return control<QLabel>(label).text(); }
+  /// What the foot tells.
+  QString outcome() const { return control<OutcomeBar>("Esito").text(); }
+  OutcomeBar::Kind outcomeKind() const { return control<OutcomeBar>("Esito").kind(); }
+  void click(const char* name) const;
   /// Opens the File menu and clicks the entry.
-  void voce(const char* nome) const;
-  bool attiva(const char* nome) const { return controllo<QAction>(nome).isEnabled(); }
+  void entry(const char* name) const;
+  bool active(const char* name) const { return control<QAction>(name).isEnabled(); }
   /// How many of the four commands are enabled.
-  int comandiAbilitati() const;
+  int enabledCommands() const;
 
   /// "Nuovo Archivio" to a name in the test's folder; the copy is open afterwards.
-  void nuovo(const QString& nome = QStringLiteral("archivio.mdb"));
-  void apri(const QString& nome = QStringLiteral("archivio.mdb"));
+  void create(const QString& name = QStringLiteral("archivio.mdb"));
+  void open(const QString& name = QStringLiteral("archivio.mdb"));
 
-  /// Runs `gesto`, and inside the modal screen that it opens `dentro`, which has to close it.
-  void conModale(const std::function<void()>& gesto, const std::function<void(QWidget&)>& dentro) const;
-  QWidget* menu() const { return bottega.schermate.trova(QStringLiteral("start")); }
+  QWidget* menu() const { return bottega.screens.trova(QStringLiteral("start")); }
 };

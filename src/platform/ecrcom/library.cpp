@@ -42,14 +42,14 @@ class WritableCopy {
 
 }  // namespace
 
-struct LibreriaEcr::Impl {
+struct EcrLibrary::Impl {
   QString folder;
   QLibrary library;
 
   void load() {
     if (library.isLoaded()) return;
     library.setFileName(QDir(folder).absoluteFilePath(kName));
-    if (!library.load()) throw Errore{errors::kFileMissing, QStringLiteral("File non trovato: ") + kName};
+    if (!library.load()) throw errors::fileMissing(kName);
   }
 
   template <typename Function>
@@ -64,13 +64,13 @@ struct LibreriaEcr::Impl {
 // The entry of the loaded library that bears the name and has the type of the one in ecrcom.h.
 #define ENTRY(nome) impl_->entryPoint(static_cast<decltype(&::nome)>(nullptr), #nome)
 
-LibreriaEcr::LibreriaEcr(QString folder) : impl_(std::make_unique<Impl>()) {
+EcrLibrary::EcrLibrary(QString folder) : impl_(std::make_unique<Impl>()) {
   impl_->folder = std::move(folder);
 }
 
-LibreriaEcr::~LibreriaEcr() = default;
+EcrLibrary::~EcrLibrary() = default;
 
-std::int16_t LibreriaEcr::ecr_command(QByteArray& ip, QByteArray& file, int mode, QByteArray& buffer) {
+std::int16_t EcrLibrary::ecr_command(QByteArray& ip, QByteArray& file, int mode, QByteArray& buffer) {
   const auto function = ENTRY(ecr_command);
   WritableCopy ipCopy(ip);
   WritableCopy fileCopy(file);
@@ -83,24 +83,24 @@ std::int16_t LibreriaEcr::ecr_command(QByteArray& ip, QByteArray& file, int mode
   return code;
 }
 
-QByteArray LibreriaEcr::ecr_get_err(std::int16_t code, int length) {
+QByteArray EcrLibrary::ecr_get_err(std::int16_t code, int length) {
   const auto function = ENTRY(ecr_get_err);
   WritableCopy copy(QByteArray(std::max(length, 0), ' '));
   function(code, copy.data());
   return copy.text();
 }
 
-std::int32_t LibreriaEcr::ecr_conn_xonxoff_ntw(const QByteArray& ip) {
+std::int32_t EcrLibrary::ecr_conn_xonxoff_ntw(const QByteArray& ip) {
   const auto function = ENTRY(ecr_conn_xonxoff_ntw);
   WritableCopy copy(ip);
   return function(copy.data());
 }
 
-std::int16_t LibreriaEcr::ecr_disc_xonxoff_ntw(std::int32_t handle) {
+std::int16_t EcrLibrary::ecr_disc_xonxoff_ntw(std::int32_t handle) {
   return ENTRY(ecr_disc_xonxoff_ntw)(handle);
 }
 
-std::int16_t LibreriaEcr::ecr_send_xonxoff_ntw(std::int32_t handle, QByteArray& text) {
+std::int16_t EcrLibrary::ecr_send_xonxoff_ntw(std::int32_t handle, QByteArray& text) {
   const auto function = ENTRY(ecr_send_xonxoff_ntw);
   WritableCopy copy(text);
   const std::int16_t code = function(handle, copy.data());
@@ -108,7 +108,7 @@ std::int16_t LibreriaEcr::ecr_send_xonxoff_ntw(std::int32_t handle, QByteArray& 
   return code;
 }
 
-std::int32_t LibreriaEcr::ecr_recv_xonxoff_ntw(std::int32_t handle, QByteArray& buffer, int wait) {
+std::int32_t EcrLibrary::ecr_recv_xonxoff_ntw(std::int32_t handle, QByteArray& buffer, int wait) {
   const auto function = ENTRY(ecr_recv_xonxoff_ntw);
   WritableCopy copy(buffer);
   const std::int32_t received = function(handle, copy.data(), copy.length(), wait);
@@ -116,19 +116,19 @@ std::int32_t LibreriaEcr::ecr_recv_xonxoff_ntw(std::int32_t handle, QByteArray& 
   return std::min(received, copy.length());
 }
 
-std::uint32_t LibreriaEcr::ecr_date_decode(int day, int month, int year) {
+std::uint32_t EcrLibrary::ecr_date_decode(int day, int month, int year) {
   return ENTRY(ecr_date_decode)(day, month, year);
 }
 
-std::uint32_t LibreriaEcr::ecr_dates_decode(int day, int month) {
+std::uint32_t EcrLibrary::ecr_dates_decode(int day, int month) {
   return ENTRY(ecr_dates_decode)(day, month);
 }
 
-std::uint32_t LibreriaEcr::ecr_time_decode(int hours, int minutes, int seconds) {
+std::uint32_t EcrLibrary::ecr_time_decode(int hours, int minutes, int seconds) {
   return ENTRY(ecr_time_decode)(hours, minutes, seconds);
 }
 
-QByteArray LibreriaEcr::ecr_oro_encode(std::uint32_t value) {
+QByteArray EcrLibrary::ecr_oro_encode(std::uint32_t value) {
   const auto function = ENTRY(ecr_oro_encode);
   WritableCopy copy(QByteArray(kDateTimeLength, '\0'));
   function(value, copy.data());

@@ -8,13 +8,13 @@
 /// The communications library, loaded at its first call from the folder handed over, so that a maker's own
 /// can stand in its place. Every call throws Errore 53 if the library, and 453 if one of its entries, is
 /// missing. Byte arrays are writable buffers: the library may change what they hold, never their length.
-class LibreriaEcr {
+class EcrLibrary {
  public:
   /// `folder` holds libecrcom.so (or the platform's name for it).
-  explicit LibreriaEcr(QString folder);
-  ~LibreriaEcr();
-  LibreriaEcr(const LibreriaEcr&) = delete;
-  LibreriaEcr& operator=(const LibreriaEcr&) = delete;
+  explicit EcrLibrary(QString folder);
+  ~EcrLibrary();
+  EcrLibrary(const EcrLibrary&) = delete;
+  EcrLibrary& operator=(const EcrLibrary&) = delete;
 
   /// `ip` and `file` come back as the library left them, cut at their NUL; `buffer` keeps its length.
   std::int16_t ecr_command(QByteArray& ip, QByteArray& file, int mode, QByteArray& buffer);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kMaxName = 256;
 
-class SystemNetwork : public Rete {
+class SystemNetwork : public Network {
  public:
   QString computerName() override {
     std::array<char, kMaxName + 1> name{};
@@ -33,7 +33,7 @@ class SystemNetwork : public Rete {
 
 }  // namespace
 
-Rete& systemNetwork() {
+Network& systemNetwork() {
   static SystemNetwork only;
   return only;
 }

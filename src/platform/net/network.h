@@ -16,9 +16,9 @@ struct NetworkStartup {
 
 /// What a link screen asks of the network. Virtual so that tests can stand a PC with two addresses, or with
 /// no name, before the screens; the program and the road tests use `systemNetwork()`.
-class Rete {
+class Network {
  public:
-  virtual ~Rete() = default;
+  virtual ~Network() = default;
   /// Start and end of the platform's socket layer, around the two look-ups. `close` returns 0 or the
   /// platform's error code.
   virtual NetworkStartup start() { return {}; }
@@ -33,4 +33,4 @@ class Rete {
   virtual int echo(const QString& address, const QByteArray& data, int milliseconds) = 0;
 };
 
-Rete& systemNetwork();
+Network& systemNetwork();

@@ -7,6 +7,7 @@
 
 #include "platform/store/change_counter.h"
 #include "platform/store/journal.h"
+#include "platform/store/lexer.h"
 #include "platform/store/open_connections.h"
 #include "platform/store/row_set.h"
 #include "platform/store/schema.h"
@@ -17,9 +18,15 @@ namespace store {
 namespace {
 
 constexpr std::size_t kMaxPrepared = 64;
+/// Steps of the engine's between two looks at the clock: some hundred microseconds.
+constexpr int kStepsBetweenLooks = 20000;
 
 std::string_view view(const QByteArray& byte) {
   return {byte.constData(), static_cast<std::size_t>(byte.size())};
+}
+
+int overdue(void* deadline) {
+  return std::chrono::steady_clock::now() > *static_cast<std::chrono::steady_clock::time_point*>(deadline);
 }
 
 std::string levelName(int level) {
@@ -28,11 +35,14 @@ std::string levelName(int level) {
 
 }  // namespace
 
-Connection::Connection(Engine engine, QString path, std::shared_ptr<Transactions> transactions)
+Connection::Connection(Engine engine, QString path, std::shared_ptr<WorkspaceState> workspace)
     : db_(engine.release()),
       path_(std::move(path)),
-      transactions_(std::move(transactions)),
-      statements_(kMaxPrepared) {}
+      workspace_(std::move(workspace)),
+      statements_(kMaxPrepared) {
+  sqlite3_progress_handler(db_, kStepsBetweenLooks, overdue, &deadline_);
+  beginTime();
+}
 
 Connection::~Connection() {
   try {
@@ -40,6 +50,10 @@ Connection::~Connection() {
   } catch (const Errore&) {
     // The file is left as it was before the transaction.
   }
+}
+
+void Connection::beginTime() {
+  deadline_ = std::chrono::steady_clock::now() + workspace_->limit;
 }
 
 void Connection::readSchema() {
@@ -57,7 +71,8 @@ void Connection::command(const std::string& sql) {
 }
 
 void Connection::catchUp() {
-  while (level_ < transactions_->level) {
+  if (workspace_->level > 0) writeByJournal();
+  while (level_ < workspace_->level) {
     command(level_ == 0 ? std::string("BEGIN") : "SAVEPOINT " + levelName(level_ + 1));
     set(level_ + 1);
   }
@@ -70,17 +85,42 @@ bool Connection::undoIfOpen() noexcept {
 }
 
 void Connection::set(int level) noexcept {
-  if (level_ == 0 && level > 0) ++transactions_->participants;
-  if (level_ > 0 && level == 0) --transactions_->participants;
   level_ = level;
 }
 
-sqlite3_stmt* Connection::prepare(const QByteArray& source, PreparedStatement*& prepared) {
-  translation_ = &shapes_.translate(view(source), dictionary_);
-  prepared = statements_.take(db_, translation_->sql);
-  if (prepared == nullptr) failed(PreparationError(db_, view(source), dictionary_));
+PreparedStatement& Connection::prepare(const Statement& statement) {
+  beginTime();
+  source_ = statement.sql().toUtf8();
+  if (statement.broken()) refuse(statement);
+  translation_ = &shapes_.translate(view(source_), dictionary_);
+  PreparedStatement* const prepared = statements_.take(db_, translation_->sql);
+  if (prepared == nullptr) failed(PreparationError(db_, view(source_), dictionary_));
   bind(prepared->statement);
-  return prepared->statement;
+  return *prepared;
+}
+
+// A value that leaves its place is no part of any statement, even where what it makes of it could be run. The
+// message is that of the statement as it stands, if it has one.
+void Connection::refuse(const Statement& statement) {
+  const Statement::Break& where = *statement.broken();
+  const auto at = static_cast<std::size_t>(statement.sql().left(where.at).toUtf8().size());
+  Errore error = SyntaxError(QStringLiteral("operatore mancante"), view(source_), at);
+  const QString rest = statement.sql().mid(where.at).trimmed();
+  bool textForNumber = where.number && (rest.startsWith(u'\'') || rest.startsWith(u'"'));
+  try {
+    Translation translation;
+    Translate(view(source_), dictionary_, translation);
+    if (!StatementCache::Compiles(db_, translation.sql))
+      throw PreparationError(db_, view(source_), dictionary_);
+  } catch (const Errore& own) {
+    if (own.numero == errors::kSyntax || own.numero == errors::kTextPastEnd)
+      error.descrizione = own.descrizione;
+    textForNumber = textForNumber || (where.number && own.numero == errors::kMissingParameter);
+  }
+  if (textForNumber)
+    error = {errors::kCriteriaMismatch,
+             QStringLiteral("Tipo di dati non corrispondente nell'espressione criterio.")};
+  failed(error);
 }
 
 // The windows on the source stay bound when the call is over; every later use binds all of them anew.
@@ -103,21 +143,55 @@ void Connection::bind(sqlite3_stmt* statement) const {
   }
 }
 
-int Connection::execute(const QString& sql) {
+int Connection::execute(const Statement& statement) {
   if (undone_) throw *undone_;
-  const QByteArray source = sql.toUtf8();
-  PreparedStatement* prepared = nullptr;
-  sqlite3_stmt* const statement = prepare(source, prepared);
-  if (sqlite3_column_count(statement) > 0)
+  sqlite3_stmt* const prepared = prepare(statement).statement;
+  if (sqlite3_column_count(prepared) > 0)
     throw Errore{errors::kNotExecutable, QStringLiteral("Impossibile eseguire una query di selezione.")};
+  writeByJournal();
   catchUp();
-  const StatementReset reset(statement);
-  if (sqlite3_step(statement) != SQLITE_DONE) failed(EngineError(db_, Moment::Statement));
+  const StatementReset reset(prepared);
+  if (sqlite3_step(prepared) != SQLITE_DONE) failed(EngineError(db_, Moment::Statement));
   if (translation_->definition) {
     readSchema();
     return 0;
   }
   return sqlite3_changes(db_);
+}
+
+// An archive that another program has set to a log of its own stays so until it is written on: until then it
+// may be none of ours.
+void Connection::writeByJournal() {
+  if (byJournal_ || inTransaction()) return;
+  command("PRAGMA journal_mode = TRUNCATE");
+  byJournal_ = true;
+}
+
+void Connection::settleJournal() {
+  bool foreign = false;
+  const auto look = [](void* found, int, char** value, char**) {
+    *static_cast<bool*>(found) = EqualCaseless(value[0], "wal");
+    return 0;
+  };
+  if (sqlite3_exec(db_, "PRAGMA journal_mode", look, &foreign, nullptr) != SQLITE_OK)
+    throw EngineError(db_, Moment::Opening);
+  if (!foreign) writeByJournal();
+}
+
+void Connection::checkIntegrity() {
+  beginTime();
+  bool sound = true;
+  const auto look = [](void* found, int, char** value, char**) {
+    *static_cast<bool*>(found) = EqualCaseless(value[0], "ok");
+    return 0;
+  };
+  if (sqlite3_exec(db_, "PRAGMA quick_check(1)", look, &sound, nullptr) != SQLITE_OK) {
+    // A file that is locked, or too large to be looked through in time, is not found damaged: the statements
+    // behind tell what is the matter.
+    const Errore error = EngineError(db_, Moment::Statement);
+    if (error.numero == errors::kNotADatabase) throw error;
+  }
+  if (!sound) throw errors::notADatabase(path_);
 }
 
 // A commit that failed behind its last step has been made all the same: the file tells. One that the engine
@@ -166,37 +240,26 @@ void Connection::commitAll() {
 
 void Connection::close() {
   if (!isOpen()) return;
-  const bool participated = inTransaction();
   try {
     commitAll();
   } catch (const Errore&) {
     release();
-    leave(participated);
     throw;
   }
   release();
-  leave(participated);
 }
 
 void Connection::abandon() noexcept {
-  const bool participated = inTransaction();
   release();
-  leave(participated);
-}
-
-// A transaction that an earlier command left open ends with the last database in it.
-void Connection::leave(bool participated) noexcept {
-  if (participated && transactions_->participants == 0 && transactions_->ofAnotherCommand())
-    transactions_->level = 0;
 }
 
 // After a failure of the disk the journal is left to the next opening, which may have to play it back.
 void Connection::release() noexcept {
   if (!isOpen()) return;
   set(0);
-  statements_.empty();
+  statements_.clear();
   undoIfOpen();
-  if (!undone_) RemoveJournal(db_);
+  if (!undone_ && byJournal_) RemoveJournal(db_);
   open_connections::remove(this);
   EngineCloser{}(std::exchange(db_, nullptr));
   undone_.reset();

@@ -1,12 +1,16 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+#include <chrono>
 #include <memory>
 #include <optional>
 
+#include "platform/clock.h"
 #include "platform/error.h"
 #include "platform/store/dialect.h"
 #include "platform/store/engine.h"
+#include "platform/store/statement.h"
 #include "platform/store/statement_cache.h"
 #include "platform/store/statement_shapes.h"
 
@@ -16,23 +20,19 @@ namespace store {
 
 class RowSet;
 
-/// A workspace's transaction, shared by its connections.
-struct Transactions {
+/// What a workspace shares with its connections: its transaction's depth, its clock, and how long a statement
+/// may run.
+struct WorkspaceState {
+  const Clock& clock;
+  std::chrono::milliseconds limit;
   int level = 0;
-  /// Counts the commands entered from the event loop, and which of them began the transaction now open.
-  int command = 0;
-  int firstCommand = 0;
-  /// Connections that have entered it.
-  int participants = 0;
-
-  bool ofAnotherCommand() const { return firstCommand != command; }
 };
 
 /// One open file. It enters the workspace's transaction at its first statement in it, so that databases
 /// opened behind the begin are in it as well.
 class Connection {
  public:
-  Connection(Engine engine, QString path, std::shared_ptr<Transactions> transactions);
+  Connection(Engine engine, QString path, std::shared_ptr<WorkspaceState> workspace);
   /// Closes as `close` does; a failure has nobody to be told any more.
   ~Connection();
   Connection(const Connection&) = delete;
@@ -44,8 +44,13 @@ class Connection {
 
   /// Reads the tables; fails with 3343, 3260 or 75 where the file is none of ours, locked or unreadable.
   void readSchema();
-  int execute(const QString& sql);
-  std::shared_ptr<const RowSet> query(const QString& sql);
+  /// Chooses how writes are made safe, unless another program has set the file to a log of its own: that is
+  /// changed by the first write.
+  void settleJournal();
+  int execute(const Statement& statement);
+  std::shared_ptr<const RowSet> query(const Statement& statement);
+  /// Throws 3343 where the file's pages do not fit together.
+  void checkIntegrity();
 
   /// True if the engine has undone the transaction by itself: no statement is taken until it is rolled back.
   bool undone() const { return undone_.has_value(); }
@@ -59,7 +64,10 @@ class Connection {
   void abandon() noexcept;
 
  private:
-  sqlite3_stmt* prepare(const QByteArray& source, PreparedStatement*& prepared);
+  PreparedStatement& prepare(const Statement& statement);
+  [[noreturn]] void refuse(const Statement& statement);
+  void beginTime();
+  void writeByJournal();
   void bind(sqlite3_stmt* statement) const;
   void catchUp();
   void command(const std::string& sql);
@@ -70,21 +78,24 @@ class Connection {
   [[noreturn]] void failed(const Errore& error);
   void set(int level) noexcept;
   void release() noexcept;
-  void leave(bool participated) noexcept;
 
   sqlite3* db_;
   QString path_;
-  std::shared_ptr<Transactions> transactions_;
+  std::shared_ptr<WorkspaceState> workspace_;
   Dictionary dictionary_;
   StatementCache statements_;
   StatementShapes shapes_;
-  /// Of the last statement; in one of the moulds.
+  /// Of the last statement; in one of the shapes.
   const Translation* translation_ = nullptr;
+  /// The statement that is under way; its parameters' windows look into it.
+  QByteArray source_;
   int level_ = 0;
+  bool byJournal_ = false;
+  std::chrono::steady_clock::time_point deadline_;
   std::optional<Errore> undone_;
 };
 
 /// Opens an existing file. Throws as Workspace::OpenDatabase.
-std::shared_ptr<Connection> OpenConnection(const QString& path, std::shared_ptr<Transactions> transactions);
+std::shared_ptr<Connection> OpenConnection(const QString& path, std::shared_ptr<WorkspaceState> workspace);
 
 }  // namespace store

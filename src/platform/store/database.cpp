@@ -19,12 +19,16 @@ Connection& Database::live() const {
   return *connection_;
 }
 
-int Database::Execute(const QString& sql) {
-  return live().execute(sql);
+int Database::Execute(const Statement& statement) {
+  return live().execute(statement);
 }
 
-Recordset Database::OpenRecordset(const QString& sql) {
-  return Recordset(live().query(sql));
+Recordset Database::OpenRecordset(const Statement& statement) {
+  return Recordset(live().query(statement));
+}
+
+void Database::CheckIntegrity() {
+  live().checkIntegrity();
 }
 
 void Database::Close() {

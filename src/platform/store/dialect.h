@@ -16,7 +16,7 @@ class Dictionary {
  public:
   void add(std::string_view column);
   bool prefix(std::string_view column) const;
-  void empty() { columns_.clear(); }
+  void clear() { columns_.clear(); }
 
  private:
   struct Order {

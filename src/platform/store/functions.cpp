@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/store/clock.h"
+#include "platform/clock.h"
 #include "platform/store/date_time.h"
 #include "platform/store/like_pattern.h"
 
@@ -24,54 +24,49 @@ bool isNull(sqlite3_value* value) {
   return sqlite3_value_type(value) == SQLITE_NULL;
 }
 
-void reply(sqlite3_context* contesto, std::string_view answer) {
-  sqlite3_result_text(contesto, answer.data(), static_cast<int>(answer.size()), SQLITE_TRANSIENT);
+void reply(sqlite3_context* context, std::string_view answer) {
+  sqlite3_result_text(context, answer.data(), static_cast<int>(answer.size()), SQLITE_TRANSIENT);
 }
 
-void like(sqlite3_context* contesto, int, sqlite3_value** values) {
-  if (isNull(values[0]) || isNull(values[1])) return sqlite3_result_null(contesto);
+void like(sqlite3_context* context, int, sqlite3_value** values) {
+  if (isNull(values[0]) || isNull(values[1])) return sqlite3_result_null(context);
   const std::string_view pattern = text(values[0]);
-  sqlite3_result_int(contesto, MatchesPattern(pattern, text(values[1])) ? 1 : 0);
+  sqlite3_result_int(context, MatchesPattern(pattern, text(values[1])) ? 1 : 0);
 }
 
-void format(sqlite3_context* contesto, int, sqlite3_value** values) {
-  if (isNull(values[0])) return reply(contesto, "");
+void format(sqlite3_context* context, int, sqlite3_value** values) {
+  if (isNull(values[0])) return reply(context, "");
   const auto moment = ReadDateTime(text(values[0]));
-  reply(contesto, moment ? FormatDateTime(*moment, text(values[1])) : std::string(text(values[0])));
+  reply(context, moment ? FormatDateTime(*moment, text(values[1])) : std::string(text(values[0])));
 }
 
-/// A loop of statements asks for the same day thousands of times.
-void today(sqlite3_context* contesto, int, sqlite3_value**) {
-  static QDate day;
-  static std::string shape;
-  if (const QDate data = LocalToday(); data != day) {
-    day = data;
-    shape = SortableForm({data.year(), data.month(), data.day(), 0, 0, 0});
-  }
-  reply(contesto, shape);
+void today(sqlite3_context* context, int, sqlite3_value**) {
+  const QDate day = static_cast<const Clock*>(sqlite3_user_data(context))->today();
+  reply(context, SortableForm({day.year(), day.month(), day.day(), 0, 0, 0}));
 }
 
-void sortableDate(sqlite3_context* contesto, int, sqlite3_value** values) {
-  if (isNull(values[0])) return sqlite3_result_null(contesto);
+void sortableDate(sqlite3_context* context, int, sqlite3_value** values) {
+  if (isNull(values[0])) return sqlite3_result_null(context);
   const auto moment = ReadDateTime(text(values[0]));
-  if (moment) return reply(contesto, SortableForm(*moment));
+  if (moment) return reply(context, SortableForm(*moment));
   const std::string reason = "data non valida '" + std::string(text(values[0])) + "'";
-  sqlite3_result_error(contesto, reason.c_str(), -1);
+  sqlite3_result_error(context, reason.c_str(), -1);
 }
 
 using Body = void (*)(sqlite3_context*, int, sqlite3_value**);
 
-void registerFunction(sqlite3* db, const char* name, int arguments, int property, Body body) {
-  sqlite3_create_function_v2(db, name, arguments, SQLITE_UTF8 | SQLITE_INNOCUOUS | property, nullptr, body,
-                             nullptr, nullptr, nullptr);
+void registerFunction(sqlite3* db, const char* name, int arguments, int property, Body body,
+                      const void* data = nullptr) {
+  sqlite3_create_function_v2(db, name, arguments, SQLITE_UTF8 | SQLITE_INNOCUOUS | property,
+                             const_cast<void*>(data), body, nullptr, nullptr, nullptr);
 }
 
 }  // namespace
 
-void RegisterFunctions(sqlite3* db) {
+void RegisterFunctions(sqlite3* db, const Clock& clock) {
   registerFunction(db, "like", 2, SQLITE_DETERMINISTIC, like);
   registerFunction(db, "formato", 2, SQLITE_DETERMINISTIC, format);
-  registerFunction(db, "oggi", 0, 0, today);
+  registerFunction(db, "oggi", 0, 0, today, &clock);
   registerFunction(db, kDateFunction, 1, SQLITE_DETERMINISTIC, sortableDate);
 }
 

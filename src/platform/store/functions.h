@@ -1,5 +1,6 @@
 #pragma once
 
+class Clock;
 struct sqlite3;
 
 namespace store {
@@ -9,6 +10,7 @@ namespace store {
 inline constexpr char kDateFunction[] = "data_ordinabile";
 
 /// Makes the dialect's functions known to a connection: LIKE, FORMAT, DATE and data_ordinabile.
-void RegisterFunctions(sqlite3* db);
+/// `clock` tells DATE() the day and has to outlive the connection.
+void RegisterFunctions(sqlite3* db, const Clock& clock);
 
 }  // namespace store

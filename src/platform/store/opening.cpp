@@ -23,18 +23,13 @@ constexpr char kRules[] =
     "PRAGMA temp_store = MEMORY;"
     "PRAGMA foreign_keys = ON;"
     "PRAGMA synchronous = EXTRA;";
-constexpr char kJournal[] = "PRAGMA journal_mode = TRUNCATE;";
 
 void checkFile(const QString& path) {
   const QFileInfo file(path);
   if (path.isEmpty() || !file.exists())
-    throw Errore{errors::kArchiveMissing, QStringLiteral("Impossibile trovare il file '%1'.").arg(path)};
-  if (!file.isFile() || !file.isReadable())
-    throw Errore{errors::kPathAccess,
-                 QStringLiteral("Errore di accesso al percorso o al file '%1'.").arg(path)};
-  if (file.size() == 0)
-    throw Errore{errors::kNotADatabase,
-                 QStringLiteral("Formato di database non riconosciuto: '%1'.").arg(path)};
+    throw Errore{errors::kArchiveMissing, QStringLiteral("Archivio non trovato: ") + path};
+  if (!file.isFile() || !file.isReadable()) throw errors::pathAccess(path);
+  if (file.size() == 0) throw errors::notADatabase(path);
 }
 
 void protect(sqlite3* db) {
@@ -47,20 +42,28 @@ void protect(sqlite3* db) {
   sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, &ignored);
 }
 
+/// What another program has logged beside the file and not yet written into it stays there when this one
+/// closes the file.
+void keepLog(sqlite3* db, const QString& path) {
+  int ignored = 0;
+  if (QFileInfo(path + QStringLiteral("-wal")).size() > 0)
+    sqlite3_db_config(db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, &ignored);
+}
+
 }  // namespace
 
-std::shared_ptr<Connection> OpenConnection(const QString& path, std::shared_ptr<Transactions> transactions) {
+std::shared_ptr<Connection> OpenConnection(const QString& path, std::shared_ptr<WorkspaceState> workspace) {
   checkFile(path);
   Engine engine = OpenEngine(QFileInfo(path).absoluteFilePath(), SQLITE_OPEN_READWRITE);
   sqlite3* const db = engine.get();
-  auto connection = std::make_shared<Connection>(std::move(engine), path, std::move(transactions));
+  auto connection = std::make_shared<Connection>(std::move(engine), path, workspace);
   protect(db);
-  RegisterFunctions(db);
+  keepLog(db, path);
+  RegisterFunctions(db, workspace->clock);
   if (sqlite3_exec(db, kRules, nullptr, nullptr, nullptr) != SQLITE_OK)
     throw EngineError(db, Moment::Opening);
   connection->readSchema();
-  if (sqlite3_exec(db, kJournal, nullptr, nullptr, nullptr) != SQLITE_OK)
-    throw EngineError(db, Moment::Opening);
+  connection->settleJournal();
   open_connections::add(connection.get());
   return connection;
 }

@@ -9,6 +9,9 @@ namespace store {
 
 namespace {
 
+/// The largest archive needs a hundredth of it; a query without end comes to it before the computer's memory.
+constexpr std::size_t kMaxResult = std::size_t{512} * 1024 * 1024;
+
 std::vector<QString> names(sqlite3_stmt* statement) {
   const int count = sqlite3_column_count(statement);
   std::vector<QString> result;
@@ -54,24 +57,24 @@ int readRows(const PreparedStatement& prepared, RowSet& rows) {
     for (int i = 0; i < rows.columns(); ++i)
       readCell(sqlite3_column_value(prepared.statement, i), prepared.dateColumns[static_cast<std::size_t>(i)],
                rows, cells[i]);
+    if (rows.bytes() > kMaxResult) throw errors::memoryExhausted();
   }
   return outcome;
 }
 
 }  // namespace
 
-std::shared_ptr<const RowSet> Connection::query(const QString& sql) {
-  const QByteArray source = sql.toUtf8();
-  PreparedStatement* prepared = nullptr;
-  sqlite3_stmt* const statement = prepare(source, prepared);
+std::shared_ptr<const RowSet> Connection::query(const Statement& wanted) {
+  PreparedStatement& prepared = prepare(wanted);
+  sqlite3_stmt* const statement = prepared.statement;
   if (sqlite3_column_count(statement) == 0)
     throw Errore{errors::kNoRows,
                  QStringLiteral("Operazione non valida: l'istruzione non restituisce record.")};
   if (!undone_) catchUp();
   const StatementReset reset(statement);
-  const auto rows = std::make_shared<RowSet>(names(statement), prepared->footprint);
-  if (readRows(*prepared, *rows) != SQLITE_DONE) failed(EngineError(db_, Moment::Statement));
-  prepared->footprint = rows->footprint();
+  const auto rows = std::make_shared<RowSet>(names(statement), prepared.footprint);
+  if (readRows(prepared, *rows) != SQLITE_DONE) failed(EngineError(db_, Moment::Statement));
+  prepared.footprint = rows->footprint();
   return rows;
 }
 

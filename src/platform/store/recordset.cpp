@@ -8,12 +8,6 @@ namespace {
 [[noreturn]] void noCurrentRecord() {
   throw Errore{errors::kNoCurrentRecord, QStringLiteral("Nessun record corrente.")};
 }
-[[noreturn]] void nullValue() {
-  throw Errore{errors::kNullValue, QStringLiteral("Utilizzo non valido di Null")};
-}
-[[noreturn]] void typeMismatch() {
-  throw Errore{errors::kTypeMismatch, QStringLiteral("Tipo non corrispondente")};
-}
 
 [[noreturn]] void noSuchField(const QString& name) {
   throw Errore{errors::kNoSuchField,
@@ -53,8 +47,12 @@ int Recordset::columns() const {
   return rows_->columns();
 }
 
+int Recordset::place(const QString& name) const {
+  return rows_->column(name);
+}
+
 int Recordset::column(const QString& name) const {
-  const int position = rows_->column(name);
+  const int position = place(name);
   if (position < 0) noSuchField(name);
   return position;
 }
@@ -83,15 +81,15 @@ Value Recordset::field(int column) const {
 std::int64_t Recordset::int64(int column) const {
   const RowSet::Cell& cell = current(*rows_, row_, column);
   if (cell.kind == RowSet::Kind::Integer) return cell.integer;
-  if (cell.kind == RowSet::Kind::Null) nullValue();
-  if (cell.kind == RowSet::Kind::Text) typeMismatch();
+  if (cell.kind == RowSet::Kind::Null) throw errors::nullValue();
+  if (cell.kind == RowSet::Kind::Text) throw errors::typeMismatch();
   return Value(cell.real).int64();
 }
 
 std::string_view Recordset::utf8(int column) const {
   const RowSet::Cell& cell = current(*rows_, row_, column);
-  if (cell.kind == RowSet::Kind::Null) nullValue();
-  if (cell.kind != RowSet::Kind::Text) typeMismatch();
+  if (cell.kind == RowSet::Kind::Null) throw errors::nullValue();
+  if (cell.kind != RowSet::Kind::Text) throw errors::typeMismatch();
   return rows_->text(cell);
 }
 

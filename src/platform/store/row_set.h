@@ -31,6 +31,8 @@ class RowSet {
 
   int columns() const { return static_cast<int>(names_.size()); }
   int rows() const { return rows_; }
+  /// What the rows take in memory.
+  std::size_t bytes() const { return cells_.size() * sizeof(Cell) + texts_.size(); }
   Footprint footprint() const { return {cells_.size(), texts_.size()}; }
   /// Position of a name, letter case aside; -1 if there is none.
   int column(const QString& name) const;

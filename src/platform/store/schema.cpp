@@ -96,7 +96,7 @@ bool IsDateType(std::string_view kind) {
 
 bool ReadSchema(sqlite3* db, Dictionary& dictionary) {
   std::vector<Column> columns;
-  dictionary.empty();
+  dictionary.clear();
   if (!readColumns(db, columns)) return false;
   fillDictionary(db, columns, dictionary);
   for (const Column& column : columns)

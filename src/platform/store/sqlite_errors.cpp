@@ -77,20 +77,8 @@ bool diskIsFull(int errno_) {
   return errno_ == ENOSPC || errno_ == EFBIG || errno_ == EDQUOT;
 }
 
-Errore fullError() {
-  return {errors::kDiskFull, QStringLiteral("Disco pieno.")};
-}
-
 Errore readOnlyError() {
   return {errors::kReadOnly, QStringLiteral("Operazione non consentita: il database è di sola lettura.")};
-}
-
-Errore accessError() {
-  return {errors::kPathAccess, QStringLiteral("Errore di accesso al percorso o al file.")};
-}
-
-Errore notDatabaseError() {
-  return {errors::kNotADatabase, QStringLiteral("Formato di database non riconosciuto.")};
 }
 
 /// Failures that the message alone tells apart.
@@ -131,23 +119,25 @@ Errore EngineError(sqlite3* db, Moment moment) {
     case SQLITE_LOCKED:
       return {errors::kLocked, QStringLiteral("Il database è bloccato da un altro programma.")};
     case SQLITE_READONLY:
-      return moment == Moment::Opening ? accessError() : readOnlyError();
+      return moment == Moment::Opening ? errors::pathAccess() : readOnlyError();
     // The journal cannot be made beside the file: the folder is read-only.
     case SQLITE_CANTOPEN:
-      return moment == Moment::Opening ? accessError() : readOnlyError();
+      return moment == Moment::Opening ? errors::pathAccess() : readOnlyError();
     case SQLITE_PERM:
     case SQLITE_AUTH:
-      return accessError();
+      return errors::pathAccess();
+    case SQLITE_INTERRUPT:
+      return {errors::kTooLong, QStringLiteral("Operazione interrotta: durava oltre ogni limite.")};
     case SQLITE_FULL:
-      return fullError();
+      return errors::diskFull();
     case SQLITE_IOERR:
-      if (diskIsFull(sqlite3_system_errno(db))) return fullError();
+      if (diskIsFull(sqlite3_system_errno(db))) return errors::diskFull();
       return {errors::kDiskError, QStringLiteral("Errore di lettura o scrittura sul disco.")};
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
-      return notDatabaseError();
+      return errors::notADatabase();
     case SQLITE_NOMEM:
-      return {errors::kMemoryExhausted, QStringLiteral("Memoria esaurita.")};
+      return errors::memoryExhausted();
     case SQLITE_TOOBIG:
       return {errors::kTextTooLong, QStringLiteral("Il testo è troppo lungo.")};
     case SQLITE_MISMATCH:

@@ -39,13 +39,20 @@ PreparedStatement* StatementCache::take(sqlite3* db, std::string_view sql) {
   return &recent_.front().prepared;
 }
 
+bool StatementCache::Compiles(sqlite3* db, std::string_view sql) {
+  sqlite3_stmt* statement = nullptr;
+  const int outcome = sqlite3_prepare_v2(db, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);
+  sqlite3_finalize(statement);
+  return outcome == SQLITE_OK;
+}
+
 void StatementCache::evict() {
   byText_.erase(recent_.back().sql);
   sqlite3_finalize(recent_.back().prepared.statement);
   recent_.pop_back();
 }
 
-void StatementCache::empty() {
+void StatementCache::clear() {
   while (!recent_.empty()) evict();
 }
 

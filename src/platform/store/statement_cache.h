@@ -39,13 +39,15 @@ class StatementReset {
 class StatementCache {
  public:
   explicit StatementCache(std::size_t capacity) : capacity_(capacity) {}
-  ~StatementCache() { empty(); }
+  ~StatementCache() { clear(); }
   StatementCache(const StatementCache&) = delete;
   StatementCache& operator=(const StatementCache&) = delete;
 
   /// Null where the engine refuses the text; its error stands in the connection.
   PreparedStatement* take(sqlite3* db, std::string_view sql);
-  void empty();
+  void clear();
+  /// Whether the engine takes the text; its error stands in the connection where it does not.
+  static bool Compiles(sqlite3* db, std::string_view sql);
   std::size_t count() const { return byText_.size(); }
 
  private:

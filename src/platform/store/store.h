@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QString>
+#include <chrono>
 #include <memory>
 
+#include "platform/clock.h"
 #include "platform/error.h"
+#include "platform/store/statement.h"
 #include "platform/store/value.h"
 
 /// The relational store: SQL texts of the callers' dialect over one file a database.
@@ -33,6 +36,8 @@ class Recordset {
   Value field(int column) const;
   /// Position of a column, to be looked up once before a loop. Throws 3265.
   int column(const QString& name) const;
+  /// The same, -1 for a column that the query lacks.
+  int place(const QString& name) const;
   int columns() const;
 
   /// Fast readers by position, no conversion: for loops over thousands of rows. Null throws 94.
@@ -57,9 +62,14 @@ class Database {
   bool isOpen() const;
   QString path() const;
   /// Runs one statement that returns no rows. Returns the number of rows it touched.
-  int Execute(const QString& sql);
-  Recordset OpenRecordset(const QString& sql);
-  /// Closes the file for every copy of the handle. A transaction that a command left open is committed.
+  int Execute(const Statement& statement);
+  int Execute(Wording whole) { return Execute(Statement(whole)); }
+  Recordset OpenRecordset(const Statement& statement);
+  Recordset OpenRecordset(Wording whole) { return OpenRecordset(Statement(whole)); }
+  /// Throws 3343 for a damaged file, and nothing else: what long work asks before it writes on an archive. A
+  /// millisecond for 5000 articles.
+  void CheckIntegrity();
+  /// Closes the file for every copy of the handle. What is open of a transaction is committed.
   /// Closing a closed handle throws Errore 3420 no more than once: it does nothing.
   void Close();
 
@@ -69,13 +79,16 @@ class Database {
   std::shared_ptr<Connection> connection_;
 };
 
-/// The default workspace: transactions over every database opened through it.
-///
-/// A begin inside an open transaction of the same command is a savepoint. A transaction that an earlier
-/// command left open is committed by the next command's first begin: `NewCommand` draws the line.
+/// How long a statement may run: longer than any of the program's takes on the slowest disk. One that goes on
+/// for ever, in a foreign or forged file, is ended with Errore 3059.
+inline constexpr std::chrono::milliseconds kStatementLimit{20000};
+
+/// The default workspace: transactions over every database opened through it. A begin inside an open
+/// transaction is a savepoint.
 class Workspace {
  public:
-  Workspace();
+  /// `clock` tells DATE() the day and has to outlive the workspace.
+  explicit Workspace(const Clock& clock = systemClock(), std::chrono::milliseconds limit = kStatementLimit);
   ~Workspace();
   Workspace(const Workspace&) = delete;
   Workspace& operator=(const Workspace&) = delete;
@@ -93,8 +106,9 @@ class Workspace {
   void Rollback();
   /// Nesting depth, 0 with no transaction open.
   int level() const;
-  /// Marks the start of a command entered from the event loop.
-  void NewCommand();
+  /// Commits what stands open beyond a level: of a transaction that a procedure neither committed nor undid.
+  /// Undoes it where the store has undone a part by itself, or the commit fails, which is thrown.
+  void CommitDownTo(int level);
 
   /// Undoes every open transaction and closes every database: the end of the process.
   void Abandon();
@@ -102,6 +116,27 @@ class Workspace {
  private:
   struct Impl;
   std::unique_ptr<Impl> impl_;
+};
+
+/// A unit of work that undoes itself unless it was committed: whatever ends it, a failed commit too, leaves
+/// the archive as before or as after, never between.
+class Transaction {
+ public:
+  /// Begins it; throws what BeginTrans throws.
+  explicit Transaction(Workspace& workspace);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  /// If this throws, the transaction still has to be undone.
+  void Commit();
+  /// Undoes it, once; nothing after `Commit`.
+  void Rollback();
+
+ private:
+  Workspace& workspace_;
+  int level_;
+  bool open_ = true;
 };
 
 /// Copies a template over `target`, durably and whole or not at all. Throws 53 (no source), 61, 70, 75.

@@ -14,33 +14,24 @@ constexpr double kExactIntegers = 9007199254740992.0;
 constexpr double kLimit64 = 9223372036854775808.0;
 constexpr int kSignificantDigits = 15;
 
-[[noreturn]] void nullValue() {
-  throw Errore{errors::kNullValue, QStringLiteral("Utilizzo non valido di Null")};
-}
-[[noreturn]] void typeMismatch() {
-  throw Errore{errors::kTypeMismatch, QStringLiteral("Tipo non corrispondente")};
-}
-[[noreturn]] void overflow() {
-  throw Errore{errors::kOverflow, QStringLiteral("Overflow")};
-}
-
 double numberFromText(const QString& text) {
   bool succeeded = false;
   const double value = text.trimmed().toDouble(&succeeded);
-  if (!succeeded || !std::isfinite(value)) typeMismatch();
+  if (!succeeded || !std::isfinite(value)) throw errors::typeMismatch();
   return value;
 }
 
 /// Halves go to the even neighbour, as the conversions of the callers expect.
 std::int64_t rounded(double value) {
   const double int32 = std::nearbyint(value);
-  if (!(int32 >= -kLimit64 && int32 < kLimit64)) overflow();
+  if (!(int32 >= -kLimit64 && int32 < kLimit64)) throw errors::overflow();
   return static_cast<std::int64_t>(int32);
 }
 
 template <typename Integer>
 Integer narrowed(std::int64_t value) {
-  if (value < std::numeric_limits<Integer>::min() || value > std::numeric_limits<Integer>::max()) overflow();
+  if (value < std::numeric_limits<Integer>::min() || value > std::numeric_limits<Integer>::max())
+    throw errors::overflow();
   return static_cast<Integer>(value);
 }
 
@@ -53,14 +44,14 @@ QString realText(double value) {
 }  // namespace
 
 QString Value::text() const {
-  if (isNull()) nullValue();
+  if (isNull()) throw errors::nullValue();
   if (const auto* int32 = std::get_if<std::int64_t>(&value_)) return QString::number(*int32);
   if (const auto* real = std::get_if<double>(&value_)) return realText(*real);
   return std::get<QString>(value_);
 }
 
 std::int64_t Value::int64() const {
-  if (isNull()) nullValue();
+  if (isNull()) throw errors::nullValue();
   if (const auto* int32 = std::get_if<std::int64_t>(&value_)) return *int32;
   if (const auto* real = std::get_if<double>(&value_)) return rounded(*real);
   const QString& text = std::get<QString>(value_);
@@ -78,7 +69,7 @@ std::int16_t Value::int16() const {
 }
 
 double Value::real() const {
-  if (isNull()) nullValue();
+  if (isNull()) throw errors::nullValue();
   if (const auto* int32 = std::get_if<std::int64_t>(&value_)) return static_cast<double>(*int32);
   if (const auto* real = std::get_if<double>(&value_)) return *real;
   return numberFromText(std::get<QString>(value_));

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "platform/store/connection.h"
@@ -7,16 +8,19 @@
 namespace store {
 
 struct Workspace::Impl {
-  std::shared_ptr<Transactions> transactions = std::make_shared<Transactions>();
+  Impl(const Clock& clock, std::chrono::milliseconds limit)
+      : state(std::make_shared<WorkspaceState>(WorkspaceState{clock, limit})) {}
+
+  std::shared_ptr<WorkspaceState> state;
   std::vector<std::weak_ptr<Connection>> connections;
 
-  int& level() { return transactions->level; }
+  int& level() { return state->level; }
   void forgetReleased();
   std::vector<std::shared_ptr<Connection>> open();
   void commit();
   void rollback();
-  void commitAll();
-  void rollbackAll();
+  void commitDownTo(int target);
+  void rollbackDownTo(int target);
 };
 
 void Workspace::Impl::forgetReleased() {
@@ -46,40 +50,35 @@ void Workspace::Impl::rollback() {
   for (const auto& connection : open()) connection->rollback(cancelled);
 }
 
-void Workspace::Impl::rollbackAll() {
-  while (level() > 0) rollback();
+void Workspace::Impl::rollbackDownTo(int target) {
+  while (level() > target) rollback();
 }
 
-void Workspace::Impl::commitAll() {
-  const auto live = open();
-  const bool undone = std::any_of(live.begin(), live.end(), [](const auto& c) { return c->undone(); });
-  if (undone) return rollbackAll();
+void Workspace::Impl::commitDownTo(int target) {
   try {
-    while (level() > 0) commit();
+    while (level() > target) commit();
   } catch (const Errore&) {
-    rollbackAll();
+    rollbackDownTo(target);
     throw;
   }
 }
 
-Workspace::Workspace() : impl_(std::make_unique<Impl>()) {}
+Workspace::Workspace(const Clock& clock, std::chrono::milliseconds limit)
+    : impl_(std::make_unique<Impl>(clock, limit)) {}
 
 Workspace::~Workspace() {
   Abandon();
 }
 
 Database Workspace::OpenDatabase(const QString& path) {
-  auto connection = OpenConnection(path, impl_->transactions);
+  auto connection = OpenConnection(path, impl_->state);
   impl_->forgetReleased();
   impl_->connections.push_back(connection);
   return Database(std::move(connection));
 }
 
 void Workspace::BeginTrans() {
-  Transactions& transactions = *impl_->transactions;
-  if (transactions.level > 0 && transactions.ofAnotherCommand()) impl_->commitAll();
-  if (transactions.level == 0) transactions.firstCommand = transactions.command;
-  ++transactions.level;
+  ++impl_->level();
 }
 
 void Workspace::CommitTrans() {
@@ -98,13 +97,36 @@ int Workspace::level() const {
   return impl_->level();
 }
 
-void Workspace::NewCommand() {
-  ++impl_->transactions->command;
+void Workspace::CommitDownTo(int level) {
+  impl_->commitDownTo(level);
 }
 
 void Workspace::Abandon() {
   for (const auto& connection : impl_->open()) connection->abandon();
   impl_->level() = 0;
+}
+
+Transaction::Transaction(Workspace& workspace) : workspace_(workspace) {
+  workspace_.BeginTrans();
+  level_ = workspace_.level();
+}
+
+Transaction::~Transaction() {
+  try {
+    Rollback();
+  } catch (const Errore&) {
+    open_ = false;  // the store has nothing left to undo: it did so by itself
+  }
+}
+
+void Transaction::Commit() {
+  workspace_.CommitTrans();
+  open_ = false;
+}
+
+void Transaction::Rollback() {
+  if (!std::exchange(open_, false)) return;
+  if (workspace_.level() >= level_) workspace_.Rollback();
 }
 
 }  // namespace store

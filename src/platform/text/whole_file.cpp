@@ -1,29 +1,38 @@
 #include "platform/text/whole_file.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include "platform/error.h"
 
 namespace {
 
-[[noreturn]] void notWritten(const QSaveFile& file, int number) {
-  throw Errore{number, QStringLiteral("Impossibile scrivere il file ") +
-                           QDir::toNativeSeparators(file.fileName()) + QStringLiteral(": ") +
-                           file.errorString()};
-}
-
-int openingNumber(const QString& path) {
-  return QFileInfo(path).absoluteDir().exists() ? errors::kPathAccess : errors::kPathMissing;
+Errore cannotOpen(const QString& path) {
+  return QFileInfo(path).absoluteDir().exists() ? errors::pathAccess(path) : errors::pathMissing(path);
 }
 
 }  // namespace
 
-void WriteWholeFile(const QString& path, const QByteArray& byte) {
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) notWritten(file, openingNumber(path));
-  // On a full disk the commit alone would succeed and put a stump in the old file's place.
-  if (file.write(byte) != byte.size() || !file.flush()) notWritten(file, errors::kDiskFull);
-  if (!file.commit()) notWritten(file, errors::kPathAccess);
+QByteArray ReadWholeFile(const QString& path, qsizetype most) {
+  const QFileInfo entry(path);
+  if (!entry.exists()) throw errors::fileMissing(path);
+  QFile file(path);
+  if (!entry.isFile() || !file.open(QIODevice::ReadOnly)) throw errors::pathAccess(path);
+  const QByteArray bytes = file.read(most + 1);
+  if (file.error() != QFileDevice::NoError) throw errors::pathAccess(path);
+  if (bytes.size() > most) throw errors::pastEnd(path);
+  return bytes;
+}
+
+void WriteWholeFile(const QString& path, const QByteArray& bytes, TemporaryFile::Durability durability) {
+  TemporaryFile file(RealTarget(path));
+  file.write(bytes);
+  file.settle(durability);
+}
+
+void AppendToFile(const QString& path, const QByteArray& bytes) {
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) throw cannotOpen(path);
+  if (file.write(bytes) != bytes.size()) throw errors::diskFull(path);
 }

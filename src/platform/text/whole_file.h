@@ -3,6 +3,17 @@
 #include <QByteArray>
 #include <QString>
 
-/// Writes a file whole or not at all: on a failure what stood there before stays, or nothing does. Throws
-/// Errore 61 (disk full), 75 (not allowed) or 76 (no such folder), which name the file.
-void WriteWholeFile(const QString& path, const QByteArray& byte);
+#include "platform/text/temporary_file.h"
+
+/// Files read and written in one go. Each failure throws an Errore that names the file: 53 (no such file), 61
+/// (disk full), 62 (longer than allowed), 75 (not allowed, or no regular file) or 76 (no such folder).
+
+/// All bytes of a regular file of at most `most` bytes. A pipe or a device would hold the program up, or
+/// never end: 75.
+QByteArray ReadWholeFile(const QString& path, qsizetype most);
+/// Writes a file whole or not at all: on a failure what stood there before stays, or nothing does. Follows a
+/// link, so that a list kept elsewhere stays where it is.
+void WriteWholeFile(const QString& path, const QByteArray& bytes,
+                    TemporaryFile::Durability durability = TemporaryFile::Durability::Kept);
+/// Adds to the end of a file, which is made if it is missing.
+void AppendToFile(const QString& path, const QByteArray& bytes);

@@ -15,14 +15,6 @@
 #include "platform/ui/file_dialog.h"
 #include "platform/ui/message_box.h"
 
-namespace {
-
-Errore missing(const QString& file) {
-  return {errors::kFileMissing, QStringLiteral("File non trovato: ") + file};
-}
-
-}  // namespace
-
 DesktopUser::DesktopUser(std::function<void()> close) : close_(std::move(close)) {}
 
 Answer DesktopUser::MsgBox(const QString& text, Icon icon, const QString& title, Buttons buttons) {
@@ -57,13 +49,13 @@ QString DesktopUser::ClipboardText() {
 }
 
 void DesktopUser::StartProgram(const QString& program, const QStringList& arguments) {
-  if (!QProcess::startDetached(program, arguments)) throw missing(program);
+  if (!QProcess::startDetached(program, arguments)) throw errors::fileMissing(program);
 }
 
 void DesktopUser::OpenWithDesktop(const QString& file) {
   const QFileInfo entry(file);
   if (!entry.exists() || !QDesktopServices::openUrl(QUrl::fromLocalFile(entry.absoluteFilePath())))
-    throw missing(file);
+    throw errors::fileMissing(file);
 }
 
 void DesktopUser::Terminate() {

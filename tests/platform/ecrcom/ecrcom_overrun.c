@@ -6,8 +6,8 @@
 
 int16_t ecr_command(char* ip, char* file, int32_t mode, char* buffer, int32_t buffer_length) {
   char detto[200];
-  const int length = snprintf(detto, sizeof detto, "ip=%s,file=%s,modo=%d,lunghezza=%d", ip, file,
-                                 (int)mode, (int)buffer_length);
+  const int length = snprintf(detto, sizeof detto, "ip=%s,file=%s,modo=%d,lunghezza=%d", ip, file, (int)mode,
+                              (int)buffer_length);
   memcpy(buffer, detto, (size_t)length);
   buffer[buffer_length] = '\0'; /* one too many */
   ip[0] = '9';

@@ -7,8 +7,8 @@
 
 namespace {
 
-const QString kBuona = QStringLiteral(LIBRARIES_FOLDER "/ecrcom_prova");
-const QString kVuota = QStringLiteral(LIBRARIES_FOLDER "/ecrcom_vuota");
+const QString kBuona = QStringLiteral(LIBRARIES_FOLDER "/ecrcom_overrun");
+const QString kVuota = QStringLiteral(LIBRARIES_FOLDER "/ecrcom_empty");
 
 template <typename Passo>
 Errore erroreDi(Passo passo) {
@@ -23,23 +23,23 @@ Errore erroreDi(Passo passo) {
 
 }  // namespace
 
-TEST(LibreriaEcr, LAssenzaDellaLibreriaEErrore53ConIlSuoNome) {
+TEST(EcrLibrary, LAssenzaDellaLibreriaEErrore53ConIlSuoNome) {
   const TemporaryFolder cartella;
-  LibreriaEcr libreria(cartella.path());
+  EcrLibrary libreria(cartella.path());
   const Errore errore = erroreDi([&] { libreria.ecr_get_err(1); });
   EXPECT_EQ(errore.numero, errors::kFileMissing);
   EXPECT_EQ(errore.descrizione, QStringLiteral("File non trovato: libecrcom.so"));
 }
 
-TEST(LibreriaEcr, UnFileCheNonEUnaLibreriaEErrore53) {
+TEST(EcrLibrary, UnFileCheNonEUnaLibreriaEErrore53) {
   const TemporaryFolder cartella;
   cartella.write(QStringLiteral("libecrcom.so"), "testo");
-  LibreriaEcr libreria(cartella.path());
+  EcrLibrary libreria(cartella.path());
   EXPECT_EQ(erroreDi([&] { libreria.ecr_conn_xonxoff_ntw("127.0.0.1"); }).numero, errors::kFileMissing);
 }
 
-TEST(LibreriaEcr, UnIngressoMancanteEErrore453ConIlSuoNome) {
-  LibreriaEcr libreria(kVuota);
+TEST(EcrLibrary, UnIngressoMancanteEErrore453ConIlSuoNome) {
+  EcrLibrary libreria(kVuota);
   const Errore errore = erroreDi([&] { libreria.ecr_date_decode(1, 2, 2011); });
   EXPECT_EQ(errore.numero, errors::kEntryPointMissing);
   EXPECT_TRUE(errore.descrizione.contains(QStringLiteral("ecr_date_decode")))
@@ -48,17 +48,17 @@ TEST(LibreriaEcr, UnIngressoMancanteEErrore453ConIlSuoNome) {
       << errore.descrizione.toStdString();
 }
 
-TEST(LibreriaEcr, LaLibreriaSiCaricaAllaPrimaChiamataENonPrima) {
+TEST(EcrLibrary, LaLibreriaSiCaricaAllaPrimaChiamataENonPrima) {
   const TemporaryFolder cartella;
-  LibreriaEcr libreria(cartella.path());
+  EcrLibrary libreria(cartella.path());
   EXPECT_EQ(erroreDi([&] { libreria.ecr_get_err(1); }).numero, errors::kFileMissing);
   ASSERT_TRUE(
       QFile::copy(kBuona + QStringLiteral("/libecrcom.so"), cartella.file(QStringLiteral("libecrcom.so"))));
   EXPECT_EQ(libreria.ecr_conn_xonxoff_ntw("127.0.0.1"), 9);
 }
 
-TEST(LibreriaEcr, IlComandoPassaERiprendeITreTesti) {
-  LibreriaEcr libreria(kBuona);
+TEST(EcrLibrary, IlComandoPassaERiprendeITreTesti) {
+  EcrLibrary libreria(kBuona);
   QByteArray ip("127.0.0.1");
   QByteArray file("plu.bin");
   QByteArray buffer(256, ' ');
@@ -68,8 +68,8 @@ TEST(LibreriaEcr, IlComandoPassaERiprendeITreTesti) {
   EXPECT_EQ(buffer, QByteArray("ip=127.0.0.1,file=plu.bin,modo=6,lunghezza=256").leftJustified(256, ' '));
 }
 
-TEST(LibreriaEcr, IlComandoRiportaIlCodiceDellaLibreria) {
-  LibreriaEcr libreria(kBuona);
+TEST(EcrLibrary, IlComandoRiportaIlCodiceDellaLibreria) {
+  EcrLibrary libreria(kBuona);
   QByteArray ip;
   QByteArray file;
   QByteArray buffer(256, ' ');
@@ -77,14 +77,14 @@ TEST(LibreriaEcr, IlComandoRiportaIlCodiceDellaLibreria) {
   EXPECT_EQ(ip.size(), 0) << "an empty text stays empty whatever the library writes behind it";
 }
 
-TEST(LibreriaEcr, IlMessaggioNonPassaLaLunghezzaChiesta) {
-  LibreriaEcr libreria(kBuona);
+TEST(EcrLibrary, IlMessaggioNonPassaLaLunghezzaChiesta) {
+  EcrLibrary libreria(kBuona);
   EXPECT_EQ(libreria.ecr_get_err(-7), QByteArray("-7").leftJustified(81, ' '));
   EXPECT_EQ(libreria.ecr_get_err(-7, 80), QByteArray("-7").leftJustified(80, ' '));
 }
 
-TEST(LibreriaEcr, LeChiamateDellaConnessioneARetePassanoIValori) {
-  LibreriaEcr libreria(kBuona);
+TEST(EcrLibrary, LeChiamateDellaConnessioneARetePassanoIValori) {
+  EcrLibrary libreria(kBuona);
   EXPECT_EQ(libreria.ecr_disc_xonxoff_ntw(4), 5);
   QByteArray testo("ABC");
   EXPECT_EQ(libreria.ecr_send_xonxoff_ntw(3, testo), 3);
@@ -95,8 +95,8 @@ TEST(LibreriaEcr, LeChiamateDellaConnessioneARetePassanoIValori) {
   EXPECT_EQ(libreria.ecr_recv_xonxoff_ntw(3, buffer, 1), -1);
 }
 
-TEST(LibreriaEcr, LeDatePassanoNeiDueSensi) {
-  LibreriaEcr libreria(kBuona);
+TEST(EcrLibrary, LeDatePassanoNeiDueSensi) {
+  EcrLibrary libreria(kBuona);
   EXPECT_EQ(libreria.ecr_date_decode(24, 11, 2011), 20111124u);
   EXPECT_EQ(libreria.ecr_dates_decode(24, 11), 1124u);
   EXPECT_EQ(libreria.ecr_time_decode(1, 2, 3), 10203u);

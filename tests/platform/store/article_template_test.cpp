@@ -1,4 +1,5 @@
 #include "platform/store/test_archive.h"
+#include "sostegno/statements.h"
 
 using ModelloArticoli = ArchiveOfTry;
 
@@ -40,8 +41,8 @@ TEST_F(ModelloArticoli, TestiTroppoLunghiPerLaColonna) {
   EXPECT_EQ(numberOf("INSERT INTO TAB_VARIAZIONI (Codice_EAN,TipoOperazione) Values ('1','IU');"), 3163);
   const QString lunga(256, QLatin1Char('x'));
   EXPECT_EQ(numberError([&] {
-              archive_.Execute(
-                  QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione = '%1' WHERE auto_id=1").arg(lunga));
+              archive_.Execute(asWritten(
+                  QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione = '%1' WHERE auto_id=1").arg(lunga)));
             }),
             3163);
 }

@@ -84,8 +84,7 @@ TEST_F(Copia, DiUnArchivioApertoPassaPerIlMotore) {
   const QString altro = folder_.file(QStringLiteral("altro.mdb"));
   EXPECT_EQ(copia(path_, altro), 0);
   store::Database copiato = workspace_.OpenDatabase(altro);
-  EXPECT_EQ(copiato.OpenRecordset(QStringLiteral("SELECT Prezzo from TAB_ARTICOLI where auto_id=1")).int64(0),
-            5);
+  EXPECT_EQ(copiato.OpenRecordset(u"SELECT Prezzo from TAB_ARTICOLI where auto_id=1").int64(0), 5);
   EXPECT_EQ(copia(path_, path_), 70);
 }
 
@@ -112,8 +111,8 @@ TEST(CopiaPerPrima, UnaCopiaSopraUnGiornaleNonCambiaLOrdineDelleTabelle) {
   store::CopyArchive(modello, nuovo);
   store::Workspace area;
   store::Database archivio = area.OpenDatabase(nuovo);
-  archivio.Execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_EAN = 'ZZZ' WHERE auto_id=1"));
-  EXPECT_EQ(archivio.OpenRecordset(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI ")).utf8(0), "ZZZ");
+  archivio.Execute(u"UPDATE TAB_ARTICOLI SET Codice_EAN = 'ZZZ' WHERE auto_id=1");
+  EXPECT_EQ(archivio.OpenRecordset(u"SELECT Codice_EAN from TAB_ARTICOLI ").utf8(0), "ZZZ");
 }
 
 }  // namespace

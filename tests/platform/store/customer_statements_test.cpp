@@ -1,6 +1,7 @@
 // The statements on customers and invoices, as their callers word them.
 
 #include "platform/store/test_archive.h"
+#include "sostegno/statements.h"
 
 namespace {
 
@@ -22,9 +23,9 @@ class IstruzioniClienti : public ArchiveOfTry {
     run("INSERT INTO TAB_ANAG_CLIENTI VALUES (0,'','','','','',1)");
   }
   void fattura(const char* momento) {
-    archive_.Execute(
+    archive_.Execute(asWritten(
         QStringLiteral("INSERT INTO TAB_FATTURE VALUES (0,'2024/17',' 1','%1',0,12200,10000,2200,'ROSSI')")
-            .arg(QString::fromUtf8(momento)));
+            .arg(QString::fromUtf8(momento))));
   }
 };
 

@@ -6,6 +6,7 @@
 #include "platform/store/other_process.h"
 #include "platform/store/test_archive.h"
 #include "platform/store/test_vfs.h"
+#include "sostegno/statements.h"
 
 namespace {
 
@@ -28,16 +29,15 @@ class Durata : public ArchiveOfTry {
   static void modifica(store::Workspace& area, store::Database& archivio) {
     area.BeginTrans();
     for (int casella = 1; casella <= kRigheTransazione; ++casella)
-      archivio.Execute(modificaDi(casella * kPassoCaselle));
+      archivio.Execute(asWritten(modificaDi(casella * kPassoCaselle)));
     area.CommitTrans();
   }
   /// Rows that bear the new price: all or none, whatever happened.
   int righeModificate() {
     store::Workspace area;
     store::Database archivio = area.OpenDatabase(path_);
-    EXPECT_EQ(archivio.OpenRecordset(QStringLiteral("SELECT auto_id from TAB_ARTICOLI")).RecordCount(), 5000);
-    return archivio.OpenRecordset(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Prezzo = 7"))
-        .RecordCount();
+    EXPECT_EQ(archivio.OpenRecordset(u"SELECT auto_id from TAB_ARTICOLI").RecordCount(), 5000);
+    return archivio.OpenRecordset(u"SELECT auto_id from TAB_ARTICOLI where Prezzo = 7").RecordCount();
   }
   bool integro() {
     sqlite3* db = nullptr;
@@ -64,10 +64,10 @@ TEST_F(Durata, UnaRigaECinquantamilaCostanoLeStesseSincronizzazioni) {
   vfs.clear();
   workspace_.BeginTrans();
   for (int riga = 0; riga < 50000; ++riga)
-    archive_.Execute(
+    archive_.Execute(asWritten(
         QStringLiteral(
             "INSERT INTO TAB_VENDUTO VALUES ('20240305',%1,'ART%1','EAN%1','ARTICOLO NUMERO %1',%1,0,1)")
-            .arg(riga));
+            .arg(riga)));
   EXPECT_EQ(vfs.sincronizzazioni(), 0);
   workspace_.CommitTrans();
   EXPECT_EQ(vfs.sincronizzazioni(), kSincronizzazioni);
@@ -79,7 +79,7 @@ TEST_F(Durata, UnProgrammaUccisoAMetaLasciaLoStatoDiPrima) {
     auto* area = new store::Workspace;
     auto* archivio = new store::Database(area->OpenDatabase(path_));
     area->BeginTrans();
-    for (int casella = 1; casella <= 5000; ++casella) archivio->Execute(modificaDi(casella));
+    for (int casella = 1; casella <= 5000; ++casella) archivio->Execute(asWritten(modificaDi(casella)));
     return true;
   });
   ASSERT_TRUE(altro.ready());
@@ -121,7 +121,8 @@ class Guasto : public Durata, public testing::WithParamInterface<int> {
   int modificaSenzaFermarsi(int numeroAtteso) {
     int falliti = 0;
     for (int casella = 1; casella <= kRigheTransazione; ++casella) {
-      const int numero = numberError([&] { archive_.Execute(modificaDi(casella * kPassoCaselle)); });
+      const int numero =
+          numberError([&] { archive_.Execute(asWritten(modificaDi(casella * kPassoCaselle))); });
       EXPECT_TRUE(numero == 0 || numero == numeroAtteso) << numero;
       if (numero != 0) ++falliti;
     }
@@ -148,7 +149,7 @@ TEST_P(Guasto, AOgniScritturaCheFallisceNonRestaUnaParte) {
     if (conferma != 0) {
       EXPECT_EQ(conferma, numeroAtteso);
       EXPECT_EQ(area.level(), 1);
-      EXPECT_EQ(numberError([&] { archive_.Execute(modificaDi(16)); }), numeroAtteso);
+      EXPECT_EQ(numberError([&] { archive_.Execute(asWritten(modificaDi(16))); }), numeroAtteso);
       EXPECT_EQ(numberError([&] { area.Rollback(); }), 0);
       EXPECT_EQ(area.level(), 0);
     } else if (!disfatta) {
@@ -194,21 +195,21 @@ TEST_P(Guasto, UnDiscoGuastoFinoAllaChiusuraLasciaPrimaODopoEMaiUnaParte) {
 
 INSTANTIATE_TEST_SUITE_P(Motivi, Guasto, testing::Values(SQLITE_FULL, SQLITE_IOERR_WRITE));
 
-TEST_F(Durata, DopoUnAnnullamentoDelMotoreUnNuovoComandoRiparteDaCapo) {
+TEST_F(Durata, DopoUnAnnullamentoDelMotoreLaFineDelComandoLoDiceESiRiparteDaCapo) {
   VfsOfTry vfs;
   archive_ = workspace_.OpenDatabase(path_);
   workspace_.BeginTrans();
   vfs.before([](int) { return SQLITE_FULL; });
   EXPECT_EQ(numberError([&] {
-              archive_.Execute(modificaDi(1));
+              archive_.Execute(asWritten(modificaDi(1)));
               workspace_.CommitTrans();
             }),
             61);
   vfs.before({});
-  workspace_.NewCommand();
+  EXPECT_EQ(numberError([&] { workspace_.CommitDownTo(0); }), 61);
   workspace_.BeginTrans();
   EXPECT_EQ(workspace_.level(), 1);
-  archive_.Execute(modificaDi(2));
+  archive_.Execute(asWritten(modificaDi(2)));
   workspace_.CommitTrans();
   archive_.Close();
   EXPECT_EQ(righeModificate(), 1);
@@ -223,7 +224,8 @@ TEST_F(Durata, ConIlDiscoPienoLaModificaFallisceConIlSuoNumero) {
               if (::setrlimit(RLIMIT_FSIZE, &limite) != 0) return 1;
               return numberError([&] {
                 area.BeginTrans();
-                for (int casella = 1; casella <= 5000; ++casella) archivio.Execute(modificaDi(casella));
+                for (int casella = 1; casella <= 5000; ++casella)
+                  archivio.Execute(asWritten(modificaDi(casella)));
                 area.CommitTrans();
               });
             }),

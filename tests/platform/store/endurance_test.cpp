@@ -4,6 +4,7 @@
 
 #include "platform/store/connection.h"
 #include "platform/store/test_archive.h"
+#include "sostegno/statements.h"
 
 namespace {
 
@@ -12,7 +13,7 @@ class Resistenza : public ArchiveOfTry {
   int descrizione(const QString& testo) {
     return numberError([&] {
       archive_.Execute(
-          QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione = '%1' WHERE auto_id=1").arg(testo));
+          asWritten(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione = '%1' WHERE auto_id=1").arg(testo)));
     });
   }
   QString descrizione() { return value("SELECT Descrizione from TAB_ARTICOLI where auto_id=1"); }
@@ -24,9 +25,9 @@ TEST_F(Resistenza, UnByteZeroOvunqueStiaEUnErroreDiSintassi) {
   EXPECT_EQ(descrizione(QStringLiteral("AB") + QChar(0) + QStringLiteral("CD")), 3075);
   EXPECT_EQ(descrizione(), QString());
   const QString zero = QStringLiteral("DELETE FROM TAB_VARIE") + QChar(0) + QStringLiteral(" WHERE 1=0");
-  EXPECT_EQ(numberError([&] { archive_.Execute(zero); }), 3075);
+  EXPECT_EQ(numberError([&] { archive_.Execute(asWritten(zero)); }), 3075);
   const QString nome = QStringLiteral("DELETE FROM [TAB_VARIE") + QChar(0) + QStringLiteral("]");
-  EXPECT_EQ(numberError([&] { archive_.Execute(nome); }), 3075);
+  EXPECT_EQ(numberError([&] { archive_.Execute(asWritten(nome)); }), 3075);
   EXPECT_EQ(read("SELECT NomeCassa from TAB_VARIE ").RecordCount(), 1);
 }
 
@@ -71,23 +72,25 @@ TEST_F(Resistenza, UnTestoDiUnMegabyteSiFermaAllaSuaColonnaENonPrima) {
   const QString lungo(1 << 20, QLatin1Char('x'));
   EXPECT_EQ(descrizione(lungo), 3163);
   run("CREATE TABLE T (t TEXT)");
-  archive_.Execute(QStringLiteral("INSERT INTO T VALUES ('%1')").arg(lungo));
+  archive_.Execute(asWritten(QStringLiteral("INSERT INTO T VALUES ('%1')").arg(lungo)));
   EXPECT_EQ(value("SELECT t FROM T"), lungo);
-  EXPECT_EQ(
-      archive_.OpenRecordset(QStringLiteral("SELECT t FROM T WHERE t LIKE '%1*'").arg(lungo)).RecordCount(),
-      1);
+  EXPECT_EQ(archive_.OpenRecordset(asWritten(QStringLiteral("SELECT t FROM T WHERE t LIKE '%1*'").arg(lungo)))
+                .RecordCount(),
+            1);
 }
 
 TEST_F(Resistenza, UnaCondizioneDiUnMegabyteERifiutataEIlRestoFunziona) {
   QString condizione = QStringLiteral("auto_id=1");
   while (condizione.size() < (1 << 20)) condizione += QStringLiteral(" OR auto_id=1");
   EXPECT_NE(numberError([&] {
-              archive_.OpenRecordset(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where ") + condizione);
+              archive_.OpenRecordset(
+                  asWritten(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where ") + condizione));
             }),
             0);
   const QString parentesi(100000, QLatin1Char('('));
   EXPECT_EQ(numberError([&] {
-              archive_.OpenRecordset(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where ") + parentesi);
+              archive_.OpenRecordset(
+                  asWritten(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where ") + parentesi));
             }),
             3075);
   EXPECT_EQ(read("SELECT auto_id from TAB_ARTICOLI").RecordCount(), 5000);
@@ -97,9 +100,11 @@ TEST_F(Resistenza, MoltissimeFormeDiverseNonRiempionoLaMemoria) {
   constexpr int kForme = 100000;
   constexpr sqlite3_int64 kAmmessi = 1 << 20;
   constexpr std::size_t kPreparateMassime = 64;
-  const auto connessione = store::OpenConnection(path_, std::make_shared<store::Transactions>());
+  const auto connessione = store::OpenConnection(
+      path_, std::make_shared<store::WorkspaceState>(store::WorkspaceState{clock_, store::kStatementLimit}));
   const auto forma = [](int numero) {
-    return QStringLiteral("SELECT auto_id AS c%1 from TAB_ARTICOLI where auto_id = %1").arg(numero);
+    return asWritten(
+        QStringLiteral("SELECT auto_id AS c%1 from TAB_ARTICOLI where auto_id = %1").arg(numero));
   };
   for (int i = 0; i < 100; ++i) connessione->query(forma(i));
   const sqlite3_int64 prima = memoria();
@@ -119,10 +124,11 @@ TEST_F(Resistenza, UnaLetturaFallitaAMetaNonTrattieneLaSuaForma) {
 }
 
 TEST_F(Resistenza, IValoriNonFannoUnaFormaNuova) {
-  const auto connessione = store::OpenConnection(path_, std::make_shared<store::Transactions>());
+  const auto connessione = store::OpenConnection(
+      path_, std::make_shared<store::WorkspaceState>(store::WorkspaceState{clock_, store::kStatementLimit}));
   for (int i = 1; i <= 20; ++i)
     connessione->execute(
-        QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione = 'N%1' WHERE auto_id=%1").arg(i));
+        asWritten(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione = 'N%1' WHERE auto_id=%1").arg(i)));
   EXPECT_EQ(connessione->prepared(), 1U);
 }
 

@@ -9,6 +9,7 @@
 #include "platform/store/other_process.h"
 #include "platform/store/test_archive.h"
 #include "platform/store/test_vfs.h"
+#include "sostegno/statements.h"
 
 namespace {
 
@@ -16,7 +17,8 @@ class Giornale : public ArchiveOfTry {
  protected:
   static int modifica(store::Database& archivio, int prezzo = 7) {
     return numberError([&] {
-      archivio.Execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo = %1 WHERE auto_id=1").arg(prezzo));
+      archivio.Execute(
+          asWritten(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo = %1 WHERE auto_id=1").arg(prezzo)));
     });
   }
   QString giornale() const { return path_ + QStringLiteral("-journal"); }

@@ -31,8 +31,7 @@ class Apertura : public ArchiveOfTry {
     return numberError([&] { workspace_.OpenDatabase(percorso); });
   }
   static int modifica(store::Database& archivio) {
-    return numberError(
-        [&] { archivio.Execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo = 1 WHERE auto_id=1")); });
+    return numberError([&] { archivio.Execute(u"UPDATE TAB_ARTICOLI SET Prezzo = 1 WHERE auto_id=1"); });
   }
   void permessi(const QString& percorso, mode_t modo) {
     ASSERT_EQ(::chmod(percorso.toUtf8().constData(), modo), 0);
@@ -68,9 +67,7 @@ TEST_F(Apertura, UnDatabaseDiAltroGenereSiApreEMancaLaTabella) {
   ASSERT_EQ(sqlite3_exec(db, "CREATE TABLE altra (a)", nullptr, nullptr, nullptr), SQLITE_OK);
   sqlite3_close(db);
   store::Database aperto = workspace_.OpenDatabase(altro);
-  EXPECT_EQ(
-      numberError([&] { aperto.OpenRecordset(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI ")); }),
-      3078);
+  EXPECT_EQ(numberError([&] { aperto.OpenRecordset(u"SELECT Codice_EAN from TAB_ARTICOLI "); }), 3078);
 }
 
 // What other programs keep in their databases must not keep this one from opening them.
@@ -88,10 +85,8 @@ TEST_F(Apertura, UnDatabaseConTabelleDiUnModuloIgnotoSiApre) {
             SQLITE_OK);
   sqlite3_close(db);
   store::Database aperto = workspace_.OpenDatabase(altro);
-  EXPECT_TRUE(aperto.OpenRecordset(QStringLiteral("SELECT a FROM altra")).empty());
-  EXPECT_EQ(
-      numberError([&] { aperto.OpenRecordset(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI ")); }),
-      3078);
+  EXPECT_TRUE(aperto.OpenRecordset(u"SELECT a FROM altra").empty());
+  EXPECT_EQ(numberError([&] { aperto.OpenRecordset(u"SELECT Codice_EAN from TAB_ARTICOLI "); }), 3078);
 }
 
 TEST_F(Apertura, IlNomePuoAvereAccentiEBianchi) {
@@ -132,16 +127,14 @@ TEST_F(Apertura, UnArchivioCheNonSiPuoScrivereSiApreInSolaLettura) {
   archive_.Close();
   permessi(folder_.path(), 0755);
   permessi(path_, 0444);
-  EXPECT_EQ(
-      inOneOtherProcess([&] {
-        diventaNessuno();
-        store::Workspace area;
-        store::Database archivio = area.OpenDatabase(path_);
-        if (archivio.OpenRecordset(QStringLiteral("SELECT auto_id from TAB_ARTICOLI")).RecordCount() != 5000)
-          return 1;
-        return modifica(archivio);
-      }),
-      3073);
+  EXPECT_EQ(inOneOtherProcess([&] {
+              diventaNessuno();
+              store::Workspace area;
+              store::Database archivio = area.OpenDatabase(path_);
+              if (archivio.OpenRecordset(u"SELECT auto_id from TAB_ARTICOLI").RecordCount() != 5000) return 1;
+              return modifica(archivio);
+            }),
+            3073);
 }
 
 TEST_F(Apertura, InUnaCartellaCheNonSiPuoScrivereLeModificheNonPassano) {

@@ -1,16 +1,12 @@
 // The statements of the program, as their callers word them.
 
-#include "platform/store/clock.h"
 #include "platform/store/test_archive.h"
 
 namespace {
 
 class IstruzioniArticoli : public ArchiveOfTry {
  protected:
-  IstruzioniArticoli() {
-    store::SetClock([] { return QDateTime(QDate(2024, 3, 5), QTime(23, 59, 59)); });
-  }
-  ~IstruzioniArticoli() override { store::SetClock({}); }
+  IstruzioniArticoli() { clock_.set(QDateTime(QDate(2024, 3, 5), QTime(23, 59, 59))); }
 };
 
 TEST_F(IstruzioniArticoli, LetturaENumerazione) {

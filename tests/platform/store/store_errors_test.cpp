@@ -72,9 +72,9 @@ TEST_F(ErroriStore, UnHandleChiusoNonServePiu) {
   store::Database copia = archive_;
   archive_.Close();
   EXPECT_FALSE(copia.isOpen());
-  EXPECT_EQ(numberError([&] { copia.Execute(QStringLiteral("DELETE FROM TAB_VARIE")); }), 3420);
+  EXPECT_EQ(numberError([&] { copia.Execute(u"DELETE FROM TAB_VARIE"); }), 3420);
   EXPECT_EQ(numberError([&] { archive_.Close(); }), 0);
-  EXPECT_EQ(numberError([] { store::Database().Execute(QStringLiteral("DELETE FROM T")); }), 3420);
+  EXPECT_EQ(numberError([] { store::Database().Execute(u"DELETE FROM T"); }), 3420);
 }
 
 TEST_F(ErroriStore, DopoUnErroreLaStessaIstruzioneFunzionaAncora) {

@@ -5,6 +5,8 @@
 #include <QString>
 
 #include "platform/store/store.h"
+#include "sostegno/fixed_clock.h"
+#include "sostegno/statements.h"
 #include "sostegno/temporary_folder.h"
 
 /// Number of the Errore that `step` throws, 0 where it throws none.
@@ -41,8 +43,8 @@ class ArchiveOfTry : public testing::Test {
 
   static QString pattern() { return QStringLiteral(GESTIONALE_APP "/QzDB.bck"); }
 
-  int run(const char* sql) { return archive_.Execute(QString::fromUtf8(sql)); }
-  store::Recordset read(const char* sql) { return archive_.OpenRecordset(QString::fromUtf8(sql)); }
+  int run(const char* sql) { return archive_.Execute(asWritten(QString::fromUtf8(sql))); }
+  store::Recordset read(const char* sql) { return archive_.OpenRecordset(asWritten(QString::fromUtf8(sql))); }
   /// First field of the first row, as text.
   QString value(const char* sql) { return read(sql).field(0).text(); }
   int numberOf(const char* sql) {
@@ -60,7 +62,8 @@ class ArchiveOfTry : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  store::Workspace workspace_;
+  FixedClock clock_;
+  store::Workspace workspace_{clock_};
   QString path_;
   store::Database archive_;
 };

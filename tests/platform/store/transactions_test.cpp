@@ -2,13 +2,15 @@
 
 #include "platform/store/other_process.h"
 #include "platform/store/test_archive.h"
+#include "sostegno/statements.h"
 
 namespace {
 
 class Transazioni : public ArchiveOfTry {
  protected:
   void prezzo(int valore) {
-    archive_.Execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo = %1 WHERE auto_id=1").arg(valore));
+    archive_.Execute(
+        asWritten(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo = %1 WHERE auto_id=1").arg(valore)));
   }
   int prezzo() { return read("SELECT Prezzo from TAB_ARTICOLI where auto_id=1").field(0).int32(); }
   /// Another program in the middle of reading.
@@ -21,7 +23,7 @@ class Transazioni : public ArchiveOfTry {
   int prezzoSuDisco() {
     store::Workspace altra;
     return altra.OpenDatabase(path_)
-        .OpenRecordset(QStringLiteral("SELECT Prezzo from TAB_ARTICOLI where auto_id=1"))
+        .OpenRecordset(u"SELECT Prezzo from TAB_ARTICOLI where auto_id=1")
         .field(0)
         .int32();
   }
@@ -75,26 +77,36 @@ TEST_F(Transazioni, AnnullareIlLivelloEsternoDisfaAncheLInterno) {
   EXPECT_EQ(prezzo(), 0);
 }
 
-TEST_F(Transazioni, QuellaLasciataApertaSiConfermaAlProssimoInizioDiUnAltroComando) {
-  workspace_.NewCommand();
+TEST_F(Transazioni, QuellaLasciataApertaSiConfermaFinoAlLivelloDiPrima) {
+  workspace_.BeginTrans();
+  prezzo(5);
   workspace_.BeginTrans();
   workspace_.BeginTrans();
   prezzo(10);
-  workspace_.NewCommand();
-  EXPECT_EQ(prezzoSuDisco(), 0);
-  workspace_.BeginTrans();
+  workspace_.CommitDownTo(1);
   EXPECT_EQ(workspace_.level(), 1);
+  EXPECT_EQ(prezzoSuDisco(), 0);
+  workspace_.CommitDownTo(0);
+  EXPECT_EQ(workspace_.level(), 0);
   EXPECT_EQ(prezzoSuDisco(), 10);
+}
+
+TEST_F(Transazioni, ConfermareFinoAUnLivelloDoveNonSiEGiaLiNonFaNulla) {
+  workspace_.CommitDownTo(0);
+  workspace_.BeginTrans();
+  prezzo(10);
+  workspace_.CommitDownTo(1);
+  EXPECT_EQ(workspace_.level(), 1);
   workspace_.Rollback();
-  EXPECT_EQ(prezzo(), 10);
+  EXPECT_EQ(prezzo(), 0);
 }
 
 TEST_F(Transazioni, QuellaLasciataApertaSiConfermaAllaChiusura) {
   workspace_.BeginTrans();
   prezzo(10);
-  workspace_.NewCommand();
   archive_.Close();
   EXPECT_EQ(prezzoSuDisco(), 10);
+  workspace_.CommitDownTo(0);
   EXPECT_EQ(workspace_.level(), 0);
 }
 
@@ -120,15 +132,13 @@ TEST_F(Transazioni, CopronoAncheUnArchivioApertoDopoLInizio) {
   workspace_.BeginTrans();
   prezzo(10);
   store::Database altro = workspace_.OpenDatabase(secondo);
-  altro.Execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo = 7 WHERE auto_id=1"));
+  altro.Execute(u"UPDATE TAB_ARTICOLI SET Prezzo = 7 WHERE auto_id=1");
   workspace_.BeginTrans();
-  altro.Execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo = 8 WHERE auto_id=1"));
+  altro.Execute(u"UPDATE TAB_ARTICOLI SET Prezzo = 8 WHERE auto_id=1");
   workspace_.Rollback();
-  EXPECT_EQ(altro.OpenRecordset(QStringLiteral("SELECT Prezzo from TAB_ARTICOLI where auto_id=1")).int64(0),
-            7);
+  EXPECT_EQ(altro.OpenRecordset(u"SELECT Prezzo from TAB_ARTICOLI where auto_id=1").int64(0), 7);
   workspace_.Rollback();
-  EXPECT_EQ(altro.OpenRecordset(QStringLiteral("SELECT Prezzo from TAB_ARTICOLI where auto_id=1")).int64(0),
-            0);
+  EXPECT_EQ(altro.OpenRecordset(u"SELECT Prezzo from TAB_ARTICOLI where auto_id=1").int64(0), 0);
   EXPECT_EQ(prezzo(), 0);
 }
 
@@ -159,14 +169,13 @@ TEST_F(Transazioni, UnLettoreDiUnAltroProgrammaFermaLaConfermaSenzaLasciareUnaPa
   EXPECT_EQ(prezzoSuDisco(), 20);
 }
 
-TEST_F(Transazioni, QuellaLasciataApertaCheNonSiConfermaSiDiceAlProssimoInizio) {
+TEST_F(Transazioni, QuellaLasciataApertaCheNonSiConfermaSiDiceESiDisfa) {
   {
     OtherProcess altro([&] { return legge(path_); });
     ASSERT_TRUE(altro.ready());
     workspace_.BeginTrans();
     prezzo(10);
-    workspace_.NewCommand();
-    EXPECT_EQ(numberError([&] { workspace_.BeginTrans(); }), 3260);
+    EXPECT_EQ(numberError([&] { workspace_.CommitDownTo(0); }), 3260);
   }
   EXPECT_EQ(workspace_.level(), 0);
   EXPECT_EQ(prezzoSuDisco(), 0);
@@ -179,7 +188,7 @@ TEST_F(Transazioni, QuellaLasciataApertaCheNonSiConfermaSiDiceAlProssimoInizio) 
 TEST_F(Transazioni, UnInizioLasciatoSenzaIstruzioniNonTrattieneLeProssime) {
   workspace_.BeginTrans();
   archive_.Close();
-  workspace_.NewCommand();
+  workspace_.CommitDownTo(0);
   archive_ = workspace_.OpenDatabase(path_);
   workspace_.BeginTrans();
   EXPECT_EQ(workspace_.level(), 1);
@@ -189,21 +198,40 @@ TEST_F(Transazioni, UnInizioLasciatoSenzaIstruzioniNonTrattieneLeProssime) {
   EXPECT_EQ(prezzoSuDisco(), 10);
 }
 
+TEST_F(Transazioni, UnUnitaNonConfermataSiDisfaDaSola) {
+  {
+    store::Transaction unita(workspace_);
+    prezzo(10);
+    EXPECT_EQ(workspace_.level(), 1);
+  }
+  EXPECT_EQ(workspace_.level(), 0);
+  EXPECT_EQ(prezzo(), 0);
+}
+
+TEST_F(Transazioni, UnUnitaConfermataResta) {
+  {
+    store::Transaction unita(workspace_);
+    prezzo(10);
+    unita.Commit();
+    unita.Rollback();
+  }
+  EXPECT_EQ(prezzoSuDisco(), 10);
+}
+
 TEST_F(Transazioni, ChiuderneUnoDeiDueLasciaLAltroDentro) {
   const QString secondo = folder_.file(QStringLiteral("secondo.mdb"));
   store::CopyArchive(pattern(), secondo);
   store::Database altro = workspace_.OpenDatabase(secondo);
   workspace_.BeginTrans();
   prezzo(10);
-  altro.Execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo = 7 WHERE auto_id=1"));
+  altro.Execute(u"UPDATE TAB_ARTICOLI SET Prezzo = 7 WHERE auto_id=1");
   altro.Close();
   EXPECT_EQ(workspace_.level(), 1);
   EXPECT_EQ(prezzoSuDisco(), 0);
   workspace_.Rollback();
   EXPECT_EQ(prezzo(), 0);
   altro = workspace_.OpenDatabase(secondo);
-  EXPECT_EQ(altro.OpenRecordset(QStringLiteral("SELECT Prezzo from TAB_ARTICOLI where auto_id=1")).int64(0),
-            7);
+  EXPECT_EQ(altro.OpenRecordset(u"SELECT Prezzo from TAB_ARTICOLI where auto_id=1").int64(0), 7);
 }
 
 TEST_F(Transazioni, CentoLivelliSiDisfannoUnoAllaVolta) {

@@ -1,0 +1,41 @@
+#include "core/key_filters.h"
+
+#include "controls/guarded_field.h"
+
+namespace {
+
+constexpr QChar kVirgola = u',';
+constexpr int kDecimali = 2;
+
+bool cifra(QChar tasto) {
+  return tasto >= u'0' && tasto <= u'9';
+}
+
+bool modifica(QChar tasto) {
+  return tasto == kBackspaceKey || tasto == kCutKey;
+}
+
+/// Characters behind the first comma; -1 without one.
+qsizetype decimali(const QString& testo) {
+  const qsizetype virgola = testo.indexOf(kVirgola);
+  return virgola < 0 ? -1 : testo.size() - virgola - 1;
+}
+
+}  // namespace
+
+bool accettaCifre(const QString&, QChar tasto) {
+  return cifra(tasto) || modifica(tasto);
+}
+
+bool accettaImporto(const QString& testo, QChar tasto) {
+  if (decimali(testo) >= kDecimali) return tasto == kBackspaceKey;
+  return cifra(tasto) || tasto == kVirgola || modifica(tasto);
+}
+
+bool accettaSiNo(const QString&, QChar tasto) {
+  return QStringLiteral("SNsn").contains(tasto) || modifica(tasto);
+}
+
+bool siNo(const QString& testo) {
+  return testo == QLatin1String("S") || testo == QLatin1String("s");
+}

@@ -1,0 +1,228 @@
+#include "core/list_table.h"
+
+#include <QLineEdit>
+#include <algorithm>
+#include <utility>
+
+#include "controls/FlexGrid.h"
+#include "core/context.h"
+#include "core/conversions.h"
+#include "core/reactions.h"
+#include "core/wait_box.h"
+#include "platform/text/whole_file.h"
+#include "platform/text/windows1252.h"
+#include "platform/ui/busy_guard.h"
+#include "platform/ui/user_port.h"
+
+namespace elenco {
+
+namespace {
+
+constexpr int kTestata = 0;
+constexpr int kPrimaRiga = 1;
+constexpr int kAltezzaTestata = 600;  // twips
+constexpr int kAssente = -1;
+constexpr int kSenzaLimite = 32767;
+constexpr int kMembroAssente = 438;
+const QColor kBlu(0, 0, 255);
+
+bool nulla(const Cella& cella) {
+  return cella.posto == kAssente || cella.righe.isNull(cella.posto);
+}
+
+int postoDi(const store::Recordset& righe, const char* campo) {
+  return campo == nullptr ? kAssente : righe.place(QLatin1String(campo));
+}
+
+/// One fill under way.
+class Corsa {
+ public:
+  Corsa(FlexGrid& griglia, const Riempimento& come, Contesto& contesto)
+      : griglia_(griglia), come_(come), contesto_(contesto) {}
+
+  EsitoElenco esegui(store::Database archivio, const store::Statement& istruzione) {
+    std::optional<store::Recordset> righe;
+    passo([&] { righe.emplace(archivio.OpenRecordset(istruzione)); });
+    if (!righe) return esito_;
+    esito_.letto = true;
+    esito_.righe = righe->RecordCount();
+    esito_.totali.resize(come_.colonne.size());
+    if (righe->empty()) {
+      vuoto();
+      esito_.intero = true;
+    } else {
+      dimensiona();
+      tutte(*righe);
+    }
+    return esito_;
+  }
+
+ private:
+  /// True unless the list ends here.
+  template <typename Passo>
+  bool passo(Passo&& corpo) {
+    const auto fatto =
+        reazioni::prossimaIstruzioneRiempimento(contesto_.utente, come_.prefisso, std::forward<Passo>(corpo));
+    if (fatto != reazioni::Esito::Segnalato) return true;
+    if (come_.alGuasto == AlGuasto::Termina) contesto_.utente.Terminate();
+    return come_.alGuasto == AlGuasto::Prosegue;
+  }
+
+  void vuoto() {
+    griglia_.Clear();
+    griglia_.setRows(kPrimaRiga + 1);
+  }
+
+  /// What was there goes with its colours and its current cell; of a list that keeps its cells only the rows
+  /// behind the query's.
+  void dimensiona() {
+    if (!come_.conserva) griglia_.setRows(kPrimaRiga);
+    const int prima = griglia_.Rows();
+    for (int riga = std::max(prima - come_.coda, kPrimaRiga); riga < prima; ++riga) pulisci(riga);
+    griglia_.setRows(kPrimaRiga + esito_.righe + come_.coda);
+    for (int riga = kPrimaRiga + esito_.righe; riga < griglia_.Rows(); ++riga) pulisci(riga);
+  }
+
+  void pulisci(int riga) {
+    for (int colonna = 0; colonna < griglia_.Cols(); ++colonna) {
+      griglia_.setTextMatrix(riga, colonna, {});
+      griglia_.setCellBackColor(riga, colonna, {});
+      griglia_.setCellForeColor(riga, colonna, {});
+    }
+  }
+
+  void tutte(store::Recordset& righe) {
+    std::vector<int> posti;
+    for (const Colonna& colonna : come_.colonne) posti.push_back(postoDi(righe, colonna.campo));
+    const int marca = come_.marca ? postoDi(righe, come_.marca->campo) : kAssente;
+    int numero = kPrimaRiga;
+    for (; !righe.atEnd(); righe.MoveNext(), ++numero) {
+      if (!una(righe, posti, numero)) return;
+      if (marca != kAssente) colora(righe, marca, numero);
+      if (come_.attesa) come_.attesa->avanza(numero, esito_.righe);
+      contesto_.utente.DoEventsAtRecord();
+    }
+    esito_.intero = true;
+  }
+
+  bool una(const store::Recordset& righe, const std::vector<int>& posti, int numero) {
+    for (std::size_t i = 0; i < posti.size(); ++i) {
+      const bool avanti = passo([&] {
+        const Cella cella{righe, posti[i], numero, esito_.totali[i]};
+        griglia_.setTextMatrix(numero, static_cast<int>(i), come_.colonne[i].testo(cella));
+      });
+      if (!avanti) return false;
+    }
+    return true;
+  }
+
+  void colora(const store::Recordset& righe, int posto, int riga) {
+    const Marca& marca = *come_.marca;
+    const bool marcata = righe.text(posto) == QStringView(marca.valore);
+    for (int colonna = marca.prima; colonna <= marca.ultima; ++colonna)
+      griglia_.setCellBackColor(riga, colonna, marcata ? marca.marcata : marca.altre);
+  }
+
+  FlexGrid& griglia_;
+  const Riempimento& come_;
+  Contesto& contesto_;
+  EsitoElenco esito_;
+};
+
+}  // namespace
+
+QString numeroDiRiga(const Cella& cella) {
+  return QString::number(cella.numero);
+}
+
+QString testo(const Cella& cella) {
+  return nulla(cella) ? QString() : cella.righe.text(cella.posto);
+}
+
+QString importo(const Cella& cella) {
+  return nulla(cella) ? QString() : CentInTesto(cella.righe.field(cella.posto).int32());
+}
+
+QString siNo(const Cella& cella) {
+  if (nulla(cella)) return {};
+  return cella.righe.field(cella.posto).boolean() ? QStringLiteral("S") : QStringLiteral("N");
+}
+
+void Disponi(FlexGrid& griglia, Colonne colonne, const QColor& fondo, int blu) {
+  griglia.setCols(static_cast<int>(colonne.size()));
+  griglia.setHeadingHeight(kAltezzaTestata);
+  griglia.setBackColor(fondo);
+  griglia.setFullWidth(true);
+  int numero = 0;
+  for (const Colonna& colonna : colonne) {
+    griglia.setTextMatrix(kTestata, numero, QString::fromUtf16(colonna.testata));
+    griglia.setColWidth(numero, colonna.twip);
+    griglia.setColAlignment(numero, colonna.allineamento);
+    if (numero < blu) griglia.setCellForeColor(kTestata, numero, kBlu);
+    ++numero;
+  }
+}
+
+EsitoElenco Riempi(FlexGrid& griglia, store::Database archivio, const store::Statement& istruzione,
+                   const Riempimento& come, Contesto& contesto) {
+  const BusyGuard occupato;
+  const FlexGrid::Frozen ferma(griglia);
+  return Corsa(griglia, come, contesto).esegui(std::move(archivio), istruzione);
+}
+
+Caselle::Caselle(const QWidget& schermo, Colonne colonne) : colonne_(colonne) {
+  for (const Colonna& colonna : colonne) {
+    const QString nome = QLatin1String(colonna.casella);
+    auto* campo = nome.isEmpty() ? nullptr : schermo.findChild<QLineEdit*>(nome);
+    if (!nome.isEmpty() && !campo)
+      throw Errore{kMembroAssente, QStringLiteral("Proprietà o metodo non supportati dall'oggetto: ") + nome};
+    campi_.push_back(campo);
+  }
+}
+
+void Caselle::scrivi(std::size_t colonna, const QString& testo) const {
+  QLineEdit* const campo = campi_[colonna];
+  if (!campo) return;
+  const int limite = colonne_[colonna].lunghezza > 0 ? colonne_[colonna].lunghezza : kSenzaLimite;
+  // A value of the archive may be longer than what can be typed: cut here, it would be saved short.
+  campo->setMaxLength(std::max(limite, static_cast<int>(testo.size())));
+  campo->setText(testo);
+  campo->setCursorPosition(0);
+}
+
+void Caselle::copia(const FlexGrid& griglia, int riga) const {
+  for (std::size_t i = 0; i < campi_.size(); ++i) scrivi(i, griglia.TextMatrix(riga, static_cast<int>(i)));
+}
+
+void Caselle::svuota() const {
+  for (std::size_t i = 0; i < campi_.size(); ++i) scrivi(i, {});
+}
+
+QByteArray TestoCSV(const FlexGrid& griglia, Colonne colonne, const FormaCSV& forma) {
+  const QString separatore = QStringLiteral(";");
+  QString lista;
+  for (int riga = kPrimaRiga; riga < griglia.Rows(); ++riga) {
+    QString linea = forma.numerata ? QString::number(riga) : QString();
+    bool prima = !forma.numerata;
+    for (std::size_t i = 0; i < colonne.size(); ++i) {
+      if (!colonne[i].esportata) continue;
+      if (!std::exchange(prima, false)) linea += separatore;
+      linea += griglia.TextMatrix(riga, static_cast<int>(i));
+    }
+    if (forma.chiusa) linea += separatore + u' ';
+    lista += linea + QStringLiteral("\r\n");
+  }
+  return windows1252::toBytes(lista);
+}
+
+void Esporta(const QString& titolo, const FlexGrid& griglia, Colonne colonne, const FormaCSV& forma,
+             Contesto& contesto) {
+  const std::optional<QString> scelto =
+      contesto.utente.AskSavePath({titolo, QStringLiteral("csv (*.csv)|*.csv"), {}});
+  if (!scelto || scelto->isEmpty()) return;
+  WriteWholeFile(*scelto, TestoCSV(griglia, colonne, forma));
+  contesto.utente.MsgBox(QStringLiteral("Creazione del file ") + *scelto + QStringLiteral(" terminata."),
+                         Icon::Information);
+}
+
+}  // namespace elenco

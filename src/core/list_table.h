@@ -1,0 +1,156 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <Qt>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "platform/store/store.h"
+
+class Attesa;
+class FlexGrid;
+class QLineEdit;
+class QWidget;
+struct Contesto;
+
+/// The lists of the program: what stands in a grid is told by a table of columns, one line a column, from
+/// which the grid's shape, its fill, the fields that a picked row goes to and the export are made.
+namespace elenco {
+
+/// What the rows of a list came to in one column.
+struct Totale {
+  std::int64_t intero = 0;
+  double reale = 0;
+};
+
+/// What a cell is made from.
+struct Cella {
+  /// At the row that is being shown.
+  const store::Recordset& righe;
+  /// Place of the column in the query; -1 where the query lacks it.
+  int posto;
+  /// Number of the row, from 1.
+  int numero;
+  /// Of the column; a cell that shows a number adds it.
+  Totale& totale;
+};
+/// Text of a cell. What it throws meets the list's reaction to failures.
+using TestoCella = QString (*)(const Cella& cella);
+
+// The common ones. A null, and a column that the query lacks, is an empty text.
+QString numeroDiRiga(const Cella& cella);
+QString testo(const Cella& cella);
+/// Hundredths as "####0.00".
+QString importo(const Cella& cella);
+/// "S" or "N".
+QString siNo(const Cella& cella);
+
+inline constexpr Qt::Alignment kSinistra = Qt::AlignLeft | Qt::AlignVCenter;
+inline constexpr Qt::Alignment kDestra = Qt::AlignRight | Qt::AlignVCenter;
+inline constexpr Qt::Alignment kCentro = Qt::AlignCenter;
+
+struct Colonna {
+  const char16_t* testata;
+  int twip;
+  Qt::Alignment allineamento;
+  /// Column of the query; null for a cell that needs none.
+  const char* campo;
+  TestoCella testo = elenco::testo;
+  /// Object name of the field that a picked row's cell goes to; null for none.
+  const char* casella = nullptr;
+  /// Longest text that can be typed there; 0 for no bound.
+  int lunghezza = 0;
+  bool esportata = true;
+};
+using Colonne = std::span<const Colonna>;
+
+/// Gives a grid its columns: headings, those of the first `blu` in blue, widths, alignments, `fondo` behind
+/// the cells (invalid: the palette's).
+void Disponi(FlexGrid& griglia, Colonne colonne, const QColor& fondo = {}, int blu = 0);
+
+/// What becomes of a list when one of its steps has failed and the person was told. A missing table always
+/// ends the program.
+enum class AlGuasto {
+  Termina,   ///< the program ends: the list must not be worked on
+  Ferma,     ///< the list stays as far as it came
+  Prosegue,  ///< the next cell; the one that failed keeps the text it had
+};
+
+/// Rows that stand out by the ground of some of their cells.
+struct Marca {
+  const char* campo;
+  /// The text of `campo` that marks a row.
+  const char16_t* valore;
+  QColor marcata;
+  QColor altre;
+  int prima;
+  int ultima;
+};
+
+/// How a list is filled.
+struct Riempimento {
+  Colonne colonne;
+  /// In front of a failure's number.
+  QString prefisso;
+  AlGuasto alGuasto = AlGuasto::Ferma;
+  std::optional<Marca> marca = std::nullopt;
+  /// Rows behind those of the query, left empty for the caller.
+  int coda = 0;
+  /// Whether cells that are not written keep what they held; else the grid is emptied first.
+  bool conserva = false;
+  /// The wait box to be moved along, if there is one.
+  Attesa* attesa = nullptr;
+};
+
+struct EsitoElenco {
+  /// False if the query failed: the grid is as it was.
+  bool letto = false;
+  /// False if the list was given up before its last row.
+  bool intero = false;
+  int righe = 0;
+  /// A total a column.
+  std::vector<Totale> totali;
+};
+
+/// Runs a query on `archivio` and puts its rows into the grid from row 1 on, one event pass a record, input
+/// eaten meanwhile, painted once. An empty set clears the grid and leaves one empty row.
+EsitoElenco Riempi(FlexGrid& griglia, store::Database archivio, const store::Statement& istruzione,
+                   const Riempimento& come, Contesto& contesto);
+
+/// The fields beside a list, by its columns.
+class Caselle {
+ public:
+  /// Finds them in the screen by the names in the table; a name without its field throws Errore 438.
+  Caselle(const QWidget& schermo, Colonne colonne);
+  /// A row of the grid goes into the fields.
+  void copia(const FlexGrid& griglia, int riga) const;
+  void svuota() const;
+
+ private:
+  void scrivi(std::size_t colonna, const QString& testo) const;
+
+  Colonne colonne_;
+  /// Null where a column has none.
+  std::vector<QLineEdit*> campi_;
+};
+
+/// The form of an exported list: Windows-1252, CR LF, columns parted by ";".
+struct FormaCSV {
+  /// The row's number before the columns.
+  bool numerata = false;
+  /// A further column of one blank.
+  bool chiusa = false;
+};
+
+/// The exported columns of rows 1 to the last.
+QByteArray TestoCSV(const FlexGrid& griglia, Colonne colonne, const FormaCSV& forma);
+/// The export command: asks for a file under `titolo` and writes it, whole or not at all, over one that may
+/// be there; then tells so. A cancelled dialog or an empty name does nothing. Throws Errore 61, 75 or 76;
+/// then a file that was there is as before.
+void Esporta(const QString& titolo, const FlexGrid& griglia, Colonne colonne, const FormaCSV& forma,
+             Contesto& contesto);
+
+}  // namespace elenco

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <utility>
+
+#include "core/command.h"
+
+/// What every screen stands on: what main hands it, and the guard that its slots run in.
+/// `Finestra`: the kind of window that it is.
+template <typename Finestra>
+class Schermo : public Finestra {
+ public:
+  explicit Schermo(Contesto& contesto) : contesto_(contesto) {}
+
+ protected:
+  Contesto& contesto() { return contesto_; }
+  const Contesto& contesto() const { return contesto_; }
+
+  /// Runs a slot as a command of the person's. `procedura` names it in the message of an unexpected failure.
+  template <typename Corpo>
+  void esegui(const char* procedura, Corpo&& corpo) {
+    comando(contesto_, procedura, this->objectName(), std::forward<Corpo>(corpo));
+  }
+
+ private:
+  Contesto& contesto_;
+};

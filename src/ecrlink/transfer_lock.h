@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QLockFile>
+
+namespace ecrlink {
+
+/// The transfer files of the current folder in the hands of one program, for its own life. Two that exchanged
+/// at once would read each other's files: a till was cleared of sales that nobody had read.
+class ScambioEsclusivo {
+ public:
+  /// Throws Errore 70 while another program exchanges in this folder, 75 where no file can be made in it. The
+  /// lock of a program that is gone is taken over.
+  ScambioEsclusivo();
+
+ private:
+  QLockFile serratura_;
+};
+
+}  // namespace ecrlink

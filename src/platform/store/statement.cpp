@@ -1,0 +1,141 @@
+#include "platform/store/statement.h"
+
+#include <cmath>
+#include <utility>
+
+namespace store {
+
+namespace {
+
+/// Digits of a number in a statement: enough for every price, and 19.99 times 100 is 1999 with them.
+constexpr int kDigits = 15;
+
+bool digit(QChar c) {
+  return c >= u'0' && c <= u'9';
+}
+
+bool blank(QChar c) {
+  return c == u' ' || c == u'\t';
+}
+
+/// Where the run of apostrophes ends that closes the literal around `value`; nothing if none does.
+std::optional<qsizetype> closingApostrophe(QStringView value) {
+  for (qsizetype at = value.indexOf(u'\''); at >= 0; at = value.indexOf(u'\'', at)) {
+    const qsizetype begin = at;
+    while (at < value.size() && value[at] == u'\'') ++at;
+    if ((at - begin) % 2 != 0) return at;
+  }
+  return std::nullopt;
+}
+
+/// Takes what `fits` off the front; false if nothing did.
+template <typename Fits>
+bool take(QStringView& rest, Fits fits) {
+  qsizetype count = 0;
+  while (count < rest.size() && fits(rest[count])) ++count;
+  rest = rest.sliced(count);
+  return count > 0;
+}
+
+bool takeSign(QStringView& rest) {
+  if (rest.startsWith(u'-') || rest.startsWith(u'+')) rest = rest.sliced(1);
+  return true;
+}
+
+bool takeExponent(QStringView& rest) {
+  if (!rest.startsWith(u'e') && !rest.startsWith(u'E')) return true;
+  rest = rest.sliced(1);
+  return takeSign(rest) && take(rest, digit);
+}
+
+bool plainNumber(QStringView rest) {
+  take(rest, blank);
+  takeSign(rest);
+  const bool whole = take(rest, digit);
+  bool fraction = false;
+  if (rest.startsWith(u'.')) {
+    rest = rest.sliced(1);
+    fraction = take(rest, digit);
+  }
+  if ((!whole && !fraction) || !takeExponent(rest)) return false;
+  take(rest, blank);
+  return rest.isEmpty();
+}
+
+StatementValue numberOrBreak(QString text, bool sound) {
+  return {std::move(text), sound ? std::nullopt : std::optional<qsizetype>(0), true};
+}
+
+}  // namespace
+
+StatementValue text(const QString& value) {
+  return {value, closingApostrophe(value)};
+}
+
+StatementValue number(std::int64_t value) {
+  return numberOrBreak(QString::number(value), true);
+}
+
+StatementValue number(double value) {
+  return numberOrBreak(QString::number(value, 'g', kDigits), std::isfinite(value));
+}
+
+StatementValue number(const QString& written) {
+  return numberOrBreak(written, plainNumber(written));
+}
+
+StatementValue rowId(const QString& written) {
+  QStringView rest = written;
+  const bool digits = take(rest, digit) && rest.isEmpty();
+  return numberOrBreak(written, digits);
+}
+
+StatementValue flag(bool value) {
+  return {value ? QStringLiteral("true") : QStringLiteral("false")};
+}
+
+Statement Statement::AsWritten(const QString& sql) {
+  Statement statement;
+  statement.sql_ = sql;
+  return statement;
+}
+
+Statement& Statement::operator+=(Wording wording) {
+  sql_ += wording.view();
+  return *this;
+}
+
+Statement& Statement::operator+=(const StatementValue& value) {
+  if (value.breaksAt && !broken_) broken_ = Break{sql_.size() + *value.breaksAt, value.isNumber};
+  sql_ += value.text;
+  return *this;
+}
+
+Statement& Statement::operator+=(const Statement& other) {
+  if (other.broken_ && !broken_) broken_ = Break{sql_.size() + other.broken_->at, other.broken_->number};
+  sql_ += other.sql_;
+  return *this;
+}
+
+Statement operator+(Wording left, const StatementValue& right) {
+  Statement statement(left);
+  statement += right;
+  return statement;
+}
+
+Statement operator+(Statement left, Wording right) {
+  left += right;
+  return left;
+}
+
+Statement operator+(Statement left, const StatementValue& right) {
+  left += right;
+  return left;
+}
+
+Statement operator+(Statement left, const Statement& right) {
+  left += right;
+  return left;
+}
+
+}  // namespace store
