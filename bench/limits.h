@@ -6,14 +6,13 @@
 
 /// What each work may cost beside its baselines.
 inline const std::vector<comparison::Limit> kLimits{
-    {"import", "preparati", 2.0},          {"import", "shell", 0.7},
-    {"reception", "preparati", 2.0},       {"reception", "shell", 0.7},
-    {"save_plu", "preparati", 2.0},        {"save_plu", "shell", 0.7},
-    {"fill_plu", "select", 1.5},           {"send", "socket", 2.0},
-    {"start", "empty_window", 1.5},        {"start", "window_with_text", 1.5},
-    {"archive_open", "lettura", 1.5},      {"archive_search", "lettura", 1.5},
-    {"archive_save", "lettura", 1.5},      {"archive_export", "lettura", 1.5},
-    {"sales_open", "lettura", 1.5},        {"sales_refresh", "lettura", 1.5},
-    {"sales_export", "lettura", 1.5},      {"renumber", "preparati", 2.0},
-    {"renumber_no_ean", "preparati", 3.0},
+    {"import", "preparati", 2.0},       {"import", "shell", 0.7},
+    {"reception", "preparati", 2.0},    {"reception", "shell", 0.7},
+    {"save_plu", "preparati", 2.0},     {"save_plu", "shell", 0.7},
+    {"fill_plu", "select", 1.5},        {"send", "socket", 2.0},
+    {"start", "window_with_text", 1.3}, {"archive_open", "lettura", 1.5},
+    {"archive_search", "lettura", 1.5}, {"archive_save", "lettura", 1.5},
+    {"archive_export", "lettura", 1.5}, {"sales_open", "lettura", 1.5},
+    {"sales_refresh", "lettura", 1.5},  {"sales_export", "lettura", 1.5},
+    {"renumber", "preparati", 2.0},     {"renumber_no_ean", "preparati", 3.0},
 };

@@ -26,9 +26,6 @@ void program(benchmark::State& state) {
 void text(benchmark::State& state) {
   untilWindow(state, GESTIONALE_WINDOW_TEXT);
 }
-void empty(benchmark::State& state) {
-  untilWindow(state, GESTIONALE_WINDOW_EMPTY);
-}
 
 constexpr int kRounds = 21;
 BENCHMARK(program)
@@ -40,13 +37,6 @@ BENCHMARK(program)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(text)
     ->Name("start/window_with_text")
-    ->Arg(0)
-    ->UseManualTime()
-    ->Iterations(1)
-    ->Repetitions(kRounds)
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(empty)
-    ->Name("start/empty_window")
     ->Arg(0)
     ->UseManualTime()
     ->Iterations(1)

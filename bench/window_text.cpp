@@ -7,7 +7,7 @@
 #include "bench/painted.h"
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" GESTIONALE_DISPLAY);
   QApplication application(argc, argv);
   QWidget window;
   auto* column = new QVBoxLayout(&window);

@@ -3,11 +3,10 @@
 
 #include <sqlite3.h>
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
+#include "check.h"
+#include "platform/clock.h"
 #include "platform/error.h"
 #include "platform/store/dialect.h"
 #include "platform/store/functions.h"
@@ -17,8 +16,8 @@ namespace {
 sqlite3* engine() {
   static sqlite3* const db = [] {
     sqlite3* open = nullptr;
-    if (sqlite3_open(":memory:", &open) != SQLITE_OK) std::abort();
-    store::RegisterFunctions(open);
+    check(sqlite3_open(":memory:", &open) == SQLITE_OK);
+    store::RegisterFunctions(open, systemClock());
     sqlite3_exec(open,
                  "CREATE TABLE T (a TEXT COLLATE NOCASE, b INTEGER, d DATETIME); CREATE INDEX I ON T (a)",
                  nullptr, nullptr, nullptr);
@@ -32,9 +31,8 @@ void compare(const store::Translation& translation) {
   const char* rest = nullptr;
   const int length = static_cast<int>(translation.sql.size());
   if (sqlite3_prepare_v2(engine(), translation.sql.data(), length, &statement, &rest) != SQLITE_OK) return;
-  if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) != translation.parameters.size())
-    std::abort();
-  if (std::string_view(rest).find_first_not_of(' ') != std::string_view::npos) std::abort();
+  check(static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) == translation.parameters.size());
+  check(std::string_view(rest).find_first_not_of(' ') == std::string_view::npos);
   sqlite3_finalize(statement);
 }
 
@@ -47,11 +45,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t coun
     return fresh;
   }();
   static store::Translation translation;
-  const std::string_view text(static_cast<const char*>(static_cast<const void*>(data)), count);
+  const std::string_view text = textOf(data, count);
   try {
     store::Translate(text, dictionary, translation);
   } catch (const Errore& error) {
-    if (error.numero == 0 || error.descrizione.isEmpty()) std::abort();
+    check(error.numero != 0 && !error.descrizione.isEmpty());
     return 0;
   }
   if (!translation.definition) compare(translation);

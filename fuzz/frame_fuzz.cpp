@@ -1,16 +1,12 @@
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 
+#include "check.h"
 #include "ecrcom/frame.h"
 
 namespace {
 
 using namespace ecrcom;
-
-void check(bool real) {
-  if (!real) std::abort();
-}
 
 /// What is read as a frame must be the very bytes that its fields make, and must begin as frames do.
 void rereads(Bytes byte) {

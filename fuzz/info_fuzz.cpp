@@ -1,23 +1,13 @@
-#include <cstdint>
-#include <cstdlib>
+// A reply is what the library left in its buffer: no more characters than that, whatever they are.
 
+#include "check.h"
 #include "core/state.h"
 #include "ecrlink/ecr_info.h"
 #include "ecrlink/models.h"
 #include "platform/text/windows1252.h"
 
-namespace {
-
-/// A reply is what the library left in its buffer: no more characters than that, whatever they are.
-void check(bool vero) {
-  if (!vero) std::abort();
-}
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t lunghezza) {
-  const QString risposta =
-      windows1252::toText(std::string_view(reinterpret_cast<const char*>(dati), lunghezza));
+  const QString risposta = windows1252::toText(textOf(dati, lunghezza));
   check(ecrlink::ParseInfoECR(risposta) == 0);
   const EcrInfo& info = commonForKora().ECR_INFO;
   for (const QString& campo : info.campo) {

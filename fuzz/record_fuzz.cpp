@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <vector>
 
+#include "check.h"
 #include "config/department_attributes.h"
 #include "config/image.h"
 #include "config/narrow_lines.h"
@@ -14,10 +14,6 @@ namespace {
 using config::Campo;
 using config::Tipo;
 using Byte = std::vector<std::uint8_t>;
-
-void check(bool vero) {
-  if (!vero) std::abort();
-}
 
 /// Reads a field and writes it back: the same value has to be read again, and a field that holds no text has
 /// to keep its bytes.

@@ -4,10 +4,8 @@
 #include <QByteArray>
 #include <QGuiApplication>
 #include <QTextDocument>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 
+#include "check.h"
 #include "controls/rtf.h"
 #include "platform/error.h"
 
@@ -37,11 +35,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t coun
   try {
     rtf::read(byte, document);
   } catch (const Errore& error) {
-    if (error.numero != errors::kFileFormat || error.descrizione.isEmpty() || !document.isEmpty())
-      std::abort();
+    check(error.numero == errors::kFileFormat && !error.descrizione.isEmpty() && document.isEmpty());
     return 0;
   }
   // No step of a file stands for more than one character, a number and a tab of a list aside.
-  if (document.characterCount() > 4 * static_cast<int>(count)) std::abort();
+  check(document.characterCount() <= 4 * static_cast<int>(count));
   return 0;
 }

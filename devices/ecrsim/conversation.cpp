@@ -18,6 +18,8 @@ using namespace ecrcom;
 
 constexpr std::chrono::hours kEver{24 * 365};
 constexpr std::size_t kGarbageBytes = 256;
+/// Room for data at first; it doubles as they arrive.
+constexpr std::size_t kFirstRoom = std::size_t{64} * 1024;
 /// What a file that is handed over too long has behind its end.
 constexpr std::size_t kExtraBytes = 100;
 constexpr std::uint8_t kAlienByte = 0x55;
@@ -77,9 +79,8 @@ bool Conversation::spoil(const Fault& fault, const HeaderBytes& head, Frame& fra
   const Header& what = frame.header;
   const bool sending = what.mode == ECR_SEND_MODE;
   if (fault.what == FaultKind::CutWithin && sending) {
-    std::vector<std::uint8_t> target(what.length / 2);
-    if (receive(socket_, target, deadline_) == IoResult::Done)
-      till_.note(what.mode, what.name, target.size());
+    std::uint32_t unproven = 0;
+    if (gather(what.length / 2, frame.data, unproven)) till_.note(what.mode, what.name, frame.data.size());
     return false;
   }
   if (!complete(head, frame)) return false;
@@ -143,7 +144,25 @@ bool Conversation::send(Bytes byte) const {
 }
 
 bool Conversation::complete(const HeaderBytes& head, Frame& frame) const {
-  return receiveData(socket_, head, deadline_, frame) == IoResult::Done;
+  std::uint32_t checksum = headerChecksum(head);
+  return gather(frame.header.length, frame.data, checksum) && checksum == frame.header.checksum;
+}
+
+/// Data, and their checksum behind `checksum`. Memory follows what arrives: a header that announces megabytes
+/// takes none.
+bool Conversation::gather(std::size_t length, std::vector<std::uint8_t>& data,
+                          std::uint32_t& checksum) const {
+  std::size_t arrived = 0;
+  data.resize(std::min(length, std::max(kFirstRoom, data.capacity())));
+  while (arrived < length) {
+    if (arrived == data.size()) data.resize(std::min(length, 2 * arrived));
+    const std::span<std::uint8_t> rest = std::span(data).subspan(arrived);
+    std::size_t count = 0;
+    if (receiveSome(socket_, rest, deadline_, count) != IoResult::Done) return false;
+    checksum = extendChecksum(checksum, rest.first(count));
+    arrived += count;
+  }
+  return true;
 }
 
 /// Holds the line until the other side has had enough.

@@ -25,6 +25,7 @@ class Conversation {
   bool answer(std::uint8_t mode, const Reply& reply) const;
   bool send(ecrcom::Bytes byte) const;
   bool complete(const ecrcom::HeaderBytes& head, ecrcom::Frame& frame) const;
+  bool gather(std::size_t length, std::vector<std::uint8_t>& data, std::uint32_t& checksum) const;
   void awaitEnd() const;
 
   const ecrcom::Socket& socket_;

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "ecrsim/conversation.h"
 
@@ -17,6 +18,11 @@ using ecrcom::Socket;
 
 constexpr std::uint32_t kLoopbackNet = 127;
 constexpr int kBacklog = 64;
+/// Threads that may wait for a connection at once: a PC's commands come one after the other.
+constexpr int kMaxFree = 4;
+/// What a thread keeps of its buffer from one connection to the next: room for the largest file that tills
+/// know.
+constexpr std::size_t kKeptBytes = std::size_t{256} * 1024;
 /// Pause before the next try when the process has no descriptor left.
 constexpr std::chrono::milliseconds kPause{10};
 /// How long the other side of a connection that has ended may take to close its own end.
@@ -65,32 +71,33 @@ Listener::~Listener() {
     for (Worker& one : workers_)
       if (one.connection.isOpen()) shutdown(one.connection.descriptor(), SHUT_RDWR);
   }
-  for (Worker& one : workers_) one.thread.join();
+  // From here on no thread starts, and none moves from one list to the other.
+  for (Workers* const all : {&workers_, &ended_})
+    for (Worker& one : *all) one.thread.join();
 }
 
 /// With the lock held. A thread that cannot be had is one connection served later.
 void Listener::addWorker() {
-  Worker& fresh = workers_.emplace_back();
+  const auto fresh = workers_.emplace(workers_.end());
   try {
-    fresh.thread = std::thread([this, &fresh] { work(fresh); });
+    fresh->thread = std::thread([this, fresh] { work(fresh); });
     ++free_;
   } catch (const std::system_error&) {
-    workers_.pop_back();
+    workers_.erase(fresh);
   }
 }
 
-void Listener::work(Worker& worker) {
-  for (;;) {
+void Listener::work(Workers::iterator worker) {
+  std::vector<std::uint8_t> buffer;
+  for (bool stays = true; stays;) {
     Socket connection(accept(listener_.descriptor(), nullptr, nullptr));
     if (!connection.isOpen() && (errno == EMFILE || errno == ENFILE)) std::this_thread::sleep_for(kPause);
-    if (take(worker, std::move(connection))) {
-      Conversation(worker.connection, till_, worker.buffer).run();
-      worker.connection.dismiss(ecrcom::within(kFarewell));
+    if (take(*worker, std::move(connection))) {
+      Conversation(worker->connection, till_, buffer).run();
+      if (buffer.capacity() > kKeptBytes) std::vector<std::uint8_t>().swap(buffer);
+      worker->connection.dismiss(ecrcom::within(kFarewell));
     }
-    const std::lock_guard lock(mutex_);
-    if (closes_) return;
-    if (worker.connection.isOpen()) ++free_;
-    worker.connection.close();
+    stays = release(worker);
   }
 }
 
@@ -100,6 +107,24 @@ bool Listener::take(Worker& worker, Socket connection) {
   worker.connection = std::move(connection);
   if (--free_ == 0) addWorker();
   return true;
+}
+
+bool Listener::release(Workers::iterator worker) {
+  Workers before;
+  {
+    const std::lock_guard lock(mutex_);
+    if (closes_) return false;
+    if (!worker->connection.isOpen()) return true;
+    worker->connection.close();
+    if (free_ < kMaxFree) {
+      ++free_;
+      return true;
+    }
+    before.swap(ended_);
+    ended_.splice(ended_.end(), workers_, worker);
+  }
+  for (Worker& one : before) one.thread.join();
+  return false;
 }
 
 }  // namespace ecrsim

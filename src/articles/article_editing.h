@@ -27,19 +27,19 @@ class SchermoArticoli {
 };
 
 /// Adds an article with what stands in the fields; the EAN is padded there with blanks to 13 characters. On
-/// an archive assigned to a till the journal gets an 'I', or its 'C' of the same EAN becomes one. True if the
-/// article stands in the archive; else it is as before and the person has been told. Throws Errore, with
-/// everything undone, where a query or the commit fails and where the price is out of range.
+/// an archive assigned to a till the table of variations gets an 'I', or its 'C' of the same EAN becomes one.
+/// True if the article stands in the archive; else it is as before and the person has been told. Throws
+/// Errore, with everything undone, where a query or the commit fails and where the price is out of range.
 bool InserimentoArticolo(CampiArticolo& campi, Contesto& contesto, SchermoArticoli& schermo);
 
 /// Tasto_Cancella on the article of the EAN field, if there is one.
 bool EliminaSelezionato(const CampiArticolo& campi, Contesto& contesto, SchermoArticoli& schermo);
 
-/// Deletes every row that bears `ean`, after asking. On an archive assigned to a till an 'I' or 'U' of the
-/// journal goes with it, since the till never had the article; else the journal gets a 'C' and positions and
-/// checksums are brought up to date. True if it is done; else the archive is as before. The commands are on
-/// again at its end, however it ends. Throws Errore, with everything undone, where a query or the commit
-/// fails.
+/// Deletes every row that bears `ean`, after asking. On an archive assigned to a till its 'I' or 'U' in the
+/// table of variations goes with it, since the till never had the article; else that table gets a 'C' and
+/// positions and checksums are brought up to date. True if it is done; else the archive is as before. The
+/// commands are on again at its end, however it ends. Throws Errore, with everything undone, where a query or
+/// the commit fails.
 bool Tasto_Cancella(const QString& ean, Contesto& contesto, SchermoArticoli& schermo);
 
 }  // namespace articles

@@ -11,7 +11,6 @@ namespace config {
 namespace {
 
 constexpr unsigned kBitPerByte = 8;
-constexpr std::size_t kByteIntero = 4;
 
 void esigi(std::size_t disponibili, std::size_t richiesti) {
   if (disponibili < richiesti) throw errors::outOfRange();

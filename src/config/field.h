@@ -29,8 +29,10 @@ struct Campo {
   std::size_t limite = 0;
 };
 
-/// In order, without overlap, inside a record of `byte` bytes, widths fitting their kinds. A text's NUL
-/// stands inside its field, or in the reserve right behind it.
+inline constexpr std::size_t kByteIntero = 4;
+
+/// In order, covering a record of `byte` bytes without a gap or an overlap, widths fitting their kinds. A
+/// text's NUL stands inside its field, or in the reserve right behind it.
 constexpr bool coerente(std::span<const Campo> campi, std::size_t byte);
 
 using Record = std::span<std::uint8_t>;
@@ -55,7 +57,7 @@ constexpr bool coerente(std::span<const Campo> campi, std::size_t byte) {
   std::size_t prossimo = 0;
   std::size_t fineTesto = 0;
   for (const Campo& campo : campi) {
-    if (campo.inizio < prossimo || campo.larghezza == 0) return false;
+    if (campo.inizio != prossimo || campo.larghezza == 0) return false;
     if (campo.inizio < fineTesto && campo.tipo != Tipo::Riservato) return false;
     prossimo = campo.inizio + campo.larghezza;
     switch (campo.tipo) {
@@ -65,7 +67,7 @@ constexpr bool coerente(std::span<const Campo> campi, std::size_t byte) {
         break;
       case Tipo::Intero32:
       case Tipo::SenzaSegno32:
-        if (campo.larghezza != 4) return false;
+        if (campo.larghezza != kByteIntero) return false;
         break;
       case Tipo::CampoTesto:
         if (campo.limite == 0) return false;
@@ -75,7 +77,7 @@ constexpr bool coerente(std::span<const Campo> campi, std::size_t byte) {
         break;
     }
   }
-  return prossimo <= byte && fineTesto <= byte;
+  return prossimo == byte && fineTesto <= byte;
 }
 
 }  // namespace config

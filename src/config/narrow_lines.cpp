@@ -1,6 +1,6 @@
 #include "config/narrow_lines.h"
 
-#include "config/records.h"
+#include "ecrlink/models.h"
 #include "platform/error.h"
 
 namespace config {
@@ -30,8 +30,6 @@ struct Forma {
 constexpr Forma kIntestazioni{intestazione::kRecord, intestazione::kByte, intestazione_corta::kByte,
                               kCoppieIntestazione};
 constexpr Forma kCortesie{cortesia::kRecord, cortesia::kByte, cortesia_corta::kByte, kCoppieCortesia};
-static_assert(intestazione::kRecord * intestazione_corta::kByte == intestazione_corta::kTotale);
-static_assert(cortesia::kRecord * cortesia_corta::kByte == cortesia_corta::kTotale);
 
 void verifica(const Forma& forma, std::size_t piena, std::size_t corta) {
   if (piena < forma.righe * forma.bytePiena || corta < forma.righe * forma.byteCorta)
@@ -53,6 +51,13 @@ void allarga(const Forma& forma, RecordLetto corta, Record piena) {
 }
 
 }  // namespace
+
+bool invioStretto(const QString& infoTipoBitmap) {
+  return ecrlink::classePiccola(infoTipoBitmap);
+}
+bool ricezioneStretta(const QString& infoTipoBitmap) {
+  return infoTipoBitmap != QLatin1String("L");
+}
 
 void restringiIntestazione(RecordLetto piena, Record corta) {
   restringi(kIntestazioni, piena, corta);

@@ -2,25 +2,32 @@
 
 #include <array>
 
-#include "config/field.h"
+#include "config/records.h"
 
 /// The narrow header and courtesy lines, which travel to and from a till of the small size class only; the
 /// configuration file never holds them.
 namespace config {
 
-/// 8 records.
+/// Whether a till of this size class is sent its lines narrow: "S" alone, as the upper bounds of the file
+/// channel have it.
+bool invioStretto(const QString& infoTipoBitmap);
+/// Whether the lines come back narrow from it: every class but "L". The two part on a class that is neither:
+/// such a till is sent the full lines, and of what it hands back only the narrow form is read.
+bool ricezioneStretta(const QString& infoTipoBitmap);
+
+/// As many records as the wide lines.
 namespace intestazione_corta {
 inline constexpr Campo kDoppiaAltezza{"doppia altezza", 0, 1, Tipo::Flag};
 inline constexpr Campo kPrimaLettera{"prima lettera", 1, 1, Tipo::Byte};
 inline constexpr Campo kRiserva{"riserva", 2, 24, Tipo::Riservato};
 inline constexpr std::array kCampi{kDoppiaAltezza, kPrimaLettera, kRiserva};
 inline constexpr std::size_t kByte = 26;
-inline constexpr std::size_t kTotale = 208;
+inline constexpr std::size_t kTotale = intestazione::kRecord * kByte;
 static_assert(coerente(kCampi, kByte));
 }  // namespace intestazione_corta
 using RecordIntestazioneCorta = std::array<std::uint8_t, intestazione_corta::kByte>;
 
-/// 2 records.
+/// As many records as the wide lines.
 namespace cortesia_corta {
 inline constexpr Campo kDoppiaAltezza{"doppia altezza", 0, 1, Tipo::Flag};
 inline constexpr Campo kPrimaLettera{"prima lettera", 1, 1, Tipo::Byte};
@@ -28,7 +35,7 @@ inline constexpr Campo kRiserva{"riserva", 2, 24, Tipo::Riservato};
 inline constexpr Campo kAbilitazione{"abilitazione", 26, 1, Tipo::Flag};
 inline constexpr std::array kCampi{kDoppiaAltezza, kPrimaLettera, kRiserva, kAbilitazione};
 inline constexpr std::size_t kByte = 27;
-inline constexpr std::size_t kTotale = 54;
+inline constexpr std::size_t kTotale = cortesia::kRecord * kByte;
 static_assert(coerente(kCampi, kByte));
 }  // namespace cortesia_corta
 using RecordCortesiaCorta = std::array<std::uint8_t, cortesia_corta::kByte>;

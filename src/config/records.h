@@ -97,20 +97,21 @@ struct Voce {
   const char16_t* nome;
   const char16_t* immagine;
 };
-inline constexpr std::array<Voce, kRecord> kVoci{{
-    {u"Logo intestazione", u"Logo"},
-    {u"Merceologico", u"Merceologico1"},
-    {u"Natale", u"Natale"},
-    {u"Pasqua", u"Pasqua"},
-    {u"Festa della Mamma", u"FestaMamma"},
-    {u"Festa del papà", u"FestaPapà"},
-    {u"Festa della donna", u"FestaDonna"},
-    {u"Vacanze", u"Vacanze"},
-    {u"Carnevale", u"Carnevale"},
-    {u"San Valentino", u"SanValentino"},
-    {u"1° Promozione", u"Promozione1"},
-    {u"2° Promozione", u"Promozione2"},
-}};
+inline constexpr std::array kVoci{
+    Voce{u"Logo intestazione", u"Logo"},
+    Voce{u"Merceologico", u"Merceologico1"},
+    Voce{u"Natale", u"Natale"},
+    Voce{u"Pasqua", u"Pasqua"},
+    Voce{u"Festa della Mamma", u"FestaMamma"},
+    Voce{u"Festa del papà", u"FestaPapà"},
+    Voce{u"Festa della donna", u"FestaDonna"},
+    Voce{u"Vacanze", u"Vacanze"},
+    Voce{u"Carnevale", u"Carnevale"},
+    Voce{u"San Valentino", u"SanValentino"},
+    Voce{u"1° Promozione", u"Promozione1"},
+    Voce{u"2° Promozione", u"Promozione2"},
+};
+static_assert(kVoci.size() == kRecord);
 }  // namespace logo
 using RecordLogo = std::array<std::uint8_t, logo::kByte>;
 

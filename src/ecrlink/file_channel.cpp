@@ -117,9 +117,16 @@ int ReadByteFromFile(std::span<std::uint8_t> immagine, const QString& file, Cont
 
 std::optional<std::int64_t> RiceviFile(std::span<std::uint8_t> immagine, const QString& file,
                                        Precedente precedente, Contesto& contesto) {
+  std::optional<ScambioEsclusivo> scambio;
+  return RiceviFile(immagine, file, precedente, contesto, scambio);
+}
+
+std::optional<std::int64_t> RiceviFile(std::span<std::uint8_t> immagine, const QString& file,
+                                       Precedente precedente, Contesto& contesto,
+                                       std::optional<ScambioEsclusivo>& scambio) {
   std::optional<std::int64_t> arrivati;
   sorvegliata(contesto, "RiceviFile", "CommonForKora", [&] {
-    const ScambioEsclusivo scambio;
+    scambio.emplace();
     sgombra(file, precedente);
     if (avviaECR(file, Modo::Ricevi, contesto) != 0) return;
     if (ReadByteFromFile(immagine, file, contesto) != 0) return;

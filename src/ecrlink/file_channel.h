@@ -6,6 +6,8 @@
 #include <optional>
 #include <span>
 
+#include "ecrlink/transfer_lock.h"
+
 struct Contesto;
 
 /// Images to named files in the process's current folder and back, and their way to the till. One program at
@@ -38,5 +40,9 @@ inline constexpr const char* kPrecedente = ".precedente";
 /// where the till or the folder failed, which has been shown.
 std::optional<std::int64_t> RiceviFile(std::span<std::uint8_t> immagine, const QString& file,
                                        Precedente precedente, Contesto& contesto);
+/// The same; the folder stays the caller's, in `scambio`, until that is emptied.
+std::optional<std::int64_t> RiceviFile(std::span<std::uint8_t> immagine, const QString& file,
+                                       Precedente precedente, Contesto& contesto,
+                                       std::optional<ScambioEsclusivo>& scambio);
 
 }  // namespace ecrlink

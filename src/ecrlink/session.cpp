@@ -8,6 +8,7 @@
 #include "core/state.h"
 #include "ecrlink/ecr_info.h"
 #include "ecrlink/link_view.h"
+#include "ecrlink/transfer_lock.h"
 #include "platform/net/network.h"
 
 namespace ecrlink {
@@ -15,7 +16,7 @@ namespace ecrlink {
 namespace {
 
 constexpr int kPuntiIndirizzo = 3;
-constexpr int kAttesaEco = 250;  // milliseconds
+constexpr int kScadenzaEco = 250;  // milliseconds
 
 /// What goes on after a step.
 enum class Passo { Avanti, Basta, Pronto };
@@ -108,11 +109,23 @@ void pronto(VistaLink& vista) {
   vista.abilitaSchermo();
 }
 
+/// The connection closes a transfer that it finds open on the till: not that of a program at work. A folder
+/// that takes no lock takes no transfer file either.
+void escludiAltri(std::optional<ScambioEsclusivo>& scambio) {
+  try {
+    scambio.emplace();
+  } catch (const Errore& errore) {
+    if (errore.numero == errors::kAccessDenied) throw;
+  }
+}
+
 void connetti(VistaLink& vista, Contesto& contesto) {
   if (verificaIndirizzo(vista, contesto) == Passo::Basta) return;
   // The word of an earlier connection stays to be read; its colour would tell that it still holds.
   vista.distingui(style::Badge::Neutral);
   if (verificaPresenza(contesto) == Passo::Basta) return;
+  std::optional<ScambioEsclusivo> scambio;
+  escludiAltri(scambio);
   vista.abilitaConnetti(false);
   vista.fuocoSuEsci();
   if (interroga(vista, contesto) == Passo::Avanti) {
@@ -150,7 +163,7 @@ bool ControllaIP(const QString& testo) {
 }
 
 int PingECR(const QString& indirizzo, Contesto& contesto) {
-  return contesto.rete.echo(indirizzo, QByteArrayLiteral("hello"), kAttesaEco);
+  return contesto.rete.echo(indirizzo, QByteArrayLiteral("hello"), kScadenzaEco);
 }
 
 }  // namespace ecrlink

@@ -1,19 +1,36 @@
 #include "ecrlink/transfer_lock.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 
 #include "platform/error.h"
 
 namespace ecrlink {
 
 namespace {
+
 const QString kFile = QStringLiteral(".scambio-ecr.lock");
+/// Between making the file and writing into it a living program takes no such time.
+constexpr qint64 kSenzaNomeMs = 2000;
+
+/// The file of a program that ended before it wrote its number, or of a power cut: nobody holds it, and it
+/// names nobody whose end could be noticed.
+bool senzaNome(const QLockFile& serratura) {
+  qint64 processo = 0;
+  QString macchina;
+  QString programma;
+  return !serratura.getLockInfo(&processo, &macchina, &programma) &&
+         QFileInfo(kFile).lastModified().msecsTo(QDateTime::currentDateTime()) > kSenzaNomeMs;
 }
+
+}  // namespace
 
 ScambioEsclusivo::ScambioEsclusivo() : serratura_(kFile) {
   // However long a till takes to answer, only the end of the program makes its lock stale.
   serratura_.setStaleLockTime(0);
   if (serratura_.tryLock(0)) return;
+  if (senzaNome(serratura_) && serratura_.removeStaleLockFile() && serratura_.tryLock(0)) return;
   const QString cartella = QDir::toNativeSeparators(QDir::currentPath());
   if (serratura_.error() == QLockFile::LockFailedError)
     throw Errore{errors::kAccessDenied,

@@ -45,6 +45,7 @@ void Form_RicezioneVenduto::racconta(const sales::Ricezione& ricezione) {
   const QString testo = sales::RaccontoRicezione(ricezione);
   if (testo.isEmpty()) return;
   const bool intera = ricezione.byte == std::int64_t{sales::kByteVenduto};
-  const bool sicura = ricezione.esito == sales::Esito::Fatto && intera && ricezione.giaRicevute.isEmpty();
+  const bool doppia = ricezione.righe > 0 && !ricezione.giaRicevute.isEmpty();
+  const bool sicura = ricezione.esito == sales::Esito::Fatto && intera && !doppia;
   ui_->Esito->tell(sicura ? OutcomeBar::Kind::Done : OutcomeBar::Kind::Warning, testo);
 }

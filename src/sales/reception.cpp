@@ -57,10 +57,13 @@ void segnalaCaricamento(Contesto& contesto, const Errore& errore) {
                          Icon::Critical);
 }
 
-Esito azzera(Contesto& contesto, const QString& riuscita) {
-  if (ecrlink::avviaECR({}, ecrlink::Modo::AzzeraVenduto, contesto) != 0)
+/// Another program may exchange again before the box is answered.
+Esito azzera(Contesto& contesto, const QString& riuscita, std::optional<ecrlink::ScambioEsclusivo>& scambio) {
+  const int codice = ecrlink::avviaECR({}, ecrlink::Modo::AzzeraVenduto, contesto);
+  if (codice == 0) nota::togli();
+  scambio.reset();
+  if (codice != 0)
     return fallita(contesto, QStringLiteral("Errore nell'invio richiesta reset dati del venduto"));
-  nota::togli();
   contesto.utente.MsgBox(riuscita, Icon::Warning);
   return Esito::Fatto;
 }
@@ -106,11 +109,15 @@ store::Statement inserimento(int slot, const VendutoSlot& venduto) {
 
 Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento) {
   Ricezione ricezione;
+  // Held until the till has answered the clearing: who received in between would store the same sales again,
+  // and clear what the till sold meanwhile.
+  std::optional<ecrlink::ScambioEsclusivo> scambio;
   // Neither size nor date decides: slots that a short file does not reach have sold nothing.
   Venduto venduto(kByteVenduto);
-  ricezione.byte =
-      ecrlink::RiceviFile(venduto, QLatin1String(kFileVenduto), ecrlink::Precedente::Tenuto, contesto);
+  ricezione.byte = ecrlink::RiceviFile(venduto, QLatin1String(kFileVenduto), ecrlink::Precedente::Tenuto,
+                                       contesto, scambio);
   if (!ricezione.byte) {
+    scambio.reset();
     fallita(contesto, QStringLiteral("Errore nell'invio richiesta dati del venduto"));
     return ricezione;
   }
@@ -120,6 +127,7 @@ Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento) {
     carica(venduto, contesto, avanzamento, ricezione);
   } catch (const Errore& errore) {
     // Undone by now, a failed commit too. The till is cleared only behind a commit.
+    scambio.reset();
     segnalaCaricamento(contesto, errore);
     ricezione.esito = Esito::NonCaricato;
     ricezione.righe = 0;
@@ -127,22 +135,22 @@ Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento) {
   }
   annota(byte);
   ricezione.esito =
-      azzera(contesto, QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"));
+      azzera(contesto, QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
+             scambio);
   return ricezione;
 }
 
 QString RaccontoRicezione(const Ricezione& ricezione) {
   if (!ricezione.byte) return {};
   QStringList frasi;
-  const auto attesi = static_cast<std::int64_t>(kByteVenduto);
+  const auto previsti = static_cast<std::int64_t>(kByteVenduto);
   const QString ricevuti = QStringLiteral("Ricevuti %1 byte").arg(numero(*ricezione.byte));
-  if (*ricezione.byte < attesi)
+  if (*ricezione.byte < previsti)
+    frasi += ricevuti + QStringLiteral(" invece di %1: quelli che mancano contano come nessuna vendita.")
+                            .arg(numero(previsti));
+  else if (*ricezione.byte > previsti)
     frasi +=
-        ricevuti +
-        QStringLiteral(" invece di %1: quelli che mancano contano come nessuna vendita.").arg(numero(attesi));
-  else if (*ricezione.byte > attesi)
-    frasi +=
-        ricevuti + QStringLiteral(" invece di %1: quelli in più non sono stati letti.").arg(numero(attesi));
+        ricevuti + QStringLiteral(" invece di %1: quelli in più non sono stati letti.").arg(numero(previsti));
   else
     frasi += ricevuti + QStringLiteral(", %1 righe di venduto.").arg(numero(ricezione.righe));
   if (ricezione.esito == Esito::NonCaricato)
@@ -167,7 +175,13 @@ QString AvvisoAzzeramentoInSospeso() {
 }
 
 Esito AzzeraVenduto(Contesto& contesto) {
-  return azzera(contesto, QStringLiteral("ARCHIVIO DEL VENDUTO AZZERATO CORRETTAMENTE SULLA CASSA"));
+  std::optional<ecrlink::ScambioEsclusivo> scambio;
+  try {
+    scambio.emplace();
+  } catch (const Errore& errore) {
+    return fallita(contesto, errore.descrizione);
+  }
+  return azzera(contesto, QStringLiteral("ARCHIVIO DEL VENDUTO AZZERATO CORRETTAMENTE SULLA CASSA"), scambio);
 }
 
 }  // namespace sales

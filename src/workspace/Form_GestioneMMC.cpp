@@ -97,6 +97,11 @@ void Form_GestioneMMC::mostraAperto(bool aperto) {
   ui_->mnuImporta->setEnabled(aperto);
 }
 
+void Form_GestioneMMC::mostraChiuso() {
+  mostraAperto(false);
+  ui_->mnuApri->setEnabled(true);
+}
+
 void Form_GestioneMMC::aggiorna() {
   const bool aperto = varGlobal().DB_Articoli.isOpen();
   const QString percorso = QDir::toNativeSeparators(varGlobal().NomeDB_Articoli);
@@ -116,7 +121,7 @@ void Form_GestioneMMC::nuovo() {
     articles::NuovoDatabase(*scelto, contesto());
   } catch (const Errore&) {
     // The archive that was open may have been the one whose place the copy took.
-    if (!varGlobal().DB_Articoli.isOpen()) mostraAperto(false);
+    if (!varGlobal().DB_Articoli.isOpen()) mostraChiuso();
     throw;
   }
   mostraAperto(true);
@@ -143,8 +148,7 @@ void Form_GestioneMMC::importa() {
 
 void Form_GestioneMMC::chiudi() {
   // Closed it is, whatever becomes of its last transaction: no command may meet it any more.
-  mostraAperto(false);
-  ui_->mnuApri->setEnabled(true);
+  mostraChiuso();
   articles::ChiudiDatabase();
 }
 

@@ -50,6 +50,8 @@ class Form_GestioneMMC : public Schermo<QMainWindow> {
   void abilitaComandi(bool abilitati);
   /// The state that the screen has with an archive open or with none, `mnuApri` aside.
   void mostraAperto(bool aperto);
+  /// The one behind a closing, wanted or not: `mnuApri` is on again.
+  void mostraChiuso();
   void apriSchermata(const char* procedura, const char* nome);
   void aggiorna();
 

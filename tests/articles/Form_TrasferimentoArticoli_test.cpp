@@ -299,6 +299,9 @@ struct CasoGuasto {
   int modo;
   ecrsim::FaultKind cosa;
 };
+void PrintTo(const CasoGuasto& caso, std::ostream* uscita) {
+  *uscita << faultName(caso.modo, caso.cosa);
+}
 class TrasferimentoConGuasto : public TrasferimentoArticoli,
                                public testing::WithParamInterface<CasoGuasto> {};
 

@@ -32,6 +32,9 @@ struct Solo {
   QString testo;
   QString condizione;
 };
+void PrintTo(const Solo& solo, std::ostream* uscita) {
+  *uscita << solo.condizione.toStdString();
+}
 class RicercaConUnCampo : public testing::TestWithParam<Solo> {};
 
 TEST_P(RicercaConUnCampo, HaLaSuaCondizioneELOrdine) {

@@ -170,6 +170,9 @@ struct Nullo {
   int lunghezza;
   QByteArray restano;
 };
+void PrintTo(const Nullo& nullo, std::ostream* uscita) {
+  *uscita << "column " << nullo.colonna << " null";
+}
 class RiempiPLUNullo : public testing::TestWithParam<Nullo> {};
 
 TEST_P(RiempiPLUNullo, SiDiceIlCampoRestaEGliAltriSiRiempiono) {

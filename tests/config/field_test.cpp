@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <limits>
 
-#include "config/all_fields.h"
+#include "config/pinned_fields.h"
 #include "platform/error.h"
 
 using namespace config;
@@ -76,83 +77,111 @@ std::size_t toccatiFuori(const Byte& record, std::size_t da, std::size_t a) {
   return toccati;
 }
 
-class OgniCampo : public testing::TestWithParam<CampoInRecord> {};
-class OgniTesto : public testing::TestWithParam<CampoInRecord> {};
+class OgniRecord : public testing::TestWithParam<RecordAtteso> {};
+class OgniCampo : public testing::TestWithParam<PostoInRecord> {};
+class OgniTesto : public testing::TestWithParam<PostoInRecord> {};
+
+constexpr auto kNome = [](const auto& caso) { return nomeDelCaso(caso.param); };
+
+void verifica(const Campo& campo, const Posto& atteso) {
+  EXPECT_EQ(campo.nome, atteso.nome);
+  EXPECT_EQ(campo.inizio, atteso.inizio);
+  EXPECT_EQ(campo.larghezza, atteso.larghezza);
+  EXPECT_EQ(campo.tipo, atteso.tipo);
+  EXPECT_EQ(campo.limite, atteso.limite);
+}
 
 }  // namespace
 
+TEST_P(OgniRecord, HaISuoiCampiAiLoroPostiConILoroLimiti) {
+  const RecordAtteso& record = GetParam();
+  EXPECT_EQ(record.byteDichiarati, record.byte);
+  ASSERT_EQ(record.tabella.size(), record.posti.size());
+  for (std::size_t i = 0; i < record.posti.size(); ++i) {
+    const Posto& posto = record.posti[i];
+    SCOPED_TRACE(posto.nome + " at " + std::to_string(posto.inizio));
+    verifica(posto.campo, posto);
+    verifica(record.tabella[i], posto);
+  }
+}
+
 TEST_P(OgniCampo, ScriverloLasciaIntattiIByteFuori) {
-  const auto& [nome, byte, campo] = GetParam();
+  const auto& [nome, byte, posto] = GetParam();
   Byte record = vecchi(byte);
-  scriviQualcosa(record, campo);
-  EXPECT_EQ(toccatiFuori(record, campo.inizio, campo.inizio + campo.larghezza), 0U);
-  if (campo.tipo == Tipo::Riservato)
+  scriviQualcosa(record, posto.campo);
+  EXPECT_EQ(toccatiFuori(record, posto.inizio, posto.inizio + posto.larghezza), 0U);
+  if (posto.tipo == Tipo::Riservato)
     EXPECT_EQ(record, vecchi(byte));
   else
-    EXPECT_NE(record, vecchi(byte));
+    EXPECT_NE(record[posto.inizio], kVecchio);
 }
 
 TEST_P(OgniCampo, OgniLunghezzaInsufficienteFallisceESenzaScrivereNulla) {
-  const auto& [nome, byte, campo] = GetParam();
-  if (campo.tipo == Tipo::Riservato) {
-    EXPECT_LE(campo.inizio + campo.larghezza, byte);
+  const Posto& posto = GetParam().posto;
+  const std::size_t fine = posto.inizio + posto.larghezza;
+  if (posto.tipo == Tipo::Riservato) {
+    EXPECT_LE(fine, GetParam().byte);
     return;
   }
-  for (std::size_t lungo = 0; lungo < campo.inizio + campo.larghezza; ++lungo) {
+  for (std::size_t lungo = 0; lungo < fine; ++lungo) {
     Byte record = vecchi(lungo);
-    EXPECT_EQ(numeroDi([&] { scriviQualcosa(record, campo); }), errors::kOutOfRange) << lungo;
-    EXPECT_EQ(numeroDi([&] { leggiQualcosa(record, campo); }), errors::kOutOfRange) << lungo;
+    EXPECT_EQ(numeroDi([&] { scriviQualcosa(record, posto.campo); }), errors::kOutOfRange) << lungo;
+    EXPECT_EQ(numeroDi([&] { leggiQualcosa(record, posto.campo); }), errors::kOutOfRange) << lungo;
     EXPECT_EQ(record, vecchi(lungo));
   }
-  Byte giusto = vecchi(campo.inizio + campo.larghezza);
-  EXPECT_EQ(numeroDi([&] { scriviQualcosa(giusto, campo); }), 0);
+  Byte giusto = vecchi(fine);
+  EXPECT_EQ(numeroDi([&] { scriviQualcosa(giusto, posto.campo); }), 0);
 }
 
 TEST_P(OgniTesto, AlLimitePassaIntero) {
-  const auto& [nome, byte, campo] = GetParam();
+  const auto& [nome, byte, posto] = GetParam();
   Byte record = vecchi(byte);
-  const QString testo(static_cast<qsizetype>(campo.limite), QLatin1Char('k'));
-  scriviTesto(record, campo, testo);
-  EXPECT_EQ(leggiTesto(record, campo), testo);
-  EXPECT_EQ(record[campo.inizio + campo.limite], 0);
-  EXPECT_EQ(toccatiFuori(record, campo.inizio, campo.inizio + campo.limite + 1), 0U);
+  const QString testo(static_cast<qsizetype>(posto.limite), QLatin1Char('k'));
+  scriviTesto(record, posto.campo, testo);
+  EXPECT_EQ(leggiTesto(record, posto.campo), testo);
+  EXPECT_EQ(std::ranges::count(record, 'k'), static_cast<std::ptrdiff_t>(posto.limite));
+  EXPECT_EQ(record[posto.inizio + posto.limite], 0);
+  EXPECT_EQ(toccatiFuori(record, posto.inizio, posto.inizio + posto.limite + 1), 0U);
 }
 
 TEST_P(OgniTesto, OltreIlLimiteVieneTagliato) {
-  const auto& [nome, byte, campo] = GetParam();
+  const auto& [nome, byte, posto] = GetParam();
   Byte record = vecchi(byte);
-  scriviTesto(record, campo, QString(static_cast<qsizetype>(campo.limite) + 1, QLatin1Char('k')));
-  EXPECT_EQ(leggiTesto(record, campo), QString(static_cast<qsizetype>(campo.limite), QLatin1Char('k')));
-  EXPECT_EQ(toccatiFuori(record, campo.inizio, campo.inizio + campo.limite + 1), 0U);
+  scriviTesto(record, posto.campo, QString(static_cast<qsizetype>(posto.limite) + 1, QLatin1Char('k')));
+  EXPECT_EQ(leggiTesto(record, posto.campo), QString(static_cast<qsizetype>(posto.limite), QLatin1Char('k')));
+  EXPECT_EQ(toccatiFuori(record, posto.inizio, posto.inizio + posto.limite + 1), 0U);
 }
 
 TEST_P(OgniTesto, PiuCortoLasciaIByteVecchiDietroIlSuoZero) {
-  const auto& [nome, byte, campo] = GetParam();
+  const auto& [nome, byte, posto] = GetParam();
   Byte record = vecchi(byte);
-  scriviTesto(record, campo, QStringLiteral("z"));
-  EXPECT_EQ(record[campo.inizio], 'z');
-  EXPECT_EQ(record[campo.inizio + 1], 0);
-  EXPECT_EQ(toccatiFuori(record, campo.inizio, campo.inizio + 2), 0U);
-  EXPECT_EQ(leggiTesto(record, campo), QStringLiteral("z"));
+  scriviTesto(record, posto.campo, QStringLiteral("z"));
+  EXPECT_EQ(record[posto.inizio], 'z');
+  EXPECT_EQ(record[posto.inizio + 1], 0);
+  EXPECT_EQ(toccatiFuori(record, posto.inizio, posto.inizio + 2), 0U);
+  EXPECT_EQ(leggiTesto(record, posto.campo), QStringLiteral("z"));
 }
 
 TEST_P(OgniTesto, VuotoScriveIlSoloZero) {
-  const auto& [nome, byte, campo] = GetParam();
+  const auto& [nome, byte, posto] = GetParam();
   Byte record = vecchi(byte);
-  scriviTesto(record, campo, QString());
-  EXPECT_EQ(record[campo.inizio], 0);
-  EXPECT_EQ(toccatiFuori(record, campo.inizio, campo.inizio + 1), 0U);
-  EXPECT_TRUE(leggiTesto(record, campo).isEmpty());
+  scriviTesto(record, posto.campo, QString());
+  EXPECT_EQ(record[posto.inizio], 0);
+  EXPECT_EQ(toccatiFuori(record, posto.inizio, posto.inizio + 1), 0U);
+  EXPECT_TRUE(leggiTesto(record, posto.campo).isEmpty());
 }
 
 TEST_P(OgniTesto, SenzaZeroSiLeggeFinoAllaFineDelCampo) {
-  const auto& [nome, byte, campo] = GetParam();
-  const Byte record(byte, 'p');
-  EXPECT_EQ(leggiTesto(record, campo), QString(static_cast<qsizetype>(campo.larghezza), QLatin1Char('p')));
+  const auto& [nome, byte, posto] = GetParam();
+  Byte record(byte, 'q');
+  std::fill_n(record.begin() + static_cast<std::ptrdiff_t>(posto.inizio), posto.larghezza, 'p');
+  EXPECT_EQ(leggiTesto(record, posto.campo),
+            QString(static_cast<qsizetype>(posto.larghezza), QLatin1Char('p')));
 }
 
-INSTANTIATE_TEST_SUITE_P(Programma, OgniCampo, testing::ValuesIn(tuttiICampi()));
-INSTANTIATE_TEST_SUITE_P(Programma, OgniTesto, testing::ValuesIn(tuttiICampi(Tipo::CampoTesto)));
+INSTANTIATE_TEST_SUITE_P(Programma, OgniRecord, testing::ValuesIn(recordAttesi()), kNome);
+INSTANTIATE_TEST_SUITE_P(Programma, OgniCampo, testing::ValuesIn(tuttiIPosti()), kNome);
+INSTANTIATE_TEST_SUITE_P(Programma, OgniTesto, testing::ValuesIn(tuttiIPosti(Tipo::CampoTesto)), kNome);
 
 TEST(Campo, UnInteroStaInQuattroByteDalMenoSignificativo) {
   constexpr Campo kCampo{"prova", 1, 4, Tipo::Intero32};
@@ -213,14 +242,27 @@ TEST(Coerente, RifiutaLeTabelleSbagliate) {
   EXPECT_TRUE(coerente(Tabella{{"a", 0, 1, Tipo::Flag}, {"b", 1, 4, Tipo::Intero32}}, 5));
   EXPECT_FALSE(coerente(Tabella{{"a", 0, 1, Tipo::Flag}, {"b", 1, 4, Tipo::Intero32}}, 4))
       << "outside the record";
-  EXPECT_FALSE(coerente(Tabella{{"a", 0, 4, Tipo::Intero32}, {"b", 3, 1, Tipo::Byte}}, 9)) << "overlap";
-  EXPECT_FALSE(coerente(Tabella{{"a", 4, 4, Tipo::Intero32}, {"b", 0, 1, Tipo::Byte}}, 9)) << "out of order";
-  EXPECT_FALSE(coerente(Tabella{{"a", 0, 2, Tipo::Byte}}, 9)) << "a byte of two";
-  EXPECT_FALSE(coerente(Tabella{{"a", 0, 3, Tipo::SenzaSegno32}}, 9)) << "a number of three";
-  EXPECT_FALSE(coerente(Tabella{{"a", 0, 0, Tipo::Riservato}}, 9)) << "no width";
-  EXPECT_FALSE(coerente(Tabella{{"a", 0, 5, Tipo::CampoTesto}}, 9)) << "a text without a limit";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 4, Tipo::Intero32}, {"b", 3, 1, Tipo::Byte}}, 4)) << "overlap";
+  EXPECT_FALSE(coerente(Tabella{{"a", 4, 4, Tipo::Intero32}, {"b", 0, 4, Tipo::Intero32}}, 8))
+      << "out of order";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 2, Tipo::Byte}}, 2)) << "a byte of two";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 2, Tipo::Flag}}, 2)) << "a flag of two";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 3, Tipo::SenzaSegno32}}, 3)) << "a number of three";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 8, Tipo::Intero32}}, 8)) << "a number of eight";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 0, Tipo::Riservato}}, 0)) << "no width";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 5, Tipo::CampoTesto}}, 5)) << "a text without a limit";
   EXPECT_FALSE(coerente(Tabella{{"a", 0, 5, Tipo::CampoTesto, 5}}, 5)) << "no room for the NUL";
   EXPECT_FALSE(coerente(Tabella{{"a", 0, 5, Tipo::CampoTesto, 5}, {"b", 5, 1, Tipo::Byte}}, 6))
       << "NUL in a field";
   EXPECT_TRUE(coerente(Tabella{{"a", 0, 5, Tipo::CampoTesto, 5}, {"b", 5, 1, Tipo::Riservato}}, 6));
+}
+
+TEST(Coerente, RifiutaUnRecordCheICampiNonCopronoTutto) {
+  using Tabella = std::vector<Campo>;
+  EXPECT_FALSE(coerente(Tabella{{"a", 1, 1, Tipo::Flag}}, 2)) << "before the first";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 1, Tipo::Flag}, {"b", 2, 1, Tipo::Flag}}, 3)) << "between two";
+  EXPECT_FALSE(coerente(Tabella{{"a", 0, 1, Tipo::Flag}}, 2)) << "behind the last";
+  EXPECT_FALSE(coerente(Tabella{}, 1)) << "no field at all";
+  EXPECT_TRUE(
+      coerente(Tabella{{"a", 0, 1, Tipo::Flag}, {"b", 1, 1, Tipo::Riservato}, {"c", 2, 1, Tipo::Flag}}, 3));
 }

@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <string>
 
+#include "config/narrow_lines.h"
+#include "ecrlink/models.h"
+#include "ecrsim/known_files.h"
 #include "platform/error.h"
 
 using namespace config;
@@ -49,6 +52,40 @@ TEST(Immagine, FinisceA244968) {
   const ImmagineProgrammazione immagine;
   EXPECT_EQ(immagine.byte().size(), 244968U);
   EXPECT_EQ(kLogo.inizio + kLogo.totale(), 244968U);
+}
+
+TEST(NoveFile, RecordPerRecordFannoIByteDelCanaleEDellaCassa) {
+  for (const Famiglia* famiglia : famiglie()) {
+    SCOPED_TRACE(famiglia->file);
+    const ecrsim::KnownFile* file = ecrsim::knownFile(famiglia->file);
+    ASSERT_NE(file, nullptr);
+    const std::size_t inPiu = famiglia == &kPLU ? 0 : 1;
+    const std::size_t strette = famiglia == &kIntestazione ? intestazione_corta::kTotale
+                                : famiglia == &kCortesia   ? cortesia_corta::kTotale
+                                                           : famiglia->totale();
+    for (const auto& [classe, byte] :
+         {std::pair{"L", famiglia->record * famiglia->byte}, std::pair{"S", strette}}) {
+      EXPECT_EQ(ecrlink::limiteSuperiore(QString::fromLatin1(famiglia->file), QString::fromLatin1(classe)),
+                byte)
+          << classe;
+      EXPECT_EQ(file->byte(classe), byte + inPiu) << classe;
+    }
+  }
+  EXPECT_EQ(intestazione_corta::kTotale, 208U);
+  EXPECT_EQ(cortesia_corta::kTotale, 54U);
+  EXPECT_EQ(kByteArchivioPLU, 240000U);
+}
+
+TEST(NoveFile, SommatiAllaTestataEAlNegozioFannoIlFileDiConfigurazione) {
+  constexpr std::size_t kVersione = 6;
+  constexpr std::size_t kModello = 3;
+  std::size_t byte = kVersione + kModello + negozio::kByte;
+  EXPECT_EQ(byte, 146U);
+  for (const Famiglia* famiglia : famiglie()) {
+    EXPECT_EQ(kVersione + kModello + negozio::kByte + famiglia->inizio, byte) << famiglia->file;
+    byte += famiglia->record * famiglia->byte;
+  }
+  EXPECT_EQ(byte, 245114U);
 }
 
 TEST(Immagine, IlRecordEAlSuoOffsetEByteFuoriNonSiToccano) {

@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
+#include "core/state.h"
+#include "ecrlink/ecr_info.h"
+#include "ecrlink/models.h"
 #include "platform/error.h"
 
 using namespace config;
@@ -21,7 +25,52 @@ Byte numerati(std::size_t quanti) {
   return byte;
 }
 
+/// What the program holds of a till after its word on itself.
+const EcrInfo& infoDi(const char* modello, const char* classe) {
+  ecrlink::ParseInfoECR(QStringLiteral("VER=3.00,BMP=%1,MMC=4,D=,E=,F=,G=,H=,I=,J=,STATO=I,MOD=%2")
+                            .arg(QString::fromLatin1(classe), QString::fromLatin1(modello)));
+  return commonForKora().ECR_INFO;
+}
+
+struct OgniModello : testing::TestWithParam<ecrlink::Modello> {
+  ~OgniModello() override { azzeraStato(); }
+};
+
+std::string nomeDelModello(const testing::TestParamInfo<ecrlink::Modello>& caso) {
+  std::string nome = std::to_string(caso.index) + "_" + caso.param.nome;
+  std::ranges::replace(nome, ' ', '_');
+  return nome;
+}
+
 }  // namespace
+
+namespace ecrlink {
+static void PrintTo(const Modello& modello, std::ostream* uscita) {
+  *uscita << modello.didascalia;
+}
+}  // namespace ecrlink
+
+TEST_P(OgniModello, SoloLaClasseDecideSeLeRigheViaggianoStrette) {
+  struct Caso {
+    const char* classe;
+    bool invio;
+    bool ricezione;
+  };
+  for (const Caso& caso :
+       {Caso{"S", true, true}, Caso{"L", false, false}, Caso{"M", false, true}, Caso{"", false, true},
+        Caso{"s", false, true}, Caso{"l", false, true}, Caso{"S ", false, true}, Caso{" L", false, true}}) {
+    const EcrInfo& info = infoDi(GetParam().nome, caso.classe);
+    ASSERT_EQ(info.InfoTipoMacchina, QString::fromLatin1(GetParam().nome));
+    EXPECT_EQ(invioStretto(info.InfoTipoBitmap), caso.invio) << "class \"" << caso.classe << "\"";
+    EXPECT_EQ(ricezioneStretta(info.InfoTipoBitmap), caso.ricezione) << "class \"" << caso.classe << "\"";
+    EXPECT_EQ(ecrlink::limiteSuperiore(QStringLiteral("intestazione.bin"), info.InfoTipoBitmap),
+              caso.invio ? 208U : 304U);
+    EXPECT_EQ(ecrlink::limiteSuperiore(QStringLiteral("cortesia.bin"), info.InfoTipoBitmap),
+              caso.invio ? 54U : 78U);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Cassa, OgniModello, testing::ValuesIn(ecrlink::kModelli), nomeDelModello);
 
 TEST(RigheStrette, DellIntestazionePassanoSoloAltezzaEPrimoCarattere) {
   const Byte piena = numerati(kIntestazioni);

@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "config/department_attributes.h"
-#include "config/general_options.h"
 #include "config/image.h"
 
 using namespace config;
@@ -20,23 +19,6 @@ std::string esadecimale(RecordLetto record) {
 
 std::string zeri(std::size_t byte) {
   return std::string(byte * 2, '0');
-}
-
-struct Posto {
-  std::size_t inizio;
-  std::size_t larghezza;
-  Tipo tipo;
-  std::size_t limite = 0;
-};
-
-void verificaPosti(std::span<const Campo> campi, const std::vector<Posto>& attesi) {
-  ASSERT_EQ(campi.size(), attesi.size());
-  for (std::size_t i = 0; i < attesi.size(); ++i) {
-    EXPECT_EQ(campi[i].inizio, attesi[i].inizio) << campi[i].nome;
-    EXPECT_EQ(campi[i].larghezza, attesi[i].larghezza) << campi[i].nome;
-    EXPECT_EQ(campi[i].tipo, attesi[i].tipo) << campi[i].nome;
-    EXPECT_EQ(campi[i].limite, attesi[i].limite) << campi[i].nome;
-  }
 }
 
 }  // namespace
@@ -134,63 +116,9 @@ TEST(Records, LeDodiciVociDelleGraficheNelLoroOrdine) {
   }
 }
 
-TEST(Records, IlBloccoNegozioHaNoveTestiIn137Byte) {
-  EXPECT_EQ(BloccoNegozio{}.size(), 137U);
-  verificaPosti(negozio::kCampi, {{0, 25, Tipo::CampoTesto, 24},
-                                  {25, 12, Tipo::CampoTesto, 11},
-                                  {37, 25, Tipo::CampoTesto, 24},
-                                  {62, 15, Tipo::CampoTesto, 14},
-                                  {77, 6, Tipo::CampoTesto, 5},
-                                  {83, 3, Tipo::CampoTesto, 2},
-                                  {86, 13, Tipo::CampoTesto, 12},
-                                  {99, 13, Tipo::CampoTesto, 12},
-                                  {112, 25, Tipo::CampoTesto, 24}});
-}
-
-TEST(Records, IParametriStannoAiLoroPosti) {
-  constexpr auto kF = Tipo::Flag;
-  constexpr auto kB = Tipo::Byte;
-  constexpr auto kI = Tipo::Intero32;
-  constexpr auto kU = Tipo::SenzaSegno32;
-  constexpr auto kT = Tipo::CampoTesto;
-  verificaPosti(parametri::kCampi, {{0, 1, kF},        {1, 4, kI},
-                                    {5, 1, kB},        {6, 1, kF},
-                                    {7, 1, kF},        {8, 1, kF},
-                                    {9, 1, kF},        {10, 1, kF},
-                                    {11, 1, kF},       {12, 1, kF},
-                                    {13, 1, kB},       {14, 1, kF},
-                                    {15, 1, kF},       {16, 1, kB},
-                                    {17, 1, kB},       {18, 1, kF},
-                                    {19, 1, kB},       {20, 1, kB},
-                                    {21, 1, kF},       {22, 4, kU},
-                                    {26, 1, kF},       {27, 25, kT, 10},
-                                    {52, 25, kT, 10},  {77, 25, kT, 10},
-                                    {102, 25, kT, 10}, {127, 7, kT, 6},
-                                    {134, 1, kB},      {135, 4, kU},
-                                    {139, 1, kB},      {140, 1, kF},
-                                    {141, 1, kF},      {142, 1, kB},
-                                    {143, 1, kF},      {144, 1, kB},
-                                    {145, 1, kF},      {146, 1, kF},
-                                    {147, 1, kF},      {148, 4, kI},
-                                    {152, 4, kI},      {156, 1, kB},
-                                    {157, 1, kF},      {158, 1, kF},
-                                    {159, 1, kB},      {160, 1, kB},
-                                    {161, 1, kF},      {162, 25, kT, 14},
-                                    {187, 25, kT, 14}, {212, 25, kT, 14},
-                                    {237, 25, kT, 14}, {262, 25, kT, 14},
-                                    {287, 25, kT, 14}, {312, 25, kT, 14},
-                                    {337, 25, kT, 14}, {362, 1, kF},
-                                    {363, 25, kT, 24}, {388, 1, kF},
-                                    {389, 25, kT, 24}, {414, 1, kF},
-                                    {415, 1, kF},      {416, 1, kF},
-                                    {417, 1, kF},      {418, 10, Tipo::Riservato}});
-}
-
-TEST(Records, SubtenderETallonSonoSerieDiTestiUguali) {
+TEST(Records, QuattroSubtenderEOttoTallon) {
   EXPECT_EQ(parametri::kSubtender.quanti, 4U);
-  EXPECT_EQ(parametri::kSubtender.campo(3).inizio, 102U);
   EXPECT_EQ(parametri::kTallon.quanti, 8U);
-  EXPECT_EQ(parametri::kTallon.campo(7).inizio, 337U);
 }
 
 TEST(Records, NeiParametriRestanoIDieciByteRiservati) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 
 #include "core/conversions.h"
@@ -87,5 +88,9 @@ TEST_P(OgniControlloData, IlTrentadueGennaioEIlGiornoZeroPassano) {
   for (const char* cifre : {"32010011", "00010011", "99010011", "00020011"}) valida(GetParam(), cifre);
 }
 
+static std::string nomeDelControllo(const testing::TestParamInfo<Controllo>& caso) {
+  return std::array{"Revisione", "Periodo", "Scontrino"}.at(caso.index);
+}
 INSTANTIATE_TEST_SUITE_P(Date, OgniControlloData,
-                         testing::Values(CheckDataRevisione, CheckDataPeriodo, CheckDataScontrino));
+                         testing::Values(CheckDataRevisione, CheckDataPeriodo, CheckDataScontrino),
+                         nomeDelControllo);

@@ -308,6 +308,9 @@ struct Taglia {
   int piccola;
   int grande;
 };
+void PrintTo(const Taglia& taglia, std::ostream* uscita) {
+  *uscita << taglia.nome;
+}
 
 struct LunghezzeAccettate : testing::TestWithParam<Taglia> {
   /// Code of sending so many bytes to a till of a size class.

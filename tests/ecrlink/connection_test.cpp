@@ -77,7 +77,7 @@ struct Connessione : testing::Test {
   }
 };
 
-class ConStato : public Connessione, public testing::WithParamInterface<std::pair<char, const char*>> {};
+class ConStato : public Connessione, public testing::WithParamInterface<std::pair<char, std::string>> {};
 
 std::string pezzo(const std::string& voce, int quanti) {
   std::string testo;

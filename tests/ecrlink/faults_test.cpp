@@ -17,6 +17,9 @@ struct Caso {
 std::string nomeDelCaso(const testing::TestParamInfo<Caso>& info) {
   return faultName(static_cast<int>(info.param.modo), info.param.cosa);
 }
+void PrintTo(const Caso& caso, std::ostream* uscita) {
+  *uscita << nomeDelCaso({caso, 0});
+}
 
 std::vector<Caso> casi(std::initializer_list<Modo> modi) {
   std::vector<Caso> tutti;

@@ -463,6 +463,9 @@ struct CasoGuasto {
   /// Whether the sales are in the archive by then.
   bool memorizzato;
 };
+void PrintTo(const CasoGuasto& caso, std::ostream* uscita) {
+  *uscita << faultName(caso.modo, caso.cosa);
+}
 class RicezioneConGuasto : public RicezioneVenduto, public testing::WithParamInterface<CasoGuasto> {};
 
 TEST_P(RicezioneConGuasto, SiDiceESiAzzeraSoloCioCheEMemorizzato) {

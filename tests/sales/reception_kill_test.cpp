@@ -19,6 +19,9 @@ struct Morte {
   int slot;
   bool dopoLAzzeramento;
 };
+void PrintTo(const Morte& morte, std::ostream* uscita) {
+  *uscita << (morte.dopoLAzzeramento ? "behind the clearing" : "at slot " + std::to_string(morte.slot));
+}
 
 /// A program of its own that opens the archive, receives and kills itself on the way.
 [[noreturn]] void riceviEMuori(const QString& archivio, const QString& indirizzo, Morte morte) {

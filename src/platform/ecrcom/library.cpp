@@ -10,9 +10,9 @@
 namespace {
 
 #if defined(Q_OS_WIN)
-constexpr QLatin1String kNome("ecrcom.dll");
+constexpr QLatin1String kName("ecrcom.dll");
 #elif defined(Q_OS_MACOS)
-constexpr QLatin1String kNome("libecrcom.dylib");
+constexpr QLatin1String kName("libecrcom.dylib");
 #else
 constexpr QLatin1String kName("libecrcom.so");
 #endif

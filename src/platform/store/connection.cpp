@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <charconv>
 #include <utility>
 
 #include "platform/store/change_counter.h"
@@ -18,8 +19,9 @@ namespace store {
 namespace {
 
 constexpr std::size_t kMaxPrepared = 64;
-/// Steps of the engine's between two looks at the clock: some hundred microseconds.
-constexpr int kStepsBetweenLooks = 20000;
+/// Steps of the engine's between two looks at the clock: some ten microseconds. The engine counts them anew
+/// at each statement, and what opens a large schema is many small ones.
+constexpr int kStepsBetweenLooks = 1000;
 
 std::string_view view(const QByteArray& byte) {
   return {byte.constData(), static_cast<std::size_t>(byte.size())};
@@ -27,6 +29,17 @@ std::string_view view(const QByteArray& byte) {
 
 int overdue(void* deadline) {
   return std::chrono::steady_clock::now() > *static_cast<std::chrono::steady_clock::time_point*>(deadline);
+}
+
+/// Whether the engine's check of a file stumbled over a page that the disk did not hand out. It tells so
+/// among the damages, with the code of the failed read.
+bool unreadable(std::string_view finding) {
+  constexpr std::string_view kBefore = "error code=";
+  const std::size_t at = finding.find(kBefore);
+  if (at == std::string_view::npos) return false;
+  int code = 0;
+  std::from_chars(finding.data() + at + kBefore.size(), finding.data() + finding.size(), code);
+  return (code & 0xFF) == SQLITE_IOERR;
 }
 
 std::string levelName(int level) {
@@ -124,22 +137,24 @@ void Connection::refuse(const Statement& statement) {
 }
 
 // The windows on the source stay bound when the call is over; every later use binds all of them anew.
-void Connection::bind(sqlite3_stmt* statement) const {
+void Connection::bind(sqlite3_stmt* statement) {
   int place = 0;
+  int outcome = SQLITE_OK;
   for (const Parameter& parameter : translation_->parameters) {
     ++place;
     switch (parameter.kind) {
       case Parameter::Kind::Integer:
-        sqlite3_bind_int64(statement, place, parameter.integer);
+        outcome = sqlite3_bind_int64(statement, place, parameter.integer);
         break;
       case Parameter::Kind::Real:
-        sqlite3_bind_double(statement, place, parameter.real);
+        outcome = sqlite3_bind_double(statement, place, parameter.real);
         break;
       case Parameter::Kind::Text:
-        sqlite3_bind_text64(statement, place, parameter.text.data(), parameter.text.size(), SQLITE_STATIC,
-                            SQLITE_UTF8);
+        outcome = sqlite3_bind_text64(statement, place, parameter.text.data(), parameter.text.size(),
+                                      SQLITE_STATIC, SQLITE_UTF8);
         break;
     }
+    if (outcome != SQLITE_OK) failed(EngineError(db_, Moment::Statement));
   }
 }
 
@@ -180,18 +195,20 @@ void Connection::settleJournal() {
 
 void Connection::checkIntegrity() {
   beginTime();
-  bool sound = true;
+  std::string finding = "ok";
   const auto look = [](void* found, int, char** value, char**) {
-    *static_cast<bool*>(found) = EqualCaseless(value[0], "ok");
+    *static_cast<std::string*>(found) = value[0];
     return 0;
   };
-  if (sqlite3_exec(db_, "PRAGMA quick_check(1)", look, &sound, nullptr) != SQLITE_OK) {
+  if (sqlite3_exec(db_, "PRAGMA quick_check(1)", look, &finding, nullptr) != SQLITE_OK) {
     // A file that is locked, or too large to be looked through in time, is not found damaged: the statements
     // behind tell what is the matter.
     const Errore error = EngineError(db_, Moment::Statement);
-    if (error.numero == errors::kNotADatabase) throw error;
+    if (error.numero == errors::kNotADatabase || error.numero == errors::kDiskError) throw error;
   }
-  if (!sound) throw errors::notADatabase(path_);
+  if (EqualCaseless(finding, "ok")) return;
+  if (unreadable(finding)) throw DiskError();
+  throw errors::notADatabase(path_);
 }
 
 // A commit that failed behind its last step has been made all the same: the file tells. One that the engine

@@ -49,7 +49,7 @@ class Connection {
   void settleJournal();
   int execute(const Statement& statement);
   std::shared_ptr<const RowSet> query(const Statement& statement);
-  /// Throws 3343 where the file's pages do not fit together.
+  /// Throws 3343 where the file's pages do not fit together, 3043 where the disk does not hand them out.
   void checkIntegrity();
 
   /// True if the engine has undone the transaction by itself: no statement is taken until it is rolled back.
@@ -68,7 +68,7 @@ class Connection {
   [[noreturn]] void refuse(const Statement& statement);
   void beginTime();
   void writeByJournal();
-  void bind(sqlite3_stmt* statement) const;
+  void bind(sqlite3_stmt* statement);
   void catchUp();
   void command(const std::string& sql);
   void commitToDisk();

@@ -1,37 +1,27 @@
 #include "platform/store/like_pattern.h"
 
 #include <QChar>
-#include <cstdint>
+#include <bit>
 
 namespace store {
 
 namespace {
 
 constexpr char32_t kUnknown = 0xFFFD;
+constexpr char32_t kFirstBeyondAscii = 0x80;
 constexpr unsigned char kLastAscii = 0x7E;
 
-/// Takes one character off the front; a byte that begins no UTF-8 character counts as one by itself.
-char32_t take(std::string_view& text) {
-  const auto byte = [&text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char first = byte(0);
-  std::size_t length = first < 0x80 ? 1 : first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : first >= 0xC0 ? 2 : 0;
-  if (length == 1) {
-    text.remove_prefix(1);
-    return first;
-  }
-  if (length == 0 || length > text.size()) {
-    text.remove_prefix(1);
-    return kUnknown;
-  }
-  char32_t point = first & (0xFFU >> (length + 1));
-  for (std::size_t i = 1; i < length; ++i) point = (point << 6U) | (byte(i) & 0x3FU);
-  text.remove_prefix(length);
-  return point;
+bool continues(std::string_view text) {
+  return !text.empty() && (static_cast<unsigned char>(text.front()) & 0xC0U) == 0x80;
 }
 
+/// No character beyond ASCII folds into it: the long s and the Kelvin sign are no `s` and no `k` to the range
+/// that stands in front of a pattern either.
 char32_t folded(char32_t point) {
-  if (point < 0x80) return point >= 'A' && point <= 'Z' ? point + ('a' - 'A') : point;
-  return point > QChar::LastValidCodePoint ? point : QChar::toCaseFolded(point);
+  if (point < kFirstBeyondAscii) return point >= 'A' && point <= 'Z' ? point + ('a' - 'A') : point;
+  if (point > QChar::LastValidCodePoint) return point;
+  const char32_t fold = QChar::toCaseFolded(point);
+  return fold < kFirstBeyondAscii ? point : fold;
 }
 
 /// Is `point` in the set whose inside is `set`, as `a-z09` or `!a-z`?
@@ -40,11 +30,11 @@ bool inSet(std::string_view set, char32_t point) {
   if (excluded) set.remove_prefix(1);
   bool found = false;
   while (!set.empty()) {
-    const char32_t first = folded(take(set));
+    const char32_t first = folded(TakeCharacter(set));
     char32_t last = first;
     if (set.size() > 1 && set.front() == '-') {
       set.remove_prefix(1);
-      last = folded(take(set));
+      last = folded(TakeCharacter(set));
     }
     found = found || (point >= first && point <= last);
   }
@@ -59,19 +49,31 @@ bool element(std::string_view& pattern, std::string_view& text) {
     return true;
   }
   if (text.empty()) return false;
-  const char32_t point = folded(take(text));
+  const char32_t point = folded(TakeCharacter(text));
   if (closed != std::string_view::npos) {
     const std::string_view set = pattern.substr(1, closed - 1);
     pattern.remove_prefix(closed + 1);
     return inSet(set, point);
   }
-  const char32_t expected = take(pattern);
+  const char32_t expected = TakeCharacter(pattern);
   if (expected == '?') return true;
   if (expected == '#') return point >= '0' && point <= '9';
   return folded(expected) == point;
 }
 
 }  // namespace
+
+char32_t TakeCharacter(std::string_view& text) {
+  const auto first = static_cast<unsigned char>(text.front());
+  text.remove_prefix(1);
+  if (first < 0xC0) return first;
+  char32_t point = first & (0x7FU >> static_cast<unsigned>(std::countl_one(first)));
+  for (; continues(text); text.remove_prefix(1))
+    point = (point << 6U) + (static_cast<unsigned char>(text.front()) & 0x3FU);
+  const bool surrogate = (point & 0xFFFFF800U) == 0xD800;
+  const bool noCharacter = (point & 0xFFFFFFFEU) == 0xFFFE;
+  return point < kFirstBeyondAscii || surrogate || noCharacter ? kUnknown : point;
+}
 
 bool MatchesPattern(std::string_view pattern, std::string_view text) {
   std::string_view patternAfterStar;
@@ -88,7 +90,7 @@ bool MatchesPattern(std::string_view pattern, std::string_view text) {
     }
     if (!pattern.empty() && element(pattern, text)) continue;
     if (!star || textAfterStar.empty()) return false;
-    take(textAfterStar);
+    TakeCharacter(textAfterStar);
     pattern = patternAfterStar;
     text = textAfterStar;
   }

@@ -4,6 +4,12 @@
 
 namespace store {
 
+/// Takes the first character off a text that has one. Broken UTF-8 is cut as the engine's own functions cut
+/// it, so that patterns and lengths count alike: a byte that begins no character stands for itself, one that
+/// begins some takes every continuation byte behind it, and what comes out as no character, or as one that
+/// ought to be shorter than two bytes, is U+FFFD.
+char32_t TakeCharacter(std::string_view& text);
+
 /// The dialect's LIKE on UTF-8: `*` any text, `?` one character, `#` one digit, `[a-z]` and `[!a-z]` sets.
 /// Letter case does not matter, accented letters included.
 bool MatchesPattern(std::string_view pattern, std::string_view text);

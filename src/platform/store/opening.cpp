@@ -12,6 +12,10 @@ namespace store {
 
 namespace {
 
+/// Bytes of one text: beyond every line of a list, and far beyond what any column takes. A file may compute
+/// its own; of one of a gigabyte every copy would cost memory and time that no limit of a statement's time
+/// cuts short.
+constexpr int kMaxText = 1 << 24;
 /// How long a statement waits for another program's lock, in ms: the person is waiting in front of the
 /// screen.
 constexpr int kLockWait = 150;
@@ -34,6 +38,7 @@ void checkFile(const QString& path) {
 
 void protect(sqlite3* db) {
   int ignored = 0;
+  sqlite3_limit(db, SQLITE_LIMIT_LENGTH, kMaxText);
   sqlite3_extended_result_codes(db, 1);
   sqlite3_busy_timeout(db, kLockWait);
   sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, &ignored);

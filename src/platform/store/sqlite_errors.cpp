@@ -73,8 +73,28 @@ Errore constraint(int extended, std::string_view message) {
   }
 }
 
-bool diskIsFull(int errno_) {
+bool meansFull(int errno_) {
   return errno_ == ENOSPC || errno_ == EFBIG || errno_ == EDQUOT;
+}
+
+/// Why the last operation on a file of the engine's failed; 0 where nothing is known.
+int lastErrno(sqlite3* db, int whichFile) {
+  sqlite3_file* file = nullptr;
+  int number = 0;
+  if (sqlite3_file_control(db, "main", whichFile, &file) != SQLITE_OK) return 0;
+  if (file == nullptr || file->pMethods == nullptr) return 0;
+  file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &number);
+  return number;
+}
+
+// The engine takes note of the system's error behind its own clearing up, which may have changed it: the
+// files remember theirs.
+bool diskIsFull(sqlite3* db, int extended) {
+  if (meansFull(sqlite3_system_errno(db))) return true;
+  if (extended != SQLITE_IOERR_WRITE && extended != SQLITE_IOERR_TRUNCATE && extended != SQLITE_IOERR_FSYNC)
+    return false;
+  return meansFull(lastErrno(db, SQLITE_FCNTL_FILE_POINTER)) ||
+         meansFull(lastErrno(db, SQLITE_FCNTL_JOURNAL_POINTER));
 }
 
 Errore readOnlyError() {
@@ -131,8 +151,8 @@ Errore EngineError(sqlite3* db, Moment moment) {
     case SQLITE_FULL:
       return errors::diskFull();
     case SQLITE_IOERR:
-      if (diskIsFull(sqlite3_system_errno(db))) return errors::diskFull();
-      return {errors::kDiskError, QStringLiteral("Errore di lettura o scrittura sul disco.")};
+      if (diskIsFull(db, extended)) return errors::diskFull();
+      return DiskError();
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
       return errors::notADatabase();
@@ -147,6 +167,10 @@ Errore EngineError(sqlite3* db, Moment moment) {
     default:
       return genericError(message);
   }
+}
+
+Errore DiskError() {
+  return {errors::kDiskError, QStringLiteral("Errore di lettura o scrittura sul disco.")};
 }
 
 Errore PreparationError(sqlite3* db, std::string_view source, const Dictionary& dictionary) {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace store {
 namespace {
@@ -62,6 +64,77 @@ TEST(ModelloLike, ByteCheNonSonoUtf8NonFannoDanno) {
                              "a\xFF"
                              "b"));
   EXPECT_FALSE(MatchesPattern("\xE2\x82", "x"));
+}
+
+TEST(ModelloLike, UnInizioSenzaSeguitoNonPrendeLaLetteraDopo) {
+  const std::string testo =
+      "\xC1"
+      "ab";
+  EXPECT_FALSE(MatchesPattern("ab", testo));
+  EXPECT_TRUE(MatchesPattern("?ab", testo));
+  EXPECT_FALSE(MatchesPattern("b", testo));
+  EXPECT_TRUE(MatchesPattern("?x",
+                             "\xE2\x82"
+                             "x"));
+}
+
+TEST(ModelloLike, UnaFormaTroppoLungaDiUnaLetteraNonELaLettera) {
+  EXPECT_FALSE(MatchesPattern("ab",
+                              "\xC1\xA1"
+                              "b"));
+  EXPECT_FALSE(MatchesPattern("a*", "\xE0\x81\xA1"));
+  EXPECT_FALSE(MatchesPattern("a*", "\xF8\x80\x80\x81\xA1"));
+}
+
+TEST(ModelloLike, NessunCarattereOltreLAsciiValeUnaLetteraAscii) {
+  EXPECT_FALSE(MatchesPattern("k*", "\u212A"));
+  EXPECT_FALSE(MatchesPattern("s*", "\u017F"));
+  EXPECT_FALSE(MatchesPattern("[a-z]", "\u212A"));
+}
+
+/// What comes off the front of a text, and how many bytes that took.
+std::pair<char32_t, std::size_t> primo(std::string_view testo) {
+  std::string_view resto = testo;
+  const char32_t carattere = TakeCharacter(resto);
+  return {carattere, testo.size() - resto.size()};
+}
+
+using Primo = std::pair<char32_t, std::size_t>;
+
+TEST(CaratteriUtf8, QuelliBenFormatiValgonoSeStessi) {
+  EXPECT_EQ(primo("a"), Primo(U'a', 1));
+  EXPECT_EQ(primo("èa"), Primo(U'è', 2));
+  EXPECT_EQ(primo("€a"), Primo(U'€', 3));
+  EXPECT_EQ(primo("\xF0\x9F\x8D\x9E"
+                  "a"),
+            Primo(0x1F35EU, 4));
+}
+
+TEST(CaratteriUtf8, UnByteCheNonIniziaNienteValeSeStesso) {
+  EXPECT_EQ(primo("\x80"
+                  "a"),
+            Primo(0x80U, 1));
+  EXPECT_EQ(primo("\xBF\xBF"), Primo(0xBFU, 1));
+}
+
+TEST(CaratteriUtf8, UnInizioPrendeTuttiESoliIByteDiSeguito) {
+  EXPECT_EQ(primo("\xC1"
+                  "a"),
+            Primo(0xFFFDU, 1));
+  EXPECT_EQ(primo("\xC3"), Primo(0xFFFDU, 1));
+  EXPECT_EQ(primo("\xE2\x82"
+                  "x"),
+            Primo(0x82U, 2));
+  EXPECT_EQ(primo("\xC3\xA8\xA8"
+                  "x"),
+            Primo(0x3A28U, 3));
+}
+
+TEST(CaratteriUtf8, CioCheNonEUnCarattereEQuelloDiSostituzione) {
+  EXPECT_EQ(primo("\xC1\xA1"), Primo(0xFFFDU, 2));
+  EXPECT_EQ(primo("\xED\xA0\x80"), Primo(0xFFFDU, 3));
+  EXPECT_EQ(primo("\xEF\xBF\xBE"), Primo(0xFFFDU, 3));
+  EXPECT_EQ(primo("\xFF\xBF"), Primo(0xFFFDU, 2));
 }
 
 TEST(ModelloLike, SoloUnaParentesiApertaNonEValida) {

@@ -14,7 +14,9 @@ struct State {
   sqlite3_io_methods metodi{};
   int sincronizzazioni = 0;
   int operazioni = 0;
+  int letture = 0;
   std::function<int(int)> fault;
+  std::function<int(int)> readFault;
 };
 State& state() {
   static State only;
@@ -40,7 +42,9 @@ int close(sqlite3_file* f) {
   return real(f)->pMethods->xClose(real(f));
 }
 int read(sqlite3_file* f, void* p, int n, sqlite3_int64 where) {
-  return real(f)->pMethods->xRead(real(f), p, n, where);
+  const int number = ++state().letture;
+  const int outcome = state().readFault ? state().readFault(number) : SQLITE_OK;
+  return outcome != SQLITE_OK ? outcome : real(f)->pMethods->xRead(real(f), p, n, where);
 }
 int write(sqlite3_file* f, const void* p, int n, sqlite3_int64 where) {
   const int outcome = fault();
@@ -119,6 +123,7 @@ VfsOfTry::~VfsOfTry() {
   sqlite3_vfs_unregister(&state().ours);
   sqlite3_vfs_register(state().real, 1);
   state().fault = nullptr;
+  state().readFault = nullptr;
 }
 
 int VfsOfTry::sincronizzazioni() const {
@@ -128,8 +133,13 @@ int VfsOfTry::operazioni() const {
   return state().operazioni;
 }
 void VfsOfTry::clear() {
-  state().sincronizzazioni = state().operazioni = 0;
+  state().sincronizzazioni = state().operazioni = state().letture = 0;
 }
 void VfsOfTry::before(std::function<int(int)> fault) {
   state().fault = std::move(fault);
+}
+
+void VfsOfTry::beforeRead(std::function<int(int)> fault) {
+  state().letture = 0;
+  state().readFault = std::move(fault);
 }

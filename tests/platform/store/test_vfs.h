@@ -17,4 +17,6 @@ class VfsOfTry {
   void clear();
   /// Asked before each of those with its number from 1; returns the engine's code to fail with, 0 to go on.
   void before(std::function<int(int)> fault);
+  /// The same before each read, which have a number of their own.
+  void beforeRead(std::function<int(int)> fault);
 };

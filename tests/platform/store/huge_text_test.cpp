@@ -1,0 +1,55 @@
+// Archives of other programs may compute their texts: one that is beyond every column must cost nothing.
+
+#include <sqlite3.h>
+
+#include "platform/store/engine.h"
+#include "platform/store/test_archive.h"
+
+namespace {
+
+/// An archive with a view of one row, whose text `a` is as long as the expression says.
+class TestoEnorme : public testing::Test {
+ protected:
+  store::Database conVista(const char* espressione) {
+    store::PrepareEngine();
+    const QString percorso = folder_.file(QStringLiteral("altrui.mdb"));
+    sqlite3* db = nullptr;
+    EXPECT_EQ(sqlite3_open(percorso.toUtf8().constData(), &db), SQLITE_OK);
+    const std::string sql = std::string("CREATE VIEW V AS SELECT ") + espressione + " AS a";
+    EXPECT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(db);
+    return workspace_.OpenDatabase(percorso);
+  }
+
+  TemporaryFolder folder_;
+  FixedClock clock_;
+  store::Workspace workspace_{clock_};
+};
+
+TEST_F(TestoEnorme, SediciMebibyteSiLeggono) {
+  store::Database archivio = conVista("hex(zeroblob(8388607)) || 'xy'");
+  EXPECT_EQ(archivio.OpenRecordset(u"SELECT a from V").text(0).size(), 16777216);
+}
+
+TEST_F(TestoEnorme, UnByteOltreISediciMebibyteDa3163) {
+  store::Database archivio = conVista("hex(zeroblob(8388607)) || 'xyz'");
+  EXPECT_EQ(numberError([&] { archivio.OpenRecordset(u"SELECT a from V"); }), 3163);
+}
+
+TEST_F(TestoEnorme, UnoDiMezzoGigabyteNonVieneNeancheComposto) {
+  store::Database archivio = conVista("replace(hex(zeroblob(250000000)), '00', 'ab')");
+  EXPECT_EQ(numberError([&] { archivio.OpenRecordset(u"SELECT a from V"); }), 3163);
+}
+
+/// A text of one byte more, as a statement of this program's would write it.
+TEST_F(ArchiveOfTry, UnTestoOltreOgniLimiteNonSiScriveENonNeLasciaUnAltro) {
+  const QString enorme(16777217, u'x');
+  const auto scrivi = [&](const QString& testo) {
+    archive_.Execute(u"UPDATE TAB_ARTICOLI SET ID_Position ='" + store::text(testo) + u"' WHERE auto_id=1");
+  };
+  scrivi(QStringLiteral("uno"));
+  EXPECT_EQ(numberError([&] { scrivi(enorme); }), 3163);
+  EXPECT_EQ(value("SELECT ID_Position from TAB_ARTICOLI where auto_id=1"), QStringLiteral("uno"));
+}
+
+}  // namespace
