@@ -9,7 +9,7 @@ Form_RicezioneVenduto::Form_RicezioneVenduto(Contesto& contesto)
   ui_->setupUi(this);
   caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "download"});
   if (const QString avviso = sales::AvvisoAzzeramentoInSospeso(); !avviso.isEmpty())
-    ui_->Esito->tell(OutcomeBar::Kind::Warning, avviso);
+    ui_->BarraEsito->tell(OutcomeBar::Kind::Warning, avviso);
 }
 
 Form_RicezioneVenduto::~Form_RicezioneVenduto() = default;
@@ -20,7 +20,7 @@ void Form_RicezioneVenduto::on_Cmd_Avvia_clicked() {
 
 bool Form_RicezioneVenduto::lavora() {
   abilita(false, false);
-  ui_->Esito->clear();
+  ui_->BarraEsito->clear();
   ui_->vkBar1->setRange(0, sales::kSlot);
   ui_->vkBar1->setValue(0);
   ui_->vkBar1->setFormat(QStringLiteral("%p%"));
@@ -47,5 +47,5 @@ void Form_RicezioneVenduto::racconta(const sales::Ricezione& ricezione) {
   const bool intera = ricezione.byte == std::int64_t{sales::kByteVenduto};
   const bool doppia = ricezione.righe > 0 && !ricezione.giaRicevute.isEmpty();
   const bool sicura = ricezione.esito == sales::Esito::Fatto && intera && !doppia;
-  ui_->Esito->tell(sicura ? OutcomeBar::Kind::Done : OutcomeBar::Kind::Warning, testo);
+  ui_->BarraEsito->tell(sicura ? OutcomeBar::Kind::Done : OutcomeBar::Kind::Warning, testo);
 }

@@ -51,11 +51,11 @@ void accoppia(QPushButton& pulsante, QAction& voce) {
 template <typename Corpo>
 void Form_GestioneMMC::eseguiSuFile(const char* procedura, Corpo&& corpo) {
   esegui(procedura, [&] {
-    ui_->Esito->clear();
+    ui_->BarraEsito->clear();
     try {
       corpo();
     } catch (const Errore& errore) {
-      ui_->Esito->tell(OutcomeBar::Kind::Failed, errore.descrizione);
+      ui_->BarraEsito->tell(OutcomeBar::Kind::Failed, errore.descrizione);
     }
     aggiorna();
   });
@@ -125,7 +125,7 @@ void Form_GestioneMMC::nuovo() {
     throw;
   }
   mostraAperto(true);
-  ui_->Esito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio creato."));
+  ui_->BarraEsito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio creato."));
 }
 
 void Form_GestioneMMC::apri() {
@@ -137,13 +137,13 @@ void Form_GestioneMMC::apri() {
   articles::ApriDatabase(*scelto, contesto());
   mostraAperto(true);
   ui_->mnuApri->setEnabled(false);
-  ui_->Esito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio aperto."));
+  ui_->BarraEsito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio aperto."));
 }
 
 void Form_GestioneMMC::importa() {
   const articles::EsitoImport esito = articles::ImportaArticoli(contesto());
   const workspace::RaccontoImport racconto = workspace::ConcludiImport(esito, contesto());
-  ui_->Esito->tell(racconto.genere, racconto.testo);
+  ui_->BarraEsito->tell(racconto.genere, racconto.testo);
 }
 
 void Form_GestioneMMC::chiudi() {

@@ -33,9 +33,9 @@ QString digita(KeyFilter filtro, const QString& tasti) {
 }
 
 /// The texts of the boxes that the check shows; each bears the information icon.
-QStringList messaggi(const CampiArticolo& campi, std::int16_t atteso) {
+QStringList messaggi(const CampiArticolo& campi, std::int16_t previsto) {
   ScriptedUser utente;
-  EXPECT_EQ(CheckCampiArticolo(campi, utente), atteso);
+  EXPECT_EQ(CheckCampiArticolo(campi, utente), previsto);
   QStringList testi;
   for (const Box& riquadro : utente.boxes()) {
     EXPECT_EQ(riquadro, (Box{riquadro.text, Icon::Information, {}, Buttons::Ok}));

@@ -155,11 +155,11 @@ TEST_F(SalvaModifiche, IlPrezzoSiArrotondaAlCentesimo) {
   const std::array casi{std::pair{u"0,1", u"10"},           std::pair{u"19,99", u"1999"},
                         std::pair{u"99999,99", u"9999999"}, std::pair{u"7", u"700"},
                         std::pair{u"12.5", u"1250"},        std::pair{u",", u"0"}};
-  for (const auto& [testo, atteso] : casi) {
+  for (const auto& [testo, previsto] : casi) {
     CampiArticolo scritti = campi();
     scritti.prezzo = QString::fromUtf16(testo);
     EXPECT_EQ(salva(scritti), EsitoModifica::Salvata);
-    EXPECT_EQ(campo(QStringLiteral("Prezzo")), QString::fromUtf16(atteso));
+    EXPECT_EQ(campo(QStringLiteral("Prezzo")), QString::fromUtf16(previsto));
   }
 }
 

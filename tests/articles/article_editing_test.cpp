@@ -69,7 +69,7 @@ class Articoli : public testing::Test {
             .arg(slot)
             .arg(ean));
   }
-  void giornale(const QString& ean, const QString& tipo) {
+  void variazioni(const QString& ean, const QString& tipo) {
     bottega.execute(
         QStringLiteral("INSERT INTO TAB_VARIAZIONI (Codice_EAN,TipoOperazione) Values ('%1','%2');")
             .arg(ean, tipo));
@@ -85,7 +85,7 @@ class Articoli : public testing::Test {
     }
     return righe;
   }
-  QStringList giornale() {
+  QStringList variazioni() {
     return lette(QStringLiteral("SELECT TipoOperazione,Codice_EAN from TAB_VARIAZIONI"));
   }
   QStringList ean() { return lette(QStringLiteral("SELECT Codice_EAN from TAB_ARTICOLI ORDER BY auto_id")); }
@@ -149,7 +149,7 @@ TEST_F(Inserimento, ScriveLaRigaConDescrizioneMaiuscolaEPrezzoInCentesimi) {
             QStringList({kEan + QStringLiteral(" PA1 PANE DI SEGALE 235 4  ")}));
   EXPECT_EQ(chiesto, QStringList({QStringLiteral("riempi")}));
   EXPECT_EQ(livelloAlRefresh, 0);
-  EXPECT_THAT(giornale(), IsEmpty());
+  EXPECT_THAT(variazioni(), IsEmpty());
 }
 
 TEST_F(Inserimento, ICampiErratiLoFermanoConTuttiIMessaggiPrimaDiOgniTransazione) {
@@ -222,28 +222,28 @@ TEST_F(Inserimento, UnApostrofoNellEanFallisceNellaRicercaESiAnnulla) {
 TEST_F(Inserimento, SuUnArchivioAssegnatoIlGiornaleHaUnaI) {
   assegnaACassa();
   EXPECT_TRUE(inserisci());
-  EXPECT_EQ(giornale(), QStringList({QStringLiteral("I ") + kEan}));
+  EXPECT_EQ(variazioni(), QStringList({QStringLiteral("I ") + kEan}));
 }
 
 TEST_F(Inserimento, UnaCDelGiornaleDiventaI) {
   assegnaACassa();
-  giornale(kEan, QStringLiteral("C"));
+  variazioni(kEan, QStringLiteral("C"));
   EXPECT_TRUE(inserisci());
-  EXPECT_EQ(giornale(), QStringList({QStringLiteral("I ") + kEan}));
+  EXPECT_EQ(variazioni(), QStringList({QStringLiteral("I ") + kEan}));
 }
 
 TEST_F(Inserimento, UnaUDelGiornaleRestaEUnaISiAggiunge) {
   assegnaACassa();
-  giornale(kEan, QStringLiteral("U"));
+  variazioni(kEan, QStringLiteral("U"));
   EXPECT_TRUE(inserisci());
-  EXPECT_EQ(giornale(), QStringList({QStringLiteral("U ") + kEan, QStringLiteral("I ") + kEan}));
+  EXPECT_EQ(variazioni(), QStringList({QStringLiteral("U ") + kEan, QStringLiteral("I ") + kEan}));
 }
 
 TEST_F(Inserimento, LaCDiUnAltroEanResta) {
   assegnaACassa();
-  giornale(QStringLiteral("8009999999999"), QStringLiteral("C"));
+  variazioni(QStringLiteral("8009999999999"), QStringLiteral("C"));
   EXPECT_TRUE(inserisci());
-  EXPECT_EQ(giornale(), QStringList({QStringLiteral("C 8009999999999"), QStringLiteral("I ") + kEan}));
+  EXPECT_EQ(variazioni(), QStringList({QStringLiteral("C 8009999999999"), QStringLiteral("I ") + kEan}));
 }
 
 TEST_F(Inserimento, UnGiornaleCheNonSiScriveSiDiceEAnnullaAncheLArticolo) {
@@ -324,10 +324,10 @@ TEST_F(Cancellazione, BloccaIComandiCancellaSvuotaERiempie) {
 TEST_F(Cancellazione, SenzaCassaGiornaleEPosizioniRestano) {
   articolo(1, kEan);
   articolo(2, QStringLiteral("B"));
-  giornale(kEan, QStringLiteral("I"));
+  variazioni(kEan, QStringLiteral("I"));
   EXPECT_TRUE(cancella());
   attendiDomanda();
-  EXPECT_EQ(giornale(), QStringList({QStringLiteral("I ") + kEan}));
+  EXPECT_EQ(variazioni(), QStringList({QStringLiteral("I ") + kEan}));
   EXPECT_EQ(lette(QStringLiteral("SELECT ID_Position from TAB_ARTICOLI")),
             QStringList({QStringLiteral("2")}));
 }
@@ -362,11 +362,11 @@ TEST_F(Cancellazione, UnaIDelGiornaleSeNeVaELePosizioniRestano) {
   assegnaACassa();
   articolo(1, kEan);
   articolo(2, QStringLiteral("B"));
-  giornale(kEan, QStringLiteral("I"));
-  giornale(QStringLiteral("B"), QStringLiteral("I"));
+  variazioni(kEan, QStringLiteral("I"));
+  variazioni(QStringLiteral("B"), QStringLiteral("I"));
   EXPECT_TRUE(cancella());
   attendiDomanda();
-  EXPECT_EQ(giornale(), QStringList({QStringLiteral("I B")}));
+  EXPECT_EQ(variazioni(), QStringList({QStringLiteral("I B")}));
   EXPECT_EQ(lette(QStringLiteral("SELECT ID_Position from TAB_ARTICOLI")),
             QStringList({QStringLiteral("2")}));
   EXPECT_EQ(chiesto, QStringList({QStringLiteral("blocca"), QStringLiteral("sblocca"),
@@ -376,10 +376,10 @@ TEST_F(Cancellazione, UnaIDelGiornaleSeNeVaELePosizioniRestano) {
 TEST_F(Cancellazione, UnaUDelGiornaleValeComeUnaI) {
   assegnaACassa();
   articolo(1, kEan);
-  giornale(kEan, QStringLiteral("U"));
+  variazioni(kEan, QStringLiteral("U"));
   EXPECT_TRUE(cancella());
   attendiDomanda();
-  EXPECT_THAT(giornale(), IsEmpty());
+  EXPECT_THAT(variazioni(), IsEmpty());
 }
 
 TEST_F(Cancellazione, SenzaRigaDelGiornaleSiAggiungeUnaCEGliIndiciSeguono) {
@@ -390,7 +390,7 @@ TEST_F(Cancellazione, SenzaRigaDelGiornaleSiAggiungeUnaCEGliIndiciSeguono) {
   ASSERT_EQ(articles::UpdateEanNumAndIndex(bottega.user), 0);
   EXPECT_TRUE(cancella());
   attendiDomanda();
-  EXPECT_EQ(giornale(), QStringList({QStringLiteral("C ") + kEan}));
+  EXPECT_EQ(variazioni(), QStringList({QStringLiteral("C ") + kEan}));
   EXPECT_EQ(lette(QStringLiteral("SELECT auto_id,ID_Position from TAB_ARTICOLI")),
             QStringList({QStringLiteral("5 0"), QStringLiteral("9 1")}));
   EXPECT_EQ(lette(QStringLiteral("SELECT Codice_EAN,Index from TAB_EAN_NUMERICI")),
@@ -403,20 +403,20 @@ TEST_F(Cancellazione, SenzaRigaDelGiornaleSiAggiungeUnaCEGliIndiciSeguono) {
 TEST_F(Cancellazione, UnaCDelGiornaleNonImpedisceLaSeconda) {
   assegnaACassa();
   articolo(1, kEan);
-  giornale(kEan, QStringLiteral("C"));
+  variazioni(kEan, QStringLiteral("C"));
   EXPECT_TRUE(cancella());
   attendiDomanda();
-  EXPECT_EQ(giornale(), QStringList({QStringLiteral("C ") + kEan, QStringLiteral("C ") + kEan}));
+  EXPECT_EQ(variazioni(), QStringList({QStringLiteral("C ") + kEan, QStringLiteral("C ") + kEan}));
 }
 
 TEST_F(Cancellazione, InserireCancellareEReinserireLasciaUnaSolaI) {
   assegnaACassa();
   EXPECT_TRUE(inserisci());
   EXPECT_TRUE(cancella());
-  EXPECT_THAT(giornale(), IsEmpty());
+  EXPECT_THAT(variazioni(), IsEmpty());
   EXPECT_TRUE(inserisci());
   attendiDomanda();
-  EXPECT_EQ(giornale(), QStringList({QStringLiteral("I ") + kEan}));
+  EXPECT_EQ(variazioni(), QStringList({QStringLiteral("I ") + kEan}));
 }
 
 // Deletion on an archive of a till: failures, each of which leaves all as it was.
@@ -435,14 +435,14 @@ TEST_F(Cancellazione, SenzaLaTabellaDelGiornaleLaRicercaFallisceETuttoSiAnnulla)
 TEST_F(Cancellazione, UnaRigaDelGiornaleCheNonSiCancellaSiDice) {
   assegnaACassa();
   articolo(1, kEan);
-  giornale(kEan, QStringLiteral("I"));
+  variazioni(kEan, QStringLiteral("I"));
   forbid(bottega, QStringLiteral("DELETE"), QStringLiteral("TAB_VARIAZIONI"));
   const QString perche =
       fallimento(QStringLiteral("DELETE FROM TAB_VARIAZIONI where Codice_EAN = '%1';").arg(kEan));
   EXPECT_FALSE(cancella());
   attendiFallita({QStringLiteral("Errore nell'eliminazione articolo su TAB_VARIAZIONI Errore n° ") + perche});
   EXPECT_EQ(ean().size(), 1);
-  EXPECT_EQ(giornale().size(), 1);
+  EXPECT_EQ(variazioni().size(), 1);
 }
 
 TEST_F(Cancellazione, UnaCCheNonSiScriveSiDice) {
@@ -469,7 +469,7 @@ TEST_F(Cancellazione, LaNumerazioneFallitaSiDiceDopoISuoiMessaggi) {
        QStringLiteral("Fallito Inserimento indici "),
        QStringLiteral("Fallita operazione di valorizzazione indici in TAB_ARTICOLI: Errore n° ") + perche});
   EXPECT_EQ(ean().size(), 2);
-  EXPECT_THAT(giornale(), IsEmpty());
+  EXPECT_THAT(variazioni(), IsEmpty());
   EXPECT_EQ(chiesto, QStringList({QStringLiteral("blocca"), QStringLiteral("attesa"),
                                   QStringLiteral("fine attesa"), QStringLiteral("sblocca")}));
 }
@@ -488,7 +488,7 @@ TEST_F(Cancellazione, LIndiceCheNonSiCancellaSiDiceDopoIlSuoMessaggio) {
   EXPECT_EQ(ean().size(), 2);
   EXPECT_EQ(lette(QStringLiteral("SELECT ID_Position from TAB_ARTICOLI")),
             QStringList({QStringLiteral("1"), QStringLiteral("2")}));
-  EXPECT_THAT(giornale(), IsEmpty());
+  EXPECT_THAT(variazioni(), IsEmpty());
 }
 
 TEST_F(Cancellazione, GliIndiciCheNonSiLeggonoSiDiconoDopoIlLoroMessaggio) {
@@ -508,7 +508,7 @@ TEST_F(Cancellazione, GliIndiciCheNonSiLeggonoSiDiconoDopoIlLoroMessaggio) {
                 visti[1].text.mid(prefisso.size()));
   EXPECT_EQ(visti[2].icon, Icon::Critical);
   EXPECT_EQ(ean().size(), 1);
-  EXPECT_THAT(giornale(), IsEmpty());
+  EXPECT_THAT(variazioni(), IsEmpty());
   EXPECT_EQ(bottega.workspace.level(), 0);
 }
 

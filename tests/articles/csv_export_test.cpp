@@ -54,19 +54,19 @@ QByteArray attesoDalFile(const QString& archivio) {
   const auto testo = [&](int colonna) {
     return QByteArray(reinterpret_cast<const char*>(sqlite3_column_text(righe, colonna)));
   };
-  QByteArray atteso;
+  QByteArray previsto;
   const char virgola = QLocale().decimalPoint().at(0).toLatin1();
   for (int riga = 1; sqlite3_step(righe) == SQLITE_ROW; ++riga) {
     QByteArray prezzo = testo(3).rightJustified(3, '0');
     prezzo.insert(prezzo.size() - 2, virgola);
-    atteso += QByteArray::number(riga) + ';' + codici(testo(0)) + ';' + codici(testo(1)) + ';' +
+    previsto += QByteArray::number(riga) + ';' + codici(testo(0)) + ';' + codici(testo(1)) + ';' +
               codici(testo(2)) + ';' + prezzo + ';' + testo(4) + ';' +
               (sqlite3_column_int(righe, 5) != 0 ? "S;" : "N;") +
               (sqlite3_column_int(righe, 6) != 0 ? "S; \r\n" : "N; \r\n");
   }
   sqlite3_finalize(righe);
   sqlite3_close(base);
-  return atteso;
+  return previsto;
 }
 
 struct ExportArticoli : testing::Test {
@@ -202,12 +202,12 @@ TEST_F(ExportArticoli, UnoSlotVuotoRilettoPrendeIlCodiceZero) {
   schermo.click(kExport);
   expectBoxes(bottega, {terminata()});
   EXPECT_EQ(bottega.folder.read(kLista), prezzo("1;;;;0,00;1;N;N; \r\n"));
-  QStringList attese = fotografia();
-  ASSERT_EQ(attese.size(), 1);
-  ASSERT_TRUE(attese[0].startsWith(QStringLiteral("1|1|||")));
-  attese[0].insert(QStringLiteral("1|1||").size(), u'0');
+  QStringList previste = fotografia();
+  ASSERT_EQ(previste.size(), 1);
+  ASSERT_TRUE(previste[0].startsWith(QStringLiteral("1|1|||")));
+  previste[0].insert(QStringLiteral("1|1||").size(), u'0');
   importa(lista);
-  EXPECT_EQ(fotografia(), attese);
+  EXPECT_EQ(fotografia(), previste);
 }
 
 /// A file that cannot be written: the box of the failure, and what was there before.

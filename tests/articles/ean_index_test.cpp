@@ -397,10 +397,10 @@ TEST_F(IndiceEan, LoStatoFinaleEQuelloDiTuttiGliStatement) {
   soli(ean);
   int posizione = 0;
   for (const QString& uno : ean) articles::UpdateIDPosition(uno, posizione++, bottega.user);
-  const QStringList attese = posizioni();
+  const QStringList previste = posizioni();
   soli(ean);
   EXPECT_EQ(numera(), 0);
-  EXPECT_EQ(posizioni(), attese);
+  EXPECT_EQ(posizioni(), previste);
 }
 
 TEST(Sovrascritte, DiOgniChiaveRestanoLaPrimaELUltima) {

@@ -179,15 +179,15 @@ TEST_P(RiempiPLUNullo, SiDiceIlCampoRestaEGliAltriSiRiempiono) {
   BackRoom bottega;
   bottega.openWith({kTabella, rigaConNullo(GetParam().colonna)});
   soilMemory(0xA5);
-  QByteArray attesa(48, '\xA5');
-  attesa.replace(0, 4, QByteArray("DES\0", 4));
-  attesa.replace(25, 10,
+  QByteArray prevista(48, '\xA5');
+  prevista.replace(0, 4, QByteArray("DES\0", 4));
+  prevista.replace(25, 10,
                  QByteArray("\x03\x03\x39\x30\x00\x00"
                             "EAN\0",
                             10));
-  attesa.replace(GetParam().inizio, GetParam().lunghezza, GetParam().restano);
+  prevista.replace(GetParam().inizio, GetParam().lunghezza, GetParam().restano);
   EXPECT_EQ(articles::RiempiPLU(bottega.user), 1);
-  EXPECT_EQ(record(1), attesa);
+  EXPECT_EQ(record(1), prevista);
   const std::vector<Box> visti = bottega.user.takeBoxes();
   ASSERT_EQ(visti.size(), 1U);
   EXPECT_TRUE(visti[0].text.startsWith(kPrefisso + QStringLiteral("94 - "))) << visti[0].text.toStdString();

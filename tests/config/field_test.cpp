@@ -83,12 +83,12 @@ class OgniTesto : public testing::TestWithParam<PostoInRecord> {};
 
 constexpr auto kNome = [](const auto& caso) { return nomeDelCaso(caso.param); };
 
-void verifica(const Campo& campo, const Posto& atteso) {
-  EXPECT_EQ(campo.nome, atteso.nome);
-  EXPECT_EQ(campo.inizio, atteso.inizio);
-  EXPECT_EQ(campo.larghezza, atteso.larghezza);
-  EXPECT_EQ(campo.tipo, atteso.tipo);
-  EXPECT_EQ(campo.limite, atteso.limite);
+void verifica(const Campo& campo, const Posto& previsto) {
+  EXPECT_EQ(campo.nome, previsto.nome);
+  EXPECT_EQ(campo.inizio, previsto.inizio);
+  EXPECT_EQ(campo.larghezza, previsto.larghezza);
+  EXPECT_EQ(campo.tipo, previsto.tipo);
+  EXPECT_EQ(campo.limite, previsto.limite);
 }
 
 }  // namespace

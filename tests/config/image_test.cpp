@@ -23,7 +23,7 @@ struct Atteso {
   std::size_t inizio;
 };
 
-const std::vector<Atteso> kAttese{{&kIntestazione, "intestazione.bin", 8, 38, 304, 0},
+const std::vector<Atteso> kPreviste{{&kIntestazione, "intestazione.bin", 8, 38, 304, 0},
                                   {&kCortesia, "cortesia.bin", 2, 39, 78, 304},
                                   {&kReparto, "reparti.bin", 80, 42, 3360, 382},
                                   {&kPLU, "plu.bin", 5000, 48, 240000, 3742},
@@ -36,15 +36,15 @@ const std::vector<Atteso> kAttese{{&kIntestazione, "intestazione.bin", 8, 38, 30
 }  // namespace
 
 TEST(Immagine, LeNoveFamiglieStannoAiLoroPosti) {
-  ASSERT_EQ(famiglie().size(), kAttese.size());
-  for (std::size_t i = 0; i < kAttese.size(); ++i) {
+  ASSERT_EQ(famiglie().size(), kPreviste.size());
+  for (std::size_t i = 0; i < kPreviste.size(); ++i) {
     const Famiglia& famiglia = *famiglie()[i];
-    EXPECT_EQ(&famiglia, kAttese[i].famiglia);
-    EXPECT_EQ(famiglia.file, kAttese[i].file);
-    EXPECT_EQ(famiglia.record, kAttese[i].record) << famiglia.file;
-    EXPECT_EQ(famiglia.byte, kAttese[i].byte) << famiglia.file;
-    EXPECT_EQ(famiglia.totale(), kAttese[i].totale) << famiglia.file;
-    EXPECT_EQ(famiglia.inizio, kAttese[i].inizio) << famiglia.file;
+    EXPECT_EQ(&famiglia, kPreviste[i].famiglia);
+    EXPECT_EQ(famiglia.file, kPreviste[i].file);
+    EXPECT_EQ(famiglia.record, kPreviste[i].record) << famiglia.file;
+    EXPECT_EQ(famiglia.byte, kPreviste[i].byte) << famiglia.file;
+    EXPECT_EQ(famiglia.totale(), kPreviste[i].totale) << famiglia.file;
+    EXPECT_EQ(famiglia.inizio, kPreviste[i].inizio) << famiglia.file;
   }
 }
 

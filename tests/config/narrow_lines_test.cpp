@@ -75,51 +75,51 @@ INSTANTIATE_TEST_SUITE_P(Cassa, OgniModello, testing::ValuesIn(ecrlink::kModelli
 TEST(RigheStrette, DellIntestazionePassanoSoloAltezzaEPrimoCarattere) {
   const Byte piena = numerati(kIntestazioni);
   Byte corta(intestazione_corta::kTotale, 0xA5);
-  Byte attesa = corta;
+  Byte prevista = corta;
   for (std::size_t riga = 0; riga < 8; ++riga) {
-    attesa[riga * 26] = piena[riga * 38];
-    attesa[riga * 26 + 1] = piena[riga * 38 + 1];
+    prevista[riga * 26] = piena[riga * 38];
+    prevista[riga * 26 + 1] = piena[riga * 38 + 1];
   }
   restringiIntestazione(piena, corta);
-  EXPECT_EQ(corta, attesa);
+  EXPECT_EQ(corta, prevista);
 }
 
 TEST(RigheStrette, TornandoIndietroIlRestoDellIntestazioneRestaComEra) {
   const Byte corta = numerati(intestazione_corta::kTotale);
   Byte piena(kIntestazioni, 0xA5);
-  Byte attesa = piena;
+  Byte prevista = piena;
   for (std::size_t riga = 0; riga < 8; ++riga) {
-    attesa[riga * 38] = corta[riga * 26];
-    attesa[riga * 38 + 1] = corta[riga * 26 + 1];
+    prevista[riga * 38] = corta[riga * 26];
+    prevista[riga * 38 + 1] = corta[riga * 26 + 1];
   }
   allargaIntestazione(corta, piena);
-  EXPECT_EQ(piena, attesa);
+  EXPECT_EQ(piena, prevista);
 }
 
 TEST(RigheStrette, DellaCortesiaPassaAncheLAbilitazione) {
   const Byte piena = numerati(kCortesie);
   Byte corta(cortesia_corta::kTotale, 0xA5);
-  Byte attesa = corta;
+  Byte prevista = corta;
   for (std::size_t riga = 0; riga < 2; ++riga) {
-    attesa[riga * 27] = piena[riga * 39];
-    attesa[riga * 27 + 1] = piena[riga * 39 + 1];
-    attesa[riga * 27 + 26] = piena[riga * 39 + 38];
+    prevista[riga * 27] = piena[riga * 39];
+    prevista[riga * 27 + 1] = piena[riga * 39 + 1];
+    prevista[riga * 27 + 26] = piena[riga * 39 + 38];
   }
   restringiCortesia(piena, corta);
-  EXPECT_EQ(corta, attesa);
+  EXPECT_EQ(corta, prevista);
 }
 
 TEST(RigheStrette, TornandoIndietroTreByteDiOgniRigaDiCortesia) {
   const Byte corta = numerati(cortesia_corta::kTotale);
   Byte piena(kCortesie, 0xA5);
-  Byte attesa = piena;
+  Byte prevista = piena;
   for (std::size_t riga = 0; riga < 2; ++riga) {
-    attesa[riga * 39] = corta[riga * 27];
-    attesa[riga * 39 + 1] = corta[riga * 27 + 1];
-    attesa[riga * 39 + 38] = corta[riga * 27 + 26];
+    prevista[riga * 39] = corta[riga * 27];
+    prevista[riga * 39 + 1] = corta[riga * 27 + 1];
+    prevista[riga * 39 + 38] = corta[riga * 27 + 26];
   }
   allargaCortesia(corta, piena);
-  EXPECT_EQ(piena, attesa);
+  EXPECT_EQ(piena, prevista);
 }
 
 TEST(RigheStrette, IlByteInPiuDelCanaleRestaComEra) {

@@ -96,7 +96,7 @@ TEST(Records, UnaVoceDelCalendarioDelleGrafiche) {
 }
 
 TEST(Records, LeDodiciVociDelleGraficheNelLoroOrdine) {
-  const std::vector<std::pair<QString, QString>> attese{
+  const std::vector<std::pair<QString, QString>> previste{
       {QStringLiteral("Logo intestazione"), QStringLiteral("Logo")},
       {QStringLiteral("Merceologico"), QStringLiteral("Merceologico1")},
       {QStringLiteral("Natale"), QStringLiteral("Natale")},
@@ -109,10 +109,10 @@ TEST(Records, LeDodiciVociDelleGraficheNelLoroOrdine) {
       {QStringLiteral("San Valentino"), QStringLiteral("SanValentino")},
       {QStringLiteral("1° Promozione"), QStringLiteral("Promozione1")},
       {QStringLiteral("2° Promozione"), QStringLiteral("Promozione2")}};
-  ASSERT_EQ(logo::kVoci.size(), attese.size());
-  for (std::size_t i = 0; i < attese.size(); ++i) {
-    EXPECT_EQ(QString::fromUtf16(logo::kVoci[i].nome), attese[i].first);
-    EXPECT_EQ(QString::fromUtf16(logo::kVoci[i].immagine), attese[i].second);
+  ASSERT_EQ(logo::kVoci.size(), previste.size());
+  for (std::size_t i = 0; i < previste.size(); ++i) {
+    EXPECT_EQ(QString::fromUtf16(logo::kVoci[i].nome), previste[i].first);
+    EXPECT_EQ(QString::fromUtf16(logo::kVoci[i].immagine), previste[i].second);
   }
 }
 

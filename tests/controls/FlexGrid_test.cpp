@@ -346,10 +346,10 @@ TEST_F(Griglia, CtrlCCopiaLaSelezioneATabulazioni) {
   clicca(2, 1);
   tasto(Qt::Key_Right, Qt::ShiftModifier);
   tasto(Qt::Key_Down, Qt::ShiftModifier);
-  const QString atteso = QStringLiteral("r2c1\tr2c2\nr3c1\tr3c2");
-  EXPECT_EQ(griglia_.Clip(), atteso);
+  const QString previsto = QStringLiteral("r2c1\tr2c2\nr3c1\tr3c2");
+  EXPECT_EQ(griglia_.Clip(), previsto);
   tasto(Qt::Key_C, Qt::ControlModifier);
-  EXPECT_EQ(QGuiApplication::clipboard()->text(), atteso);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), previsto);
 }
 
 TEST_F(Griglia, CtrlCSenzaSelezioneLasciaGliAppuntiComeSono) {

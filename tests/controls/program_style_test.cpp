@@ -20,7 +20,7 @@
 namespace {
 
 /// True if something is painted, and every fully covered pixel of it in that colour.
-bool dipintaIn(const QColor& atteso, const QPixmap& disegno) {
+bool dipintaIn(const QColor& previsto, const QPixmap& disegno) {
   const QImage immagine = disegno.toImage().convertToFormat(QImage::Format_ARGB32);
   int coperti = 0;
   for (int y = 0; y < immagine.height(); ++y)
@@ -28,8 +28,8 @@ bool dipintaIn(const QColor& atteso, const QPixmap& disegno) {
       const QColor visto = immagine.pixelColor(x, y);
       if (visto.alpha() < 255) continue;
       ++coperti;
-      if (std::abs(visto.red() - atteso.red()) > 2 || std::abs(visto.green() - atteso.green()) > 2 ||
-          std::abs(visto.blue() - atteso.blue()) > 2)
+      if (std::abs(visto.red() - previsto.red()) > 2 || std::abs(visto.green() - previsto.green()) > 2 ||
+          std::abs(visto.blue() - previsto.blue()) > 2)
         return false;
     }
   return coperti > 0;

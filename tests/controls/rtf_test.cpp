@@ -119,10 +119,10 @@ TEST_F(Rtf, ITitoliVengonoDalloStileDalContornoODallaMisura) {
       "{\\stylesheet{Normal;}{\\s1\\b heading 1;}{\\s2 Titolo 2;}{\\*\\cs3 altro;}{\\s4 Corpo;}}"
       "\\pard\\s1 A\\par\\pard\\s2 B\\par\\pard\\outlinelevel2 C\\par\\pard\\s4 D\\par"
       "\\pard\\fs20 corpo del testo lungo\\par{\\fs32 E\\par}{\\b\\fs26 F\\par}{\\fs26 G\\par}{\\b H\\par}");
-  const int attesi[] = {1, 2, 3, 0, 0, 1, 2, 0, 0};
+  const int previsti[] = {1, 2, 3, 0, 0, 1, 2, 0, 0};
   ASSERT_EQ(documento_.blockCount(), 9);
   for (int numero = 0; numero < 9; ++numero)
-    EXPECT_EQ(riga(numero).blockFormat().headingLevel(), attesi[numero]) << numero;
+    EXPECT_EQ(riga(numero).blockFormat().headingLevel(), previsti[numero]) << numero;
   EXPECT_EQ(riga(0).text(), QStringLiteral("A")) << "names of styles are no text";
   EXPECT_GT(formato(QStringLiteral("A")).fontPointSize(), formato(QStringLiteral("B")).fontPointSize());
   EXPECT_GT(formato(QStringLiteral("B")).fontPointSize(), punti());

@@ -23,11 +23,11 @@ std::set<QRgb> colori(const QPixmap& disegno) {
 }
 
 /// True if something is painted, and in that colour alone. Blending rounds by a unit or two.
-bool dipintaIn(const QColor& atteso, const QPixmap& disegno) {
+bool dipintaIn(const QColor& previsto, const QPixmap& disegno) {
   const std::set<QRgb> visti = colori(disegno);
   return !visti.empty() && std::all_of(visti.begin(), visti.end(), [&](QRgb visto) {
-    return std::abs(qRed(visto) - atteso.red()) <= 2 && std::abs(qGreen(visto) - atteso.green()) <= 2 &&
-           std::abs(qBlue(visto) - atteso.blue()) <= 2;
+    return std::abs(qRed(visto) - previsto.red()) <= 2 && std::abs(qGreen(visto) - previsto.green()) <= 2 &&
+           std::abs(qBlue(visto) - previsto.blue()) <= 2;
   });
 }
 

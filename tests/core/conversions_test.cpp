@@ -71,10 +71,10 @@ TEST(Conversioni, TestoInValoreCambiaSoloLaPrimaVirgola) {
 }
 
 TEST(Conversioni, TestoInValoreLeggeIlNumeroInizialeOZero) {
-  for (const auto& [scritto, atteso] :
+  for (const auto& [scritto, previsto] :
        {std::pair{"", 0.0}, {"abc", 0.0}, {"12 pezzi", 12.0}, {"-0,5", -0.5}}) {
     QString testo = QLatin1String(scritto);
-    EXPECT_EQ(TestoInValore(testo), atteso) << scritto;
+    EXPECT_EQ(TestoInValore(testo), previsto) << scritto;
   }
 }
 
@@ -84,7 +84,7 @@ TEST(Conversioni, ValLeggeComeLaPiattaforma) {
       {".5", 0.5},  {"5.", 5},       {".", 0},       {"-", 0},      {"1.2.3", 1.2}, {"1e3", 1000},
       {"1d2", 100}, {"1e", 1},       {"1e-2", 0.01}, {"e5", 0},     {"inf", 0},     {"nan", 0},
       {"1,5", 1},   {"0x10", 0},     {"- 3", -3},    {"1e-400", 0}, {"\t8\n1", 81}, {"€5", 0}};
-  for (const auto& [testo, atteso] : casi) EXPECT_EQ(Val(QString::fromUtf8(testo)), atteso) << testo;
+  for (const auto& [testo, previsto] : casi) EXPECT_EQ(Val(QString::fromUtf8(testo)), previsto) << testo;
 }
 
 TEST(Conversioni, ValTroppoGrandeEErrore6) {

@@ -16,8 +16,8 @@ TEST(DammiNomeBase, ELaParteDopoLUltimoSeparatoreFinoAlPrimoPunto) {
                                                       {"dati\\", ""},
                                                       {"/.nascosto", ""},
                                                       {"", ""}};
-  for (const auto& [percorso, atteso] : casi)
-    EXPECT_EQ(DammiNomeBase(QLatin1String(percorso)), QLatin1String(atteso)) << percorso;
+  for (const auto& [percorso, previsto] : casi)
+    EXPECT_EQ(DammiNomeBase(QLatin1String(percorso)), QLatin1String(previsto)) << percorso;
 }
 
 TEST(FileEsiste, UnNomeVuotoOConUnSeparatoreInFondoEAssente) {

@@ -45,8 +45,8 @@ TEST(Reazioni, GliAltriNumeriSiDiconoConPrefissoNumeroEMotivo) {
               Esito::Segnalato);
     EXPECT_EQ(reazioni::prossimaIstruzioneRiempimento(utente, QStringLiteral("Errore "), fallisce(numero)),
               Esito::Segnalato);
-    const Box atteso{QStringLiteral("Errore %1 - motivo").arg(numero), Icon::Critical, {}, Buttons::Ok};
-    EXPECT_EQ(utente.takeBoxes(), (std::vector<Box>{atteso, atteso})) << numero;
+    const Box previsto{QStringLiteral("Errore %1 - motivo").arg(numero), Icon::Critical, {}, Buttons::Ok};
+    EXPECT_EQ(utente.takeBoxes(), (std::vector<Box>{previsto, previsto})) << numero;
   }
 }
 
@@ -58,12 +58,12 @@ TEST(Reazioni, LaTabellaAssenteInUnRiempimentoFinisceIlProgramma) {
       ProgramEnded);
   EXPECT_TRUE(utente.terminated());
   EXPECT_EQ(varGlobal().FlagAnomalia, kVero);
-  const Box atteso{
+  const Box previsto{
       QStringLiteral("ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. PROCEDURA ABORTITA !!!"),
       Icon::Critical,
       {},
       Buttons::Ok};
-  EXPECT_EQ(utente.takeBoxes(), std::vector<Box>{atteso});
+  EXPECT_EQ(utente.takeBoxes(), std::vector<Box>{previsto});
   azzeraStato();
 }
 
@@ -79,11 +79,11 @@ TEST(Reazioni, LaTabellaAssenteFuoriDaUnRiempimentoSiDice) {
 TEST(Reazioni, LErroreImprevistoDiceProceduraEModuloSenzaIcona) {
   ScriptedUser utente;
   reazioni::protetta(utente, QStringLiteral("Cmd_Avvia_Click"), QStringLiteral("Form_X"), fallisce(13));
-  const Box atteso{QStringLiteral("Error 13 (motivo) in procedure Cmd_Avvia_Click of Modulo Form_X"),
+  const Box previsto{QStringLiteral("Error 13 (motivo) in procedure Cmd_Avvia_Click of Modulo Form_X"),
                    Icon::None,
                    {},
                    Buttons::Ok};
-  EXPECT_EQ(utente.takeBoxes(), std::vector<Box>{atteso});
+  EXPECT_EQ(utente.takeBoxes(), std::vector<Box>{previsto});
 }
 
 TEST(Reazioni, UnEccezioneDelLinguaggioELErrore51) {

@@ -15,10 +15,10 @@ class Start : public MenuFixture {
     return mostrata.isNull() ? QColor() : mostrata.toImage().pixelColor(32, 24);
   }
   /// JPEG keeps a plain colour to a few units.
-  bool mostra(QColor atteso) {
+  bool mostra(QColor previsto) {
     const QColor visto = colore();
-    return visto.isValid() && std::abs(visto.red() - atteso.red()) < 8 &&
-           std::abs(visto.green() - atteso.green()) < 8 && std::abs(visto.blue() - atteso.blue()) < 8;
+    return visto.isValid() && std::abs(visto.red() - previsto.red()) < 8 &&
+           std::abs(visto.green() - previsto.green()) < 8 && std::abs(visto.blue() - previsto.blue()) < 8;
   }
   std::vector<std::string> evidenziate() {
     std::vector<std::string> nomi;
@@ -67,14 +67,14 @@ TEST_F(Start, UnaSolaVoceEEvidenziataQuellaSottoIlMouse) {
 }
 
 TEST_F(Start, OgniVoceMostraLaSuaImmagine) {
-  const std::array<std::pair<const char*, QColor>, 5> attese{{{"Label2", Qt::green},
+  const std::array<std::pair<const char*, QColor>, 5> previste{{{"Label2", Qt::green},
                                                               {"Label3", Qt::blue},
                                                               {"Label7", Qt::yellow},
                                                               {"Label6", Qt::magenta},
                                                               {"Label1", Qt::red}}};
-  for (const auto& [nome, atteso] : attese) {
+  for (const auto& [nome, previsto] : previste) {
     moveOver(nome);
-    EXPECT_TRUE(mostra(atteso)) << nome;
+    EXPECT_TRUE(mostra(previsto)) << nome;
   }
 }
 

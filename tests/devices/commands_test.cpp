@@ -56,9 +56,9 @@ TEST_F(Comandi, UnArchivioDiArticoliArrivaInteroNellaMemoria) {
   cartella.write(QStringLiteral("plu.bin"), byte);
   EXPECT_EQ(traAperturaEChiusura(ECR_SEND_MODE, "plu.bin"), kDone);
   EXPECT_EQ(cassa.byte(QStringLiteral("plu.bin")), byte);
-  const std::vector<ecrsim::Call> attese{
+  const std::vector<ecrsim::Call> previste{
       {ECR_OPEN_MODE, "", 0}, {ECR_SEND_MODE, "plu.bin", 240000}, {ECR_CLOSE_MODE, "", 0}};
-  EXPECT_EQ(cassa->calls(), attese);
+  EXPECT_EQ(cassa->calls(), previste);
 }
 
 TEST_F(Comandi, IlVendutoArrivaNellaCartellaCorrenteComeSta) {

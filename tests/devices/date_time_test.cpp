@@ -22,7 +22,7 @@ struct DataOra : testing::Test {
   Library libreria;
 };
 
-std::string atteso(int giorno, int mese, int anno, int ore, int minuti, int secondi) {
+std::string previsto(int giorno, int mese, int anno, int ore, int minuti, int secondi) {
   std::array<char, 80> buffer;
   std::snprintf(buffer.data(), buffer.size(), "%02d/%02d/%02d %02d:%02d:%02d", giorno, mese, anno, ore,
                 minuti, secondi);
@@ -35,7 +35,7 @@ TEST_F(DataOra, OgniGiornoDiOgniAnnoTornaComeEra) {
   for (int anno = 0; anno < 100; ++anno)
     for (int mese = 1; mese <= 12; ++mese)
       for (int giorno = 1; giorno <= 28; ++giorno)
-        ASSERT_EQ(testo(libreria.ecr_date_decode(giorno, mese, anno)), atteso(giorno, mese, anno, 0, 0, 0));
+        ASSERT_EQ(testo(libreria.ecr_date_decode(giorno, mese, anno)), previsto(giorno, mese, anno, 0, 0, 0));
 }
 
 TEST_F(DataOra, GiornoEMeseTornanoConAnnoZero) {
@@ -48,7 +48,7 @@ TEST_F(DataOra, OgniSecondoDelGiornoTornaComeEra) {
     const int ore = secondo / 3600;
     const int minuti = secondo / 60 % 60;
     ASSERT_EQ(testo(libreria.ecr_time_decode(ore, minuti, secondo % 60)),
-              atteso(0, 0, 0, ore, minuti, secondo % 60));
+              previsto(0, 0, 0, ore, minuti, secondo % 60));
   }
 }
 

@@ -76,8 +76,8 @@ QStringList voci(const QString& cartella) {
 QByteArray leggiLinea(int linea, int quanti) {
   QByteArray letti;
   while (letti.size() < quanti) {
-    pollfd attesa{linea, POLLIN, 0};
-    if (poll(&attesa, 1, 5000) != 1) break;
+    pollfd prevista{linea, POLLIN, 0};
+    if (poll(&prevista, 1, 5000) != 1) break;
     char byte = 0;
     if (read(linea, &byte, 1) != 1) break;
     letti.append(byte);

@@ -164,8 +164,8 @@ TEST(ControllaFile, SeCERendeZeroESeMancaUno) {
 TEST(ControllaFile, SeRichiestoDiceCheManca) {
   ProgramFixture scena;
   EXPECT_EQ(ControllaFile(QStringLiteral("fatture.bin"), true, scena.contesto), 1);
-  const std::vector<Box> attesi{
+  const std::vector<Box> previsti{
       {QStringLiteral("STATO DELLA CASSA NON CONGRUENTE \r\nfatture.bin non presente !!!"), Icon::None,
        QStringLiteral("ATTENZIONE"), Buttons::Ok}};
-  EXPECT_EQ(scena.takeBoxes(), attesi);
+  EXPECT_EQ(scena.takeBoxes(), previsti);
 }

@@ -20,7 +20,7 @@ QString voci(int quante) {
   return tutte.join(QLatin1Char(','));
 }
 
-QStringList attesi(int quanti) {
+QStringList previsti(int quanti) {
   QStringList tutti;
   for (int i = 1; i <= 19; ++i) tutti << (i <= quanti ? QStringLiteral("v%1").arg(i) : QString());
   return tutti;
@@ -38,7 +38,7 @@ class InfoECR : public testing::Test {
 
 TEST_F(InfoECR, DiciannoveVociVannoPerPosizione) {
   EXPECT_EQ(ParseInfoECR(voci(19)), 0);
-  EXPECT_EQ(campi(), attesi(19));
+  EXPECT_EQ(campi(), previsti(19));
   const EcrInfo& info = commonForKora().ECR_INFO;
   EXPECT_EQ(info.InfoVersioneSW, QStringLiteral("v1"));
   EXPECT_EQ(info.InfoTipoBitmap, QStringLiteral("v2"));
@@ -48,10 +48,10 @@ TEST_F(InfoECR, DiciannoveVociVannoPerPosizione) {
   EXPECT_EQ(info.InfoDatiFiscali, QStringLiteral("v17"));
   EXPECT_EQ((QStringList{info.InfoCampo4, info.InfoCampo5, info.InfoCampo6, info.InfoCampo7, info.InfoCampo8,
                          info.InfoCampo9, info.InfoCampo10}),
-            attesi(19).mid(3, 7));
+            previsti(19).mid(3, 7));
   EXPECT_EQ((QStringList{info.InfoCampo13, info.InfoCampo14, info.InfoCampo15, info.InfoCampo16}),
-            attesi(19).mid(12, 4));
-  EXPECT_EQ((QStringList{info.InfoCampo18, info.InfoCampo19}), attesi(19).mid(17, 2));
+            previsti(19).mid(12, 4));
+  EXPECT_EQ((QStringList{info.InfoCampo18, info.InfoCampo19}), previsti(19).mid(17, 2));
 }
 
 TEST_F(InfoECR, LeChiaviNonSiGuardano) {
@@ -63,17 +63,17 @@ TEST_F(InfoECR, LeChiaviNonSiGuardano) {
 
 TEST_F(InfoECR, UnaRispostaVuotaSvuotaTuttiICampi) {
   EXPECT_EQ(ParseInfoECR(QString()), 0);
-  EXPECT_EQ(campi(), attesi(0));
+  EXPECT_EQ(campi(), previsti(0));
 }
 
 TEST_F(InfoECR, TreVociLascianoVuotiGliAltriCampi) {
   EXPECT_EQ(ParseInfoECR(voci(3)), 0);
-  EXPECT_EQ(campi(), attesi(3));
+  EXPECT_EQ(campi(), previsti(3));
 }
 
 TEST_F(InfoECR, LeVociOltreLaDiciannovesimaCadono) {
   EXPECT_EQ(ParseInfoECR(voci(40)), 0);
-  EXPECT_EQ(campi(), attesi(19));
+  EXPECT_EQ(campi(), previsti(19));
 }
 
 TEST_F(InfoECR, UnaVoceSenzaUgualeRestaIntera) {

@@ -63,7 +63,7 @@ QString fileDi(Modo modo) {
 }
 
 struct Guasto : testing::TestWithParam<Caso> {
-  ShortTimeouts attesa;
+  ShortTimeouts prevista;
   ProgramFixture scena;
   TestTill cassa;
   LinkScreen schermo{scena.contesto};
@@ -85,14 +85,14 @@ class GuastoInTrasferimento : public Guasto {};
 
 TEST_P(GuastoInConnessione, SiDiceELoSchermoFinisceNelSuoStato) {
   rompi();
-  std::vector<Box> attesi = riquadriDi(GetParam());
+  std::vector<Box> previsti = riquadriDi(GetParam());
   // A reply cut short has lost its state; one with a tail has it still.
   const bool senzaStato = GetParam().modo == Modo::EcrInfo && GetParam().cosa == FaultKind::ShortFile;
   if (senzaStato)
-    attesi = {criticalBox(QStringLiteral(
+    previsti = {criticalBox(QStringLiteral(
         "Funzione non disponibile! Prego porre la cassa nello stato di IDLE o PROGRAMMAZIONE"))};
-  EXPECT_EQ(connetti(), attesi);
-  const bool infoFallita = GetParam().modo == Modo::EcrInfo && !attesi.empty();
+  EXPECT_EQ(connetti(), previsti);
+  const bool infoFallita = GetParam().modo == Modo::EcrInfo && !previsti.empty();
   EXPECT_EQ(stateOf(schermo), senzaStato ? (LinkState{false, true, QString()})
                                          : (LinkState{true, infoFallita, cassa.address()}));
 }
@@ -104,9 +104,9 @@ TEST_P(GuastoInTrasferimento, UnMessaggioSoloELaConnessioneSuccessivaRimetteInOr
   scena.folder.write(QStringLiteral("iva.bin"), QByteArray(233, '\0'));
   ASSERT_EQ(connetti(), std::vector<Box>());
   rompi();
-  const std::vector<Box> attesi = riquadriDi(GetParam());
-  EXPECT_EQ(avviaECR(fileDi(modo), modo, scena.contesto), attesi.empty() ? 0 : 1);
-  EXPECT_EQ(scena.takeBoxes(), attesi);
+  const std::vector<Box> previsti = riquadriDi(GetParam());
+  EXPECT_EQ(avviaECR(fileDi(modo), modo, scena.contesto), previsti.empty() ? 0 : 1);
+  EXPECT_EQ(scena.takeBoxes(), previsti);
   EXPECT_EQ(stateOf(schermo), (LinkState{true, false, cassa.address()}));
   cassa->faults({});
   LinkScreen nuovo(scena.contesto);
@@ -138,7 +138,7 @@ TEST(GuastoDelFileRicevuto, CortoOLungoArrivaComeLaCassaLoManda) {
 TEST(GuastoDelFileRicevuto, UnTrasferimentoInterrottoNonToccaIlFileDiPrima) {
   for (const FaultKind cosa :
        {FaultKind::CutBefore, FaultKind::CutWithin, FaultKind::Garbage, FaultKind::Code}) {
-    const ShortTimeouts attesa;
+    const ShortTimeouts prevista;
     ProgramFixture scena;
     TestTill cassa({.faults = {{.mode = 7, .what = cosa}}});
     cassa.sales({});

@@ -11,7 +11,7 @@ struct Atteso {
   const char* nome;
   int larghezza;
 };
-constexpr std::array<Atteso, 13> kAttesi{{
+constexpr std::array<Atteso, 13> kPrevisti{{
     {"Spica -------------------------> 30 tasti", 30, "SPICA", 24},
     {"Vega -------------------------> 42 tasti", 42, "VEGA", 24},
     {"Vega ambulante -------> 42 tasti", 42, "VEGA AMBULANTE", 24},
@@ -29,12 +29,12 @@ constexpr std::array<Atteso, 13> kAttesi{{
 }  // namespace
 
 TEST(Modelli, ITrediciStannoNellaTabella) {
-  ASSERT_EQ(kModelli.size(), kAttesi.size());
-  for (std::size_t i = 0; i < kAttesi.size(); ++i) {
-    EXPECT_STREQ(kModelli[i].didascalia, kAttesi[i].didascalia);
-    EXPECT_EQ(kModelli[i].tasti, kAttesi[i].tasti) << i;
-    EXPECT_EQ(NomeModello(static_cast<int>(i)), QString::fromLatin1(kAttesi[i].nome));
-    EXPECT_EQ(larghezzaRigaDelModello(static_cast<int>(i)), kAttesi[i].larghezza) << i;
+  ASSERT_EQ(kModelli.size(), kPrevisti.size());
+  for (std::size_t i = 0; i < kPrevisti.size(); ++i) {
+    EXPECT_STREQ(kModelli[i].didascalia, kPrevisti[i].didascalia);
+    EXPECT_EQ(kModelli[i].tasti, kPrevisti[i].tasti) << i;
+    EXPECT_EQ(NomeModello(static_cast<int>(i)), QString::fromLatin1(kPrevisti[i].nome));
+    EXPECT_EQ(larghezzaRigaDelModello(static_cast<int>(i)), kPrevisti[i].larghezza) << i;
   }
 }
 

@@ -78,7 +78,7 @@ struct DopoLaRicezione : testing::Test {
     cassa->faults({});
     EXPECT_FALSE(schermo->alive());
   }
-  OutcomeBar& piede() { return schermo->control<OutcomeBar>("Esito"); }
+  OutcomeBar& piede() { return schermo->control<OutcomeBar>("BarraEsito"); }
   /// The colour that the style sheet asks for.
   QString colore() {
     for (const QLabel* scritta : piede().findChildren<QLabel*>())

@@ -426,8 +426,8 @@ TEST_F(GestioneMMC, UnNomeLungoNonAllargaLaFinestra) {
   bottega.user.chooses(bottega.folder.file(QStringLiteral("assente/") + lungo));
   entry("mnuNuovo");
   EXPECT_TRUE(outcome().contains(lungo));
-  EXPECT_EQ(control("Esito").accessibleName(), outcome());
-  EXPECT_EQ(control("Esito").findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->isVisible(), true);
+  EXPECT_EQ(control("BarraEsito").accessibleName(), outcome());
+  EXPECT_EQ(control("BarraEsito").findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->isVisible(), true);
   screen->resize(512, 384);
   EXPECT_EQ(screen->width(), 512);
 }

@@ -30,8 +30,8 @@ struct WorkspaceFixture : testing::Test {
   }
   QString text(const char* label) const { return control<QLabel>(label).text(); }
   /// What the foot tells.
-  QString outcome() const { return control<OutcomeBar>("Esito").text(); }
-  OutcomeBar::Kind outcomeKind() const { return control<OutcomeBar>("Esito").kind(); }
+  QString outcome() const { return control<OutcomeBar>("BarraEsito").text(); }
+  OutcomeBar::Kind outcomeKind() const { return control<OutcomeBar>("BarraEsito").kind(); }
   void click(const char* name) const;
   /// Opens the File menu and clicks the entry.
   void entry(const char* name) const;

@@ -57,8 +57,8 @@ TEST(IndirizziLocali, SenzaInterfacceSiCercaIlNome) {
 
 TEST(IndirizziLocali, ConUnInterfacciaIlNomeNonSiCerca) {
   const QStringList propri = network::interfaceAddresses();
-  const QStringList attesi = propri.isEmpty() ? QStringList{QStringLiteral("<error>")} : propri;
-  EXPECT_EQ(systemNetwork().localAddresses(QString(200, QLatin1Char('a'))), attesi);
+  const QStringList previsti = propri.isEmpty() ? QStringList{QStringLiteral("<error>")} : propri;
+  EXPECT_EQ(systemNetwork().localAddresses(QString(200, QLatin1Char('a'))), previsti);
 }
 
 TEST(IndirizziLocali, UnNumeroSiScriveInFormaPuntata) {

@@ -21,8 +21,8 @@ using namespace std::chrono_literals;
 const QByteArray kDati("hello");
 constexpr int kMillisecondi = 250;
 
-echo::Deadline scadenza(std::chrono::milliseconds attesa = 250ms) {
-  return std::chrono::steady_clock::now() + attesa;
+echo::Deadline scadenza(std::chrono::milliseconds limite = 250ms) {
+  return std::chrono::steady_clock::now() + limite;
 }
 
 echo::Address indirizzo(const char* testo) {

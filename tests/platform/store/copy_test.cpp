@@ -91,14 +91,14 @@ TEST_F(Copia, DiUnArchivioApertoPassaPerIlMotore) {
 // A journal left by a killed program must not be played back into the file that takes the place of its own.
 TEST_F(Copia, IlGiornaleDiUnProgrammaUccisoNonRestaAccantoAlNuovo) {
   archive_.Close();
-  const QString giornale = path_ + QStringLiteral("-journal");
+  const QString journal = path_ + QStringLiteral("-journal");
   {
-    QFile file(giornale);
+    QFile file(journal);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(QByteArray(2000, 'j'));
   }
   EXPECT_EQ(copia(pattern(), path_), 0);
-  EXPECT_FALSE(QFile::exists(giornale));
+  EXPECT_FALSE(QFile::exists(journal));
 }
 
 // The engine's first use in the process may be this copy: the settings of the whole process stand all the

@@ -147,13 +147,13 @@ const char* const kRicerche[] = {
 TEST_F(IstruzioniClienti, RicercaInAnagraficaConOgniNumeroDiFiltri) {
   run("INSERT INTO TAB_ANAG_Clienti (ID_CLiente,Ragione_Sociale,Indirizzo,Citta,Partita_Iva,Nota,Stato) "
       "Values (3,'ROSSI','VIA PO','ROMA','12345678903','NOTA',1);");
-  const int attesi[] = {2, 1, 1};
+  const int previsti[] = {2, 1, 1};
   for (std::size_t i = 0; i < std::size(kRicerche); ++i) {
     const std::string sql = std::string(
                                 "SELECT  ID_Cliente,  Ragione_Sociale,  Indirizzo,  citta,  Partita_IVA,  "
                                 "Nota,  Stato FROM TAB_ANAG_CLIENTI") +
                             kRicerche[i] + " ORDER BY ID_Cliente,Ragione_Sociale ASC ";
-    EXPECT_EQ(read(sql.c_str()).RecordCount(), attesi[i]) << sql;
+    EXPECT_EQ(read(sql.c_str()).RecordCount(), previsti[i]) << sql;
   }
   EXPECT_EQ(read("SELECT ID_Cliente,  Ragione_Sociale,  Indirizzo,  Citta,  Partita_IVA,  Nota, Stato FROM "
                  "TAB_ANAG_CLIENTI ORDER BY ID_Cliente,Ragione_Sociale ASC;")

@@ -21,7 +21,7 @@ class Giornale : public ArchiveOfTry {
           asWritten(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo = %1 WHERE auto_id=1").arg(prezzo)));
     });
   }
-  QString giornale() const { return path_ + QStringLiteral("-journal"); }
+  QString journal() const { return path_ + QStringLiteral("-journal"); }
   QStringList nomi() { return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden); }
   void attendiSoloLArchivio() { EXPECT_EQ(nomi(), QStringList{QStringLiteral("negozio.mdb")}); }
   QString prezzo() {
@@ -38,7 +38,7 @@ class Giornale : public ArchiveOfTry {
 
 TEST_F(Giornale, DopoUnaModificaELaChiusuraRestaIlSoloArchivio) {
   EXPECT_EQ(modifica(archive_), 0);
-  ASSERT_TRUE(QFile::exists(giornale()));
+  ASSERT_TRUE(QFile::exists(journal()));
   archive_.Close();
   attendiSoloLArchivio();
   EXPECT_EQ(prezzo(), QStringLiteral("7"));
@@ -78,7 +78,7 @@ TEST_F(Giornale, QuelloDiUnProgrammaUccisoSeNeVaConLaProssimaChiusura) {
               return modifica(*archivio);
             }),
             0);
-  ASSERT_TRUE(QFile::exists(giornale()));
+  ASSERT_TRUE(QFile::exists(journal()));
   EXPECT_EQ(prezzo(), QStringLiteral("7"));
   archive_.Close();
   attendiSoloLArchivio();
@@ -105,9 +105,9 @@ TEST_F(Giornale, QuelloCheServeAUnAltroProgrammaResta) {
                         nullptr, nullptr) == SQLITE_OK;
   });
   ASSERT_TRUE(altro.ready());
-  ASSERT_GT(QFile(giornale()).size(), 0);
+  ASSERT_GT(QFile(journal()).size(), 0);
   archive_.Close();
-  EXPECT_GT(QFile(giornale()).size(), 0);
+  EXPECT_GT(QFile(journal()).size(), 0);
   altro.uccidi();
   EXPECT_EQ(prezzo(), QStringLiteral("7"));
   archive_.Close();
@@ -120,7 +120,7 @@ TEST_F(Giornale, QuelloDelSecondoHandleInTransazioneResta) {
   altra.BeginTrans();
   EXPECT_EQ(modifica(secondo), 0);
   archive_.Close();
-  EXPECT_TRUE(QFile::exists(giornale()));
+  EXPECT_TRUE(QFile::exists(journal()));
   altra.Rollback();
   secondo.Close();
   attendiSoloLArchivio();

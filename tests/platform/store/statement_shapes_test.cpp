@@ -12,11 +12,11 @@ namespace store {
 namespace {
 
 /// What a statement comes out as: its text and its values, or the number of its failure.
-struct Esito {
+struct Lettura {
   std::string sql;
   std::vector<std::string> valori;
   int errore = 0;
-  bool operator==(const Esito&) const = default;
+  bool operator==(const Lettura&) const = default;
 };
 
 std::string valore(const Parameter& parametro) {
@@ -32,8 +32,8 @@ std::string valore(const Parameter& parametro) {
   return testo.append(parametro.text);
 }
 
-Esito esito(const Translation& traduzione) {
-  Esito risultato{traduzione.sql, {}, 0};
+Lettura lettura(const Translation& traduzione) {
+  Lettura risultato{traduzione.sql, {}, 0};
   for (const Parameter& parametro : traduzione.parameters) risultato.valori.push_back(valore(parametro));
   return risultato;
 }
@@ -44,91 +44,91 @@ Dictionary dizionario() {
   return colonne;
 }
 
-Esito paroleParola(const std::string& sql) {
+Lettura paroleParola(const std::string& sql) {
   try {
     Translation traduzione;
     Translate(sql, dizionario(), traduzione);
-    return esito(traduzione);
+    return lettura(traduzione);
   } catch (const Errore& errore) {
     return {{}, {}, errore.numero};
   }
 }
 
-Esito conStampi(StatementShapes& stampi, const std::string& sql) {
+Lettura conForme(StatementShapes& forme, const std::string& sql) {
   try {
-    return esito(stampi.translate(sql, dizionario()));
+    return lettura(forme.translate(sql, dizionario()));
   } catch (const Errore& errore) {
     return {{}, {}, errore.numero};
   }
 }
 
 void confronta(const std::vector<std::string>& istruzioni) {
-  StatementShapes stampi;
-  for (const std::string& sql : istruzioni) EXPECT_EQ(conStampi(stampi, sql), paroleParola(sql)) << sql;
+  StatementShapes forme;
+  for (const std::string& sql : istruzioni) EXPECT_EQ(conForme(forme, sql), paroleParola(sql)) << sql;
 }
 
-TEST(Stampi, IValoriNuoviPrendonoIlPostoDeiVecchi) {
+TEST(Forme, IValoriNuoviPrendonoIlPostoDeiVecchi) {
   confronta({"UPDATE t SET a ='uno', b =1 WHERE c =2", "UPDATE t SET a ='due', b =30 WHERE c =400",
              "UPDATE t SET a ='', b =0 WHERE c =999999999999999999",
              "UPDATE t SET a ='uno', b =1 WHERE c =2"});
 }
 
-TEST(Stampi, UnApostrofoRaddoppiatoOSpaiatoNonPassaPerUnAltroTesto) {
+TEST(Forme, UnApostrofoRaddoppiatoOSpaiatoNonPassaPerUnAltroTesto) {
   confronta({"SELECT a from t where b ='uno' and c ='due'", "SELECT a from t where b ='un''o' and c ='due'",
              "SELECT a from t where b ='un'o' and c ='due'", "SELECT a from t where b ='uno' and c ='due",
              "SELECT a from t where b ='uno'' and c ='due'", "SELECT a from t where b ='' and c =''''"});
 }
 
-TEST(Stampi, UnNumeroDAltraSpecieSiTraduceDaCapo) {
+TEST(Forme, UnNumeroDAltraSpecieSiTraduceDaCapo) {
   confronta({"SELECT a from t where b =5", "SELECT a from t where b =5.5", "SELECT a from t where b =-5",
              "SELECT a from t where b =5e3", "SELECT a from t where b =5a", "SELECT a from t where b =",
              "SELECT a from t where b =99999999999999999999", "SELECT a from t where b =9223372036854775807",
              "SELECT a from t where b =5;", "SELECT a from t where b =5; x"});
 }
 
-TEST(Stampi, ValoriCheDannoFormaAllaTraduzioneNonSiRicalcano) {
+TEST(Forme, ValoriCheDannoFormaAllaTraduzioneNonSiRicalcano) {
   confronta({"SELECT a from t where Codice_EAN like '80*'", "SELECT a from t where Codice_EAN like '*80'",
              "SELECT a from t where Codice_EAN like '81*'", "SELECT a from t where d =#01/02/2024#",
              "SELECT a from t where d =#03/04/2025#", "SELECT a from t order by 1",
              "SELECT a from t order by 2"});
 }
 
-TEST(Stampi, VeroEFalsoRestanoAlLoroPosto) {
+TEST(Forme, VeroEFalsoRestanoAlLoroPosto) {
   confronta({"UPDATE t SET a =1, b = true, c ='x', d = false WHERE e =2",
              "UPDATE t SET a =7, b = true, c ='y', d = false WHERE e =3",
              "UPDATE t SET a =7, b = false, c ='y', d = false WHERE e =3"});
 }
 
-TEST(Stampi, PiuDiciturePossonoAlternarsi) {
+TEST(Forme, PiuDiciturePossonoAlternarsi) {
   std::vector<std::string> istruzioni;
   for (int i = 0; i < 40; ++i)
     istruzioni.push_back(QStringLiteral("SELECT a from t%1 where b =%2").arg(i % 6).arg(i).toStdString());
   confronta(istruzioni);
 }
 
-TEST(Stampi, UnErroreNonLasciaUnoStampo) {
-  StatementShapes stampi;
-  EXPECT_NE(conStampi(stampi, "SELECT a from t where b ='uno").errore, 0);
-  EXPECT_NE(conStampi(stampi, "SELECT a from t where b ='due").errore, 0);
-  EXPECT_EQ(conStampi(stampi, "SELECT a from t where b ='uno'"),
+TEST(Forme, UnErroreNonLasciaUnoStampo) {
+  StatementShapes forme;
+  EXPECT_NE(conForme(forme, "SELECT a from t where b ='uno").errore, 0);
+  EXPECT_NE(conForme(forme, "SELECT a from t where b ='due").errore, 0);
+  EXPECT_EQ(conForme(forme, "SELECT a from t where b ='uno'"),
             paroleParola("SELECT a from t where b ='uno'"));
 }
 
-TEST(Stampi, UnoZeroNelTestoERifiutatoAncheRicalcando) {
+TEST(Forme, UnoZeroNelTestoERifiutatoAncheRicalcando) {
   std::string sql = "SELECT a from t where b ='uno'";
-  StatementShapes stampi;
-  conStampi(stampi, sql);
+  StatementShapes forme;
+  conForme(forme, sql);
   sql[sql.size() - 2] = '\0';
-  EXPECT_EQ(conStampi(stampi, sql).errore, errors::kSyntax);
+  EXPECT_EQ(conForme(forme, sql).errore, errors::kSyntax);
 }
 
-TEST(Stampi, QualunqueRitoccoDaLaStessaTraduzioneDiUnaLetturaDaCapo) {
+TEST(Forme, QualunqueRitoccoDaLaStessaTraduzioneDiUnaLetturaDaCapo) {
   const std::string base =
       "insert into v (D,i,t) select FORMAT(DATE(), 'yyyymmdd'),17,codice, 250 ,-3 from a where id=17 and n "
       "='x y'";
   const std::string pezzi = "'\"0159 .,;()=<>#*?[]-+aZ_è\n";
   std::mt19937 caso(7);
-  StatementShapes stampi;
+  StatementShapes forme;
   for (int giro = 0; giro < 20000; ++giro) {
     std::string sql = base;
     for (unsigned ritocchi = caso() % 4; ritocchi > 0; --ritocchi) {
@@ -139,7 +139,7 @@ TEST(Stampi, QualunqueRitoccoDaLaStessaTraduzioneDiUnaLetturaDaCapo) {
       else
         sql[dove] = nuovo;
     }
-    ASSERT_EQ(conStampi(stampi, sql), paroleParola(sql)) << sql;
+    ASSERT_EQ(conForme(forme, sql), paroleParola(sql)) << sql;
   }
 }
 

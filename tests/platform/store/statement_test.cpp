@@ -352,11 +352,11 @@ TEST_F(IstruzioneRotta, DentroUnaTransazioneLasciaLeAltreIstruzioni) {
 TEST_F(ArchiveOfTry, GliApostrofiPariDiUnTestoSiScrivonoDimezzati) {
   constexpr std::array kCasi{std::pair{u"L''OLIO", u"L'OLIO"}, std::pair{u"''", u"'"},
                              std::pair{u"''''A''", u"''A'"}, std::pair{u"--''/*", u"--'/*"}};
-  for (const auto& [scritto, atteso] : kCasi) {
+  for (const auto& [scritto, previsto] : kCasi) {
     EXPECT_EQ(archive_.Execute(u"UPDATE TAB_ARTICOLI SET Descrizione = '" +
                                store::text(QString::fromUtf16(scritto)) + u"' WHERE auto_id=1"),
               1);
-    EXPECT_EQ(value("SELECT Descrizione from TAB_ARTICOLI where auto_id=1"), QString::fromUtf16(atteso));
+    EXPECT_EQ(value("SELECT Descrizione from TAB_ARTICOLI where auto_id=1"), QString::fromUtf16(previsto));
   }
 }
 

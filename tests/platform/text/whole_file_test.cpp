@@ -95,7 +95,7 @@ TEST(FileIntero, SiLeggonoTuttiIByteENonDiPiu) {
 
 TEST(FileIntero, NonSiLeggeCioCheNonEUnFile) {
   const TemporaryFolder cartella;
-  for (const auto& [percorso, atteso] :
+  for (const auto& [percorso, previsto] :
        {std::pair{cartella.path(), errors::kPathAccess},
         std::pair{QStringLiteral("/dev/zero"), errors::kPathAccess},
         std::pair{cartella.file(QStringLiteral("no")), errors::kFileMissing}})
@@ -103,7 +103,7 @@ TEST(FileIntero, NonSiLeggeCioCheNonEUnFile) {
       ReadWholeFile(percorso, 10);
       ADD_FAILURE() << "read";
     } catch (const Errore& errore) {
-      EXPECT_EQ(errore.numero, atteso) << percorso.toStdString();
+      EXPECT_EQ(errore.numero, previsto) << percorso.toStdString();
     }
 }
 
@@ -116,12 +116,12 @@ TEST(FileIntero, AggiungereFaCrescereIlFileELoCreaSeManca) {
 }
 
 TEST(FileIntero, AggiungereDiceDiscoPienoECartellaAssente) {
-  for (const auto& [percorso, atteso] : {std::pair{QStringLiteral("/dev/full"), errors::kDiskFull},
+  for (const auto& [percorso, previsto] : {std::pair{QStringLiteral("/dev/full"), errors::kDiskFull},
                                          std::pair{QStringLiteral("/assente/f"), errors::kPathMissing}})
     try {
       AppendToFile(percorso, "uno");
       ADD_FAILURE() << "written";
     } catch (const Errore& errore) {
-      EXPECT_EQ(errore.numero, atteso);
+      EXPECT_EQ(errore.numero, previsto);
     }
 }

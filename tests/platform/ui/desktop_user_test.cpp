@@ -88,9 +88,9 @@ TEST(MsgBox, OgniIconaHaLaSua) {
                                                      {Icon::Question, QMessageBox::Question},
                                                      {Icon::Warning, QMessageBox::Warning},
                                                      {Icon::Information, QMessageBox::Information}};
-  for (const auto& [icona, attesa] : casi) {
-    alRiquadro([attesa = attesa](QMessageBox& riquadro) {
-      EXPECT_EQ(riquadro.icon(), attesa);
+  for (const auto& [icona, prevista] : casi) {
+    alRiquadro([prevista = prevista](QMessageBox& riquadro) {
+      EXPECT_EQ(riquadro.icon(), prevista);
       premi(riquadro, QStringLiteral("OK"));
     });
     utente.MsgBox(QStringLiteral("x"), icona);
