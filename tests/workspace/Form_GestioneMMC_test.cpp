@@ -303,6 +303,34 @@ TEST_F(GestioneMMC, ChiudiChiudeLArchivioESpegneIComandi) {
   EXPECT_EQ(text("LabelArchivio"), QStringLiteral("Nessun archivio aperto"));
 }
 
+TEST_F(GestioneMMC, ChiudiRiaccendeApriCheUnAperturaAvevaSpento) {
+  create();
+  entry("mnuClose");
+  open();
+  ASSERT_FALSE(active("mnuApri"));
+  entry("mnuClose");
+  EXPECT_TRUE(active("mnuApri"));
+  EXPECT_FALSE(active("mnuImporta"));
+  EXPECT_EQ(enabledCommands(), 0);
+  open();
+  EXPECT_EQ(enabledCommands(), kCommands);
+}
+
+TEST_F(GestioneMMC, UnaChiusuraFallitaSpegneLoStessoIComandiERiaccendeApri) {
+  create();
+  entry("mnuClose");
+  open();
+  bottega.workspace.BeginTrans();
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
+  const OtherProgram lettore(bottega.folder.file(QStringLiteral("archivio.mdb")),
+                             {QStringLiteral("BEGIN"), QStringLiteral("SELECT count(*) FROM TAB_ARTICOLI")});
+  entry("mnuClose");
+  EXPECT_NE(outcome(), QString());
+  EXPECT_EQ(enabledCommands(), 0);
+  EXPECT_TRUE(active("mnuApri"));
+  EXPECT_FALSE(active("mnuImporta"));
+}
+
 TEST_F(GestioneMMC, ChiudiSenzaArchivioNonFaNulla) {
   entry("mnuClose");
   EXPECT_EQ(enabledCommands(), 0);
@@ -427,7 +455,8 @@ TEST_F(GestioneMMC, UnNomeLungoNonAllargaLaFinestra) {
   entry("mnuNuovo");
   EXPECT_TRUE(outcome().contains(lungo));
   EXPECT_EQ(control("BarraEsito").accessibleName(), outcome());
-  EXPECT_EQ(control("BarraEsito").findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->isVisible(), true);
+  EXPECT_EQ(control("BarraEsito").findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->isVisible(),
+            true);
   screen->resize(512, 384);
   EXPECT_EQ(screen->width(), 512);
 }
