@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "config/records.h"
 
@@ -48,5 +49,9 @@ void restringiIntestazione(RecordLetto piena, Record corta);
 void allargaIntestazione(RecordLetto corta, Record piena);
 void restringiCortesia(RecordLetto piena, Record corta);
 void allargaCortesia(RecordLetto corta, Record piena);
+
+/// Bytes of the image of one of the nine files on its way to a till of this size class, without the channel's
+/// extra byte; nothing for another name.
+std::optional<std::size_t> limiteSuperiore(const QString& file, const QString& infoTipoBitmap);
 
 }  // namespace config

@@ -11,21 +11,6 @@ constexpr int kPrimo58 = 9;
 constexpr int kPrimo80 = 11;
 constexpr int kUltimo80 = 12;
 
-struct LimiteFile {
-  const char* file;
-  std::size_t piccola;
-  std::size_t grande;
-};
-constexpr std::array<LimiteFile, 9> kLimiti{{{"intestazione.bin", 208, 304},
-                                             {"reparti.bin", 3360, 3360},
-                                             {"plu.bin", 240000, 240000},
-                                             {"iva.bin", 232, 232},
-                                             {"val.bin", 116, 116},
-                                             {"operatori.bin", 330, 330},
-                                             {"cortesia.bin", 54, 78},
-                                             {"logo.bin", 120, 120},
-                                             {"prog_param.bin", 428, 428}}};
-
 }  // namespace
 
 QString NomeModello(int indice) {
@@ -50,13 +35,6 @@ QString nomeDellaClasse(const QString& infoTipoBitmap) {
 std::optional<QString> larghezzaGrafica(const QString& infoTipoBitmap) {
   if (classePiccola(infoTipoBitmap)) return QStringLiteral("384");
   if (infoTipoBitmap == QLatin1String("L")) return QStringLiteral("640");
-  return std::nullopt;
-}
-
-std::optional<std::size_t> limiteSuperiore(const QString& file, const QString& infoTipoBitmap) {
-  for (const LimiteFile& limite : kLimiti)
-    if (file == QLatin1String(limite.file))
-      return classePiccola(infoTipoBitmap) ? limite.piccola : limite.grande;
   return std::nullopt;
 }
 

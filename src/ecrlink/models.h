@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 
@@ -49,9 +48,5 @@ std::optional<QString> larghezzaGrafica(const QString& infoTipoBitmap);
 inline constexpr const char16_t* kGraficaIncongruente =
     u"Il tipo di grafica non è congruente a quella dell'ECR";
 inline constexpr const char16_t* kTitoloGraficaIncongruente = u"Errore invio file per la grafica";
-
-/// Upper bound of the image of a programme file, that is its size without the channel's extra byte; nothing
-/// for a name that is none of the nine.
-std::optional<std::size_t> limiteSuperiore(const QString& file, const QString& infoTipoBitmap);
 
 }  // namespace ecrlink

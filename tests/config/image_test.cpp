@@ -6,7 +6,6 @@
 #include <string>
 
 #include "config/narrow_lines.h"
-#include "ecrlink/models.h"
 #include "ecrsim/known_files.h"
 #include "platform/error.h"
 
@@ -24,14 +23,14 @@ struct Atteso {
 };
 
 const std::vector<Atteso> kPreviste{{&kIntestazione, "intestazione.bin", 8, 38, 304, 0},
-                                  {&kCortesia, "cortesia.bin", 2, 39, 78, 304},
-                                  {&kReparto, "reparti.bin", 80, 42, 3360, 382},
-                                  {&kPLU, "plu.bin", 5000, 48, 240000, 3742},
-                                  {&kIVA, "iva.bin", 8, 29, 232, 243742},
-                                  {&kValuta, "val.bin", 4, 29, 116, 243974},
-                                  {&kOperatore, "operatori.bin", 10, 33, 330, 244090},
-                                  {&kParametri, "prog_param.bin", 1, 428, 428, 244420},
-                                  {&kLogo, "logo.bin", 12, 10, 120, 244848}};
+                                    {&kCortesia, "cortesia.bin", 2, 39, 78, 304},
+                                    {&kReparto, "reparti.bin", 80, 42, 3360, 382},
+                                    {&kPLU, "plu.bin", 5000, 48, 240000, 3742},
+                                    {&kIVA, "iva.bin", 8, 29, 232, 243742},
+                                    {&kValuta, "val.bin", 4, 29, 116, 243974},
+                                    {&kOperatore, "operatori.bin", 10, 33, 330, 244090},
+                                    {&kParametri, "prog_param.bin", 1, 428, 428, 244420},
+                                    {&kLogo, "logo.bin", 12, 10, 120, 244848}};
 
 }  // namespace
 
@@ -65,8 +64,7 @@ TEST(NoveFile, RecordPerRecordFannoIByteDelCanaleEDellaCassa) {
                                                            : famiglia->totale();
     for (const auto& [classe, byte] :
          {std::pair{"L", famiglia->record * famiglia->byte}, std::pair{"S", strette}}) {
-      EXPECT_EQ(ecrlink::limiteSuperiore(QString::fromLatin1(famiglia->file), QString::fromLatin1(classe)),
-                byte)
+      EXPECT_EQ(limiteSuperiore(QString::fromLatin1(famiglia->file), QString::fromLatin1(classe)), byte)
           << classe;
       EXPECT_EQ(file->byte(classe), byte + inPiu) << classe;
     }

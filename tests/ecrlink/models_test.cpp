@@ -61,34 +61,14 @@ TEST(ClasseGrafica, LaSELaLargaPerLaGrafica) {
   EXPECT_EQ(larghezzaGrafica(QStringLiteral("L")), QStringLiteral("640"));
 }
 
-TEST(ClasseGrafica, NeSNeLSiLeggeLargeUsaLeMisureGrandiENonMandaGrafica) {
+TEST(ClasseGrafica, NeSNeLSiLeggeLargeENonMandaGrafica) {
   for (const char* altra : {"", "s", "M", "S "}) {
     const QString tipo = QString::fromLatin1(altra);
     EXPECT_EQ(nomeDellaClasse(tipo), QStringLiteral("LARGE")) << altra;
-    EXPECT_EQ(limiteSuperiore(QStringLiteral("intestazione.bin"), tipo), 304U) << altra;
-    EXPECT_EQ(limiteSuperiore(QStringLiteral("cortesia.bin"), tipo), 78U) << altra;
     EXPECT_EQ(larghezzaGrafica(tipo), std::nullopt) << altra;
   }
   EXPECT_EQ(QString::fromUtf16(kGraficaIncongruente),
             QStringLiteral("Il tipo di grafica non è congruente a quella dell'ECR"));
   EXPECT_EQ(QString::fromUtf16(kTitoloGraficaIncongruente),
             QStringLiteral("Errore invio file per la grafica"));
-}
-
-TEST(LimiteSuperiore, DiOgniFileDelProgramma) {
-  struct Caso {
-    const char* file;
-    std::size_t piccola;
-    std::size_t grande;
-  };
-  for (const Caso& caso :
-       {Caso{"intestazione.bin", 208, 304}, Caso{"reparti.bin", 3360, 3360}, Caso{"plu.bin", 240000, 240000},
-        Caso{"iva.bin", 232, 232}, Caso{"val.bin", 116, 116}, Caso{"operatori.bin", 330, 330},
-        Caso{"cortesia.bin", 54, 78}, Caso{"logo.bin", 120, 120}, Caso{"prog_param.bin", 428, 428}}) {
-    const QString file = QString::fromLatin1(caso.file);
-    EXPECT_EQ(limiteSuperiore(file, QStringLiteral("S")), caso.piccola) << caso.file;
-    EXPECT_EQ(limiteSuperiore(file, QStringLiteral("L")), caso.grande) << caso.file;
-  }
-  EXPECT_EQ(limiteSuperiore(QStringLiteral("venduto.bin"), QStringLiteral("L")), std::nullopt);
-  EXPECT_EQ(limiteSuperiore(QStringLiteral("PLU.BIN"), QStringLiteral("L")), std::nullopt);
 }
