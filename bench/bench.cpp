@@ -14,7 +14,7 @@
 
 namespace fs = std::filesystem;
 
-Answer BenchUser::MsgBox(const QString& text, Icon icon, const QString&, Buttons) {
+Answer BenchUser::ShowBox(const QString& text, Icon icon, const QString&, Buttons, Preset) {
   if (icon == Icon::Critical) {
     std::fprintf(stderr, "the work failed: %s\n", qPrintable(text));
     std::exit(2);

@@ -24,7 +24,8 @@ class BenchUser : public Utente {
   /// What the next save dialogs answer; nothing: they are cancelled.
   std::optional<QString> toSave_;
 
-  Answer MsgBox(const QString& text, Icon icon, const QString& title, Buttons buttons) override;
+  Answer ShowBox(const QString& text, Icon icon, const QString& title, Buttons buttons,
+                 Preset preset) override;
   std::optional<QString> AskOpenPath(const FileRequest& window) override;
   std::optional<QString> AskSavePath(const FileRequest& window) override;
   void DoEvents() override;

@@ -64,7 +64,9 @@ int table(const std::map<std::string, double>& medians, const std::vector<Limit>
     for (const auto& [name, seconds] : medians) {
       const auto [work, variant, rows] = pieces(name);
       if (work != limit.work || variant != "programma") continue;
-      const double ratio = multiple(medians, work + "/" + limit.base + "/" + rows, name);
+      std::string base = work;
+      base.append("/").append(limit.base).append("/").append(rows);
+      const double ratio = multiple(medians, base, name);
       if (ratio < 0) continue;
       seen = true;
       const bool exceeds = ratio > limit.ratio;

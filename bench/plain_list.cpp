@@ -33,7 +33,8 @@ QVariant PlainList::Model::data(const QModelIndex& index, int role) const {
 }
 
 const QString& PlainList::Model::cell(int row, int column) const {
-  return cells_[static_cast<std::size_t>(row * columns_ + column)];
+  return cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
+                static_cast<std::size_t>(column)];
 }
 
 void PlainList::Model::take(std::vector<QString> cells, int columns) {

@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <algorithm>
 #include <chrono>
 
 #include "articles/article_database.h"

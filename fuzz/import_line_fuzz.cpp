@@ -3,6 +3,7 @@
 // writes nothing. The first byte chooses how many faults stand before it, and whether another line has come
 // before.
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -108,7 +109,7 @@ void lookForEan(SmallArchive& archive, const CampiImport& fields) {
   const std::int16_t found = articles::GetCodiceEAN(fields.auto_id, fields.Codice_EAN, user);
   check(found == articles::kEanLibero || found == articles::kEanDuplicato);
   const bool broken =
-      store::text(fields.Codice_EAN).breaksAt.has_value() || fields.Codice_EAN.contains(QChar(u'\0'));
+      store::text(fields.Codice_EAN).breaksAt().has_value() || fields.Codice_EAN.contains(QChar(u'\0'));
   check((user.boxes > 0) == broken);
   if (broken || found == articles::kEanLibero) return;
   int others = 0;

@@ -2,7 +2,7 @@
 // translation word by word makes of it, whatever came before.
 
 #include <QString>
-#include <optional>
+#include <algorithm>
 #include <string>
 #include <vector>
 

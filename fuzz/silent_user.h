@@ -6,7 +6,7 @@
 /// A person who reads every box, agrees to everything and chooses no file.
 class SilentUser : public Utente {
  public:
-  Answer MsgBox(const QString& text, Icon, const QString&, Buttons) override {
+  Answer ShowBox(const QString& text, Icon, const QString&, Buttons, Preset) override {
     check(!text.isEmpty());
     ++boxes;
     return Answer::Ok;

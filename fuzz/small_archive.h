@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QTemporaryDir>
 #include <cstdint>
@@ -24,7 +23,6 @@ class StoppedClock : public Clock {
  public:
   QDateTime now() const override { return QDateTime(QDate(2024, 3, 7), QTime(9, 5, 1)); }
 };
-inline constexpr char kToday[] = "20240307";
 
 /// An article database of six slots, some of them filled, in a folder of its own and open through the store.
 class SmallArchive {

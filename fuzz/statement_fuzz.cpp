@@ -3,6 +3,7 @@
 // first byte chooses the statement and whether the store has just met one of its shape; values follow, parted
 // by the byte 255, which no UTF-8 text holds.
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -184,9 +185,9 @@ PlainArchive::Value numberOf(const QString& written) {
 }
 
 PlainArchive::Value meaning(const StatementValue& value, Kind kind) {
-  if (kind == Kind::Text) return QString(value.text).replace(QStringLiteral("''"), QStringLiteral("'"));
-  if (kind == Kind::Truth) return std::int64_t{value.text == QStringLiteral("true")};
-  return numberOf(value.text);
+  if (kind == Kind::Text) return QString(value.text()).replace(QStringLiteral("''"), QStringLiteral("'"));
+  if (kind == Kind::Truth) return std::int64_t{value.text() == QStringLiteral("true")};
+  return numberOf(value.text());
 }
 
 /// A built statement, the one it must look like, and its values.
@@ -201,8 +202,8 @@ struct Built {
 
 bool unusual(const StatementValue& value, Kind kind) {
   constexpr qsizetype kLongNumber = 300;
-  if (kind == Kind::Text) return value.text.contains(QChar(u'\0')) || value.text.contains(u'[');
-  return value.text.size() > kLongNumber || value.text.contains(u'e', Qt::CaseInsensitive);
+  if (kind == Kind::Text) return value.text().contains(QChar(u'\0')) || value.text().contains(u'[');
+  return value.text().size() > kLongNumber || value.text().contains(u'e', Qt::CaseInsensitive);
 }
 
 Built build(const Template& model, Values values) {

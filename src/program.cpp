@@ -9,11 +9,13 @@
 #include "articles/Form_Help_CodiceEAN.h"
 #include "articles/Form_TrasferimentoArticoli.h"
 #include "controls/style.h"
+#include "controls/svg_icon.h"
 #include "core/menu.h"
 #include "core/state.h"
 #include "platform/clock.h"
 #include "platform/net/network.h"
 #include "platform/ui/double_click.h"
+#include "platform/ui/file_dialog.h"
 #include "sales/Form_ArchivioVenduto.h"
 #include "sales/Form_RicezioneVenduto.h"
 #include "workspace/Form_GestioneMMC.h"
@@ -37,9 +39,10 @@ void prepareApplication(QApplication& application, const QString& folder) {
   QApplication::setApplicationVersion(QStringLiteral(GESTIONALE_VERSIONE));
   style::iconFolder(folder + QStringLiteral("/icons"));
   style::apply(application);
-  QApplication::setWindowIcon(style::icon(QStringLiteral("receipt-euro")));
+  QApplication::setWindowIcon(programSign(folder + QStringLiteral("/icons/receipt-euro.svg")));
   speakItalian(application);
   new DoubleClickStopper(&application);
+  file_dialog::startIn(folder);
 }
 
 Program::Program(const QString& folder)

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include "core/context.h"
+#include "core/help_key.h"
 #include "core/screens.h"
 #include "platform/ecrcom/library.h"
 #include "platform/store/store.h"
@@ -31,4 +32,5 @@ class Program {
   EcrLibrary library_;
   Schermate screens_;
   Contesto contesto_;
+  HelpKey help_{contesto_};
 };

@@ -35,12 +35,13 @@ class FileDescriptor {
   int number_;
 };
 
-/// A name of nobody else's beside `path`: process, then a count, then a try.
+/// A name of nobody else's beside `path`, in the form that the program sweeps when the process is gone:
+/// process, then a count.
 std::string temporaryName(const std::string& path) {
   static std::atomic<unsigned> counter{0};
   const std::size_t slash = path.rfind('/');
   const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
-  return path.substr(0, start) + "." + path.substr(start) + "." + std::to_string(getpid()) + "." +
+  return path.substr(0, start) + "." + path.substr(start) + ".gestionale-" + std::to_string(getpid()) + "-" +
          std::to_string(counter++);
 }
 

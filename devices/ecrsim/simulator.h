@@ -29,7 +29,7 @@ struct Fault {
   /// Empty: whatever the file.
   std::string file{};
   FaultKind what = FaultKind::Code;
-  /// Error code for Cosa::Codice.
+  /// Error code for FaultKind::Code.
   int code = 7;
   /// How often it strikes; 0: always.
   int times = 0;

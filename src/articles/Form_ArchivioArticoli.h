@@ -6,10 +6,12 @@
 #include "articles/archive_fields.h"
 #include "core/screen.h"
 
+class PrimaryCommand;
 class QLineEdit;
 namespace elenco {
 class Caselle;
-}
+struct EsitoElenco;
+}  // namespace elenco
 namespace Ui {
 class Form_ArchivioArticoli;
 }
@@ -28,6 +30,9 @@ class Form_ArchivioArticoli : public Schermo<QDialog> {
   void BloccaComandi(bool bloccati);
   void Cancella_TextBox();
 
+ protected:
+  void keyPressEvent(QKeyEvent* evento) override;
+
  private Q_SLOTS:
   void on_Vmd_Cerca_clicked();
   void on_Cmd_Modifica_clicked();
@@ -40,11 +45,23 @@ class Form_ArchivioArticoli : public Schermo<QDialog> {
 
  private:
   void vesti();
-  void sorveglia(QLineEdit& campo, KeyFilter filtro, FieldCheck controllo = nullptr);
+  void preparaTasti();
+  void sorveglia(QLineEdit& campo, KeyRule regola = {}, FieldCheck controllo = nullptr);
   void apri();
   void modifica();
   void aiuto();
+  /// The primary command, and the mark in the list, follow what stands in the fields.
+  void seguiCampi();
+  void mostraQuanti();
+  void rifiuta();
+  void salvata();
 
   std::unique_ptr<Ui::Form_ArchivioArticoli> ui_;
   std::unique_ptr<elenco::Caselle> caselle_;
+  std::unique_ptr<PrimaryCommand> primario_;
+  /// The fields as the picked row or the last save left them; without a slot with none picked.
+  articles::CampiArticolo scelta_;
+  bool daSalvare_ = false;
+  /// While a row goes into the fields, one after the other.
+  bool copia_ = false;
 };

@@ -1,5 +1,8 @@
 #include "articles/Form_Help_CodiceEAN.h"
 
+#include <QKeyEvent>
+
+#include "controls/held_keys.h"
 #include "controls/rtf.h"
 #include "controls/style.h"
 #include "core/context.h"
@@ -19,6 +22,7 @@ Form_Help_CodiceEAN::Form_Help_CodiceEAN(Contesto& contesto)
     : ui_(std::make_unique<Ui::Form_Help_CodiceEAN>()) {
   ui_->setupUi(this);
   ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
+  ignoreHeldKeys(*this);
   connect(ui_->Cmd_Esci, &QPushButton::clicked, this, &QWidget::close);
   QTextDocument& testo = *ui_->RichTextBox1->document();
   testo.setDefaultFont(ui_->RichTextBox1->font());
@@ -31,3 +35,9 @@ Form_Help_CodiceEAN::Form_Help_CodiceEAN(Contesto& contesto)
 }
 
 Form_Help_CodiceEAN::~Form_Help_CodiceEAN() = default;
+
+void Form_Help_CodiceEAN::keyPressEvent(QKeyEvent* event) {
+  // Who reads does not leave by Enter, unless the button has the focus.
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+  QDialog::keyPressEvent(event);
+}

@@ -17,6 +17,9 @@ class Form_Help_CodiceEAN : public QDialog {
   explicit Form_Help_CodiceEAN(Contesto& contesto);
   ~Form_Help_CodiceEAN() override;
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   std::unique_ptr<Ui::Form_Help_CodiceEAN> ui_;
 };

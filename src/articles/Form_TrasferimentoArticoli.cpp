@@ -2,6 +2,8 @@
 
 #include "articles/transfer.h"
 #include "core/context.h"
+#include "core/state.h"
+#include "platform/text/file_name.h"
 #include "platform/ui/user_port.h"
 #include "ui_Form_TrasferimentoArticoli.h"
 
@@ -15,6 +17,7 @@ Form_TrasferimentoArticoli::Form_TrasferimentoArticoli(Contesto& contesto)
     : FinestraLink(contesto, QStringLiteral("Form_GestioneMMC")),
       ui_(std::make_unique<Ui::Form_TrasferimentoArticoli>()) {
   ui_->setupUi(this);
+  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Articoli));
   if (caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "upload"}) != kReteAssente)
     articles::RicavaDettagliPC(contesto.utente);
 }
@@ -29,6 +32,7 @@ bool Form_TrasferimentoArticoli::invia() {
   abilita(false, false);
   ui_->vkBar1->setRange(kInizio, kFine);
   ui_->vkBar1->setValue(kInizio);
+  ui_->vkBar1->setFormat(QStringLiteral("%p%"));
   contesto().utente.DoEvents();
   const articles::EsitoInvio esito = articles::InviaArchivio(contesto());
   if (esito == articles::EsitoInvio::Fallito) {
@@ -36,7 +40,10 @@ bool Form_TrasferimentoArticoli::invia() {
     avvisa(QStringLiteral("Errore durante il trasferimento/ricezione. "));
     return true;
   }
-  if (esito == articles::EsitoInvio::Inviato) ui_->vkBar1->setValue(kFine);
+  if (esito == articles::EsitoInvio::Inviato) {
+    ui_->vkBar1->setValue(kFine);
+    racconta(OutcomeBar::Kind::Done, articles::RaccontoInvio());
+  }
   // A fill that failed has said so just before: the closing text is the same for both.
   avvisa(QStringLiteral("ARCHIVIO DEGLI ARTICOLI CORRETTAMENTE TRASFERITO"));
   abilita(true, true);

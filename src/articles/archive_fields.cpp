@@ -51,19 +51,24 @@ QString DescrizioneMaiuscola(QString testo) {
   return testo;
 }
 
-std::int16_t CheckCampiArticolo(const CampiArticolo& campi, Utente& utente) {
-  std::int16_t esito = kFalso;
-  const auto rifiuta = [&](const QString& messaggio) {
-    utente.MsgBox(messaggio, Icon::Information);
-    esito = kVero;
-  };
+std::vector<CampoRifiutato> CampiRifiutati(const CampiArticolo& campi) {
+  std::vector<CampoRifiutato> rifiutati;
   if (campi.descrizione.isEmpty())
-    rifiuta(QStringLiteral("Attenzione il campo DESCRIZIONE non e' valorizzato"));
-  if (campi.prezzo.isEmpty()) rifiuta(QStringLiteral("Attenzione il campo PREZZO non e' valorizzato"));
+    rifiutati.push_back(
+        {kColonnaDescrizione, QStringLiteral("Attenzione il campo DESCRIZIONE non e' valorizzato")});
+  if (campi.prezzo.isEmpty())
+    rifiutati.push_back({kColonnaPrezzo, QStringLiteral("Attenzione il campo PREZZO non e' valorizzato")});
   const double reparto = Val(campi.reparto);
-  if (reparto > kRepartoMassimo || reparto <= 0) rifiuta(messaggioReparto());
-  if (!siONo(campi.varPrezzo)) rifiuta(QStringLiteral("Attenzione var.prezzo deve essere S/s o N/n"));
-  return esito;
+  if (reparto > kRepartoMassimo || reparto <= 0) rifiutati.push_back({kColonnaReparto, messaggioReparto()});
+  if (!siONo(campi.varPrezzo))
+    rifiutati.push_back({kColonnaVarPrezzo, QStringLiteral("Attenzione var.prezzo deve essere S/s o N/n")});
+  return rifiutati;
+}
+
+std::int16_t CheckCampiArticolo(const CampiArticolo& campi, Utente& utente) {
+  const std::vector<CampoRifiutato> rifiutati = CampiRifiutati(campi);
+  for (const CampoRifiutato& uno : rifiutati) utente.MsgBox(uno.messaggio, Icon::Information);
+  return rifiutati.empty() ? kFalso : kVero;
 }
 
 }  // namespace articles

@@ -3,6 +3,7 @@
 #include <QString>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "controls/guarded_field.h"
 
@@ -10,6 +11,18 @@ class Utente;
 
 /// The fields of the archive screen as plain texts, and the rules on them.
 namespace articles {
+
+/// The fields, and the columns of the list, by position.
+enum ColonnaArticoli : int {
+  kColonnaPosizione,
+  kColonnaEan,
+  kColonnaCodice,
+  kColonnaDescrizione,
+  kColonnaPrezzo,
+  kColonnaReparto,
+  kColonnaVarPrezzo,
+  kColonnaPrezzoZero,
+};
 
 /// What stands in the fields, as typed or as picked from the grid.
 struct CampiArticolo {
@@ -38,8 +51,14 @@ std::optional<Rejection> controllaReparto(const QString& testo);
 /// stays, since the till would show a "?" in its place.
 QString DescrizioneMaiuscola(QString testo);
 
-/// Four checks in a row, each with its own box: description, price, department, S/N of the price. 0 if all
-/// pass, -1 if one fails. The zero-price field is not looked at.
+struct CampoRifiutato {
+  ColonnaArticoli campo;
+  QString messaggio;
+};
+/// What a save refuses, by four checks in a row: description, price, department, S/N of the price. The
+/// zero-price field is not looked at.
+std::vector<CampoRifiutato> CampiRifiutati(const CampiArticolo& campi);
+/// A box for each refused field. 0 if there is none, else -1.
 std::int16_t CheckCampiArticolo(const CampiArticolo& campi, Utente& utente);
 
 }  // namespace articles

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "articles/archive_fields.h"
 #include "core/list_table.h"
 
 class Attesa;
@@ -7,17 +8,7 @@ class Attesa;
 /// The list of the archive screen.
 namespace articles {
 
-/// Its columns, by position.
-enum ColonnaArticoli : int {
-  kColonnaPosizione,
-  kColonnaEan,
-  kColonnaCodice,
-  kColonnaDescrizione,
-  kColonnaPrezzo,
-  kColonnaReparto,
-  kColonnaVarPrezzo,
-  kColonnaPrezzoZero,
-};
+/// Its columns, in the order of ColonnaArticoli.
 elenco::Colonne ColonneArticoli();
 
 /// Headings, widths and ground.

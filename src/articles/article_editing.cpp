@@ -124,7 +124,8 @@ bool confermata(const QString& ean, Utente& utente) {
              QStringLiteral(
                  "Attenzione questa operazione comporterà l'eliminazione dell'articolo con codice EAN [") %
                  ean % QStringLiteral("]. Continuare ?"),
-             Icon::None, QStringLiteral("Cancellazione articolo"), Buttons::OkCancel) == Answer::Ok;
+             Icon::None, QStringLiteral("Cancellazione articolo"), Buttons::OkCancel,
+             Preset::Last) == Answer::Ok;
 }
 
 /// The till does not know of the article. 'U' is left to archives that another program has written.

@@ -8,6 +8,8 @@
 #include "articles/import_report.h"
 #include "core/context.h"
 #include "core/conversions.h"
+#include "core/list_table.h"
+#include "core/reactions.h"
 #include "core/state.h"
 #include "core/wait_box.h"
 #include "platform/clock.h"
@@ -30,6 +32,8 @@ const QString kFineRiga = QStringLiteral("\r\n");
 /// One run of the import.
 struct Corsa {
   Contesto& contesto;
+  /// Of the transactions that stood open before.
+  int livello = contesto.area.level();
   QString ingresso{};
   bool logAperto = false;
   /// Never back to its start: after the first fault every later line is marked, and with the third (with the
@@ -96,7 +100,7 @@ bool importaArticolo(Corsa& corsa) {
   store::Statement sql = TestaIstruzione(corsa.campi);
   controllaPrezzoEReparto(corsa);
   sql += CodaIstruzione(corsa.StatoImport, corsa.campi.auto_id);
-  return oAnnulla(corsa.contesto, [&] { varGlobal().DB_Articoli.Execute(sql); });
+  return oAnnulla(corsa.contesto, [&] { corsa.esito.scritte += varGlobal().DB_Articoli.Execute(sql); });
 }
 
 std::int16_t leggiArticolo(Corsa& corsa, LineReader& lettore) {
@@ -129,6 +133,11 @@ void mostraFallita(Corsa& corsa, LineReader& lettore, Attesa& attesa) {
   lettore.close();
   chiudiLOG(corsa);
   attesa.chiudi();
+  try {
+    corsa.contesto.area.CommitDownTo(corsa.livello);
+  } catch (const Errore& errore) {
+    corsa.esito.nonConfermate = errore.descrizione;
+  }
   corsa.contesto.utente.MsgBox(QStringLiteral("OPERAZIONE DI IMPORTAZIONE ARTICOLI FALLITA"), Icon::Critical);
 }
 
@@ -177,11 +186,8 @@ void importaFile(Corsa& corsa, const QDateTime& inizio) {
 void interrompi(Corsa& corsa, const Errore& errore) {
   if (corsa.esito.tipo == EsitoImport::Tipo::Abbandonato) corsa.esito.tipo = EsitoImport::Tipo::Interrotto;
   corsa.esito.dettaglio = errore.descrizione;
-  try {
-    chiudiLOG(corsa);
-  } catch (const Errore& delReport) {
-    corsa.esito.dettaglio += u' ' + delReport.descrizione;
-  }
+  reazioni::oppure([&] { chiudiLOG(corsa); },
+                   [&](const Errore& delReport) { corsa.esito.dettaglio += u' ' + delReport.descrizione; });
 }
 
 }  // namespace
@@ -189,16 +195,16 @@ void interrompi(Corsa& corsa, const Errore& errore) {
 EsitoImport ImportaArticoli(Contesto& contesto) {
   Corsa corsa{contesto};
   const QDateTime inizio = contesto.orologio.now();
-  try {
-    contesto.area.BeginTrans();
-    const std::optional<QString> scelto = contesto.utente.AskOpenPath(
-        {QStringLiteral("Importa Articoli"), QStringLiteral("csv (*.csv)|*.csv"), {}});
-    if (!scelto || scelto->isEmpty()) return corsa.esito;
-    corsa.ingresso = *scelto;
-    importaFile(corsa, inizio);
-  } catch (const Errore& errore) {
-    interrompi(corsa, errore);
-  }
+  reazioni::oppure(
+      [&] {
+        contesto.area.BeginTrans();
+        const std::optional<QString> scelto = contesto.utente.AskOpenPath(
+            {QStringLiteral("Importa Articoli"), QLatin1String(elenco::kFiltroCSV), {}});
+        if (!scelto || scelto->isEmpty()) return;
+        corsa.ingresso = *scelto;
+        importaFile(corsa, inizio);
+      },
+      [&](const Errore& errore) { interrompi(corsa, errore); });
   return corsa.esito;
 }
 

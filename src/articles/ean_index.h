@@ -29,7 +29,7 @@ std::int16_t UpdateIDPosition(const QString& ean, std::int32_t position, Utente&
                               Errore* causa = nullptr);
 
 /// Builds the checksum table, which is taken to be empty: one row an article, with an event pass at each
-/// under `Occupato`. 0 done, -1 failed; the first INSERT that fails ends it.
+/// under `BusyGuard`. 0 done, -1 failed; the first INSERT that fails ends it.
 std::int16_t UpdateEanNumAndIndex(Utente& utente);
 /// Adds one row to the checksum table. 0 done, -1 failed.
 std::int16_t InsertEanNumerici(const QString& ean, double checksum, std::int32_t index, Utente& utente);

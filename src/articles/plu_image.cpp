@@ -92,7 +92,9 @@ class Riempimento {
     passo([&] { copiaTesto(record, plu::kDescrizione, righe.utf8(colonne.descrizione)); });
     passo([&] { config::scriviIntero(record, plu::kPrezzo, intero32(righe.int64(colonne.prezzo))); });
     passo([&] {
-      config::scriviByte(record, plu::kReparto, static_cast<std::uint8_t>(righe.int64(colonne.reparto) - 1));
+      config::scriviByte(
+          record, plu::kReparto,
+          static_cast<std::uint8_t>(static_cast<std::uint64_t>(righe.int64(colonne.reparto)) - 1));
     });
     config::scriviByte(record, plu::kAttributi, attributi(righe, colonne));
   }

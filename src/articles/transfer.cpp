@@ -1,5 +1,6 @@
 #include "articles/transfer.h"
 
+#include <QLocale>
 #include <array>
 #include <span>
 #include <vector>
@@ -24,6 +25,19 @@ std::vector<std::uint8_t> immagineInvio() {
   std::vector<std::uint8_t> immagine(config::kByteArchivioPLU + 1);
   std::copy(tabella.begin(), tabella.end(), immagine.begin());
   return immagine;
+}
+
+/// Slots that nobody filled travel too, and are no articles.
+int articoliInMemoria() {
+  int articoli = 0;
+  for (std::size_t i = 0; i < static_cast<std::size_t>(config::kNumeroPLU); ++i) {
+    const config::RecordLetto record =
+        std::as_const(config::immagineProgrammazione()).record(config::kPLU, i);
+    if (!config::leggiTesto(record, config::plu::kCodiceEAN).isEmpty() ||
+        !config::leggiTesto(record, config::plu::kDescrizione).isEmpty())
+      ++articoli;
+  }
+  return articoli;
 }
 
 void leggiMomenti(const store::Recordset& righe, Utente& utente, const QString& prefisso) {
@@ -71,6 +85,13 @@ EsitoInvio InviaArchivio(Contesto& contesto) {
   if (RiempiPLU(contesto.utente) != 0) return EsitoInvio::NonRiempito;
   const int esito = ecrlink::SendPRGTo_ECR(immagineInvio(), QLatin1String(ecrlink::kFilePLU), contesto);
   return esito == 0 ? EsitoInvio::Inviato : EsitoInvio::Fallito;
+}
+
+QString RaccontoInvio() {
+  const QLocale italiano(QLocale::Italian);
+  return QStringLiteral("Trasferiti %1 articoli, %2 byte")
+      .arg(italiano.toString(articoliInMemoria()),
+           italiano.toString(static_cast<qulonglong>(config::kByteArchivioPLU)));
 }
 
 }  // namespace articles

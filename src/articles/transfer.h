@@ -34,5 +34,7 @@ enum class EsitoInvio {
 };
 /// Fills the records and sends them as "plu.bin", 240000 bytes.
 EsitoInvio InviaArchivio(Contesto& contesto);
+/// What a sending took to the till: the records with an EAN or a description, and the bytes of all.
+QString RaccontoInvio();
 
 }  // namespace articles

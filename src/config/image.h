@@ -7,11 +7,12 @@
 
 #include "config/general_options.h"
 #include "config/records.h"
+#include "ecrlink/models.h"
 
 /// The till's whole programme in memory: nine families of records in a fixed order.
 namespace config {
 
-inline constexpr int kNumeroPLU = 5000;
+using ecrlink::kNumeroPLU;
 inline constexpr std::size_t kBytePLU = 48;
 
 /// Fields of RecordPLU.

@@ -1,12 +1,18 @@
 #include "controls/FlexGrid.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
 #include <QScopedValueRollback>
+#include <QToolTip>
 #include <algorithm>
 #include <numeric>
 
+#include "controls/cell_delegate.h"
 #include "controls/cell_model.h"
 #include "controls/fixed_columns.h"
 #include "controls/heading_view.h"
@@ -19,9 +25,18 @@ constexpr int kColumnTwips = 1500;
 /// Pixels above and below the text of a row.
 constexpr int kPadding = 8;
 constexpr int kHeadingPadding = 12;
+/// Pixels beside the text of a heading.
+constexpr int kHeadingMargin = 18;
+/// Pixels beside the text of a cell.
+constexpr int kCellMargin = 8;
 
-int pixel(int twip, double zoom = 1) {
-  return qRound(std::max(twip, 0) * zoom / kTwipsPerPixel);
+int pixel(int twip) {
+  return qRound(std::max(twip, 0) / double(kTwipsPerPixel));
+}
+
+/// What a tooltip shows as it stands, whatever signs are in it.
+QString plainToolTip(const QString& text) {
+  return QStringLiteral("<p style='white-space:pre'>") + text.toHtmlEscaped() + QStringLiteral("</p>");
 }
 
 /// A cell's text may not break the shape of the table that it is pasted into.
@@ -43,10 +58,12 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new CellModel(t
   setTabKeyNavigation(false);
   setWordWrap(false);
   setCornerButtonEnabled(false);
+  setItemDelegate(new CellDelegate(this));
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->hide();
   fixedView_ = new FixedColumns(*this);
   connect(fixedView_, &FixedColumns::cellPressed, this, &FlexGrid::fixedPressed);
+  connect(fixedView_, &FixedColumns::menuAsked, this, qOverload<const QPoint&>(&FlexGrid::openMenu));
   connect(this, &QAbstractItemView::clicked, this,
           [this](const QModelIndex& cell) { Q_EMIT cellClicked(cell.row() + 1, cell.column()); });
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::resized);
@@ -74,7 +91,7 @@ void FlexGrid::setRows(int rows) {
 void FlexGrid::setCols(int columns) {
   if (Col() >= std::max(columns, 0)) selectionModel()->clear();
   model_->setColumnCount(columns);
-  twip_.resize(Cols(), kColumnTwips);
+  columns_.resize(Cols(), {kColumnTwips, {}, false});
   showColumns();
 }
 
@@ -130,16 +147,49 @@ void FlexGrid::setColAlignment(int column, Qt::Alignment alignment) {
 
 void FlexGrid::setColWidth(int column, int twip) {
   if (column < 0 || column >= Cols()) return;
-  twip_[column] = std::max(twip, 0);
+  columns_[column].twip = std::max(twip, 0);
+  columns_[column].byHand = false;
   showColumns();
 }
 
 int FlexGrid::ColWidth(int column) const {
-  return twip_.value(column);
+  return columns_.value(column).twip;
 }
 
-void FlexGrid::resized(int column, int /*prima*/, int width) {
-  if (!arranging_ && column < twip_.size()) twip_[column] = qRound(width * kTwipsPerPixel / zoom());
+bool FlexGrid::isSizedByHand(int column) const {
+  return columns_.value(column).byHand;
+}
+
+void FlexGrid::setColSample(int column, const QString& text) {
+  if (column < 0 || column >= Cols()) return;
+  columns_[column].sample = text;
+  showColumns();
+}
+
+void FlexGrid::fitColumnsTo(int row) {
+  for (int column = 0; column < Cols(); ++column) {
+    QString& sample = columns_[column].sample;
+    const QString text = TextMatrix(row, column);
+    const bool longer = fontMetrics().horizontalAdvance(text) > fontMetrics().horizontalAdvance(sample);
+    if (!sample.isEmpty() && column != spare_ && longer) sample = text;
+  }
+  showColumns();
+}
+
+void FlexGrid::setSpareColumn(int column) {
+  spare_ = column;
+  showColumns();
+}
+
+void FlexGrid::setHeadingToolTip(int column, const QString& text) {
+  model_->setHeadingToolTip(column, text);
+}
+
+void FlexGrid::resized(int column, int /*before*/, int width) {
+  if (arranging_ || column >= columns_.size()) return;
+  columns_[column].twip = width * kTwipsPerPixel;
+  columns_[column].byHand = true;
+  showColumns();
 }
 
 void FlexGrid::setHeadingHeight(int twip) {
@@ -158,39 +208,64 @@ int FlexGrid::FixedCols() const {
 }
 
 void FlexGrid::showColumns() {
+  columnsWait_ = !Redraw();
+  if (columnsWait_) return;
   const QScopedValueRollback notTheUser(arranging_, true);
-  QList<int> widths;
-  const double scale = zoom();
-  for (const int twip : std::as_const(twip_)) widths.append(pixel(twip, scale));
+  const QList<int> shown = widths();
   for (int column = 0; column < Cols(); ++column) {
-    const bool visible = column >= FixedCols() && widths[column] > 0;
+    const bool visible = column >= FixedCols() && shown[column] > 0;
     setColumnHidden(column, !visible);
-    if (visible) setColumnWidth(column, widths[column]);
+    if (visible) setColumnWidth(column, shown[column]);
   }
-  fixedView_->showColumns(FixedCols(), widths);
+  fixedView_->showColumns(FixedCols(), shown);
+  horizontalHeader()->setFixedHeight(headingHeight());
   // The row headings keep the place that the fixed columns lie on.
   verticalHeader()->setFixedWidth(fixedView_->shownWidth());
   verticalHeader()->setVisible(fixedView_->shownWidth() > 0);
   updateGeometries();
 }
 
-void FlexGrid::setFullWidth(bool fullWidth) {
-  fullWidth_ = fullWidth;
-  showColumns();
+/// What a column takes at the least for its sample and the longest word of its heading.
+int FlexGrid::narrowest(int column) const {
+  const QString& sample = columns_[column].sample;
+  if (sample.isEmpty()) return 0;
+  int width = fontMetrics().horizontalAdvance(sample) + kCellMargin;
+  const QFontMetrics heading = horizontalHeader()->fontMetrics();
+  for (const QString& word : TextMatrix(0, column).split(u' ', Qt::SkipEmptyParts))
+    width = std::max(width, heading.horizontalAdvance(word) + kHeadingMargin);
+  return width;
 }
 
-double FlexGrid::zoom() const {
-  const int sum = std::accumulate(twip_.begin(), twip_.end(), 0);
-  if (!fullWidth_ || sum == 0) return 1;
-  const int slash = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-  // Half a pixel a column is what rounding may take.
-  const double release = width() - 2 * frameWidth() - slash - Cols() / 2.0;
-  return std::max(1.0, release * kTwipsPerPixel / sum);
+QList<int> FlexGrid::widths() const {
+  QList<int> all;
+  for (int column = 0; column < Cols(); ++column) {
+    const Column& one = columns_[column];
+    const int set = pixel(one.twip);
+    all.append(set == 0 || one.byHand ? set : std::max(set, narrowest(column)));
+  }
+  if (spare_ < 0 || spare_ >= Cols() || all[spare_] == 0 || columns_[spare_].byHand) return all;
+  const int free = viewport()->width() - std::accumulate(all.begin() + FixedCols(), all.end(), 0);
+  all[spare_] += std::max(free, 0);
+  return all;
+}
+
+/// As set, or what the headings need that go over two lines.
+int FlexGrid::headingHeight() const {
+  const QFontMetrics heading = horizontalHeader()->fontMetrics();
+  int needed = fontMetrics().height() + kHeadingPadding;
+  for (int column = 0; column < Cols(); ++column) {
+    const int width = std::max(horizontalHeader()->sectionSize(column) - kHeadingMargin, 1);
+    const bool visible = !columns_[column].sample.isEmpty() && !isColumnHidden(column);
+    if (visible && heading.horizontalAdvance(TextMatrix(0, column).trimmed()) > width)
+      needed = std::max(needed, 2 * heading.height() + kHeadingPadding / 2);
+  }
+  return std::max(headingHeight_, needed);
 }
 
 void FlexGrid::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  if (fullWidth_) showColumns();
+  if (spare_ >= 0) showColumns();
+  if (notice_) notice_->setGeometry(viewport()->rect());
 }
 
 void FlexGrid::updateGeometries() {
@@ -202,8 +277,7 @@ void FlexGrid::sizeRows() {
   const int row = fontMetrics().height();
   verticalHeader()->setMinimumSectionSize(row + kPadding);
   verticalHeader()->setDefaultSectionSize(row + kPadding);
-  horizontalHeader()->setFixedHeight(std::max(headingHeight_, row + kHeadingPadding));
-  FlexGrid::updateGeometries();
+  showColumns();
 }
 
 void FlexGrid::changeEvent(QEvent* event) {
@@ -239,6 +313,37 @@ void FlexGrid::markRow(int row) {
                            QItemSelectionModel::ClearAndSelect);
 }
 
+void FlexGrid::setWholeRows(bool on) {
+  setSelectionBehavior(on ? QAbstractItemView::SelectRows : QAbstractItemView::SelectItems);
+}
+
+void FlexGrid::setRowInFields(int row) {
+  model_->setRowInFields(row);
+}
+
+int FlexGrid::RowInFields() const {
+  return model_->rowInFields();
+}
+
+void FlexGrid::setNotice(const QString& text) {
+  if (!notice_) {
+    if (text.isEmpty()) return;
+    notice_ = new QLabel(viewport());
+    notice_->setObjectName(QStringLiteral("AvvisoElenco"));
+    notice_->setAlignment(Qt::AlignCenter);
+    notice_->setWordWrap(true);
+    notice_->setProperty("note", true);
+    notice_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  }
+  notice_->setText(text);
+  notice_->setGeometry(viewport()->rect());
+  notice_->setVisible(!text.isEmpty());
+}
+
+QString FlexGrid::Notice() const {
+  return notice_ ? notice_->text() : QString();
+}
+
 void FlexGrid::fixedPressed(const QModelIndex& cell) {
   setFocus(Qt::MouseFocusReason);
   setCell(cell.row() + 1, FixedCols());
@@ -258,6 +363,7 @@ void FlexGrid::setRedraw(bool on) {
     model_->resume();
   else
     model_->suspend();
+  if (columnsWait_) showColumns();
   setUpdatesEnabled(on);
 }
 
@@ -265,16 +371,22 @@ bool FlexGrid::Redraw() const {
   return off_ == 0;
 }
 
+QString FlexGrid::rowText(int row, int first, int last) const {
+  QStringList cells;
+  for (int column = first; column <= last; ++column) cells << inOneCell(TextMatrix(row, column));
+  return cells.join(QLatin1Char('\t'));
+}
+
 QString FlexGrid::Clip() const {
   QStringList rows;
   for (const QItemSelectionRange& area : selectionModel()->selection())
-    for (int row = area.top(); row <= area.bottom(); ++row) {
-      QStringList cells;
-      for (int column = area.left(); column <= area.right(); ++column)
-        cells << inOneCell(TextMatrix(row + 1, column));
-      rows << cells.join(QLatin1Char('\t'));
-    }
+    for (int row = area.top(); row <= area.bottom(); ++row)
+      rows << rowText(row + 1, area.left(), area.right());
   return rows.join(QLatin1Char('\n'));
+}
+
+void FlexGrid::setCopyEntries(const QList<CopyEntry>& entries) {
+  copyEntries_ = entries;
 }
 
 void FlexGrid::copy() const {
@@ -288,4 +400,52 @@ void FlexGrid::keyPressEvent(QKeyEvent* event) {
   const bool chooses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
   if (!chooses || event->modifiers().testFlag(Qt::ControlModifier)) return QTableView::keyPressEvent(event);
   if (!event->isAutoRepeat() && Row() > 0) Q_EMIT cellClicked(Row(), Col());
+}
+
+void FlexGrid::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) return QTableView::mousePressEvent(event);
+  event->accept();
+}
+
+void FlexGrid::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() != QContextMenuEvent::Keyboard) return openMenu(event->globalPos());
+  const int below = Row() > 0 ? rowViewportPosition(Row() - 1) + rowHeight(Row() - 1) : 0;
+  openMenu(Row(), viewport()->mapToGlobal(QPoint(0, below)));
+}
+
+void FlexGrid::openMenu(const QPoint& at) {
+  openMenu(rowAt(viewport()->mapFromGlobal(at).y()) + 1, at);
+}
+
+void FlexGrid::openMenu(int row, const QPoint& at) {
+  if (row < 1) return;
+  auto* menu = new QMenu(this);
+  menu->setObjectName(QStringLiteral("MenuElenco"));
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  // The texts of now: the list may be filled anew under the open menu.
+  const auto add = [menu](const QString& caption, const QString& text) {
+    QAction* entry = menu->addAction(caption, [text] { QGuiApplication::clipboard()->setText(text); });
+    entry->setObjectName(caption);
+    entry->setEnabled(!text.trimmed().isEmpty());
+  };
+  add(QStringLiteral("Copia riga"), rowText(row, 0, Cols() - 1));
+  for (const CopyEntry& entry : std::as_const(copyEntries_))
+    add(entry.caption, inOneCell(TextMatrix(row, entry.column)));
+  menu->popup(at);
+}
+
+bool FlexGrid::isCut(const QModelIndex& cell) const {
+  return sizeHintForIndex(cell).width() > visualRect(cell).intersected(viewport()->rect()).width();
+}
+
+bool FlexGrid::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+  const auto& help = *static_cast<const QHelpEvent*>(event);
+  const QModelIndex cell = indexAt(help.pos());
+  if (cell.isValid() && isCut(cell))
+    QToolTip::showText(help.globalPos(), plainToolTip(TextMatrix(cell.row() + 1, cell.column())), viewport(),
+                       visualRect(cell));
+  else
+    QToolTip::hideText();
+  return true;
 }

@@ -4,8 +4,9 @@
 #include <QString>
 #include <QTableView>
 
-class FixedColumns;
 class CellModel;
+class FixedColumns;
+class QLabel;
 
 /// The one grid of the program: a table view over plain cells (text, alignment, two colours each). A cell is
 /// no object, so tens of thousands of rows fill at once.
@@ -42,12 +43,19 @@ class FlexGrid : public QTableView {
   void setColAlignment(int column, Qt::Alignment alignment);
 
   /// In twips, 1440 to the inch at 96 dots: a width of 1500 is 100 pixels at scale 1. 0 hides the column.
-  /// Reads what the user's hand made of it.
+  /// Reads what the person's hand made of it.
   void setColWidth(int column, int twip);
   int ColWidth(int column) const;
-  /// On: columns grow alike to fill the view's width, and are never narrower than their widths say. Off at
-  /// first.
-  void setFullWidth(bool fullWidth);
+  /// Whether the person has dragged the column to its width since it was set.
+  bool isSizedByHand(int column) const;
+  /// The longest text that is usual in a column: in whatever font, the column is never narrower than that and
+  /// the words of its heading, unless the person made it so. Empty: its width alone counts.
+  void setColSample(int column, const QString& text);
+  /// The cells of a row as samples of their columns, where they are longer: for a row of totals.
+  void fitColumnsTo(int row);
+  /// The column that takes what the others leave of the view's width; -1, as at first, for none.
+  void setSpareColumn(int column);
+  void setHeadingToolTip(int column, const QString& text);
   void setHeadingHeight(int twip);
   /// The leading columns that do not scroll sideways and take no current cell.
   void setFixedCols(int columns);
@@ -64,9 +72,18 @@ class FlexGrid : public QTableView {
   /// Marks the whole row from its first to its last column, as the current one; the current column stays if
   /// it is in that row already.
   void markRow(int row);
+  /// On: rows are selected, never single cells. Off at first.
+  void setWholeRows(bool on);
+  /// The row that stands in the screen's fields: it is framed, whatever is selected. 0 for none; a row that
+  /// goes leaves none.
+  void setRowInFields(int row);
+  int RowInFields() const;
+  /// A text in the middle of the grid, for a list without rows; empty for none.
+  void setNotice(const QString& text);
+  QString Notice() const;
 
-  /// While off, nothing is painted and changes of cells are told to the view once, when it is on again. Fills
-  /// switch it off; nested switches count.
+  /// While off, nothing is painted, and changes of cells and widths are told to the view once, when it is on
+  /// again. Fills switch it off; nested switches count.
   void setRedraw(bool on);
   bool Redraw() const;
   /// The grid painted once, when the scope ends.
@@ -83,6 +100,13 @@ class FlexGrid : public QTableView {
 
   /// The selected cells as text: columns parted by tabs, rows by line ends; those within a cell are blanks.
   QString Clip() const;
+  /// What the menu of a row, opened by the right button, offers to copy beside "Copia riga": the cell of a
+  /// column. The menu is of the row under the pointer, and opening it moves nothing.
+  struct CopyEntry {
+    QString caption;
+    int column;
+  };
+  void setCopyEntries(const QList<CopyEntry>& entries);
 
  Q_SIGNALS:
   /// A data cell was clicked, or chosen by Enter or Space.
@@ -92,25 +116,44 @@ class FlexGrid : public QTableView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void updateGeometries() override;
   void resizeEvent(QResizeEvent* event) override;
   void currentChanged(const QModelIndex& fresh, const QModelIndex& before) override;
 
  private:
+  struct Column {
+    int twip = 0;
+    QString sample;
+    bool byHand = false;
+  };
+
   void showColumns();
-  double zoom() const;
+  QList<int> widths() const;
+  int narrowest(int column) const;
+  int headingHeight() const;
   void sizeRows();
   void resized(int column, int before, int width);
   void fixedPressed(const QModelIndex& cell);
   void copy() const;
+  QString rowText(int row, int first, int last) const;
+  void openMenu(const QPoint& at);
+  void openMenu(int row, const QPoint& at);
+  bool isCut(const QModelIndex& cell) const;
 
   CellModel* model_;
   FixedColumns* fixedView_ = nullptr;
-  QList<int> twip_;
+  QLabel* notice_ = nullptr;
+  QList<Column> columns_;
+  QList<CopyEntry> copyEntries_;
   int fixedCols_ = 0;
   int headingHeight_ = 0;
+  int spare_ = -1;
   int off_ = 0;
   bool arranging_ = false;
-  bool fullWidth_ = false;
+  /// Widths were set while nothing is painted.
+  bool columnsWait_ = false;
 };

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QStyleOptionButton>
+#include <algorithm>
 
 namespace {
 
@@ -11,6 +12,7 @@ constexpr QSize kSize{300, 190};
 constexpr int kFlatHeight = 150;
 constexpr int kDisc = 72;
 constexpr int kFlatDisc = 38;
+constexpr int kFlatMargin = 6;
 constexpr int kMargin = 12;
 constexpr int kSpace = 10;
 constexpr int kTitleSpace = 4;
@@ -72,7 +74,8 @@ void Card::drawDisc(QPainter& painter, const QRect& disc) {
 }
 
 void Card::drawFlat(QPainter& painter) {
-  const QRect disc(kMargin, (height() - kFlatDisc) / 2, kFlatDisc, kFlatDisc);
+  const int side = std::min(kFlatDisc, height() - kFlatMargin);
+  const QRect disc(kMargin, (height() - side) / 2, side, side);
   drawDisc(painter, disc);
   painter.setFont(titleFormat());
   painter.setPen(palette().color(QPalette::ButtonText));

@@ -52,14 +52,30 @@ QVariant CellModel::value(int row, int column, int role) const {
     }
     case Qt::ForegroundRole:
       return textColour(row, look(row, column));
+    case kInFieldsRole:
+      return row == inFields_;
+    case Qt::AccessibleDescriptionRole:
+      return row > 0 && row == inFields_ ? QVariant(QStringLiteral("Riga nei campi")) : QVariant();
+    case Qt::ToolTipRole: {
+      const QString text = row == 0 ? headingToolTips_[static_cast<std::size_t>(column)] : QString();
+      return text.isEmpty() ? QVariant() : QVariant(text);
+    }
     default:
       return {};
   }
 }
 
 QColor CellModel::background(int row, const Look& look) const {
-  if (look.hasBack) return QColor::fromRgba(look.background);
-  return row == 0 ? QColor() : background_;
+  if (look.hasBack) return ground(QColor::fromRgba(look.background));
+  return row == 0 || !background_.isValid() ? QColor() : ground(background_);
+}
+
+QColor CellModel::ground(const QColor& wanted) const {
+  const auto [known, fresh] = grounds_.try_emplace(wanted.rgba());
+  if (fresh)
+    known->second = contrast::ground(wanted, palette_.color(QPalette::Active, QPalette::Base),
+                                     palette_.color(QPalette::Active, QPalette::Text));
+  return known->second;
 }
 
 QVariant CellModel::textColour(int row, const Look& look) const {
@@ -80,6 +96,7 @@ void CellModel::setRowCount(int rows) {
   else
     beginRemoveRows({}, fresh - 1, rows_ - 2);
   rows_ = fresh;
+  if (inFields_ >= rows_) inFields_ = 0;
   texts_.resize(place(rows_, 0));
   numbers_.resize(place(rows_, 0));
   if (grows)
@@ -116,6 +133,7 @@ void CellModel::arrange(int columns) {
   texts_ = std::move(texts);
   numbers_ = std::move(numbers);
   ofColumns_.resize(wide, kAlignment);
+  headingToolTips_.resize(wide);
   columns_ = columns;
 }
 
@@ -164,6 +182,18 @@ void CellModel::setColumnAlignment(int column, Qt::Alignment alignment) {
   allChanged();
 }
 
+void CellModel::setHeadingToolTip(int column, const QString& text) {
+  if (inside(0, column)) headingToolTips_[static_cast<std::size_t>(column)] = text;
+}
+
+void CellModel::setRowInFields(int row) {
+  const int fresh = row > 0 && row < rows_ ? row : 0;
+  const int before = std::exchange(inFields_, fresh);
+  if (before == fresh) return;
+  rowChanged(before);
+  rowChanged(fresh);
+}
+
 void CellModel::setBackground(const QColor& background) {
   background_ = background;
   allChanged();
@@ -171,6 +201,7 @@ void CellModel::setBackground(const QColor& background) {
 
 void CellModel::setPalette(const QPalette& palette) {
   palette_ = palette;
+  grounds_.clear();
   allChanged();
 }
 
@@ -190,6 +221,12 @@ void CellModel::changed(int row, int column) {
     Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
   else
     Q_EMIT dataChanged(index(row - 1, column), index(row - 1, column));
+}
+
+void CellModel::rowChanged(int row) {
+  changed_ = changed_ || suspended_;
+  if (!suspended_ && row > 0 && columns_ > 0)
+    Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, columns_ - 1));
 }
 
 void CellModel::allChanged() {

@@ -28,6 +28,9 @@ class CellModel : public QAbstractTableModel {
     }
   };
 
+  /// Whether a cell stands in the row that the screen's fields hold.
+  static constexpr int kInFieldsRole = Qt::UserRole;
+
   explicit CellModel(QObject* parent = nullptr);
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -47,6 +50,10 @@ class CellModel : public QAbstractTableModel {
   void setLook(int row, int column, const Look& look);
   Qt::Alignment alignment(int row, int column) const;
   void setColumnAlignment(int column, Qt::Alignment alignment);
+  void setHeadingToolTip(int column, const QString& text);
+  /// The row that stands in the screen's fields; 0 for none. One that goes leaves none.
+  void setRowInFields(int row);
+  int rowInFields() const { return inFields_; }
 
   /// Ground of the data cells that have none of their own; invalid: the palette's.
   void setBackground(const QColor& background);
@@ -64,10 +71,12 @@ class CellModel : public QAbstractTableModel {
   std::size_t place(int row, int column) const;
   QVariant value(int row, int column, int role) const;
   QColor background(int row, const Look& look) const;
+  QColor ground(const QColor& wanted) const;
   QVariant textColour(int row, const Look& look) const;
   Number numberOf(const Look& look);
   void arrange(int columns);
   void changed(int row, int column);
+  void rowChanged(int row);
   void allChanged();
 
   int rows_ = 1;
@@ -77,8 +86,12 @@ class CellModel : public QAbstractTableModel {
   std::vector<Look> looks_{Look{}};
   std::map<Look, Number> known_{{Look{}, 0}};
   std::vector<Qt::Alignment> ofColumns_;
+  std::vector<QString> headingToolTips_;
+  int inFields_ = 0;
   QColor background_;
   QPalette palette_;
+  /// Grounds as this palette has them painted.
+  mutable std::map<QRgb, QColor> grounds_;
   bool suspended_ = false;
   bool changed_ = false;
 };

@@ -16,4 +16,10 @@ QColor readable(const QColor& wanted, const QColor& ground);
 /// The better of the two to be read on `ground`.
 QColor whiteOrBlack(const QColor& ground);
 
+/// A ground that was chosen for a light screen, as it is painted among `base` and under `text`. Among dark
+/// ones it keeps its hue and goes down to where `text` can be read: white becomes `base`, a tint of white a
+/// tint of `base`, a full colour a deep one. Where `base` is light, or `text` can be read on it already, it
+/// stays.
+QColor ground(const QColor& wanted, const QColor& base, const QColor& text);
+
 }  // namespace contrast

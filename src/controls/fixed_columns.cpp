@@ -1,5 +1,6 @@
 #include "controls/fixed_columns.h"
 
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -11,6 +12,7 @@ FixedColumns::FixedColumns(QTableView& grid) : QTableView(&grid), grid_(grid) {
   setAccessibleName(QStringLiteral("Colonne fisse"));
   setHorizontalHeader(new HeadingView(this));
   setModel(grid.model());
+  setItemDelegate(grid.itemDelegate());
   QItemSelectionModel* mine = selectionModel();
   setSelectionModel(grid.selectionModel());
   delete mine;
@@ -79,4 +81,8 @@ void FixedColumns::mouseDoubleClickEvent(QMouseEvent* event) {
 void FixedColumns::mouseReleaseEvent(QMouseEvent* event) {
   const QModelIndex cell = indexAt(event->position().toPoint());
   if (event->button() == Qt::LeftButton && cell.isValid()) Q_EMIT cellPressed(cell);
+}
+
+void FixedColumns::contextMenuEvent(QContextMenuEvent* event) {
+  Q_EMIT menuAsked(event->globalPos());
 }

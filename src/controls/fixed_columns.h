@@ -20,12 +20,15 @@ class FixedColumns : public QTableView {
 
  Q_SIGNALS:
   void cellPressed(const QModelIndex& cell);
+  /// The menu of the row at this place of the screen.
+  void menuAsked(const QPoint& at);
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   /// Scrolls to where the grid is.

@@ -1,8 +1,10 @@
 #include "controls/menu_entry.h"
 
 #include <QFocusEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <algorithm>
 
 namespace {
 
@@ -13,6 +15,10 @@ constexpr int kHeight = 54;
 constexpr int kMinHeight = 32;
 constexpr int kSlash = 4;
 constexpr int kCorner = 8;
+
+/// Of the letters of a screen.
+constexpr qreal kCaption = 4.0 / 3;
+constexpr qreal kNote = 0.72;
 
 /// Some captions begin with a blank; on the screen all of them stand on one line.
 QString readable(const QString& text) {
@@ -27,6 +33,9 @@ MenuEntry::MenuEntry(QWidget* parent) : QAbstractButton(parent) {
   setCursor(Qt::PointingHandCursor);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
   setIconSize({kIcon, kIcon});
+  QFont letters = font();
+  letters.setPointSizeF(letters.pointSizeF() * kCaption);
+  setFont(letters);
 }
 
 void MenuEntry::setLook(int look) {
@@ -35,16 +44,35 @@ void MenuEntry::setLook(int look) {
   update();
 }
 
+void MenuEntry::setNote(const QString& note) {
+  note_ = note;
+  setAccessibleDescription(note);
+  updateGeometry();
+  update();
+}
+
+QFont MenuEntry::noteFont() const {
+  QFont letters = font();
+  letters.setPointSizeF(letters.pointSizeF() * kNote);
+  return letters;
+}
+
 int MenuEntry::minWidth() const {
-  return fontMetrics().horizontalAdvance(readable(text())) + iconSize().width() + 3 * kMargin + kSlash;
+  const int caption = fontMetrics().horizontalAdvance(readable(text()));
+  const int note = QFontMetrics(noteFont()).horizontalAdvance(note_);
+  return std::max(caption, note) + iconSize().width() + 3 * kMargin + kSlash;
+}
+
+int MenuEntry::textHeight() const {
+  return fontMetrics().height() + (note_.isEmpty() ? 0 : QFontMetrics(noteFont()).height());
 }
 
 QSize MenuEntry::sizeHint() const {
-  return {minWidth() + 2 * kMargin, kHeight};
+  return {minWidth() + 2 * kMargin, std::max(kHeight, textHeight() + 2 * kSlash)};
 }
 
 QSize MenuEntry::minimumSizeHint() const {
-  return {minWidth(), std::max(kMinHeight, fontMetrics().height() + kSlash)};
+  return {minWidth(), std::max(kMinHeight, textHeight() + kSlash)};
 }
 
 void MenuEntry::mouseMoveEvent(QMouseEvent* event) {
@@ -65,7 +93,9 @@ void MenuEntry::focusOutEvent(QFocusEvent* event) {
 }
 
 void MenuEntry::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  // Held down since the screen before, it would open entry after entry.
+  if (enter && !event->isAutoRepeat())
     click();
   else
     QAbstractButton::keyPressEvent(event);
@@ -91,7 +121,17 @@ void MenuEntry::paintEvent(QPaintEvent* /*evento*/) {
   const QRect place(kMargin + kSlash, (height() - iconSize().height()) / 2, iconSize().width(),
                     iconSize().height());
   icon().paint(&painter, place);
+  drawTexts(painter, rect().adjusted(place.right() + kMargin, 0, 0, 0));
+}
+
+void MenuEntry::drawTexts(QPainter& painter, const QRect& place) const {
+  QRect line(place.left(), (height() - textHeight()) / 2, place.width(), fontMetrics().height());
   painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(rect().adjusted(place.right() + kMargin, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
-                   readable(text()));
+  painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft, readable(text()));
+  if (note_.isEmpty()) return;
+  line.setTop(line.bottom() + 1);
+  line.setHeight(QFontMetrics(noteFont()).height());
+  painter.setFont(noteFont());
+  painter.setPen(QGuiApplication::palette().color(QPalette::PlaceholderText));
+  painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft, note_);
 }

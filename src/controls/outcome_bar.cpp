@@ -3,8 +3,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStyle>
+#include <QToolButton>
+#include <utility>
 
 #include "controls/style.h"
+#include "platform/clock.h"
 
 namespace {
 
@@ -15,33 +18,45 @@ constexpr int kGap = 8;
 struct Appearance {
   const char* icon;
   const char* value;
+  style::Badge badge;
 };
 
 Appearance appearance(OutcomeBar::Kind kind) {
   switch (kind) {
     case OutcomeBar::Kind::Done:
-      return {"circle-check", "done"};
+      return {"circle-check", "done", style::Badge::Ready};
     case OutcomeBar::Kind::Warning:
-      return {"triangle-alert", "warning"};
+      return {"triangle-alert", "warning", style::Badge::Busy};
     case OutcomeBar::Kind::Failed:
-      return {"circle-x", "failed"};
+      return {"circle-x", "failed", style::Badge::Fault};
     case OutcomeBar::Kind::Plain:
       break;
   }
-  return {"info", "plain"};
+  return {"info", "plain", style::Badge::Neutral};
 }
 
 }  // namespace
 
-OutcomeBar::OutcomeBar(QWidget* parent) : QFrame(parent), sign_(new QLabel), text_(new QLabel) {
+OutcomeBar::OutcomeBar(QWidget* parent)
+    : QFrame(parent), sign_(new QLabel), text_(new QLabel), button_(new QToolButton), time_(new QLabel) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(kGap);
-  row->addWidget(sign_, 0, Qt::AlignTop);
+  row->addWidget(sign_, 0, Qt::AlignVCenter);
   row->addWidget(text_, 1);
+  row->addWidget(button_, 0, Qt::AlignVCenter);
+  row->addWidget(time_, 0, Qt::AlignVCenter);
   text_->setWordWrap(true);
   text_->setTextFormat(Qt::PlainText);
   text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  button_->setObjectName(QStringLiteral("AzioneEsito"));
+  button_->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  button_->setFocusPolicy(Qt::TabFocus);
+  time_->setProperty("note", true);
+  connect(button_, &QToolButton::clicked, this, [this] {
+    // What runs may tell something else, and take this action's place.
+    if (const auto run = action_.run) run();
+  });
   clear();
 }
 
@@ -49,14 +64,19 @@ QString OutcomeBar::text() const {
   return text_->text();
 }
 
-void OutcomeBar::tell(Kind kind, const QString& text) {
+void OutcomeBar::tell(Kind kind, const QString& text, Action action) {
   kind_ = kind;
+  action_ = std::move(action);
   const Appearance now = appearance(kind);
   sign_->setVisible(!text.isEmpty());
-  sign_->setPixmap(style::icon(QLatin1String(now.icon)).pixmap(kSign));
+  sign_->setPixmap(style::signIcon(QLatin1String(now.icon), now.badge).pixmap(kSign));
   text_->setText(text);
   text_->setToolTip(text);
   setAccessibleName(text);
+  button_->setText(action_.caption);
+  button_->setVisible(static_cast<bool>(action_.run));
+  const bool timed = clock_ != nullptr && !text.isEmpty();
+  time_->setText(timed ? clock_->now().toString(QStringLiteral("HH:mm")) : QString());
   text_->setProperty("outcome", QLatin1String(now.value));
   text_->style()->unpolish(text_);
   text_->style()->polish(text_);

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QFrame>
+#include <functional>
 
+class Clock;
 class QLabel;
+class QToolButton;
 
 /// The line at the foot of a screen that tells what the last command did, success and failure alike: a sign,
-/// and a text that can be copied.
+/// a text that can be copied, the time, and where there is one what can be done with it.
 class OutcomeBar : public QFrame {
   Q_OBJECT
 
@@ -16,10 +19,18 @@ class OutcomeBar : public QFrame {
     Warning,  ///< done, or not done, in a way that the person should look at
     Failed,
   };
+  /// What the button beside the text does.
+  struct Action {
+    QString caption;
+    std::function<void()> run;
+  };
 
   explicit OutcomeBar(QWidget* parent = nullptr);
 
-  void tell(Kind kind, const QString& text);
+  /// From now on the time stands beside what is told. The clock outlives the bar.
+  void keepTime(const Clock& clock) { clock_ = &clock; }
+  void tell(Kind kind, const QString& text) { tell(kind, text, {}); }
+  void tell(Kind kind, const QString& text, Action action);
   /// What an earlier command said goes.
   void clear();
   Kind kind() const { return kind_; }
@@ -27,6 +38,10 @@ class OutcomeBar : public QFrame {
 
  private:
   Kind kind_ = Kind::Plain;
+  const Clock* clock_ = nullptr;
+  Action action_;
   QLabel* sign_;
   QLabel* text_;
+  QToolButton* button_;
+  QLabel* time_;
 };

@@ -13,10 +13,12 @@ const Tints kLight{
     .text = QColor(0x1B262C),
     .faint = QColor(0x4F5F68),
     .off = QColor(0x8A979E),
-    .border = QColor(0xB4C0C6),
+    .border = QColor(0x7A8890),
     .accent = QColor(0x0F6670),
     .onAccent = QColor(0xFFFFFF),
     .veil = QColor(0xD3E8EA),
+    .bar = QColor(0x559BA3),
+    .barGround = QColor(0xFFFFFF),
     .ready = QColor(0x0B5D3B),
     .readyGround = QColor(0xD8F1E3),
     .busy = QColor(0x7A4700),
@@ -32,10 +34,12 @@ const Tints kDark{
     .text = QColor(0xE9EEF0),
     .faint = QColor(0xA9B6BC),
     .off = QColor(0x6F7C83),
-    .border = QColor(0x4D5A61),
+    .border = QColor(0x758790),
     .accent = QColor(0x63C4C8),
     .onAccent = QColor(0x0C2124),
     .veil = QColor(0x1F4A4F),
+    .bar = QColor(0x32747A),
+    .barGround = QColor(0x1A2024),
     .ready = QColor(0x8FE0B4),
     .readyGround = QColor(0x173828),
     .busy = QColor(0xF3C77A),
@@ -85,6 +89,10 @@ QLineEdit[badge="busy"] { background: @busyGround@; color: @busy@; border-color:
 QLineEdit[badge="fault"] { background: @faultGround@; color: @fault@; border-color: @fault@; }
 QLabel[heading="true"] { font-size: 15pt; font-weight: 600; }
 QLabel[note="true"] { color: @faint@; }
+QLabel[outcome="done"] { color: @ready@; }
+QLabel[outcome="warning"] { color: @busy@; font-weight: 600; }
+QLabel[outcome="failed"] { color: @fault@; font-weight: 600; }
+QLabel[danger="true"] { color: @fault@; }
 QLabel[brand="true"] { background: @accent@; border-radius: 10px; padding: 7px; }
 QLabel[medallion="true"] { background: @veil@; border-radius: 36px; min-width: 72px; max-width: 72px;
                             min-height: 72px; max-height: 72px; qproperty-alignment: AlignCenter; }
@@ -98,9 +106,9 @@ QRadioButton::indicator { width: 14px; height: 14px; border: 1px solid @faint@; 
 QRadioButton::indicator:checked { width: 6px; height: 6px; border: 5px solid @accent@;
                                   background: @onAccent@; }
 QRadioButton::indicator:disabled { border-color: @off@; background: @background@; }
-QProgressBar { background: @emphasis@; color: @text@; border: 1px solid @border@; border-radius: 6px;
+QProgressBar { background: @barGround@; color: @text@; border: 1px solid @border@; border-radius: 6px;
                text-align: center; min-height: 18px; }
-QProgressBar::chunk { background: @veil@; border-radius: 5px; }
+QProgressBar::chunk { background: @bar@; border-radius: 5px; }
 QHeaderView::section { background: @emphasis@; border: none; border-right: 1px solid @border@;
                        border-bottom: 1px solid @border@; padding: 5px 8px; }
 QTableView { gridline-color: @emphasis@; border: 1px solid @border@; }
@@ -117,6 +125,8 @@ QHash<QString, QColor> byName(const Tints& t) {
           {QStringLiteral("accent"), t.accent},
           {QStringLiteral("onAccent"), t.onAccent},
           {QStringLiteral("veil"), t.veil},
+          {QStringLiteral("bar"), t.bar},
+          {QStringLiteral("barGround"), t.barGround},
           {QStringLiteral("ready"), t.ready},
           {QStringLiteral("readyGround"), t.readyGround},
           {QStringLiteral("busy"), t.busy},

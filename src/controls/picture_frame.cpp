@@ -18,6 +18,7 @@ PictureFrame::PictureFrame(QWidget* parent) : QWidget(parent) {
 
 void PictureFrame::setImage(const QPixmap& image) {
   image_ = image;
+  fitted_ = {};
   update();
 }
 
@@ -37,6 +38,14 @@ QSize PictureFrame::minimumSizeHint() const {
   return kMin;
 }
 
+const QPixmap& PictureFrame::fitted(const QSize& points) {
+  // More points than it has are the painter's to make up.
+  if (points.width() >= image_.width()) return image_;
+  if (fitted_.size() != points)
+    fitted_ = image_.scaled(points, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  return fitted_;
+}
+
 void PictureFrame::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
@@ -48,7 +57,9 @@ void PictureFrame::paintEvent(QPaintEvent* /*event*/) {
   QRect place(QPoint(), image_.size().scaled(size(), Qt::KeepAspectRatio));
   place.moveCenter(rect().center());
   extendBackground(painter, place);
-  painter.drawPixmap(place, image_);
+  const qreal scale = painter.deviceTransform().m11();
+  const QPixmap& sharp = fitted((QSizeF(place.size()) * scale).toSize());
+  painter.drawPixmap(QRectF(place), sharp, QRectF(sharp.rect()));
   QColor veil = palette().color(QPalette::Window);
   if (veil.lightness() >= kHalfLight) return;
   veil.setAlphaF(kVeil);

@@ -4,7 +4,8 @@
 #include <QWidget>
 
 /// A picture as large as its place allows, proportions kept, with rounded corners; its left edge is drawn on
-/// into what it leaves free. Without a picture it shows a plain ground.
+/// into what it leaves free. It is sharp at every scale of the display that it has the points for. Without a
+/// picture it shows a plain ground.
 class PictureFrame : public QWidget {
   Q_OBJECT
 
@@ -24,6 +25,9 @@ class PictureFrame : public QWidget {
 
  private:
   void extendBackground(QPainter& painter, const QRectF& place) const;
+  /// The picture in as many points as the device has for it; shrunk once and kept.
+  const QPixmap& fitted(const QSize& points);
 
   QPixmap image_;
+  QPixmap fitted_;
 };

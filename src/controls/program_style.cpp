@@ -1,6 +1,8 @@
 #include "controls/program_style.h"
 
+#include <QPushButton>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "controls/palette.h"
 #include "controls/style.h"
@@ -8,6 +10,10 @@
 namespace style {
 
 namespace {
+
+// Of an icon on a button, pixels: how far it reaches below the line of the letters, and its way to them.
+constexpr int kIconBelow = 2;
+constexpr int kIconGap = 4;
 
 struct Picture {
   QStyle::StandardPixmap which;
@@ -25,7 +31,7 @@ constexpr Picture kPictures[] = {
     {QStyle::SP_ArrowForward, "arrow-right", nullptr},
     {QStyle::SP_FileDialogToParent, "arrow-up", nullptr},
     {QStyle::SP_FileDialogNewFolder, "folder-plus", nullptr},
-    {QStyle::SP_FileDialogListView, "list", nullptr},
+    {QStyle::SP_FileDialogListView, "rows-3", nullptr},
     {QStyle::SP_FileDialogDetailedView, "layout-list", nullptr},
     {QStyle::SP_DirIcon, "folder", nullptr},
     {QStyle::SP_DirClosedIcon, "folder", nullptr},
@@ -46,6 +52,17 @@ QIcon ProgramStyle::own(StandardPixmap which) const {
     return picture.tint ? tintedIcon(name, tints_.*picture.tint) : icon(name);
   }
   return {};
+}
+
+void ProgramStyle::polish(QWidget* who) {
+  QProxyStyle::polish(who);
+  auto* const button = qobject_cast<QPushButton*>(who);
+  if (button == nullptr || button->text().isEmpty()) return;
+  const int usual = pixelMetric(PM_ButtonIconSize, nullptr, button);
+  if (button->iconSize() != QSize(usual, usual)) return;
+  // The toolkit sets the caption right beside the icon; an icon in a wider place stands at its left.
+  const int side = std::max(usual, button->fontMetrics().ascent() + kIconBelow);
+  button->setIconSize({side + kIconGap, side});
 }
 
 QIcon ProgramStyle::standardIcon(StandardPixmap which, const QStyleOption* options,

@@ -7,12 +7,15 @@ namespace style {
 struct Tints;
 
 /// Fusion with the program's own icons in boxes and file dialogs, menus highlighted in a wash on which their
-/// icons can be seen, and no icons on the buttons of a dialog. A picture whose file is not there is Fusion's.
+/// icons can be seen, icons of buttons as high as their captions and clear of them, and none on the buttons
+/// of a dialog. A picture whose file is not there is Fusion's.
 class ProgramStyle : public QProxyStyle {
  public:
   /// `tints` has to outlive the style.
   explicit ProgramStyle(const Tints& tints);
 
+  using QProxyStyle::polish;
+  void polish(QWidget* who) override;
   QIcon standardIcon(StandardPixmap which, const QStyleOption* options, const QWidget* who) const override;
   QPixmap standardPixmap(StandardPixmap which, const QStyleOption* options,
                          const QWidget* who) const override;

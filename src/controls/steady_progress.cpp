@@ -7,7 +7,6 @@ constexpr qint64 kInterval = 40;  // milliseconds
 }
 
 SteadyProgress::SteadyProgress(QProgressBar& bar) : bar_(bar) {
-  bar_.setUpdatesEnabled(false);
   sinceLast_.start();
 }
 
@@ -16,10 +15,20 @@ SteadyProgress::~SteadyProgress() {
 }
 
 void SteadyProgress::to(int value) {
+  bar_.setUpdatesEnabled(false);
   bar_.setValue(value);
   if (sinceLast_.elapsed() < kInterval) return;
-  bar_.setUpdatesEnabled(true);
-  bar_.repaint();
+  rest();
   bar_.setUpdatesEnabled(false);
   sinceLast_.restart();
+}
+
+void SteadyProgress::rest() {
+  bar_.setUpdatesEnabled(true);
+  bar_.repaint();
+}
+
+void SteadyProgress::end() {
+  bar_.setFormat(QStringLiteral("100%"));
+  rest();
 }

@@ -15,6 +15,12 @@ namespace {
 
 constexpr int kHalfLight = 128;
 
+/// Those of the theme that was applied last.
+const Tints*& applied() {
+  static const Tints* colours = &tints(false);
+  return colours;
+}
+
 QString& icons() {
   static QString folder;
   return folder;
@@ -53,6 +59,7 @@ void repaint(QWidget& box) {
 void apply(QApplication& application, Theme theme) {
   const bool dark = theme == Theme::AsDesktop ? darkDesktop() : theme == Theme::Dark;
   const Tints& colours = tints(dark);
+  applied() = &colours;
   QApplication::setStyle(new ProgramStyle(colours));
   QApplication::setPalette(palette(colours));
   application.setStyleSheet(styleSheetText(colours));
@@ -72,6 +79,21 @@ QIcon primaryIcon(const QString& name) {
 
 QIcon tintedIcon(const QString& name, const QColor& tint) {
   return QIcon(new SvgIcon(file(name), tint));
+}
+
+QIcon signIcon(const QString& name, Badge state) {
+  const Tints& colours = *applied();
+  switch (state) {
+    case Badge::Ready:
+      return tintedIcon(name, colours.ready);
+    case Badge::Busy:
+      return tintedIcon(name, colours.busy);
+    case Badge::Fault:
+      return tintedIcon(name, colours.fault);
+    case Badge::Neutral:
+      break;
+  }
+  return icon(name);
 }
 
 bool iconExists(const QString& name) {

@@ -14,6 +14,7 @@ class QWidget;
 /// - `heading` (bool) on a heading label, `note` (bool) on secondary text;
 /// - `brand` (bool) on the program's sign, `medallion` (bool) on an icon that illustrates a small screen;
 /// - `card` (bool) on a frame that groups controls as a card;
+/// - `danger` (bool) on a text that warns of a loss beside the command that causes it;
 /// - `badge` (text: "neutral", "ready", "busy", "fault") on a read-only box that shows a state.
 namespace style {
 
@@ -41,6 +42,8 @@ void primary(QPushButton& button, const QString& name = {});
 
 /// What a state box tells at a glance.
 enum class Badge { Neutral, Ready, Busy, Fault };
+/// An icon that tells a state, in the colour of its text.
+QIcon signIcon(const QString& name, Badge state);
 /// Sets the `badge` property and restyles the widget.
 void badge(QWidget& box, Badge state);
 

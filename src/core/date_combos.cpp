@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QStringList>
 
+#include "controls/wheel_guard.h"
 #include "platform/clock.h"
 
 namespace {
@@ -45,6 +46,7 @@ void riempi(QComboBox* lista, int primo, int ultimo) {
   QStringList voci;
   for (int numero = primo; numero <= ultimo; ++numero)
     voci.append(QString::number(numero).rightJustified(2, QLatin1Char('0')));
+  wheelNeedsFocus(*lista);
   lista->clear();
   lista->addItems(voci);
   lista->setCurrentIndex(0);

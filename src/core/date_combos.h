@@ -6,7 +6,8 @@ class Clock;
 class QComboBox;
 class QWidget;
 
-/// Lists by which a screen picks a day or a moment. Their object names are the same on every screen.
+/// Lists by which a screen picks a day or a moment. Their object names are the same on every screen. Once
+/// filled they follow the wheel only while they have the focus.
 
 /// The dates that a screen may ask for.
 enum class DataDiSchermo {

@@ -1,5 +1,6 @@
 #include "core/frmAbout.h"
 
+#include "controls/held_keys.h"
 #include "controls/style.h"
 #include "core/context.h"
 #include "core/reactions.h"
@@ -14,6 +15,7 @@ frmAbout::frmAbout(Contesto& contesto) : contesto_(contesto), ui_(std::make_uniq
   ui_->lblVersion->setText(QStringLiteral("Versione " GESTIONALE_VERSIONE));
   ui_->figura->load(contesto_.cartella + QStringLiteral("/Immagini/About.jpg"));
   style::primary(*ui_->cmdOK);
+  ignoreHeldKeys(*this);
   connect(ui_->cmdOK, &QPushButton::clicked, this, &QWidget::close);
   connect(ui_->cmdSysInfo, &QPushButton::clicked, this, [this] {
     reazioni::protetta(contesto_.utente, QStringLiteral("cmdSysInfo_Click"), objectName(),

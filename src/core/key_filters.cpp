@@ -1,7 +1,5 @@
 #include "core/key_filters.h"
 
-#include "controls/guarded_field.h"
-
 namespace {
 
 constexpr QChar kVirgola = u',';
@@ -34,6 +32,21 @@ bool accettaImporto(const QString& testo, QChar tasto) {
 
 bool accettaSiNo(const QString&, QChar tasto) {
   return QStringLiteral("SNsn").contains(tasto) || modifica(tasto);
+}
+
+QString motivoCifre(const QString&, QChar) {
+  return QStringLiteral("Solo cifre");
+}
+
+QString motivoImporto(const QString& testo, QChar tasto) {
+  if (decimali(testo) >= kDecimali)
+    return QStringLiteral("I due decimali ci sono già: cancellare con Backspace, poi scrivere");
+  if (tasto == u'.') return QStringLiteral("Per i decimali si scrive la virgola");
+  return QStringLiteral("Solo cifre e virgola");
+}
+
+QString motivoSiNo(const QString&, QChar) {
+  return QStringLiteral("Solo S o N");
 }
 
 bool siNo(const QString& testo) {

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "controls/guarded_field.h"
+
 /// What the fields of the screens take as the person types, backspace and cut always among it. See KeyFilter.
 
 /// Digits.
@@ -10,6 +12,15 @@ bool accettaCifre(const QString& testo, QChar tasto);
 bool accettaImporto(const QString& testo, QChar tasto);
 /// S and N in both cases.
 bool accettaSiNo(const QString& testo, QChar tasto);
+
+// Why a key was dropped, and how to go on.
+QString motivoCifre(const QString& testo, QChar tasto);
+QString motivoImporto(const QString& testo, QChar tasto);
+QString motivoSiNo(const QString& testo, QChar tasto);
+
+inline constexpr KeyRule kRegolaCifre{accettaCifre, motivoCifre};
+inline constexpr KeyRule kRegolaImporto{accettaImporto, motivoImporto};
+inline constexpr KeyRule kRegolaSiNo{accettaSiNo, motivoSiNo};
 
 /// True for S and s; anything else is no.
 bool siNo(const QString& testo);

@@ -1,12 +1,17 @@
 #include "core/list_table.h"
 
+#include <QFileInfo>
 #include <QLineEdit>
 #include <algorithm>
 #include <utility>
 
 #include "controls/FlexGrid.h"
+#include "controls/outcome_bar.h"
+#include "controls/sample_width.h"
+#include "core/command.h"
 #include "core/context.h"
 #include "core/conversions.h"
+#include "core/figures.h"
 #include "core/reactions.h"
 #include "core/wait_box.h"
 #include "platform/text/whole_file.h"
@@ -34,6 +39,10 @@ int postoDi(const store::Recordset& righe, const char* campo) {
   return campo == nullptr ? kAssente : righe.place(QLatin1String(campo));
 }
 
+QString testoDi(const char16_t* testo) {
+  return testo ? QString::fromUtf16(testo) : QString();
+}
+
 /// One fill under way.
 class Corsa {
  public:
@@ -47,6 +56,8 @@ class Corsa {
     esito_.letto = true;
     esito_.righe = righe->RecordCount();
     esito_.totali.resize(come_.colonne.size());
+    griglia_.setRowInFields(0);
+    griglia_.setNotice({});
     if (righe->empty()) {
       vuoto();
       esito_.intero = true;
@@ -70,7 +81,10 @@ class Corsa {
 
   void vuoto() {
     griglia_.Clear();
+    // No row is picked any more.
+    griglia_.setRows(kPrimaRiga);
     griglia_.setRows(kPrimaRiga + 1);
+    griglia_.setNotice(come_.senzaRighe);
   }
 
   /// What was there goes with its colours and its current cell; of a list that keeps its cells only the rows
@@ -152,15 +166,21 @@ void Disponi(FlexGrid& griglia, Colonne colonne, const QColor& fondo, int blu) {
   griglia.setCols(static_cast<int>(colonne.size()));
   griglia.setHeadingHeight(kAltezzaTestata);
   griglia.setBackColor(fondo);
-  griglia.setFullWidth(true);
+  griglia.setWholeRows(true);
+  QList<FlexGrid::CopyEntry> menu;
   int numero = 0;
   for (const Colonna& colonna : colonne) {
-    griglia.setTextMatrix(kTestata, numero, QString::fromUtf16(colonna.testata));
-    griglia.setColWidth(numero, colonna.twip);
+    griglia.setTextMatrix(kTestata, numero, testoDi(colonna.testata));
+    griglia.setColSample(numero, testoDi(colonna.campione));
+    if (!griglia.isSizedByHand(numero)) griglia.setColWidth(numero, colonna.twip);
     griglia.setColAlignment(numero, colonna.allineamento);
+    griglia.setHeadingToolTip(numero, testoDi(colonna.spiega));
     if (numero < blu) griglia.setCellForeColor(kTestata, numero, kBlu);
+    if (colonna.elastica) griglia.setSpareColumn(numero);
+    if (colonna.copia) menu.append({testoDi(colonna.copia), numero});
     ++numero;
   }
+  griglia.setCopyEntries(menu);
 }
 
 EsitoElenco Riempi(FlexGrid& griglia, store::Database archivio, const store::Statement& istruzione,
@@ -170,6 +190,13 @@ EsitoElenco Riempi(FlexGrid& griglia, store::Database archivio, const store::Sta
   return Corsa(griglia, come, contesto).esegui(std::move(archivio), istruzione);
 }
 
+int RigaCon(const FlexGrid& griglia, int colonna, const QString& testo) {
+  if (testo.isEmpty()) return 0;
+  for (int riga = kPrimaRiga; riga < griglia.Rows(); ++riga)
+    if (griglia.TextMatrix(riga, colonna) == testo) return riga;
+  return 0;
+}
+
 Caselle::Caselle(const QWidget& schermo, Colonne colonne) : colonne_(colonne) {
   for (const Colonna& colonna : colonne) {
     const QString nome = QLatin1String(colonna.casella);
@@ -177,6 +204,9 @@ Caselle::Caselle(const QWidget& schermo, Colonne colonne) : colonne_(colonne) {
     if (!nome.isEmpty() && !campo)
       throw Errore{kMembroAssente, QStringLiteral("Proprietà o metodo non supportati dall'oggetto: ") + nome};
     campi_.push_back(campo);
+    if (campo && colonna.campione)
+      widthFromSample(*campo, testoDi(colonna.campione),
+                      colonna.elastica ? FieldWidth::AtLeast : FieldWidth::Exact);
   }
 }
 
@@ -192,6 +222,17 @@ void Caselle::scrivi(std::size_t colonna, const QString& testo) const {
 
 void Caselle::copia(const FlexGrid& griglia, int riga) const {
   for (std::size_t i = 0; i < campi_.size(); ++i) scrivi(i, griglia.TextMatrix(riga, static_cast<int>(i)));
+}
+
+void Caselle::vai(std::size_t colonna) const {
+  QLineEdit* const campo = campi_[colonna];
+  if (!campo) return;
+  campo->setFocus(Qt::OtherFocusReason);
+  campo->selectAll();
+}
+
+QString Caselle::nome(std::size_t colonna) const {
+  return campi_[colonna] ? campi_[colonna]->accessibleName() : QString();
 }
 
 void Caselle::svuota() const {
@@ -216,13 +257,23 @@ QByteArray TestoCSV(const FlexGrid& griglia, Colonne colonne, const FormaCSV& fo
 }
 
 void Esporta(const QString& titolo, const FlexGrid& griglia, Colonne colonne, const FormaCSV& forma,
-             Contesto& contesto) {
+             Contesto& contesto, OutcomeBar& piede) {
   const std::optional<QString> scelto =
-      contesto.utente.AskSavePath({titolo, QStringLiteral("csv (*.csv)|*.csv"), {}});
-  if (!scelto || scelto->isEmpty()) return;
+      contesto.utente.AskSavePath({titolo, QStringLiteral("csv (*.csv)|*.csv"), {}, true});
+  if (!scelto || scelto->isEmpty())
+    return piede.tell(OutcomeBar::Kind::Plain, QStringLiteral("Esportazione annullata: nessun file scritto"));
   WriteWholeFile(*scelto, TestoCSV(griglia, colonne, forma));
   contesto.utente.MsgBox(QStringLiteral("Creazione del file ") + *scelto + QStringLiteral(" terminata."),
                          Icon::Information);
+  const int righe = griglia.Rows() - kPrimaRiga;
+  const QString quante = righe == 1 ? QStringLiteral("Esportata 1 riga")
+                                    : QStringLiteral("Esportate %1 righe").arg(cifra(righe));
+  const auto apri = [&contesto, percorso = *scelto] {
+    comando(contesto, "AzioneEsito_Click", QStringLiteral("BarraEsito"),
+            [&] { contesto.utente.OpenWithDesktop(percorso); });
+  };
+  piede.tell(OutcomeBar::Kind::Done, quante + QStringLiteral(" in ") + QFileInfo(*scelto).fileName(),
+             {QStringLiteral("Apri"), apri});
 }
 
 }  // namespace elenco

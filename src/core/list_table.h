@@ -12,6 +12,7 @@
 
 class Attesa;
 class FlexGrid;
+class OutcomeBar;
 class QLineEdit;
 class QWidget;
 struct Contesto;
@@ -19,6 +20,9 @@ struct Contesto;
 /// The lists of the program: what stands in a grid is told by a table of columns, one line a column, from
 /// which the grid's shape, its fill, the fields that a picked row goes to and the export are made.
 namespace elenco {
+
+/// Of the file dialogs of every list.
+inline constexpr const char* kFiltroCSV = "csv (*.csv)|*.csv";
 
 /// What the rows of a list came to in one column.
 struct Totale {
@@ -64,11 +68,40 @@ struct Colonna {
   /// Longest text that can be typed there; 0 for no bound.
   int lunghezza = 0;
   bool esportata = true;
+  /// The longest text that is usual there: neither the column nor its field is narrower, whatever the font.
+  const char16_t* campione = nullptr;
+  /// Caption of the menu's entry that copies a cell of it; null for none.
+  const char16_t* copia = nullptr;
+  /// Tooltip of the heading; null for none.
+  const char16_t* spiega = nullptr;
+  /// Whether it takes the width that the others leave: one column at the most.
+  bool elastica = false;
+
+  constexpr Colonna larga(const char16_t* testoPiuLungo) const {
+    Colonna questa = *this;
+    questa.campione = testoPiuLungo;
+    return questa;
+  }
+  constexpr Colonna copiata(const char16_t* voce) const {
+    Colonna questa = *this;
+    questa.copia = voce;
+    return questa;
+  }
+  constexpr Colonna spiegata(const char16_t* suggerimento) const {
+    Colonna questa = *this;
+    questa.spiega = suggerimento;
+    return questa;
+  }
+  constexpr Colonna cedevole() const {
+    Colonna questa = *this;
+    questa.elastica = true;
+    return questa;
+  }
 };
 using Colonne = std::span<const Colonna>;
 
-/// Gives a grid its columns: headings, those of the first `blu` in blue, widths, alignments, `fondo` behind
-/// the cells (invalid: the palette's).
+/// Gives a grid its columns: headings, those of the first `blu` in blue, widths, alignments, menu, `fondo`
+/// behind the cells (invalid: the palette's). Done again, a width that the person dragged stays.
 void Disponi(FlexGrid& griglia, Colonne colonne, const QColor& fondo = {}, int blu = 0);
 
 /// What becomes of a list when one of its steps has failed and the person was told. A missing table always
@@ -103,6 +136,8 @@ struct Riempimento {
   bool conserva = false;
   /// The wait box to be moved along, if there is one.
   Attesa* attesa = nullptr;
+  /// What stands in the middle of a list without rows.
+  QString senzaRighe = {};
 };
 
 struct EsitoElenco {
@@ -120,14 +155,22 @@ struct EsitoElenco {
 EsitoElenco Riempi(FlexGrid& griglia, store::Database archivio, const store::Statement& istruzione,
                    const Riempimento& come, Contesto& contesto);
 
+/// First row whose cell in `colonna` is `testo`; 0 for none, and for an empty text.
+int RigaCon(const FlexGrid& griglia, int colonna, const QString& testo);
+
 /// The fields beside a list, by its columns.
 class Caselle {
  public:
-  /// Finds them in the screen by the names in the table; a name without its field throws Errore 438.
+  /// Finds them in the screen by the names in the table, and gives them the width of their columns' samples;
+  /// a name without its field throws Errore 438.
   Caselle(const QWidget& schermo, Colonne colonne);
   /// A row of the grid goes into the fields.
   void copia(const FlexGrid& griglia, int riga) const;
   void svuota() const;
+  /// Focus on the field of a column, its text selected.
+  void vai(std::size_t colonna) const;
+  /// How a person calls the field of a column.
+  QString nome(std::size_t colonna) const;
 
  private:
   void scrivi(std::size_t colonna, const QString& testo) const;
@@ -148,9 +191,9 @@ struct FormaCSV {
 /// The exported columns of rows 1 to the last.
 QByteArray TestoCSV(const FlexGrid& griglia, Colonne colonne, const FormaCSV& forma);
 /// The export command: asks for a file under `titolo` and writes it, whole or not at all, over one that may
-/// be there; then tells so. A cancelled dialog or an empty name does nothing. Throws Errore 61, 75 or 76;
-/// then a file that was there is as before.
+/// be there; then tells so in a box and at the foot, from where the file can be opened. A cancelled dialog or
+/// an empty name writes nothing. Throws Errore 61, 75 or 76; then a file that was there is as before.
 void Esporta(const QString& titolo, const FlexGrid& griglia, Colonne colonne, const FormaCSV& forma,
-             Contesto& contesto);
+             Contesto& contesto, OutcomeBar& piede);
 
 }  // namespace elenco

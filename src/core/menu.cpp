@@ -25,10 +25,19 @@ constexpr AreaDiLavoro kAree[] = {
     {"Form_Comandi_XONXOFF", " Gestione Comandi Ausiliari ECR"},
 };
 
+/// A placeholder has a second name, by which the menu tells it from a screen.
+QString nomeDelPosto(const QString& schermata) {
+  return QStringLiteral("in preparazione: ") + schermata;
+}
+
 }  // namespace
 
 void MostraMenu(Contesto& contesto) {
   if (contesto.schermate.trova(kMenu) != nullptr) contesto.schermate.mostra(kMenu, contesto);
+}
+
+bool inPreparazione(const QString& schermata, const Schermate& schermate) {
+  return schermate.registrata(nomeDelPosto(schermata));
 }
 
 void registraSchermateCore(Schermate& schermate) {
@@ -45,6 +54,8 @@ void registraSchermateMancanti(Schermate& schermate) {
     const QString nome = QLatin1String(area.nome);
     if (schermate.registrata(nome)) continue;
     const QString titolo = QLatin1String(area.titolo);
-    schermate.registra(nome, [=](Contesto& c) { return new Form_Provvisoria(c, nome, titolo); });
+    const auto fabbrica = [=](Contesto& c) { return new Form_Provvisoria(c, nome, titolo); };
+    schermate.registra(nome, fabbrica);
+    schermate.registra(nomeDelPosto(nome), fabbrica);
   }
 }

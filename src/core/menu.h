@@ -1,11 +1,15 @@
 #pragma once
 
+class QString;
 struct Contesto;
 class Schermate;
 
 /// Shows the menu again: what every workspace does when it closes. Nothing where the menu has been unloaded,
 /// which is the end of the program.
 void MostraMenu(Contesto& contesto);
+
+/// Whether a placeholder stands for this screen.
+bool inPreparazione(const QString& schermata, const Schermate& schermate);
 
 /// Registers the screens of this layer: `frmAbout`, `Form_ATTESA`, and `start` over the display as it is now.
 void registraSchermateCore(Schermate& schermate);

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 
+#include "controls/held_keys.h"
 #include "controls/style.h"
 #include "core/context.h"
 #include "core/menu.h"
@@ -19,8 +20,9 @@ Form_Provvisoria::Form_Provvisoria(Contesto& contesto, const QString& nome, cons
   setObjectName(nome);
   setWindowTitle(titolo);
   ui_->titolo->setText(titolo.trimmed());
-  ui_->figura->setPixmap(style::icon(QStringLiteral("store")).pixmap(kFigura));
+  ui_->figura->setPixmap(style::icon(QStringLiteral("construction")).pixmap(kFigura));
   style::primary(*ui_->Cmd_Esci, QStringLiteral("arrow-left"));
+  ignoreHeldKeys(*this);
   connect(ui_->Cmd_Esci, &QPushButton::clicked, this, &QWidget::close);
 }
 

@@ -23,5 +23,5 @@ using CambioModo = std::function<void(float larghezza, float altezza)>;
 QString TestoRisoluzione(MisureSchermo misure);
 
 /// Asks whether a display smaller than the minimum in either direction is to be changed. On anything but
-/// Annulla calls `cambia` and returns the minimum; otherwise returns `misure`.
+/// "Annulla" calls `cambia` and returns the minimum; otherwise returns `misure`.
 MisureSchermo ControllaRisoluzione(MisureSchermo misure, Utente& utente, const CambioModo& cambia);

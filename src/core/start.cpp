@@ -6,6 +6,7 @@
 
 #include "controls/style.h"
 #include "core/context.h"
+#include "core/menu.h"
 #include "core/reactions.h"
 #include "core/screens.h"
 #include "core/startup.h"
@@ -83,6 +84,8 @@ void start::paintEvent(QPaintEvent* evento) {
 void start::collega(const Voce& voce) {
   MenuEntry& scritta = etichetta(voce);
   scritta.setIcon(style::icon(QLatin1String(voce.icona)));
+  if (inPreparazione(QLatin1String(voce.schermata), contesto_.schermate))
+    scritta.setNote(QStringLiteral("in preparazione"));
   const QString nome = scritta.objectName();
   const auto passaSopra = [this, &voce, nome] {
     reazioni::protetta(contesto_.utente, nome + QStringLiteral("_MouseMove"), QLatin1String(kModulo), [&] {
@@ -118,6 +121,9 @@ void start::illustra(const Voce& voce) {
 void start::scegli(const Voce& voce) {
   const QString schermata = QLatin1String(voce.schermata);
   if (schermata.isEmpty()) contesto_.utente.Terminate();
+  // A click leaves the focus where it was: who comes back goes on from the entry that was chosen.
+  etichetta(voce).setFocus(Qt::OtherFocusReason);
+  evidenzia(voce);
   if (*voce.chiamante != '\0') varGlobal().FormChiamante = QLatin1String(voce.chiamante);
   contesto_.schermate.carica(schermata, contesto_);
   contesto_.schermate.mostra(schermata, contesto_);

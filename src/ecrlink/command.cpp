@@ -5,6 +5,7 @@
 #include "core/reactions.h"
 #include "core/state.h"
 #include "ecrlink/session.h"
+#include "ecrlink/till_step.h"
 #include "platform/ecrcom/library.h"
 #include "platform/text/windows1252.h"
 #include "platform/ui/user_port.h"
@@ -50,12 +51,17 @@ int staffa(const QString& file, Modo modo, Contesto& contesto) {
 
 }  // namespace
 
-int ComandoECR(QString& file, Modo modo, QString& risposta, Contesto& contesto) {
+int ComandoECR(QString& file, Modo modo, QString& risposta, Contesto& contesto, const QString& parole) {
   if (modo > Modo::ChiusuraFiscale) return kFallito;
   QByteArray ip = windows1252::toBytes(commonForKora().IP_ECR);
   QByteArray nome = portaFile(modo) ? windows1252::toBytes(file) : QByteArray("");
   QByteArray buffer(kByteRisposta, ' ');
-  const std::int16_t codice = contesto.libreria.ecr_command(ip, nome, static_cast<int>(modo), buffer);
+  std::int16_t codice = 0;
+  {
+    Passo passo(parole.isEmpty() ? paroleDelModo(modo, file) : parole, contesto);
+    codice = contesto.libreria.ecr_command(ip, nome, static_cast<int>(modo), buffer);
+    if (codice == 0) passo.riuscito();
+  }
   commonForKora().IP_ECR = windows1252::toText(ip);
   if (portaFile(modo))
     file = windows1252::toText(nome);

@@ -14,8 +14,8 @@ struct Stato {
   const char* lettera;
   const char* parola;
 };
-constexpr std::array<Stato, 5> kStati{
-    {{"V", "VENDITA"}, {"A", "AZZERAMENTO"}, {"L", "LETTURA"}, {"P", "PROGRAMMAZIONE"}, {"I", "IDLE"}}};
+constexpr std::array kStati{Stato{"V", "VENDITA"}, Stato{"A", "AZZERAMENTO"}, Stato{"L", "LETTURA"},
+                            Stato{"P", "PROGRAMMAZIONE"}, Stato{"I", "IDLE"}};
 
 }  // namespace
 

@@ -1,8 +1,12 @@
 #include "ecrlink/ecr_panel.h"
 
+#include <QAction>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QStyle>
+#include <algorithm>
 
+#include "controls/outcome_bar.h"
 #include "ecrlink/models.h"
 #include "ui_ecr_panel.h"
 
@@ -14,19 +18,74 @@ void scrivi(QLineEdit& casella, const QString& testo) {
   casella.home(false);
 }
 
+/// What the style sheet lays around the text of a box, pixels at scale 1, with room for the cursor; and what
+/// the sign of a fault takes before it.
+constexpr int kBordi = 28;
+
+constexpr int kSegno = 24;
+
+void largaAlmeno(QWidget& casella, const QString& campione, int altro = 0) {
+  // A badge is bold, and a box may become one.
+  QFont carattere = casella.font();
+  carattere.setWeight(QFont::DemiBold);
+  casella.setMinimumWidth(QFontMetrics(carattere).horizontalAdvance(campione) + kBordi + altro);
+}
+
+/// What has changed on the window is laid out and on the display behind this: no event pass may come before
+/// the till's answer.
+void dipingi(QWidget& finestra) {
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  QCoreApplication::sendPostedEvents(&finestra, QEvent::UpdateRequest);
+}
+
 }  // namespace
+
+struct PannelloECR::Detto {
+  OutcomeBar::Kind genere;
+  QString testo;
+};
 
 PannelloECR::PannelloECR(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui::PannelloECR>()) {
   ui_->setupUi(this);
   connect(ui_->CmdInviaModECR, &QPushButton::clicked, this, &PannelloECR::connetti);
   setFocusProxy(ui_->vkTextBoxIP_ECR);
+  misura();
+  spiegaConnetti();
 }
 
 PannelloECR::~PannelloECR() = default;
 
-void PannelloECR::accoppia(QPushButton& avvia, QPushButton& esci) {
+void PannelloECR::accoppia(QPushButton& avvia, QPushButton& esci, OutcomeBar* piede) {
   avvia_ = &avvia;
   esci_ = &esci;
+  piede_ = piede;
+}
+
+void PannelloECR::misura() {
+  largaAlmeno(*ui_->vkTextBoxIP_ECR, QStringLiteral("255.255.255.255"));
+  largaAlmeno(*ui_->vkTextBoxLocal_IP, QStringLiteral("255.255.255.255"));
+  largaAlmeno(*ui_->TextModello, QStringLiteral("ALTAIR PLUS"));
+  largaAlmeno(*ui_->vkTextBoxTipoMacchina, QStringLiteral("ALTAIR PLUS"));
+  largaAlmeno(*ui_->TextBitmap, QStringLiteral("LARGE"));
+  largaAlmeno(*ui_->TextMMC, QStringLiteral("0000"));
+  largaAlmeno(*ui_->vkTextBox_VSW, QStringLiteral("00.00"));
+  largaAlmeno(*ui_->vkTextBoxECR, QStringLiteral("PROGRAMMAZIONE"), kSegno);
+  const int riga = ui_->CmdInviaModECR->sizeHint().height();
+  ui_->vkTextBoxIP_ECR->setMinimumHeight(riga);
+  const int dueRighe = 2 * ui_->vkTextBoxLocal_IP->fontMetrics().lineSpacing() + kBordi;
+  ui_->vkTextBoxLocal_IP->setFixedHeight(std::max(riga, dueRighe));
+}
+
+void PannelloECR::spiegaConnetti() {
+  ui_->CmdInviaModECR->setToolTip(
+      ui_->CmdInviaModECR->isEnabled()
+          ? QStringLiteral("Si collega alla cassa di questo indirizzo (Invio nella casella)")
+          : QStringLiteral("La cassa è già collegata: per ricollegarsi uscire e rientrare"));
+}
+
+void PannelloECR::changeEvent(QEvent* evento) {
+  QWidget::changeEvent(evento);
+  if (evento->type() == QEvent::FontChange || evento->type() == QEvent::StyleChange) misura();
 }
 
 QString PannelloECR::indirizzo() const {
@@ -51,6 +110,7 @@ void PannelloECR::abilitaAvvia(bool abilitato) {
 
 void PannelloECR::abilitaConnetti(bool abilitato) {
   ui_->CmdInviaModECR->setEnabled(abilitato);
+  spiegaConnetti();
 }
 
 bool PannelloECR::connettiAbilitato() const {
@@ -83,7 +143,41 @@ void PannelloECR::mostraStato(const QString& parola, const QString& lettera) {
 }
 
 void PannelloECR::distingui(style::Badge distintivo) {
+  distintivo_ = distintivo;
+  const bool guasta = distintivo == style::Badge::Fault;
+  // The word in the box is the till's last one: that it holds no more is not told by the colour alone.
+  const QString spiegazione =
+      guasta ? QStringLiteral("L'ultimo comando alla cassa non è riuscito: la parola è dello stato di prima")
+             : QString();
+  if (guasta && !segnoDiGuasto_) {
+    segnoDiGuasto_ = ui_->vkTextBoxECR->addAction(
+        style::signIcon(QStringLiteral("circle-x"), style::Badge::Fault), QLineEdit::LeadingPosition);
+    segnoDiGuasto_->setText(QStringLiteral("La cassa non ha risposto"));
+  }
+  if (segnoDiGuasto_) segnoDiGuasto_->setVisible(guasta);
+  ui_->vkTextBoxECR->setToolTip(spiegazione);
+  ui_->vkTextBoxECR->setAccessibleDescription(spiegazione);
   style::badge(*ui_->vkTextBoxECR, distintivo);
+}
+
+void PannelloECR::mostraPasso(const QString& passo) {
+  if (piede_) {
+    if (!primaDelPasso_) primaDelPasso_ = std::make_unique<Detto>(Detto{piede_->kind(), piede_->text()});
+    piede_->tell(OutcomeBar::Kind::Plain, passo);
+  }
+  dipingi(*window());
+}
+
+void PannelloECR::togliPasso() {
+  if (piede_ && primaDelPasso_) piede_->tell(primaDelPasso_->genere, primaDelPasso_->testo);
+  primaDelPasso_.reset();
+}
+
+void PannelloECR::cassaRisponde(bool bene) {
+  if (!bene)
+    distingui(style::Badge::Fault);
+  else if (distintivo_ == style::Badge::Fault)
+    distingui(style::Badge::Neutral);
 }
 
 void PannelloECR::keyPressEvent(QKeyEvent* evento) {
@@ -91,5 +185,5 @@ void PannelloECR::keyPressEvent(QKeyEvent* evento) {
   if (!invio || !ui_->vkTextBoxIP_ECR->hasFocus()) return QWidget::keyPressEvent(evento);
   // Kept from the dialog around, whose own default command would go off as well.
   evento->accept();
-  ui_->CmdInviaModECR->click();
+  if (!evento->isAutoRepeat()) ui_->CmdInviaModECR->click();
 }

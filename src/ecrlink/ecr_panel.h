@@ -1,10 +1,13 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 #include <memory>
 
 #include "ecrlink/link_view.h"
 
+class OutcomeBar;
+class QAction;
 class QPushButton;
 namespace Ui {
 class PannelloECR;
@@ -19,8 +22,9 @@ class PannelloECR : public QWidget, public ecrlink::VistaLink {
   explicit PannelloECR(QWidget* parent = nullptr);
   ~PannelloECR() override;
 
-  /// The start and exit commands of the screen around; before the panel is used as a view.
-  void accoppia(QPushButton& avvia, QPushButton& esci);
+  /// The start and exit commands of the screen around, and the line at its foot if it has one; before the
+  /// panel is used as a view.
+  void accoppia(QPushButton& avvia, QPushButton& esci, OutcomeBar* piede);
 
   QString indirizzo() const override;
   void scriviIndirizzo(const QString& indirizzo) override;
@@ -35,6 +39,9 @@ class PannelloECR : public QWidget, public ecrlink::VistaLink {
   void mostraInfo(const EcrInfo& info) override;
   void mostraStato(const QString& parola, const QString& lettera) override;
   void distingui(style::Badge distintivo) override;
+  void mostraPasso(const QString& passo) override;
+  void togliPasso() override;
+  void cassaRisponde(bool bene) override;
 
  Q_SIGNALS:
   /// CmdInviaModECR was clicked.
@@ -43,9 +50,20 @@ class PannelloECR : public QWidget, public ecrlink::VistaLink {
  protected:
   /// Enter in the address box clicks "Connetti".
   void keyPressEvent(QKeyEvent* evento) override;
+  void changeEvent(QEvent* evento) override;
 
  private:
+  /// Each box as wide as the longest text that it is made for, in the font of the moment.
+  void misura();
+  void spiegaConnetti();
+
   std::unique_ptr<Ui::PannelloECR> ui_;
   QPushButton* avvia_ = nullptr;
   QPushButton* esci_ = nullptr;
+  QPointer<OutcomeBar> piede_;
+  style::Badge distintivo_ = style::Badge::Neutral;
+  QAction* segnoDiGuasto_ = nullptr;
+  /// What stood at the foot before the step that is shown there.
+  struct Detto;
+  std::unique_ptr<Detto> primaDelPasso_;
 };

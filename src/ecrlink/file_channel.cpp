@@ -68,15 +68,18 @@ void leggiSopra(const QString& nome, std::span<std::uint8_t> immagine) {
 }
 
 int spedisci(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto) {
-  const ScambioEsclusivo scambio;
+  std::optional<ScambioEsclusivo> scambio(std::in_place);
   if (const int esito = CreaFileProgrammazione(file, immagine, contesto); esito != 0) return esito;
   const int esito = avviaECR(file, Modo::Invia, contesto);
+  scambio.reset();
   if (esito != 0) contesto.utente.MsgBox(QStringLiteral("Fallita operazione trasferimento ") + file);
   return esito;
 }
 
 /// Rules out that an old file is there when the till's comes.
 void sgombra(const QString& file, Precedente precedente) {
+  // Those of the library too, which names what it receives in the same way.
+  TemporaryFile::Sweep(file);
   const QString tenuto = file + QLatin1String(kPrecedente);
   const QFileInfo vecchio(file);
   if (!vecchio.exists() && !vecchio.isSymLink()) return;

@@ -35,6 +35,14 @@ class VistaLink {
   virtual void mostraStato(const QString& parola, const QString& lettera) = 0;
   /// What the state means for the person.
   virtual void distingui(style::Badge distintivo) = 0;
+
+  /// What the till is being asked for and how long that may take, painted before this comes back: the call
+  /// behind it waits.
+  virtual void mostraPasso(const QString& passo) = 0;
+  /// The step is over, whatever it came to: what stood in its place comes back.
+  virtual void togliPasso() = 0;
+  /// Whether the last call, or the connection as a whole, went well. A fault stays to be seen until one does.
+  virtual void cassaRisponde(bool bene) = 0;
 };
 
 }  // namespace ecrlink

@@ -4,14 +4,16 @@
 #include <QString>
 #include <functional>
 
+#include "controls/outcome_bar.h"
 #include "core/screen.h"
 
 class PannelloECR;
+class QKeyEvent;
 class QPushButton;
 
-/// What the modal screens that exchange with the till share: their load, "Connetti", the way out and the
-/// commands that are off while a transfer runs. A screen hands its controls over and works through the
-/// procedures below.
+/// What the modal screens that exchange with the till share: their load, "Connetti", the way out, the keys,
+/// and the commands that are off while a transfer runs. A screen hands its controls over and works through
+/// the procedures below.
 class FinestraLink : public Schermo<QDialog> {
   Q_OBJECT
 
@@ -21,6 +23,8 @@ class FinestraLink : public Schermo<QDialog> {
 
   /// Esc and the frame's close: the way out while Cmd_Esci is enabled, nothing otherwise.
   void reject() override;
+
+  bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
  protected:
   struct Comandi {
@@ -33,7 +37,8 @@ class FinestraLink : public Schermo<QDialog> {
   /// To be called once the controls stand: dresses and connects them, then fills the address boxes. Returns
   /// what InitRete returned.
   int caricaSchermo(const Comandi& comandi);
-  /// The work of Cmd_Avvia as a command; true if the screen is to be unloaded behind it.
+  /// The work of Cmd_Avvia as a command; true if the screen is to be unloaded behind it. What the till is
+  /// asked for meanwhile is shown at the foot.
   void avvia(const std::function<bool()>& trasferimento);
   /// Turns the start and the exit on or off.
   void abilita(bool avvia, bool esci);
@@ -41,12 +46,29 @@ class FinestraLink : public Schermo<QDialog> {
   void abilitaConnetti(bool abilitato);
   /// A box with the warning icon.
   void avvisa(const QString& testo);
+  /// What a command did, for the foot.
+  void racconta(OutcomeBar::Kind genere, const QString& testo);
+  /// What the person should keep in mind from the connection on, told at the foot with it; empty for nothing.
+  virtual QString avvertenza() const { return {}; }
+
+  /// F9 starts. Enter presses the button that has the focus, the exit aside: the link has put the focus there
+  /// by itself, and whoever goes on typing must not leave with it.
+  void keyPressEvent(QKeyEvent* evento) override;
+  void showEvent(QShowEvent* evento) override;
 
  private:
   void connetti();
+  void spiegaComandi();
+  /// As high as its texts need: one at the foot may take more lines than the one before.
+  void cresci();
 
   QString casa_;
   PannelloECR* pannello_ = nullptr;
   QPushButton* avvio_ = nullptr;
   QPushButton* esci_ = nullptr;
+  OutcomeBar* piede_ = nullptr;
+  /// Tooltips of the commands while they are on.
+  QString aCheServe_;
+  QString doveSiTorna_;
+  bool collegata_ = false;
 };

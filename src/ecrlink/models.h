@@ -9,6 +9,9 @@
 /// The two are never compared.
 namespace ecrlink {
 
+/// Articles that a till holds, and the program's archives with it.
+inline constexpr int kNumeroPLU = 5000;
+
 struct Modello {
   const char* didascalia;
   /// Keys of the keyboard; 0: not told.
@@ -17,21 +20,21 @@ struct Modello {
 };
 
 /// In the order of the option buttons of the model choice.
-inline constexpr std::array<Modello, 13> kModelli{{
-    {"Spica -------------------------> 30 tasti", 30, "SPICA"},
-    {"Vega -------------------------> 42 tasti", 42, "VEGA"},
-    {"Vega ambulante -------> 42 tasti", 42, "VEGA AMBULANTE"},
-    {"Rigel ---------------------> 42 tasti", 42, "RIGEL"},
-    {"Mira -----------------------> N/A", 0, "MIRA"},
-    {"Altair base --------> 52 tasti", 52, "ALTAIR BASE"},
-    {"Altair plus ---------> 52 tasti", 52, "ALTAIR PLUS"},
-    {"Deneb base ---------------> 60 tasti", 60, "DENEB BASE"},
-    {"Deneb fast -----------------> 60 tasti", 60, "DENEB FAST"},
-    {"KPR_58mm ---------------> 42 tasti", 42, "KPR_58mm"},
-    {"KPR_58mm ---------------> 30 tasti", 30, "KPR_58mm"},
-    {"KPR_80mm ---------------> 42 tasti", 42, "KPR_80mm"},
-    {"KPR_80mm ---------------> 30 tasti", 30, "KPR_80mm"},
-}};
+inline constexpr std::array kModelli{
+    Modello{"Spica -------------------------> 30 tasti", 30, "SPICA"},
+    Modello{"Vega -------------------------> 42 tasti", 42, "VEGA"},
+    Modello{"Vega ambulante -------> 42 tasti", 42, "VEGA AMBULANTE"},
+    Modello{"Rigel ---------------------> 42 tasti", 42, "RIGEL"},
+    Modello{"Mira -----------------------> N/A", 0, "MIRA"},
+    Modello{"Altair base --------> 52 tasti", 52, "ALTAIR BASE"},
+    Modello{"Altair plus ---------> 52 tasti", 52, "ALTAIR PLUS"},
+    Modello{"Deneb base ---------------> 60 tasti", 60, "DENEB BASE"},
+    Modello{"Deneb fast -----------------> 60 tasti", 60, "DENEB FAST"},
+    Modello{"KPR_58mm ---------------> 42 tasti", 42, "KPR_58mm"},
+    Modello{"KPR_58mm ---------------> 30 tasti", 30, "KPR_58mm"},
+    Modello{"KPR_80mm ---------------> 42 tasti", 42, "KPR_80mm"},
+    Modello{"KPR_80mm ---------------> 30 tasti", 30, "KPR_80mm"},
+};
 
 /// Name of a model, empty for an index outside the list.
 QString NomeModello(int indice);

@@ -8,7 +8,9 @@
 #include "core/state.h"
 #include "ecrlink/ecr_info.h"
 #include "ecrlink/link_view.h"
+#include "ecrlink/till_step.h"
 #include "ecrlink/transfer_lock.h"
+#include "platform/ecrcom/library.h"
 #include "platform/net/network.h"
 
 namespace ecrlink {
@@ -19,7 +21,7 @@ constexpr int kPuntiIndirizzo = 3;
 constexpr int kScadenzaEco = 250;  // milliseconds
 
 /// What goes on after a step.
-enum class Passo { Avanti, Basta, Pronto };
+enum class Seguito { Avanti, Basta, Pronto };
 
 bool convertibile(const QString& parte) {
   try {
@@ -35,37 +37,45 @@ void critico(Contesto& contesto, const QString& testo) {
 }
 
 void rifiutaIndirizzo(VistaLink& vista, Contesto& contesto, const QString& motivo) {
+  vista.cassaRisponde(false);
   critico(contesto, motivo);
   vista.abilitaAvvia(false);
   commonForKora().IP_ECR.clear();
 }
 
-Passo verificaIndirizzo(VistaLink& vista, Contesto& contesto) {
+Seguito verificaIndirizzo(VistaLink& vista, Contesto& contesto) {
   QString& indirizzo = commonForKora().IP_ECR;
   if (!ControllaIP(vista.indirizzo())) {
     rifiutaIndirizzo(
         vista, contesto,
         QStringLiteral(
             "Attenzione l'indirizzo IP del dispositivo ECR da connettere al PC potrebbe essere errato"));
-    return Passo::Basta;
+    return Seguito::Basta;
   }
   indirizzo = vista.indirizzo();
-  if (!vista.indirizziLocali().contains(indirizzo)) return Passo::Avanti;
+  if (!vista.indirizziLocali().contains(indirizzo)) return Seguito::Avanti;
   rifiutaIndirizzo(
       vista, contesto,
       QStringLiteral("Attenzione l'IP del dispositivo ECR deve essere diverso da quello del PC"));
-  return Passo::Basta;
+  return Seguito::Basta;
 }
 
-Passo verificaPresenza(Contesto& contesto) {
+int chiama(Contesto& contesto) {
+  Passo passo(paroleDiConnessione(), contesto);
   const int esito = PingECR(commonForKora().IP_ECR, contesto);
-  if (esito == 0) return Passo::Avanti;
+  if (esito == 0) passo.riuscito();
+  return esito;
+}
+
+Seguito verificaPresenza(Contesto& contesto) {
+  const int esito = chiama(contesto);
+  if (esito == 0) return Seguito::Avanti;
   critico(contesto, esito < 0 ? QStringLiteral("Attenzione il dispositivo non risponde, controllare lo stato "
                                                "della connessione e/o l'indirizzo IP dell'ECR")
                               : QStringLiteral("Attenzione il dispositivo non risponde, controllare lo stato "
                                                "e/o l'indirizzo IP dell'ECR"));
   commonForKora().IP_ECR.clear();
-  return Passo::Basta;
+  return Seguito::Basta;
 }
 
 void mostraInfo(VistaLink& vista) {
@@ -77,30 +87,30 @@ void mostraInfo(VistaLink& vista) {
   vista.distingui(statoAmmesso(info.InfoStato) ? style::Badge::Ready : style::Badge::Busy);
 }
 
-Passo interroga(VistaLink& vista, Contesto& contesto) {
+Seguito interroga(VistaLink& vista, Contesto& contesto) {
   QString nessunFile;
   QString risposta;
   // A transfer that an earlier run left open on the till would refuse everything that follows.
-  ComandoECR(nessunFile, Modo::ChiudiTrasferimento, risposta, contesto);
+  ComandoECR(nessunFile, Modo::ChiudiTrasferimento, risposta, contesto, paroleDiConnessione());
   if (ComandoECR(nessunFile, Modo::EcrInfo, risposta, contesto) != 0) {
     // The person may go on with a till that does not tell about itself: the start command is let go with the
     // address in use, and the connection can be tried again.
     vista.abilitaConnetti(true);
-    return Passo::Pronto;
+    return Seguito::Pronto;
   }
-  if (ParseInfoECR(risposta) == 0) return Passo::Avanti;
+  if (ParseInfoECR(risposta) == 0) return Seguito::Avanti;
   critico(contesto, QStringLiteral("ERRORE protocollo ECR INFO"));
   commonForKora().IP_ECR.clear();
-  return Passo::Pronto;
+  return Seguito::Pronto;
 }
 
-Passo verificaStato(VistaLink& vista, Contesto& contesto) {
-  if (statoAmmesso(commonForKora().ECR_INFO.InfoStato)) return Passo::Avanti;
+Seguito verificaStato(VistaLink& vista, Contesto& contesto) {
+  if (statoAmmesso(commonForKora().ECR_INFO.InfoStato)) return Seguito::Avanti;
   critico(contesto, QStringLiteral("Funzione non disponibile! Prego porre la cassa nello stato di IDLE o "
                                    "PROGRAMMAZIONE"));
   vista.abilitaConnetti(true);
   commonForKora().IP_ECR.clear();
-  return Passo::Basta;
+  return Seguito::Basta;
 }
 
 void pronto(VistaLink& vista) {
@@ -109,45 +119,43 @@ void pronto(VistaLink& vista) {
   vista.abilitaSchermo();
 }
 
-/// The connection closes a transfer that it finds open on the till: not that of a program at work. A folder
-/// that takes no lock takes no transfer file either.
-void escludiAltri(std::optional<ScambioEsclusivo>& scambio) {
-  try {
-    scambio.emplace();
-  } catch (const Errore& errore) {
-    if (errore.numero == errors::kAccessDenied) throw;
-  }
-}
-
-void connetti(VistaLink& vista, Contesto& contesto) {
-  if (verificaIndirizzo(vista, contesto) == Passo::Basta) return;
+EsitoConnessione connetti(VistaLink& vista, Contesto& contesto) {
+  if (verificaIndirizzo(vista, contesto) == Seguito::Basta) return EsitoConnessione::Fallita;
   // The word of an earlier connection stays to be read; its colour would tell that it still holds.
   vista.distingui(style::Badge::Neutral);
-  if (verificaPresenza(contesto) == Passo::Basta) return;
+  if (verificaPresenza(contesto) == Seguito::Basta) return EsitoConnessione::Fallita;
+  // The connection closes a transfer that it finds open on the till: not that of a program at work.
   std::optional<ScambioEsclusivo> scambio;
-  escludiAltri(scambio);
+  prendiDovePossibile(scambio);
   vista.abilitaConnetti(false);
   vista.fuocoSuEsci();
-  if (interroga(vista, contesto) == Passo::Avanti) {
+  const bool informata = interroga(vista, contesto) == Seguito::Avanti;
+  scambio.reset();
+  if (informata) {
     mostraInfo(vista);
-    if (verificaStato(vista, contesto) == Passo::Basta) return;
+    if (verificaStato(vista, contesto) == Seguito::Basta) return EsitoConnessione::Fallita;
   }
   pronto(vista);
+  return informata ? EsitoConnessione::Pronta : EsitoConnessione::SenzaNotizie;
 }
 
-void erroreDiConnessione(VistaLink& vista, Contesto& contesto, const Errore& errore) {
+EsitoConnessione erroreDiConnessione(VistaLink& vista, Contesto& contesto, const Errore& errore) {
   commonForKora().IP_ECR.clear();
+  vista.cassaRisponde(false);
   reazioni::segnala(contesto.utente, QStringLiteral("Errore "), errore);
-  if (vista.connettiAbilitato()) return;
-  vista.abilitaConnetti(true);
-  vista.fuocoSuConnetti();
+  if (!vista.connettiAbilitato()) {
+    vista.abilitaConnetti(true);
+    vista.fuocoSuConnetti();
+  }
+  return EsitoConnessione::Fallita;
 }
 
 }  // namespace
 
-void ConnettiECR(VistaLink& vista, Contesto& contesto) {
-  reazioni::oppure([&] { connetti(vista, contesto); },
-                   [&](const Errore& errore) { erroreDiConnessione(vista, contesto, errore); });
+EsitoConnessione ConnettiECR(VistaLink& vista, Contesto& contesto) {
+  const AlLavoro questa(vista);
+  return reazioni::oppure([&] { return connetti(vista, contesto); },
+                          [&](const Errore& errore) { return erroreDiConnessione(vista, contesto, errore); });
 }
 
 bool ControllaIP(const QString& testo) {
@@ -163,7 +171,10 @@ bool ControllaIP(const QString& testo) {
 }
 
 int PingECR(const QString& indirizzo, Contesto& contesto) {
-  return contesto.rete.echo(indirizzo, QByteArrayLiteral("hello"), kScadenzaEco);
+  int esito = 0;
+  contesto.libreria.Beside(
+      [&] { esito = contesto.rete.echo(indirizzo, QByteArrayLiteral("hello"), kScadenzaEco); });
+  return esito;
 }
 
 }  // namespace ecrlink

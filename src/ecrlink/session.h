@@ -29,8 +29,14 @@ inline constexpr const char* kIndirizzoPredefinito = "192.168.0.20";
 /// At the load of a link screen: default address, local addresses, start command off. Returns 0, or -1 when
 /// the computer has no name on the network (told to the person).
 int InitRete(VistaLink& vista, Contesto& contesto);
-/// The click of "Connetti". The outcome is the state of the screen and of IP_ECR.
-void ConnettiECR(VistaLink& vista, Contesto& contesto);
+/// What the click of "Connetti" came to.
+enum class EsitoConnessione {
+  Pronta,        ///< the till has told about itself and may transfer
+  SenzaNotizie,  ///< it did not tell about itself: the person was told, and may go on all the same
+  Fallita,       ///< the person was told
+};
+/// The click of "Connetti". What counts for the transfers is the state of the screen and of IP_ECR.
+EsitoConnessione ConnettiECR(VistaLink& vista, Contesto& contesto);
 bool ControllaIP(const QString& testo);
 /// 0 answered, -1 address or echo impossible, another number no answer.
 int PingECR(const QString& indirizzo, Contesto& contesto);
@@ -40,7 +46,10 @@ int ControllaFile(const QString& nome, bool mostra, Contesto& contesto);
 /// One call of the library at IP_ECR; a code other than 0 is shown. `risposta` takes the whole buffer of 256
 /// characters in modes 0 to 5 and 8. `file` counts in modes 6 and 7 only and comes back, like IP_ECR, as the
 /// library left it. Returns the code; 1, with no call, for a mode above 8.
-int ComandoECR(QString& file, Modo modo, QString& risposta, Contesto& contesto);
+///
+/// The call runs beside the event loop: the windows go on painting, input is thrown away, and a second call
+/// meanwhile fails with Errore 70. `parole` tell the person what is waited for; empty: those of the mode.
+int ComandoECR(QString& file, Modo modo, QString& risposta, Contesto& contesto, const QString& parole = {});
 /// The call between an opening and a closing one (mode 8: alone). Returns 0 or 1.
 int avviaECR(const QString& file, Modo modo, Contesto& contesto);
 

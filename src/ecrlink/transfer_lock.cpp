@@ -1,9 +1,10 @@
 #include "ecrlink/transfer_lock.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <cstdlib>
 
+#include "platform/clock.h"
 #include "platform/error.h"
 
 namespace ecrlink {
@@ -21,7 +22,8 @@ bool senzaNome(const QLockFile& serratura) {
   QString macchina;
   QString programma;
   return !serratura.getLockInfo(&processo, &macchina, &programma) &&
-         QFileInfo(kFile).lastModified().msecsTo(QDateTime::currentDateTime()) > kSenzaNomeMs;
+         // A clock that was wrong for a while dates files in the future.
+         std::abs(QFileInfo(kFile).lastModified().msecsTo(systemClock().now())) > kSenzaNomeMs;
 }
 
 }  // namespace
@@ -37,6 +39,14 @@ ScambioEsclusivo::ScambioEsclusivo() : serratura_(kFile) {
                  QStringLiteral("Un altro programma sta scambiando dati con una cassa nella cartella ") +
                      cartella + QStringLiteral(": attendere che abbia finito e riprovare.")};
   throw errors::pathAccess(cartella);
+}
+
+void prendiDovePossibile(std::optional<ScambioEsclusivo>& scambio) {
+  try {
+    scambio.emplace();
+  } catch (const Errore& errore) {
+    if (errore.numero == errors::kAccessDenied) throw;
+  }
 }
 
 }  // namespace ecrlink

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLockFile>
+#include <optional>
 
 namespace ecrlink {
 
@@ -15,5 +16,9 @@ class ScambioEsclusivo {
  private:
   QLockFile serratura_;
 };
+
+/// For a call that needs no file: in a folder that takes no lock, which takes no transfer file either, it
+/// goes on without. Throws Errore 70 while another program exchanges.
+void prendiDovePossibile(std::optional<ScambioEsclusivo>& scambio);
 
 }  // namespace ecrlink

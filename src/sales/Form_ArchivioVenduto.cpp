@@ -1,8 +1,8 @@
 #include "sales/Form_ArchivioVenduto.h"
 
-#include <QLocale>
-
 #include "controls/FlexGrid.h"
+#include "controls/command_key.h"
+#include "controls/guarded_field.h"
 #include "controls/style.h"
 #include "core/date_combos.h"
 #include "core/screens.h"
@@ -20,7 +20,9 @@ Form_ArchivioVenduto::Form_ArchivioVenduto(Contesto& contesto)
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   vesti();
+  preparaTasti();
   preparaSelettori();
+  const PiedeComando racconto(*this, contesto, Piede::Nuovo);
   varGlobal().FlagAnomalia = kFalso;
   RefreshForm();
   ui_->CmbGiorno->setFocus();
@@ -31,9 +33,18 @@ Form_ArchivioVenduto::~Form_ArchivioVenduto() = default;
 void Form_ArchivioVenduto::vesti() {
   style::primary(*ui_->Cmd_Cerca, QStringLiteral("search"));
   ui_->Cmd_Reset->setIcon(style::icon(QStringLiteral("x")));
-  ui_->Cmd_Refresh->setIcon(style::icon(QStringLiteral("calendar")));
+  ui_->Cmd_Refresh->setIcon(style::icon(QStringLiteral("list")));
   ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("download")));
   ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
+}
+
+void Form_ArchivioVenduto::preparaTasti() {
+  new GuardedField(*ui_->vkTextBoxCodEan);
+  new GuardedField(*ui_->vkTextBoxDescrizione);
+  fieldKey(*ui_->vkTextBoxCodEan, QKeySequence::Find);
+  commandKey(*ui_->Cmd_Refresh, Qt::Key_F5);
+  commandKey(*ui_->Cmd_Export, Qt::CTRL | Qt::Key_E);
+  notByEnter(*ui_->Cmd_Esci);
 }
 
 void Form_ArchivioVenduto::preparaSelettori() {
@@ -47,8 +58,9 @@ void Form_ArchivioVenduto::preparaSelettori() {
 }
 
 void Form_ArchivioVenduto::RiempiGridCentral() {
-  mostraQuante(sales::RiempiVenduto(*ui_->MSFlexGridVenduto, sales::StatementTutti(), sales::Elenco::Tutti,
-                                    contesto()));
+  const auto quale = sales::Elenco::Tutti;
+  mostraQuante(sales::RiempiVenduto(*ui_->MSFlexGridVenduto, sales::StatementTutti(), quale, contesto()),
+               quale);
 }
 
 void Form_ArchivioVenduto::RefreshForm() {
@@ -57,20 +69,23 @@ void Form_ArchivioVenduto::RefreshForm() {
   RiempiGridCentral();
 }
 
-void Form_ArchivioVenduto::mostraQuante(const elenco::EsitoElenco& esito) {
-  if (!esito.letto) return;
-  const QString quante = QLocale(QLocale::Italian).toString(esito.righe);
-  ui_->LabelRighe->setText(esito.righe == 0   ? QStringLiteral("Nessuna vendita in elenco")
-                           : esito.righe == 1 ? QStringLiteral("1 riga di venduto")
-                                              : QStringLiteral("%1 righe di venduto").arg(quante));
+void Form_ArchivioVenduto::mostraQuante(const elenco::EsitoElenco& esito, sales::Elenco quale) {
+  // A list that stopped on the way has its box, which the foot repeats.
+  if (!esito.intero) return;
+  if (esito.righe == 0)
+    return ui_->BarraEsito->tell(OutcomeBar::Kind::Plain, ui_->MSFlexGridVenduto->Notice());
+  const bool conSconti = quale == sales::Elenco::Tutti;
+  ui_->BarraEsito->tell(conSconti ? OutcomeBar::Kind::Plain : OutcomeBar::Kind::Warning,
+                        sales::RaccontoVenduto(esito, quale));
 }
 
 void Form_ArchivioVenduto::cerca() {
   const sales::FiltroVenduto filtro{DataScelta(combiData(*this, DataDiSchermo::Inizio)),
                                     DataScelta(combiData(*this, DataDiSchermo::Fine)),
                                     ui_->vkTextBoxCodEan->text(), ui_->vkTextBoxDescrizione->text()};
-  mostraQuante(sales::RiempiVenduto(*ui_->MSFlexGridVenduto, sales::StatementCerca(filtro),
-                                    sales::Elenco::Cerca, contesto()));
+  const auto quale = sales::Elenco::Cerca;
+  mostraQuante(
+      sales::RiempiVenduto(*ui_->MSFlexGridVenduto, sales::StatementCerca(filtro), quale, contesto()), quale);
 }
 
 void Form_ArchivioVenduto::on_Cmd_Cerca_clicked() {
@@ -81,6 +96,8 @@ void Form_ArchivioVenduto::on_Cmd_Reset_clicked() {
   esegui("Cmd_Reset_Click", [this] {
     ui_->vkTextBoxCodEan->clear();
     ui_->vkTextBoxDescrizione->clear();
+    ui_->BarraEsito->tell(OutcomeBar::Kind::Plain,
+                          QStringLiteral("Filtri vuoti; l'elenco è quello di prima"));
   });
 }
 
@@ -91,7 +108,7 @@ void Form_ArchivioVenduto::on_Cmd_Refresh_clicked() {
 void Form_ArchivioVenduto::on_Cmd_Export_clicked() {
   esegui("Cmd_Export_Click", [this] {
     elenco::Esporta(QStringLiteral("Export Venduto"), *ui_->MSFlexGridVenduto,
-                    sales::ColonneVenduto(sales::Elenco::Tutti), {}, contesto());
+                    sales::ColonneVenduto(sales::Elenco::Tutti), {}, contesto(), *ui_->BarraEsito);
   });
 }
 

@@ -34,7 +34,8 @@ class Form_ArchivioVenduto : public Schermo<QDialog> {
   void RiempiGridCentral();
   void RefreshForm();
   void cerca();
-  void mostraQuante(const elenco::EsitoElenco& esito);
+  void preparaTasti();
+  void mostraQuante(const elenco::EsitoElenco& esito, sales::Elenco quale);
 
   std::unique_ptr<Ui::Form_ArchivioVenduto> ui_;
 };

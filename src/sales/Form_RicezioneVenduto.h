@@ -17,6 +17,9 @@ class Form_RicezioneVenduto : public FinestraLink {
   explicit Form_RicezioneVenduto(Contesto& contesto);
   ~Form_RicezioneVenduto() override;
 
+ protected:
+  QString avvertenza() const override;
+
  private Q_SLOTS:
   void on_Cmd_Avvia_clicked();
 
@@ -24,7 +27,8 @@ class Form_RicezioneVenduto : public FinestraLink {
   /// True if the screen is to be unloaded.
   bool lavora();
   sales::Ricezione ricevi();
-  void racconta(const sales::Ricezione& ricezione);
+  sales::Esito azzera();
+  void raccontaRicezione(const sales::Ricezione& ricezione);
 
   std::unique_ptr<Ui::Form_RicezioneVenduto> ui_;
 };

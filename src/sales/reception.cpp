@@ -10,6 +10,7 @@
 #include "core/state.h"
 #include "ecrlink/file_channel.h"
 #include "ecrlink/session.h"
+#include "ecrlink/till_step.h"
 #include "platform/store/store.h"
 #include "platform/text/file_name.h"
 #include "platform/ui/user_port.h"
@@ -49,6 +50,7 @@ void carica(const Venduto& venduto, Contesto& contesto, SteadyProgress& avanzame
     caricaSlot(archivio, venduto, slot, ricezione);
   }
   transazione.Commit();
+  avanzamento.end();
 }
 
 void segnalaCaricamento(Contesto& contesto, const Errore& errore) {
@@ -60,7 +62,7 @@ void segnalaCaricamento(Contesto& contesto, const Errore& errore) {
 /// Another program may exchange again before the box is answered.
 Esito azzera(Contesto& contesto, const QString& riuscita, std::optional<ecrlink::ScambioEsclusivo>& scambio) {
   const int codice = ecrlink::avviaECR({}, ecrlink::Modo::AzzeraVenduto, contesto);
-  if (codice == 0) nota::togli();
+  if (codice == 0) nota::togli(commonForKora().IP_ECR);
   scambio.reset();
   if (codice != 0)
     return fallita(contesto, QStringLiteral("Errore nell'invio richiesta reset dati del venduto"));
@@ -75,9 +77,9 @@ QByteArray byteDi(const Venduto& venduto) {
 /// Sales that cannot be noted are cleared all the same: the till must not keep what is stored.
 void annota(const QByteArray& venduto) {
   try {
-    nota::scrivi(venduto, varGlobal().NomeDB_Articoli);
+    nota::scrivi(venduto, varGlobal().NomeDB_Articoli, commonForKora().IP_ECR);
   } catch (const Errore&) {
-    nota::togli();
+    nota::togli(commonForKora().IP_ECR);
   }
 }
 
@@ -128,6 +130,7 @@ Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento) {
   } catch (const Errore& errore) {
     // Undone by now, a failed commit too. The till is cleared only behind a commit.
     scambio.reset();
+    avanzamento.rest();
     segnalaCaricamento(contesto, errore);
     ricezione.esito = Esito::NonCaricato;
     ricezione.righe = 0;
@@ -153,6 +156,8 @@ QString RaccontoRicezione(const Ricezione& ricezione) {
         ricevuti + QStringLiteral(" invece di %1: quelli in più non sono stati letti.").arg(numero(previsti));
   else
     frasi += ricevuti + QStringLiteral(", %1 righe di venduto.").arg(numero(ricezione.righe));
+  if (ricezione.esito == Esito::Comunicazione)
+    frasi += QStringLiteral("La cassa non ha confermato l'azzeramento.");
   if (ricezione.esito == Esito::NonCaricato)
     frasi += QStringLiteral("Nulla è stato scritto nell'archivio: la cassa conserva il suo venduto.");
   else if (ricezione.righe > 0 && !ricezione.giaRicevute.isEmpty())
@@ -164,20 +169,23 @@ QString RaccontoRicezione(const Ricezione& ricezione) {
   return frasi.join(u' ');
 }
 
+QString RaccontoAzzeramento() {
+  return QStringLiteral("Azzerato il venduto della cassa ") + ecrlink::indirizzoDetto();
+}
+
 QString AvvisoAzzeramentoInSospeso() {
   const QString archivio = nota::archivio();
   if (archivio.isEmpty()) return {};
   return QStringLiteral(
              "L'ultimo venduto ricevuto è nell'archivio %1, ma la cassa non ha confermato l'azzeramento: se "
-             "lo "
-             "consegna di nuovo, le stesse vendite risulteranno due volte.")
+             "lo consegna di nuovo, le stesse vendite risulteranno due volte.")
       .arg(FileName(archivio));
 }
 
 Esito AzzeraVenduto(Contesto& contesto) {
   std::optional<ecrlink::ScambioEsclusivo> scambio;
   try {
-    scambio.emplace();
+    ecrlink::prendiDovePossibile(scambio);
   } catch (const Errore& errore) {
     return fallita(contesto, errore.descrizione);
   }

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 
+#include "ecrlink/models.h"
 #include "platform/store/statement.h"
 
 class SteadyProgress;
@@ -14,11 +15,11 @@ struct Contesto;
 /// The day's sales from the till into TAB_VENDUTO, and their clearing on the till.
 namespace sales {
 
-inline constexpr int kSlot = 5000;
+inline constexpr int kSlot = ecrlink::kNumeroPLU;
 /// Name of the sales file on both sides, and its size: amounts, pieces, discounts of every slot, signed
 /// 32-bit little endian, money in hundredths.
 inline constexpr const char* kFileVenduto = "venduto.bin";
-inline constexpr std::size_t kByteVenduto = 60000;
+inline constexpr std::size_t kByteVenduto = 3 * 4 * std::size_t{kSlot};
 
 /// The sales of one slot.
 struct VendutoSlot {
@@ -52,13 +53,16 @@ struct Ricezione {
 };
 
 /// Takes the sales into the open archive in one transaction, then clears them on the till. The bar moves with
-/// the slots. A damaged archive is not written on. Every message has been shown.
+/// the slots and is at its end with the commit. A damaged archive is not written on. Every message has been
+/// shown.
 ///
 /// Between the commit and the till's word that it has cleared, a note in the current folder tells which sales
 /// were received: a till that was not cleared hands the same ones over again, and they are stored twice.
 Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento);
 /// What the person should know of a reception beyond its boxes; empty where the till handed nothing over.
 QString RaccontoRicezione(const Ricezione& ricezione);
+/// What a clearing alone did.
+QString RaccontoAzzeramento();
 /// Of an earlier reception whose clearing the till did not confirm; empty for none.
 QString AvvisoAzzeramentoInSospeso();
 /// Clears the sales on the till without taking them.

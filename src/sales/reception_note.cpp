@@ -2,8 +2,12 @@
 
 #include <QCryptographicHash>
 #include <QFile>
+#include <QUrl>
+#include <optional>
+#include <vector>
 
 #include "platform/error.h"
+#include "platform/text/temporary_file.h"
 #include "platform/text/whole_file.h"
 
 namespace sales::nota {
@@ -11,40 +15,87 @@ namespace sales::nota {
 namespace {
 
 const QString kFile = QStringLiteral("venduto.bin.ricevuto");
-/// A checksum and a path.
-constexpr qsizetype kMassimo = 64 * 1024;
+/// Hundreds of tills.
+constexpr qsizetype kMassimo = qsizetype{256} * 1024;
 
 QByteArray impronta(const QByteArray& venduto) {
   return QCryptographicHash::hash(venduto, QCryptographicHash::Sha256).toHex();
 }
 
-/// The note's two lines; empty ones where there is no note, or none that can be read.
-QList<QByteArray> righe() {
+/// A line of the note: three fields parted by tabs, address and path with their signs escaped.
+struct Riga {
+  QByteArray impronta;
+  QString cassa;
+  QString archivio;
+};
+
+std::optional<Riga> letta(const QByteArray& scritta) {
+  const QList<QByteArray> campi = scritta.split('\t');
+  if (campi.size() != 3) return std::nullopt;
+  return Riga{campi[0], QUrl::fromPercentEncoding(campi[1]), QUrl::fromPercentEncoding(campi[2])};
+}
+
+/// Where the note cannot be read nothing is known of an earlier reception: as if there had been none.
+std::vector<Riga> righe() {
+  std::vector<Riga> tutte;
   try {
-    const QList<QByteArray> lette = ReadWholeFile(kFile, kMassimo).split('\n');
-    if (lette.size() >= 2) return lette;
+    for (const QByteArray& scritta : ReadWholeFile(kFile, kMassimo).split('\n'))
+      if (std::optional<Riga> riga = letta(scritta)) tutte.push_back(*riga);
   } catch (const Errore&) {
-    // Nothing is known of an earlier reception: as if there had been none.
+    return {};
   }
-  return {{}, {}};
+  return tutte;
+}
+
+std::vector<Riga> senza(const QString& cassa) {
+  std::vector<Riga> altre = righe();
+  std::erase_if(altre, [&](const Riga& riga) { return riga.cassa == cassa; });
+  return altre;
+}
+
+void riscrivi(const std::vector<Riga>& tutte) {
+  TemporaryFile::Sweep(kFile);
+  QByteArray testo;
+  for (const Riga& riga : tutte)
+    testo += riga.impronta + '\t' + QUrl::toPercentEncoding(riga.cassa) + '\t' +
+             QUrl::toPercentEncoding(riga.archivio, "/") + '\n';
+  WriteWholeFile(kFile, testo);
 }
 
 }  // namespace
 
 QString archivioDi(const QByteArray& venduto) {
-  return righe().front() == impronta(venduto) ? archivio() : QString();
+  const QByteArray cercata = impronta(venduto);
+  for (const Riga& riga : righe())
+    if (riga.impronta == cercata) return riga.archivio;
+  return {};
 }
 
-QString archivio() {
-  return QString::fromUtf8(righe().at(1));
+QString archivio(const QString& cassa) {
+  const std::vector<Riga> tutte = righe();
+  for (const Riga& riga : tutte)
+    if (riga.cassa == cassa) return riga.archivio;
+  return tutte.empty() ? QString() : tutte.back().archivio;
 }
 
-void scrivi(const QByteArray& venduto, const QString& archivio) {
-  WriteWholeFile(kFile, impronta(venduto) + '\n' + archivio.toUtf8() + '\n');
+void scrivi(const QByteArray& venduto, const QString& archivio, const QString& cassa) {
+  std::vector<Riga> tutte = senza(cassa);
+  tutte.push_back({impronta(venduto), cassa, archivio});
+  riscrivi(tutte);
 }
 
-void togli() {
-  QFile::remove(kFile);
+void togli(const QString& cassa) {
+  const std::vector<Riga> altre = senza(cassa);
+  if (altre.empty()) {
+    QFile::remove(kFile);
+    return;
+  }
+  if (altre.size() == righe().size()) return;
+  try {
+    riscrivi(altre);
+  } catch (const Errore&) {
+    // The till is cleared whatever becomes of the note: a line too many warns once more than it need.
+  }
 }
 
 }  // namespace sales::nota

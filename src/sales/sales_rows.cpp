@@ -6,6 +6,7 @@
 
 #include "controls/FlexGrid.h"
 #include "core/conversions.h"
+#include "core/figures.h"
 #include "core/state.h"
 
 namespace sales {
@@ -100,18 +101,25 @@ QString scontoCercato(const Cella& cella) {
 
 // The reception stores the article code under Codice_EAN and the EAN under Codice_Articolo, and the archives
 // in the shops are full of such rows: headings and filter stay with the stored names.
+constexpr auto kQuiIlCodice = u"In questa colonna la ricezione registra il codice articolo";
+constexpr auto kQuiLEan = u"In questa colonna la ricezione registra il codice EAN";
+
 template <Elenco quale>
 constexpr std::array kColonne{
-    Colonna{u"Nr.", 800, kDestra, nullptr, elenco::numeroDiRiga, nullptr, 0, false},
-    Colonna{u"DATA", 1400, kSinistra, "Data", data},
-    Colonna{u"COD. EAN", 1650, kSinistra, "Codice_EAN"},
-    Colonna{u"COD. ART.", 1650, kSinistra, "Codice_Articolo"},
-    Colonna{u"DESCRIZIONE ", 3000, kSinistra, "Descrizione"},
-    Colonna{u"PR. MEDIO", 1300, kDestra, "Importo_giornaliero", prezzoMedio},
-    Colonna{u"N. PEZZI", 1200, kDestra, "Tot_giorn_articoli_venduti", pezzi},
-    Colonna{u"IMP. GIORN.", 1400, kDestra, "Importo_giornaliero", importo<quale>},
+    Colonna{u"Nr.", 800, kDestra, nullptr, elenco::numeroDiRiga, nullptr, 0, false}.larga(u"00000"),
+    Colonna{u"DATA", 1400, kSinistra, "Data", data}.larga(u"00/00/0000"),
+    Colonna{u"COD. EAN", 1650, kSinistra, "Codice_EAN"}.larga(u"0000000000000").spiegata(kQuiIlCodice),
+    Colonna{u"COD. ART.", 1650, kSinistra, "Codice_Articolo"}
+        .larga(u"0000000000000")
+        .spiegata(kQuiLEan)
+        .copiata(u"Copia EAN"),
+    Colonna{u"DESCRIZIONE ", 1800, kSinistra, "Descrizione"}.larga(u"LATTE UHT").cedevole(),
+    Colonna{u"PR. MEDIO", 1300, kDestra, "Importo_giornaliero", prezzoMedio}.larga(u"00000,000"),
+    Colonna{u"N. PEZZI", 1200, kDestra, "Tot_giorn_articoli_venduti", pezzi}.larga(u"00000,000"),
+    Colonna{u"IMP. GIORN.", 1400, kDestra, "Importo_giornaliero", importo<quale>}.larga(u"000000,000"),
     Colonna{u"SC. GIORN.", 1300, kDestra, "Sconto_giornaliero",
-            quale == Elenco::Tutti ? importo<quale> : scontoCercato},
+            quale == Elenco::Tutti ? importo<quale> : scontoCercato}
+        .larga(u"00000,000"),
 };
 static_assert(kColonne<Elenco::Tutti>.size() == kSconto + 1);
 
@@ -138,18 +146,33 @@ elenco::EsitoElenco RiempiVenduto(FlexGrid& griglia, const store::Statement& ist
                                   Contesto& contesto) {
   const FlexGrid::Frozen ferma(griglia);
   const bool tutti = quale == Elenco::Tutti;
-  const elenco::EsitoElenco esito =
+  elenco::EsitoElenco esito =
       elenco::Riempi(griglia, varGlobal().DB_Articoli, istruzione,
                      {.colonne = ColonneVenduto(quale),
                       .prefisso = tutti ? QStringLiteral("RiempiGridCentral ") : QString(),
                       .alGuasto = tutti ? elenco::AlGuasto::Ferma : elenco::AlGuasto::Prosegue,
                       .coda = kCoda,
-                      .conserva = true},
+                      .conserva = true,
+                      .senzaRighe = tutti ? QStringLiteral("Nessuna vendita in archivio")
+                                          : QStringLiteral("Nessuna vendita trovata")},
                      contesto);
   if (!esito.intero || esito.righe == 0) return esito;
   SetTailGriglia(griglia, kPrimaRiga + esito.righe, esito.totali);
   griglia.setCell(kPrimaRiga, kNr);
   return esito;
+}
+
+QString RaccontoVenduto(const elenco::EsitoElenco& esito, Elenco quale) {
+  const auto quanto = [&](ColonnaVenduto colonna) {
+    return esito.totali[static_cast<std::size_t>(colonna)].intero;
+  };
+  const QString sconti = quale == Elenco::Tutti
+                             ? QStringLiteral("sconti ") + euro(quanto(kSconto))
+                             : QStringLiteral("sconti non letti: li mostra «Visualizza Tutti»");
+  return QStringLiteral("%1, %2, incasso %3, %4")
+      .arg(quanti(esito.righe, QStringLiteral("riga di venduto"), QStringLiteral("righe di venduto")),
+           quanti(quanto(kPezzi), QStringLiteral("pezzo"), QStringLiteral("pezzi")), euro(quanto(kImporto)),
+           sconti);
 }
 
 void SetTailGriglia(FlexGrid& griglia, int riga, const std::vector<elenco::Totale>& totali) {
@@ -160,6 +183,7 @@ void SetTailGriglia(FlexGrid& griglia, int riga, const std::vector<elenco::Total
   scriviTotale(griglia, totale, kPezzi, MascheraIntero(totali[kPezzi].intero));
   scriviTotale(griglia, totale, kImporto, MascheraCentesimi(totali[kImporto].intero));
   scriviTotale(griglia, totale, kSconto, MascheraCentesimi(totali[kSconto].intero));
+  griglia.fitColumnsTo(totale);
 }
 
 QString Maschera(double valore) {

@@ -32,6 +32,8 @@ void GestGridCentral(FlexGrid& griglia);
 /// The rows of a statement, a blank row, and the totals.
 elenco::EsitoElenco RiempiVenduto(FlexGrid& griglia, const store::Statement& istruzione, Elenco quale,
                                   Contesto& contesto);
+/// Rows, pieces, takings and discounts of a list that has rows, in a line for the foot.
+QString RaccontoVenduto(const elenco::EsitoElenco& esito, Elenco quale);
 /// A blank in column 1 of `riga`, and the line of totals behind it.
 void SetTailGriglia(FlexGrid& griglia, int riga, const std::vector<elenco::Totale>& totali);
 

@@ -4,12 +4,15 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QKeyEvent>
+#include <QPointer>
 
 #include "articles/article_database.h"
 #include "articles/csv_import.h"
 #include "articles/ean_index.h"
+#include "controls/disabled_reason.h"
 #include "controls/style.h"
 #include "core/conversions.h"
+#include "core/manual_viewer.h"
 #include "core/menu.h"
 #include "core/screens.h"
 #include "core/state.h"
@@ -30,14 +33,19 @@ FileRequest finestraArchivio(const QString& titolo, const Contesto& contesto) {
 bool confermaSovrascrittura(const QString& percorso, Utente& utente) {
   return !FileEsiste(percorso) ||
          utente.MsgBox(QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icon::None,
-                       QStringLiteral("ATTENZIONE"), Buttons::YesNo) == Answer::Yes;
+                       QStringLiteral("ATTENZIONE"), Buttons::YesNo, Preset::Last) == Answer::Yes;
 }
+
+const QString kSenzaArchivio =
+    QStringLiteral("Prima si apre un archivio: Nuovo Archivio (Ctrl+N) o Apri Archivio (Ctrl+O)");
+const QString kConArchivio = QStringLiteral("Un archivio è già aperto: prima Chiudi Archivio (Ctrl+W)");
 
 /// A button that does what the menu entry does, and is on when that is.
 void accoppia(QPushButton& pulsante, QAction& voce) {
   pulsante.setText(voce.iconText());
   pulsante.setIcon(voce.icon());
-  pulsante.setToolTip(voce.toolTip());
+  pulsante.setToolTip(
+      QStringLiteral("%1 (%2)").arg(voce.toolTip(), voce.shortcut().toString(QKeySequence::NativeText)));
   const auto segui = [&pulsante, &voce] { pulsante.setEnabled(voce.isEnabled()); };
   segui();
   QObject::connect(&voce, &QAction::enabledChanged, &pulsante, segui);
@@ -50,8 +58,8 @@ void accoppia(QPushButton& pulsante, QAction& voce) {
 /// open whatever failed.
 template <typename Corpo>
 void Form_GestioneMMC::eseguiSuFile(const char* procedura, Corpo&& corpo) {
+  const QPointer<QWidget> prima = focusWidget();
   esegui(procedura, [&] {
-    ui_->BarraEsito->clear();
     try {
       corpo();
     } catch (const Errore& errore) {
@@ -59,6 +67,7 @@ void Form_GestioneMMC::eseguiSuFile(const char* procedura, Corpo&& corpo) {
     }
     aggiorna();
   });
+  ridaiIlFuoco(prima);
 }
 
 Form_GestioneMMC::Form_GestioneMMC(Contesto& contesto)
@@ -80,16 +89,33 @@ void Form_GestioneMMC::vesti() {
   ui_->Cmd_Down->setIcon(style::icon(QStringLiteral("upload")));
   ui_->Cmd_Upl->setIcon(style::icon(QStringLiteral("download")));
   ui_->Cmd_Venduto->setIcon(style::icon(QStringLiteral("chart-column")));
-  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("log-out")));
+  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
+  ui_->mnuManuale->setIcon(style::icon(QStringLiteral("book-open")));
   accoppia(*ui_->PulsanteNuovo, *ui_->mnuNuovo);
   accoppia(*ui_->PulsanteApri, *ui_->mnuApri);
   accoppia(*ui_->PulsanteImporta, *ui_->mnuImporta);
+  accoppia(*ui_->PulsanteChiudi, *ui_->mnuClose);
+  tellWhyDisabled(*ui_->PulsanteApri, kConArchivio);
+  tellWhyDisabled(*ui_->PulsanteImporta, kSenzaArchivio);
+  for (QWidget* tasto : comandi()) tellWhyDisabled(*tasto, kSenzaArchivio);
   ui_->Picture1->setPixmap(style::icon(QStringLiteral("store")).pixmap(kFigura));
 }
 
+std::array<QWidget*, 4> Form_GestioneMMC::comandi() const {
+  return {ui_->Cmd_Articoli, ui_->Cmd_Down, ui_->Cmd_Upl, ui_->Cmd_Venduto};
+}
+
 void Form_GestioneMMC::abilitaComandi(bool abilitati) {
-  for (QWidget* tasto : {ui_->Cmd_Articoli, ui_->Cmd_Down, ui_->Cmd_Upl, ui_->Cmd_Venduto})
-    tasto->setEnabled(abilitati);
+  for (QWidget* tasto : comandi()) tasto->setEnabled(abilitati);
+}
+
+/// What goes off while it has the focus hands it to the next control that is on, at the end to the exit: an
+/// Enter too many would leave.
+void Form_GestioneMMC::ridaiIlFuoco(QWidget* prima) {
+  if (prima && prima->isEnabled() && prima->isVisible() && prima->focusPolicy() != Qt::NoFocus)
+    return prima->setFocus();
+  if (ui_->Cmd_Articoli->isEnabled()) return ui_->Cmd_Articoli->setFocus();
+  ui_->PulsanteApri->setFocus();
 }
 
 void Form_GestioneMMC::mostraAperto(bool aperto) {
@@ -102,10 +128,25 @@ void Form_GestioneMMC::mostraChiuso() {
   ui_->mnuApri->setEnabled(true);
 }
 
+QString Form_GestioneMMC::nomeArchivio() {
+  return FileName(QDir::toNativeSeparators(varGlobal().NomeDB_Articoli));
+}
+
+void Form_GestioneMMC::raccontaAperto() {
+  const workspace::RiepilogoArchivio riepilogo = workspace::Riepiloga();
+  const QString aperto = QStringLiteral("Archivio aperto: ") + nomeArchivio();
+  if (riepilogo.leggibile)
+    ui_->BarraEsito->tell(OutcomeBar::Kind::Done,
+                          aperto + QStringLiteral(", ") + workspace::TestoArticoli(riepilogo));
+  else
+    ui_->BarraEsito->tell(OutcomeBar::Kind::Warning,
+                          aperto + QStringLiteral(". ") + workspace::TestoRiepilogo(riepilogo));
+}
+
 void Form_GestioneMMC::aggiorna() {
   const bool aperto = varGlobal().DB_Articoli.isOpen();
   const QString percorso = QDir::toNativeSeparators(varGlobal().NomeDB_Articoli);
-  ui_->LabelArchivio->setText(aperto ? FileName(percorso) : QStringLiteral("Nessun archivio aperto"));
+  ui_->LabelArchivio->setText(aperto ? nomeArchivio() : QStringLiteral("Nessun archivio aperto"));
   ui_->LabelArchivio->setToolTip(aperto ? percorso : QString());
   ui_->LabelArticoli->setText(
       aperto ? workspace::TestoRiepilogo(workspace::Riepiloga())
@@ -125,7 +166,7 @@ void Form_GestioneMMC::nuovo() {
     throw;
   }
   mostraAperto(true);
-  ui_->BarraEsito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio creato."));
+  ui_->BarraEsito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio creato: ") + nomeArchivio());
 }
 
 void Form_GestioneMMC::apri() {
@@ -137,19 +178,40 @@ void Form_GestioneMMC::apri() {
   articles::ApriDatabase(*scelto, contesto());
   mostraAperto(true);
   ui_->mnuApri->setEnabled(false);
-  ui_->BarraEsito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio aperto."));
+  raccontaAperto();
 }
 
 void Form_GestioneMMC::importa() {
   const articles::EsitoImport esito = articles::ImportaArticoli(contesto());
   const workspace::RaccontoImport racconto = workspace::ConcludiImport(esito, contesto());
-  ui_->BarraEsito->tell(racconto.genere, racconto.testo);
+  OutcomeBar::Action azione{};
+  if (FileEsiste(esito.log))
+    azione = {QStringLiteral("Apri il report"), [this, report = esito.log] { apriReport(report); }};
+  ui_->BarraEsito->tell(racconto.genere, racconto.testo, azione);
+}
+
+void Form_GestioneMMC::apriReport(const QString& report) {
+  const auto apre = [&] {
+    try {
+      contesto().utente.OpenWithDesktop(report);
+    } catch (const Errore&) {
+      ui_->BarraEsito->tell(OutcomeBar::Kind::Failed,
+                            QStringLiteral("Il report non si è aperto: ") + QDir::toNativeSeparators(report));
+    }
+  };
+  esegui("AzioneEsito_Click", apre, Piede::Resta);
 }
 
 void Form_GestioneMMC::chiudi() {
+  const bool aperto = varGlobal().DB_Articoli.isOpen();
+  const QString nome = nomeArchivio();
   // Closed it is, whatever becomes of its last transaction: no command may meet it any more.
   mostraChiuso();
   articles::ChiudiDatabase();
+  if (aperto)
+    ui_->BarraEsito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio chiuso: ") + nome);
+  else
+    ui_->BarraEsito->tell(OutcomeBar::Kind::Plain, QStringLiteral("Nessun archivio era aperto."));
 }
 
 std::int16_t Form_GestioneMMC::CreaIndiceEAN() {
@@ -171,6 +233,11 @@ void Form_GestioneMMC::on_mnuImporta_triggered() {
 
 void Form_GestioneMMC::on_mnuClose_triggered() {
   eseguiSuFile("mnuClose_Click", [this] { chiudi(); });
+}
+
+void Form_GestioneMMC::on_mnuManuale_triggered() {
+  esegui(
+      "mnuManuale_Click", [this] { showManual(*this, contesto()); }, Piede::Resta);
 }
 
 void Form_GestioneMMC::apriSchermata(const char* procedura, const char* nome) {
@@ -213,7 +280,7 @@ void Form_GestioneMMC::keyPressEvent(QKeyEvent* evento) {
   }
   auto* tasto = qobject_cast<QAbstractButton*>(focusWidget());
   if (tasto && (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)) {
-    tasto->click();
+    if (!evento->isAutoRepeat()) tasto->click();
     return;
   }
   QMainWindow::keyPressEvent(evento);

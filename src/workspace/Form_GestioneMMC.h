@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <array>
 #include <cstdint>
 #include <memory>
 
@@ -32,6 +33,7 @@ class Form_GestioneMMC : public Schermo<QMainWindow> {
   void on_mnuApri_triggered();
   void on_mnuImporta_triggered();
   void on_mnuClose_triggered();
+  void on_mnuManuale_triggered();
   void on_Cmd_Articoli_clicked();
   void on_Cmd_Down_clicked();
   void on_Cmd_Upl_clicked();
@@ -46,7 +48,15 @@ class Form_GestioneMMC : public Schermo<QMainWindow> {
   void nuovo();
   void apri();
   void importa();
+  void apriReport(const QString& report);
   void chiudi();
+  /// File name of the archive that was opened last.
+  static QString nomeArchivio();
+  void raccontaAperto();
+  /// The four that an archive serves.
+  std::array<QWidget*, 4> comandi() const;
+  /// To the control that had it before a command, or to the next step where that one is off now.
+  void ridaiIlFuoco(QWidget* prima);
   void abilitaComandi(bool abilitati);
   /// The state that the screen has with an archive open or with none, `mnuApri` aside.
   void mostraAperto(bool aperto);

@@ -25,11 +25,15 @@ RiepilogoArchivio Riepiloga() {
   return riepilogo;
 }
 
+QString TestoArticoli(const RiepilogoArchivio& riepilogo) {
+  if (riepilogo.articoli == 1) return QStringLiteral("1 articolo");
+  return QStringLiteral("%1 articoli").arg(QLocale(QLocale::Italian).toString(riepilogo.articoli));
+}
+
 QString TestoRiepilogo(const RiepilogoArchivio& riepilogo) {
   if (!riepilogo.leggibile) return QStringLiteral("Il contenuto dell'archivio non è leggibile.");
-  const QLocale italiano(QLocale::Italian);
-  return QStringLiteral("%1 articoli in %2 posizioni")
-      .arg(italiano.toString(riepilogo.articoli), italiano.toString(riepilogo.posizioni));
+  return QStringLiteral("%1 in %2 posizioni")
+      .arg(TestoArticoli(riepilogo), QLocale(QLocale::Italian).toString(riepilogo.posizioni));
 }
 
 }  // namespace workspace

@@ -15,6 +15,8 @@ struct RiepilogoArchivio {
 
 /// Counts the slots of the open archive. Shows nothing and throws nothing.
 RiepilogoArchivio Riepiloga();
+/// "5.000 articoli", thousands parted.
+QString TestoArticoli(const RiepilogoArchivio& riepilogo);
 /// The count as a line for the screen, thousands parted.
 QString TestoRiepilogo(const RiepilogoArchivio& riepilogo);
 

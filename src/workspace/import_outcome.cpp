@@ -16,29 +16,35 @@ QString numero(int valore) {
   return QLocale(QLocale::Italian).toString(valore);
 }
 
+QString righe(int quante) {
+  return quante == 1 ? QStringLiteral("1 riga") : numero(quante) + QStringLiteral(" righe");
+}
+
 /// Why the import stopped where it did.
 QString motivo(const EsitoImport& esito) {
   if (esito.tipo == EsitoImport::Tipo::Fallito)
     return QStringLiteral("Importazione fermata alla riga %1.").arg(numero(esito.righe + 1));
-  return QStringLiteral("Importazione interrotta dopo %1 righe: %2.")
-      .arg(numero(esito.righe), esito.dettaglio);
+  return QStringLiteral("Importazione interrotta dopo %1: %2").arg(righe(esito.righe), esito.dettaglio) +
+         (esito.dettaglio.endsWith(u'.') ? QString() : QStringLiteral("."));
+}
+
+QString rimaste(const EsitoImport& esito) {
+  if (esito.scritte == 0) return QStringLiteral(" L'archivio è rimasto com'era.");
+  if (esito.scritte == 1) return QStringLiteral(" Resta scritta nell'archivio la riga precedente.");
+  return QStringLiteral(" Restano scritte nell'archivio le %1 righe precedenti.").arg(numero(esito.scritte));
 }
 
 /// An import that stopped on the way keeps the rows before.
 RaccontoImport fermata(const EsitoImport& esito, Contesto& contesto) {
+  QString nonConfermate = esito.nonConfermate;
   try {
     contesto.area.CommitDownTo(0);
   } catch (const Errore& errore) {
-    return {
-        Kind::Failed,
-        motivo(esito) + QStringLiteral(" Nulla è stato scritto nell'archivio: %1.").arg(errore.descrizione)};
+    nonConfermate = errore.descrizione;
   }
-  if (esito.righe == 0)
-    return {Kind::Warning, motivo(esito) + QStringLiteral(" L'archivio è rimasto com'era.")};
-  return {
-      Kind::Warning,
-      motivo(esito) +
-          QStringLiteral(" Restano scritte nell'archivio le %1 righe precedenti.").arg(numero(esito.righe))};
+  if (nonConfermate.isEmpty()) return {Kind::Warning, motivo(esito) + rimaste(esito)};
+  return {Kind::Failed,
+          motivo(esito) + QStringLiteral(" Nulla è stato scritto nell'archivio: %1").arg(nonConfermate)};
 }
 
 }  // namespace

@@ -94,6 +94,15 @@ TEST_F(HelpCodiceEAN, EscEIlPulsanteChiudono) {
   EXPECT_EQ(bottega_.screens.trova(kSchermo), nullptr);
 }
 
+TEST_F(HelpCodiceEAN, InvioNonEsceSeIlFuocoNonESulPulsante) {
+  const GuidedScreen schermo(bottega_, kSchermo);
+  schermo.key(Qt::Key_Return);
+  EXPECT_TRUE(schermo.alive());
+  schermo.control("Cmd_Esci").setFocus();
+  schermo.key(Qt::Key_Return);
+  EXPECT_FALSE(schermo.alive());
+}
+
 TEST_F(HelpCodiceEAN, DaModaleTieneGliAltriSchermiFinoAllaChiusura) {
   bool visto = false;
   QTimer::singleShot(0, [&] {

@@ -13,6 +13,8 @@
 
 #include "articles/article_database.h"
 #include "articles/back_room.h"
+#include "controls/outcome_bar.h"
+#include "ecrlink/painted_steps.h"
 #include "sostegno/guided_screen.h"
 #include "sostegno/troubles.h"
 
@@ -263,6 +265,109 @@ TEST_F(TrasferimentoArticoli, ModaleFinisceConEsci) {
       Qt::QueuedConnection);
   bottega.screens.mostraModale(kSchermo, bottega.contesto);
   EXPECT_EQ(bottega.screens.trova(kSchermo), nullptr);
+}
+
+// What the person sees around the work.
+
+TEST_F(TrasferimentoArticoli, AlPiedeSiDiconoArticoliEByte) {
+  std::vector<TestArticle> tutti;
+  for (int i = 0; i < 5000; ++i) tutti.push_back({QString::number(80000000 + i), {}, 100, 1});
+  bottega.openArchive();
+  writeArticles(bottega, tutti);
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.connectTo(cassa);
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kTrasferito});
+  const auto& piede = schermo.control<OutcomeBar>("BarraEsito");
+  EXPECT_EQ(piede.text(), QStringLiteral("Trasferiti 5.000 articoli, 240.000 byte"));
+  EXPECT_EQ(piede.kind(), OutcomeBar::Kind::Done);
+}
+
+TEST_F(TrasferimentoArticoli, GliSlotVuotiNonContanoComeArticoli) {
+  bottega.openArchive();
+  writeArticles(bottega, {{QStringLiteral("8001"), {}, 100, 1}, {{}, QStringLiteral("PANE"), 200, 1}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.connectTo(cassa);
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kTrasferito});
+  EXPECT_EQ(schermo.control<OutcomeBar>("BarraEsito").text(),
+            QStringLiteral("Trasferiti 2 articoli, 240.000 byte"));
+}
+
+TEST_F(TrasferimentoArticoli, UnRiempimentoFallitoNonSiDiceTrasferitoAlPiede) {
+  const GuidedScreen schermo = pronto();
+  bottega.execute(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Descrizione) Values (5001,'TROPPO');"));
+  schermo.click(kAvvia);
+  EXPECT_EQ(bottega.takeBoxes().size(), 2U);
+  const auto& piede = schermo.control<OutcomeBar>("BarraEsito");
+  EXPECT_TRUE(
+      piede.text().startsWith(QStringLiteral("RiempiPLU: uscita dal programma per condizione anomala 9 - ")))
+      << piede.text().toStdString();
+  EXPECT_EQ(piede.kind(), OutcomeBar::Kind::Failed);
+}
+
+TEST_F(TrasferimentoArticoli, OgniPassoSiLeggePrimaDellaSuaChiamata) {
+  const GuidedScreen schermo = pronto();
+  const qsizetype prima = callsOf(cassa).size();
+  PaintedSteps dipinti(schermo.window());
+  QStringList fatte;
+  dipinti.onStep = [&] { fatte << callsOf(cassa).mid(prima).join(u' '); };
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kTrasferito});
+  EXPECT_EQ(dipinti.steps(), (QStringList{QStringLiteral("Apertura del trasferimento … (fino a 5 s)"),
+                                          QStringLiteral("Invio di plu.bin … (fino a 5 s)"),
+                                          QStringLiteral("Chiusura del trasferimento … (fino a 5 s)")}));
+  EXPECT_EQ(fatte, (QStringList{QString(), QStringLiteral("1:"), QStringLiteral("1: 6:plu.bin")}));
+}
+
+TEST_F(TrasferimentoArticoli, LaBarraEVuotaDaFermaEAllaFinePrimaDelRiquadro) {
+  const GuidedScreen schermo = pronto();
+  const auto& barra = schermo.control<QProgressBar>(kBarra);
+  EXPECT_EQ(barra.text(), QString());
+  EXPECT_EQ(barra.value(), 0);
+  QString alRiquadro;
+  bottega.user.onBox = [&](const Box&) { alRiquadro = barra.text(); };
+  schermo.click(kAvvia);
+  bottega.user.onBox = nullptr;
+  EXPECT_EQ(alRiquadro, QStringLiteral("100%"));
+  expectBoxes(bottega, {kTrasferito});
+}
+
+TEST_F(TrasferimentoArticoli, F9InviaELoDiceIlSuggerimento) {
+  const GuidedScreen schermo = pronto();
+  EXPECT_EQ(schermo.control(kAvvia).toolTip(), QStringLiteral("Avvia il trasferimento verso la cassa (F9)"));
+  schermo.key(Qt::Key_F9);
+  expectBoxes(bottega, {kTrasferito});
+  EXPECT_EQ(invii(), 1);
+}
+
+TEST_F(TrasferimentoArticoli, DopoLInvioUnInvioDiTroppoNonEsceENonRipete) {
+  const GuidedScreen schermo = pronto();
+  schermo.click(kAvvia);
+  for (int i = 0; i < 3; ++i) schermo.key(Qt::Key_Return);
+  expectBoxes(bottega, {kTrasferito});
+  EXPECT_TRUE(schermo.alive());
+  EXPECT_EQ(invii(), 1);
+}
+
+TEST_F(TrasferimentoArticoli, DaQualeArchivioSiInviaSiLegge) {
+  const GuidedScreen schermo = pronto();
+  EXPECT_EQ(schermo.text(QStringLiteral("LabelArchivio")), QStringLiteral("Archivio: archivio.mdb"));
+}
+
+TEST_F(TrasferimentoArticoli, ADodiciPuntiStaIn1024SenzaTagliareDidascalie) {
+  const GuidedScreen schermo = pronto();
+  QFont grande = schermo.window().font();
+  grande.setPointSize(12);
+  schermo.window().setFont(grande);
+  QCoreApplication::processEvents();
+  EXPECT_LE(schermo.window().minimumSizeHint().width(), 1024);
+  schermo.window().resize(schermo.window().minimumSizeHint());
+  QCoreApplication::processEvents();
+  for (const QLabel* didascalia : schermo.window().findChildren<QLabel*>()) {
+    if (!didascalia->isVisible() || didascalia->wordWrap() || didascalia->text().isEmpty()) continue;
+    EXPECT_GE(didascalia->width(), didascalia->sizeHint().width()) << didascalia->text().toStdString();
+  }
 }
 
 // The till in each state.

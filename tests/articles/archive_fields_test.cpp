@@ -122,6 +122,13 @@ TEST(CampiArchivio, LaDescrizioneMaiuscolaRestaLungaComEraENellaTabellaDellaCass
             QStringLiteral("TÈ STRAßE 5µM Ÿ Œ Ž? Α"));
 }
 
+TEST(CampiRifiutati, DiconoQualiNellOrdineDeiControlli) {
+  std::vector<int> campi;
+  for (const CampoRifiutato& uno : CampiRifiutati({})) campi.push_back(uno.campo);
+  EXPECT_EQ(campi, (std::vector<int>{3, 4, 5, 6}));
+  EXPECT_TRUE(CampiRifiutati(validi()).empty());
+}
+
 TEST(CheckCampiArticolo, CampiValidiNonMostranoNulla) {
   EXPECT_EQ(messaggi(validi(), kFalso), QStringList());
 }

@@ -109,7 +109,7 @@ class Articoli : public testing::Test {
     return {QStringLiteral(
                 "Attenzione questa operazione comporterà l'eliminazione dell'articolo con codice EAN [") +
                 quale + QStringLiteral("]. Continuare ?"),
-            Icon::None, QStringLiteral("Cancellazione articolo"), Buttons::OkCancel};
+            Icon::None, QStringLiteral("Cancellazione articolo"), Buttons::OkCancel, Preset::Last};
   }
   void attendiCritici(const QStringList& testi) {
     EXPECT_THAT(bottega.user.takeBoxes(), ElementsAreArray(boxes(testi, Icon::Critical)));

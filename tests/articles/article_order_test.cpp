@@ -310,13 +310,13 @@ TEST_F(OrdineImport, LaConfermaEIlRiquadroVengonoPrimaDellaChiusuraDelReport) {
                                                    QStringLiteral("fine [0, report chiuso]")}));
 }
 
-TEST_F(OrdineImport, UnaRigaSenzaFormaChiudeReportEAttesaPrimaDelRiquadroELasciaLaTransazione) {
+TEST_F(OrdineImport, UnaRigaSenzaFormaChiudeReportEAttesaEConfermaPrimaDelRiquadro) {
   EXPECT_EQ(raccontoDi(listaSana(1) + "rotta\r\n"),
             (QStringList{QStringLiteral("passaggio [1, clessidra, attesa]"),
                          QStringLiteral("passaggio [1, clessidra, attesa]"),
-                         QStringLiteral("OPERAZIONE DI IMPORTAZIONE ARTIC [1, report chiuso]"),
+                         QStringLiteral("OPERAZIONE DI IMPORTAZIONE ARTIC [0, report chiuso]"),
                          QStringLiteral("fine [0, report chiuso]")}));
-  EXPECT_EQ(livelloAllaFine, 1);
+  EXPECT_EQ(livelloAllaFine, 0);
 }
 
 TEST_F(OrdineImport, UnIstruzioneFallitaSiDiceConLAttesaApertaPrimaDiAnnullare) {

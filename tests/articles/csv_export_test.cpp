@@ -60,9 +60,9 @@ QByteArray attesoDalFile(const QString& archivio) {
     QByteArray prezzo = testo(3).rightJustified(3, '0');
     prezzo.insert(prezzo.size() - 2, virgola);
     previsto += QByteArray::number(riga) + ';' + codici(testo(0)) + ';' + codici(testo(1)) + ';' +
-              codici(testo(2)) + ';' + prezzo + ';' + testo(4) + ';' +
-              (sqlite3_column_int(righe, 5) != 0 ? "S;" : "N;") +
-              (sqlite3_column_int(righe, 6) != 0 ? "S; \r\n" : "N; \r\n");
+                codici(testo(2)) + ';' + prezzo + ';' + testo(4) + ';' +
+                (sqlite3_column_int(righe, 5) != 0 ? "S;" : "N;") +
+                (sqlite3_column_int(righe, 6) != 0 ? "S; \r\n" : "N; \r\n");
   }
   sqlite3_finalize(righe);
   sqlite3_close(base);

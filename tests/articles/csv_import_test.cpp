@@ -153,15 +153,16 @@ TEST_F(ImportArticoli, SetteSeparatoriFermanoLImportAQuellaRiga) {
   EXPECT_THAT(annotazioni(), IsEmpty());
 }
 
-TEST_F(ImportArticoli, DopoUnaRigaSenzaFormaLaTransazioneRestaApertaELaFineDelComandoLaConferma) {
+TEST_F(ImportArticoli, DopoUnaRigaSenzaFormaLeRighePrecedentiSonoConfermateAlRiquadro) {
   const Fotografia prima = fotografia();
   bottega.user.onBox = [&](const Box&) {
-    EXPECT_EQ(bottega.workspace.level(), 1);
-    EXPECT_EQ(fotografiaDaFuori(), prima);
+    EXPECT_EQ(bottega.workspace.level(), 0);
+    EXPECT_NE(fotografiaDaFuori(), prima);
+    EXPECT_EQ(fotografiaDaFuori(), fotografia());
   };
   importa(listaSana(2) + "rotta\r\n");
   EXPECT_THAT(bottega.user.boxes(), ElementsAre(fallita()));
-  EXPECT_EQ(livelloAllaFine, 1);
+  EXPECT_EQ(livelloAllaFine, 0);
   EXPECT_EQ(bottega.workspace.level(), 0);
   EXPECT_EQ(colonna(QStringLiteral("Descrizione"), 2), QStringLiteral("ARTICOLO 2"));
   EXPECT_EQ(fotografiaDaFuori(), fotografia());

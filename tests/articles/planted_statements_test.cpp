@@ -231,7 +231,7 @@ struct InnestoNegliArticoli : Innesto {
     return {QStringLiteral("Attenzione questa operazione comporterà l'eliminazione dell'articolo con codice "
                            "EAN [%1]. Continuare ?")
                 .arg(ean),
-            Icon::None, QStringLiteral("Cancellazione articolo"), Buttons::OkCancel};
+            Icon::None, QStringLiteral("Cancellazione articolo"), Buttons::OkCancel, Preset::Last};
   }
 };
 

@@ -182,9 +182,9 @@ TEST_P(RiempiPLUNullo, SiDiceIlCampoRestaEGliAltriSiRiempiono) {
   QByteArray prevista(48, '\xA5');
   prevista.replace(0, 4, QByteArray("DES\0", 4));
   prevista.replace(25, 10,
-                 QByteArray("\x03\x03\x39\x30\x00\x00"
-                            "EAN\0",
-                            10));
+                   QByteArray("\x03\x03\x39\x30\x00\x00"
+                              "EAN\0",
+                              10));
   prevista.replace(GetParam().inizio, GetParam().lunghezza, GetParam().restano);
   EXPECT_EQ(articles::RiempiPLU(bottega.user), 1);
   EXPECT_EQ(record(1), prevista);

@@ -5,11 +5,18 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QHoverEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -202,27 +209,89 @@ TEST_F(Griglia, LeLarghezzeVannoDaTwipAPixel) {
   EXPECT_EQ(griglia_.columnWidth(1), 100) << "a new column leaves the others";
 }
 
-TEST_F(Griglia, ALarghezzaPienaLeColonneCresconoInsiemeENonSiStringono) {
+TEST_F(Griglia, LoSpazioCheAvanzaVaAUnaColonnaSolaENessunaSiStringe) {
   mostra();
-  griglia_.setFullWidth(true);
+  griglia_.setSpareColumn(2);
   for (int colonna = 0; colonna < 5; ++colonna) griglia_.setColWidth(colonna, colonna == 0 ? 500 : 1500);
   griglia_.resize(1000, 260);
   QApplication::processEvents();
-  EXPECT_NEAR(griglia_.horizontalHeader()->length(), griglia_.viewport()->width(), 5);
+  EXPECT_EQ(griglia_.horizontalHeader()->length(), griglia_.viewport()->width());
   EXPECT_EQ(griglia_.horizontalScrollBar()->maximum(), 0);
-  EXPECT_NEAR(griglia_.columnWidth(1), 3 * griglia_.columnWidth(0), 2);
-  EXPECT_EQ(griglia_.ColWidth(1), 1500);
-  const int prima = griglia_.columnWidth(2);
-  griglia_.horizontalHeader()->resizeSection(1, 2 * griglia_.columnWidth(1));
-  EXPECT_NEAR(griglia_.ColWidth(1), 3000, 15);
-  EXPECT_EQ(griglia_.columnWidth(2), prima);
-  griglia_.setColWidth(1, 1500);
+  EXPECT_EQ(griglia_.columnWidth(0), 33);
+  EXPECT_EQ(griglia_.columnWidth(1), 100);
+  EXPECT_EQ(griglia_.columnWidth(4), 100);
+  EXPECT_GT(griglia_.columnWidth(2), 500);
+  EXPECT_EQ(griglia_.ColWidth(2), 1500) << "what it was given";
   griglia_.resize(200, 260);
   QApplication::processEvents();
-  EXPECT_EQ(griglia_.columnWidth(1), 100);
+  EXPECT_EQ(griglia_.columnWidth(2), 100);
   griglia_.resize(1000, 260);
-  griglia_.setFullWidth(false);
-  EXPECT_EQ(griglia_.columnWidth(1), 100);
+  griglia_.setSpareColumn(-1);
+  EXPECT_EQ(griglia_.columnWidth(2), 100);
+}
+
+TEST_F(Griglia, LaLarghezzaDataAManoRestaELaColonnaCedevoleFaPosto) {
+  mostra();
+  griglia_.resize(1000, 260);
+  griglia_.setSpareColumn(2);
+  for (int colonna = 0; colonna < 5; ++colonna) griglia_.setColWidth(colonna, 1500);
+  QApplication::processEvents();
+  const int prima = griglia_.columnWidth(2);
+  EXPECT_FALSE(griglia_.isSizedByHand(1));
+  griglia_.horizontalHeader()->resizeSection(1, 140);
+  EXPECT_TRUE(griglia_.isSizedByHand(1));
+  EXPECT_FALSE(griglia_.isSizedByHand(2));
+  EXPECT_EQ(griglia_.ColWidth(1), 2100);
+  EXPECT_EQ(griglia_.columnWidth(2), prima - 40);
+  griglia_.resize(900, 260);
+  QApplication::processEvents();
+  EXPECT_EQ(griglia_.columnWidth(1), 140);
+  EXPECT_EQ(griglia_.columnWidth(2), prima - 140);
+  griglia_.horizontalHeader()->resizeSection(2, 90);
+  griglia_.resize(1000, 260);
+  QApplication::processEvents();
+  EXPECT_EQ(griglia_.columnWidth(2), 90) << "its own, too";
+  griglia_.setColWidth(2, 1500);
+  EXPECT_FALSE(griglia_.isSizedByHand(2));
+}
+
+TEST_F(Griglia, NessunaColonnaEPiuStrettaDelSuoCampioneInQualunqueCarattere) {
+  mostra();
+  griglia_.setColWidth(1, 300);
+  griglia_.setColWidth(2, 300);
+  griglia_.setTextMatrix(0, 2, QStringLiteral("IMP. GIORNALIERO"));
+  griglia_.setColSample(1, QStringLiteral("00/00/0000"));
+  griglia_.setColSample(2, QStringLiteral("0"));
+  for (const int punti : {9, 12, 20}) {
+    QFont carattere = griglia_.font();
+    carattere.setPointSize(punti);
+    griglia_.setFont(carattere);
+    griglia_.setTextMatrix(1, 1, QStringLiteral("20/11/2026"));
+    EXPECT_GE(griglia_.columnWidth(1), griglia_.sizeHintForIndex(griglia_.model()->index(0, 1)).width());
+    EXPECT_GE(griglia_.columnWidth(2),
+              griglia_.horizontalHeader()->fontMetrics().horizontalAdvance(QStringLiteral("GIORNALIERO")));
+    EXPECT_GE(griglia_.horizontalHeader()->height(), 2 * griglia_.horizontalHeader()->fontMetrics().height())
+        << "the heading goes over two lines";
+    EXPECT_EQ(griglia_.ColWidth(1), 300);
+  }
+  griglia_.horizontalHeader()->resizeSection(1, 30);
+  EXPECT_EQ(griglia_.columnWidth(1), 30) << "the person's hand";
+}
+
+TEST_F(Griglia, UnTotalePiuLungoDelCampioneAllargaLaSuaColonna) {
+  griglia_.setColWidth(1, 300);
+  griglia_.setColSample(1, QStringLiteral("0,000"));
+  griglia_.setColWidth(2, 300);
+  const int prima = griglia_.columnWidth(1);
+  griglia_.setTextMatrix(30, 1, QStringLiteral("24999996,750"));
+  griglia_.setTextMatrix(30, 2, QStringLiteral("24999996,750"));
+  griglia_.fitColumnsTo(30);
+  EXPECT_GT(griglia_.columnWidth(1), prima);
+  EXPECT_GE(griglia_.columnWidth(1), griglia_.sizeHintForIndex(griglia_.model()->index(29, 1)).width());
+  EXPECT_EQ(griglia_.columnWidth(2), 20) << "its width alone counts";
+  const int larga = griglia_.columnWidth(1);
+  griglia_.fitColumnsTo(2);
+  EXPECT_EQ(griglia_.columnWidth(1), larga) << "a shorter one changes nothing";
 }
 
 TEST_F(Griglia, LAltezzaDellaTestataNonScendeSottoIlSuoTesto) {
@@ -282,6 +351,164 @@ TEST_F(Griglia, SelezionaLaRigaInteraELaFaCorrente) {
   griglia_.markRow(0);
   griglia_.markRow(31);
   EXPECT_EQ(griglia_.Row(), 9);
+}
+
+TEST_F(Griglia, ARigheIntereUnClicEUnaFrecciaPrendonoLaRiga) {
+  mostra();
+  griglia_.setWholeRows(true);
+  clicca(3, 1);
+  EXPECT_EQ(griglia_.Clip(), QStringLiteral("r3c0\tr3c1\tr3c2\tr3c3\tr3c4"));
+  tasto(Qt::Key_Down);
+  EXPECT_EQ(griglia_.Clip(), QStringLiteral("r4c0\tr4c1\tr4c2\tr4c3\tr4c4"));
+  EXPECT_EQ(griglia_.Col(), 1);
+  tasto(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("r4c0\tr4c1\tr4c2\tr4c3\tr4c4"));
+}
+
+TEST_F(Griglia, LaRigaNeiCampiRestaSegnataMentreSiVaAltrove) {
+  mostra();
+  griglia_.setWholeRows(true);
+  griglia_.setRowInFields(3);
+  griglia_.setCell(5, 0);
+  tasto(Qt::Key_Down);
+  EXPECT_EQ(griglia_.RowInFields(), 3);
+  EXPECT_EQ(dato(3, 2, Qt::AccessibleDescriptionRole).toString(), QStringLiteral("Riga nei campi"));
+  EXPECT_FALSE(dato(4, 2, Qt::AccessibleDescriptionRole).isValid());
+  // The line above its cells.
+  const QRect cella = griglia_.visualRect(griglia_.model()->index(2, 1));
+  const QImage dipinta = griglia_.viewport()->grab().toImage();
+  const QColor riga = griglia_.palette().color(QPalette::Highlight);
+  EXPECT_EQ(dipinta.pixelColor(cella.center().x(), cella.top()), riga);
+  EXPECT_EQ(dipinta.pixelColor(cella.center().x(), cella.bottom()), riga);
+  EXPECT_NE(dipinta.pixelColor(cella.center().x(), cella.bottom() + 4), riga);
+}
+
+TEST_F(Griglia, LaCellaCorrenteHaUnaCorniceFinCheLaGrigliaHaIlFuoco) {
+  mostra();
+  griglia_.setWholeRows(true);
+  griglia_.setCell(3, 1);
+  const QRect cella = griglia_.visualRect(griglia_.model()->index(2, 1));
+  const QPoint bordo(cella.center().x(), cella.top() + 1);
+  const QColor cornice = griglia_.palette().color(QPalette::HighlightedText);
+  EXPECT_EQ(griglia_.viewport()->grab().toImage().pixelColor(bordo), cornice);
+  griglia_.clearFocus();
+  EXPECT_EQ(griglia_.viewport()->grab().toImage().pixelColor(bordo),
+            griglia_.palette().color(QPalette::Highlight));
+}
+
+TEST_F(Griglia, UnaRigaNeiCampiCheSparisceNonNeLasciaNessuna) {
+  griglia_.setRowInFields(20);
+  griglia_.setRows(20);
+  EXPECT_EQ(griglia_.RowInFields(), 0);
+  griglia_.setRowInFields(20);
+  EXPECT_EQ(griglia_.RowInFields(), 0) << "there is none such";
+  griglia_.setRowInFields(19);
+  griglia_.setRowInFields(-1);
+  EXPECT_EQ(griglia_.RowInFields(), 0);
+}
+
+TEST_F(Griglia, UnAvvisoStaInMezzoENonPrendeIClic) {
+  mostra();
+  EXPECT_EQ(griglia_.Notice(), QString());
+  griglia_.setNotice(QStringLiteral("Nessun articolo trovato"));
+  const auto* avviso = griglia_.findChild<QLabel*>(QStringLiteral("AvvisoElenco"));
+  ASSERT_NE(avviso, nullptr);
+  EXPECT_TRUE(avviso->isVisible());
+  EXPECT_EQ(avviso->geometry(), griglia_.viewport()->rect());
+  EXPECT_TRUE(avviso->alignment().testFlag(Qt::AlignCenter));
+  griglia_.resize(500, 300);
+  QApplication::processEvents();
+  EXPECT_EQ(avviso->geometry(), griglia_.viewport()->rect());
+  clicca(2, 1);
+  EXPECT_EQ(griglia_.Row(), 2);
+  griglia_.setNotice({});
+  EXPECT_FALSE(avviso->isVisible());
+  EXPECT_EQ(griglia_.Notice(), QString());
+}
+
+TEST_F(Griglia, IlTastoDestroOffreDiCopiareENonSpostaNulla) {
+  mostra();
+  griglia_.setCopyEntries({{QStringLiteral("Copia EAN"), 1}});
+  griglia_.setWholeRows(true);
+  griglia_.setCell(5, 2);
+  const QSignalSpy scelte(&griglia_, &FlexGrid::cellClicked);
+  const QPoint dove = griglia_.visualRect(griglia_.model()->index(2, 3)).center();
+  QTest::mouseClick(griglia_.viewport(), Qt::RightButton, {}, dove);
+  QContextMenuEvent chiede(QContextMenuEvent::Mouse, dove, griglia_.viewport()->mapToGlobal(dove));
+  QApplication::sendEvent(griglia_.viewport(), &chiede);
+  EXPECT_EQ(std::pair(griglia_.Row(), griglia_.Col()), std::pair(5, 2));
+  EXPECT_EQ(griglia_.Clip(), QStringLiteral("r5c0\tr5c1\tr5c2\tr5c3\tr5c4"));
+  EXPECT_EQ(scelte.size(), 0);
+  auto* menu = griglia_.findChild<QMenu*>(QStringLiteral("MenuElenco"));
+  ASSERT_NE(menu, nullptr);
+  EXPECT_TRUE(menu->isVisible());
+  ASSERT_EQ(menu->actions().size(), 2);
+  EXPECT_EQ(menu->actions()[0]->text(), QStringLiteral("Copia riga"));
+  EXPECT_EQ(menu->actions()[1]->text(), QStringLiteral("Copia EAN"));
+  menu->actions()[1]->trigger();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("r3c1"));
+  menu->actions()[0]->trigger();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("r3c0\tr3c1\tr3c2\tr3c3\tr3c4"));
+  menu->close();
+}
+
+TEST_F(Griglia, IlMenuDaTastieraEDellaRigaCorrenteECioCheEVuotoNonSiCopia) {
+  mostra();
+  griglia_.setCopyEntries({{QStringLiteral("Copia EAN"), 1}});
+  const auto chiede = [&] {
+    QContextMenuEvent tasto(QContextMenuEvent::Keyboard, {}, griglia_.mapToGlobal(QPoint()));
+    QApplication::sendEvent(&griglia_, &tasto);
+    QPointer<QMenu> menu = griglia_.findChild<QMenu*>(QStringLiteral("MenuElenco"));
+    return menu;
+  };
+  griglia_.selectionModel()->clear();
+  EXPECT_TRUE(chiede().isNull()) << "no row is the current one";
+  griglia_.setCell(4, 0);
+  griglia_.setTextMatrix(4, 1, {});
+  const auto menu = chiede();
+  ASSERT_FALSE(menu.isNull());
+  EXPECT_TRUE(menu->actions()[0]->isEnabled());
+  EXPECT_FALSE(menu->actions()[1]->isEnabled());
+  menu->actions()[0]->trigger();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("r4c0\t\tr4c2\tr4c3\tr4c4"));
+  menu->close();
+}
+
+TEST_F(Griglia, IlTastoDestroSulleColonneFisseEDellaStessaRiga) {
+  griglia_.setFixedCols(1);
+  mostra();
+  const QPoint dove = fisse().visualRect(fisse().model()->index(3, 0)).center();
+  QContextMenuEvent chiede(QContextMenuEvent::Mouse, dove, fisse().viewport()->mapToGlobal(dove));
+  QApplication::sendEvent(fisse().viewport(), &chiede);
+  auto* menu = griglia_.findChild<QMenu*>(QStringLiteral("MenuElenco"));
+  ASSERT_NE(menu, nullptr);
+  menu->actions()[0]->trigger();
+  EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("r4c0\tr4c1")));
+  menu->close();
+}
+
+TEST_F(Griglia, UnTestoTagliatoSiLeggeNelSuggerimentoComeSta) {
+  mostra();
+  griglia_.setColWidth(1, 900);
+  griglia_.setTextMatrix(2, 1, QStringLiteral("<b>LATTE</b> UHT INTERO DI MONTAGNA"));
+  const auto chiede = [&](int riga, int colonna) {
+    const QPoint dove = griglia_.visualRect(griglia_.model()->index(riga - 1, colonna)).center();
+    QHelpEvent aiuto(QEvent::ToolTip, dove, griglia_.viewport()->mapToGlobal(dove));
+    QApplication::sendEvent(griglia_.viewport(), &aiuto);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
+  };
+  EXPECT_EQ(chiede(2, 1), QStringLiteral("<p style='white-space:pre'>&lt;b&gt;LATTE&lt;/b&gt; UHT INTERO DI "
+                                         "MONTAGNA</p>"));
+  QToolTip::hideText();
+  EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+  EXPECT_EQ(chiede(1, 1), QString()) << "it is seen whole";
+}
+
+TEST_F(Griglia, LeTestateHannoILoroSuggerimenti) {
+  griglia_.setHeadingToolTip(1, QStringLiteral("Qui sta il codice"));
+  EXPECT_EQ(dato(0, 1, Qt::ToolTipRole).toString(), QStringLiteral("Qui sta il codice"));
+  EXPECT_FALSE(dato(0, 2, Qt::ToolTipRole).isValid());
+  EXPECT_FALSE(dato(1, 1, Qt::ToolTipRole).isValid());
 }
 
 TEST_F(Griglia, LeFrecceEPaginaMuovonoLaCellaCorrente) {
@@ -545,6 +772,9 @@ class ColoriGriglia : public testing::TestWithParam<bool> {
   }
   ~ColoriGriglia() override { qApp->setStyleSheet({}); }
 
+  QColor fondoDipinto(int riga, int colonna) const {
+    return griglia_->model()->index(riga - 1, colonna).data(Qt::BackgroundRole).value<QColor>();
+  }
   QColor testoDipinto(int riga, int colonna) const {
     const QVariant colore = riga == 0
                                 ? griglia_->model()->headerData(colonna, Qt::Horizontal, Qt::ForegroundRole)
@@ -562,12 +792,39 @@ TEST_P(ColoriGriglia, IlTestoSiLeggeSuOgniFondoDellaCella) {
   for (const QColor& fondo : {QColor(255, 128, 0), QColor(Qt::yellow), QColor(255, 255, 224),
                               QColor(Qt::white), QColor(Qt::black), QColor(0, 0, 128)}) {
     griglia_->setCellBackColor(1, 0, fondo);
-    EXPECT_GE(contrast::between(testoDipinto(1, 0), fondo), contrast::kReadable)
+    EXPECT_GE(contrast::between(testoDipinto(1, 0), fondoDipinto(1, 0)), contrast::kReadable)
         << fondo.name().toStdString();
     griglia_->setBackColor(fondo);
-    EXPECT_GE(contrast::between(testoDipinto(2, 0), fondo), contrast::kReadable)
+    EXPECT_GE(contrast::between(testoDipinto(2, 0), fondoDipinto(2, 0)), contrast::kReadable)
         << fondo.name().toStdString();
+    if (!GetParam()) {
+      EXPECT_EQ(fondoDipinto(1, 0), fondo);
+      EXPECT_EQ(fondoDipinto(2, 0), fondo);
+    }
   }
+}
+
+TEST_P(ColoriGriglia, AlBuioIFondiChiariSiScurisconoETengonoLaTinta) {
+  if (!GetParam()) {
+    griglia_->setBackColor(QColor(255, 255, 224));
+    EXPECT_EQ(fondoDipinto(4, 0), QColor(255, 255, 224));
+    return;
+  }
+  griglia_->setCellBackColor(1, 0, Qt::white);
+  griglia_->setCellBackColor(2, 0, QColor(255, 128, 0));
+  griglia_->setCellBackColor(3, 0, Qt::yellow);
+  griglia_->setCellForeColor(3, 0, Qt::red);
+  griglia_->setBackColor(QColor(255, 255, 224));
+  EXPECT_EQ(fondoDipinto(1, 0), t_.paper);
+  EXPECT_NEAR(fondoDipinto(2, 0).hslHue(), 30, 2);
+  EXPECT_NEAR(fondoDipinto(3, 0).hslHue(), 60, 2);
+  EXPECT_NEAR(fondoDipinto(4, 0).hslHue(), 60, 4);
+  for (int riga = 1; riga <= 4; ++riga)
+    EXPECT_LT(fondoDipinto(riga, 0).lightnessF(), 0.4F) << riga << ": no bright stripe in a dark window";
+  EXPECT_GE(contrast::between(testoDipinto(3, 0), fondoDipinto(3, 0)), contrast::kReadable);
+  EXPECT_GT(testoDipinto(3, 0).hslSaturation(), 200) << "still a red";
+  EXPECT_LT(testoDipinto(3, 0).lightnessF(), 0.9F);
+  EXPECT_EQ(griglia_->CellBackColor(2, 0), QColor(255, 128, 0)) << "what it was given";
 }
 
 TEST_P(ColoriGriglia, IlColoreDelTestoRestaDellaSuaTintaESiLegge) {
@@ -607,14 +864,34 @@ TEST_P(ColoriGriglia, FondoETestoSonoQuelliDipinti) {
         {testata.sectionViewportPosition(colonna), 0, testata.sectionSize(colonna), testata.height()},
         *testata.viewport());
   };
-  EXPECT_TRUE(vede(colori(griglia_->visualRect(griglia_->model()->index(0, 0)), *griglia_->viewport()),
-                   QColor(255, 128, 0)));
-  EXPECT_TRUE(vede(sezione(0), QColor(255, 128, 0)));
-  EXPECT_FALSE(vede(sezione(1), QColor(255, 128, 0)));
+  const QColor arancio = fondoDipinto(1, 0);
+  EXPECT_EQ(arancio == QColor(255, 128, 0), !GetParam());
+  EXPECT_TRUE(
+      vede(colori(griglia_->visualRect(griglia_->model()->index(0, 0)), *griglia_->viewport()), arancio));
+  EXPECT_TRUE(vede(sezione(0), arancio));
+  EXPECT_FALSE(vede(sezione(1), arancio));
   EXPECT_TRUE(vede(sezione(1), t_.emphasis));
   const auto azzurri = sezione(1);
   EXPECT_TRUE(std::any_of(azzurri.begin(), azzurri.end(),
                           [](QRgb c) { return qBlue(c) > qRed(c) + 60 && qBlue(c) > qGreen(c) + 60; }));
+}
+
+TEST_P(ColoriGriglia, SottoIlPuntatoreIlFondoResta) {
+  griglia_->setWholeRows(true);
+  griglia_->setCellBackColor(1, 0, QColor(255, 128, 0));
+  griglia_->setCellBackColor(2, 0, QColor(255, 128, 0));
+  griglia_->resize(300, 200);
+  griglia_->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(griglia_.get()));
+  const QRect cella = griglia_->visualRect(griglia_->model()->index(0, 0));
+  QTest::mouseMove(griglia_->viewport(), griglia_->visualRect(griglia_->model()->index(3, 0)).center());
+  QTest::mouseMove(griglia_->viewport(), cella.center());
+  QHoverEvent sopra(QEvent::HoverMove, cella.center(), cella.center(), QPointF(0, 0));
+  QApplication::sendEvent(griglia_->viewport(), &sopra);
+  griglia_->selectionModel()->clear();
+  const QImage dipinta = griglia_->viewport()->grab().toImage();
+  const QPoint angolo = cella.bottomRight() - QPoint(3, 3);
+  EXPECT_EQ(dipinta.pixelColor(angolo).rgb(), fondoDipinto(1, 0).rgb());
 }
 
 TEST_P(ColoriGriglia, UnCambioDiTemaRifaIColori) {

@@ -54,6 +54,22 @@ TEST_P(Tavolozza, IlFuocoSiVede) {
   EXPECT_GE(contrasto(t_.text, t_.accent), 1.5) << "the ring of a primary button";
 }
 
+TEST_P(Tavolozza, ILimitiDeiComandiSiVedonoSuOgniFondo) {
+  for (const QColor& fondo : {t_.background, t_.paper, t_.emphasis})
+    EXPECT_GE(contrasto(t_.border, fondo), kContrastoSegni);
+}
+
+TEST_P(Tavolozza, LaBarraSiVedeEIlSuoTestoSiLeggePrimaEDopo) {
+  EXPECT_GE(contrasto(t_.bar, t_.barGround), kContrastoSegni);
+  EXPECT_GE(contrasto(t_.text, t_.bar), kContrastoTesto);
+  EXPECT_GE(contrasto(t_.text, t_.barGround), kContrastoTesto);
+}
+
+TEST_P(Tavolozza, GliEsitiAlPiedeEGliAvvisiDiPerditaSiLeggono) {
+  for (const QColor& testo : {t_.ready, t_.busy, t_.fault})
+    for (const QColor& fondo : {t_.background, t_.paper}) EXPECT_GE(contrasto(testo, fondo), kContrastoTesto);
+}
+
 TEST_P(Tavolozza, IlFoglioDiStileNonLasciaNomiNeSegnaposti) {
   EXPECT_FALSE(style::styleSheetText(t_).contains(QLatin1Char('@')));
 }

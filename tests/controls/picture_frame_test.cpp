@@ -37,3 +37,31 @@ TEST(Quadro, UnFileAssenteORottoLasciaQuellaDiPrima) {
   EXPECT_FALSE(quadro.load(cartella.write(QStringLiteral("rotta.png"), "niente")));
   EXPECT_EQ(quadro.image().toImage().pixelColor(20, 15), QColor(Qt::red));
 }
+
+TEST(Quadro, SuUnoSchermoAlDoppioDellaScalaMostraOgniPuntoDellImmagine) {
+  QImage righe(400, 300, QImage::Format_RGB32);
+  for (int y = 0; y < 300; ++y)
+    for (int x = 0; x < 400; ++x) righe.setPixelColor(x, y, x % 2 == 0 ? Qt::black : Qt::white);
+  PictureFrame quadro;
+  quadro.setImage(QPixmap::fromImage(righe));
+  quadro.resize(200, 150);
+  QPixmap schermo(400, 300);
+  schermo.setDevicePixelRatio(2);
+  quadro.render(&schermo);
+  const QImage visto = schermo.toImage();
+  for (int x = 100; x < 300; ++x) EXPECT_EQ(visto.pixelColor(x, 150), righe.pixelColor(x, 150)) << x;
+}
+
+TEST(Quadro, RimpicciolitaNonPerdeLeRigheSottili) {
+  QImage righe(800, 600, QImage::Format_RGB32);
+  for (int y = 0; y < 600; ++y)
+    for (int x = 0; x < 800; ++x) righe.setPixelColor(x, y, x % 4 == 0 ? Qt::black : Qt::white);
+  PictureFrame quadro;
+  quadro.setImage(QPixmap::fromImage(righe));
+  quadro.resize(200, 150);
+  const QImage visto = quadro.grab().toImage();
+  for (int x = 50; x < 150; ++x) {
+    EXPECT_GT(visto.pixelColor(x, 75).lightness(), 160) << "three parts of white in four, " << x;
+    EXPECT_LT(visto.pixelColor(x, 75).lightness(), 230) << "and one of black, " << x;
+  }
+}

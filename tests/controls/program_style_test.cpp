@@ -4,9 +4,6 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
 #include <QFileDialog>
 #include <QListView>
 #include <QMenu>
@@ -33,19 +30,6 @@ bool dipintaIn(const QColor& previsto, const QPixmap& disegno) {
         return false;
     }
   return coperti > 0;
-}
-
-/// Every name between quotes in the program's sources.
-QByteArray sorgenti() {
-  QByteArray testo;
-  QDirIterator voci(QStringLiteral(GESTIONALE_SOURCES "/src"), {QStringLiteral("*.cpp")}, QDir::Files,
-                    QDirIterator::Subdirectories);
-  while (voci.hasNext()) {
-    QFile file(voci.next());
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    testo += file.readAll();
-  }
-  return testo;
 }
 
 }  // namespace
@@ -143,9 +127,32 @@ TEST_P(FigureDelloStile, LaVoceDiMenuSceltaLasciaVedereLaSuaIcona) {
   EXPECT_EQ(menu.grab().toImage().pixelColor(posto.right() - 4, posto.center().y()), t_.veil);
 }
 
-TEST(IconeDelProgramma, OgniFileEDiUnSorgente) {
-  const QByteArray testo = sorgenti();
-  for (const QString& nome :
-       QDir(QStringLiteral(GESTIONALE_SOURCES "/data/icons")).entryList({QStringLiteral("*.svg")}))
-    EXPECT_TRUE(testo.contains('"' + nome.chopped(4).toLatin1() + '"')) << nome.toStdString();
+/// Points of the row in the middle of `pulsante` between the last of its icon and the first of its caption.
+int vuotoDopoLIcona(QPushButton& pulsante, const QColor& fondo) {
+  const QImage visto = pulsante.grab().toImage();
+  const auto dipinta = [&](int x) {
+    for (int y = 4; y < visto.height() - 4; ++y)
+      if (visto.pixelColor(x, y) != fondo) return true;
+    return false;
+  };
+  int x = visto.width() / 2;
+  for (x = 4; x < visto.width() && !dipinta(x); ++x) {
+  }
+  const int inizio = x;
+  for (; x < inizio + pulsante.iconSize().height() && x < visto.width(); ++x) {
+  }
+  while (x > inizio && !dipinta(x - 1)) --x;
+  int vuoto = 0;
+  for (; x < visto.width() && !dipinta(x); ++x) ++vuoto;
+  return vuoto;
+}
+
+TEST_P(FigureDelloStile, LIconaDiUnPulsanteHaUnVuotoDallaScritta) {
+  QPushButton pulsante(style::icon(QStringLiteral("save")), QStringLiteral("Hai"));
+  pulsante.show();
+  EXPECT_GE(vuotoDopoLIcona(pulsante, t_.paper), 6);
+  EXPECT_GE(pulsante.iconSize().height(), pulsante.fontMetrics().ascent());
+  QPushButton muto(style::icon(QStringLiteral("save")), QString());
+  muto.show();
+  EXPECT_EQ(muto.iconSize().width(), muto.iconSize().height()) << "without a caption it stands in the middle";
 }

@@ -7,8 +7,10 @@
 #include <cstdlib>
 #include <set>
 
+#include "controls/contrast.h"
 #include "controls/palette.h"
 #include "controls/style.h"
+#include "controls/svg_icon.h"
 
 namespace {
 
@@ -76,6 +78,15 @@ TEST_P(IconaStile, OgniFileDellaCartellaSiDipinge) {
     EXPECT_TRUE(dipintaIn(tinte_.text, style::icon(nome.chopped(4)).pixmap(48))) << nome.toStdString();
 }
 
+TEST_P(IconaStile, InUnPostoPiuLargoStaASinistraENonSiDeforma) {
+  const QImage stretta = icona_.pixmap(QSize(24, 24), 1.0).toImage();
+  const QImage larga = icona_.pixmap(QSize(32, 24), 1.0).toImage();
+  EXPECT_EQ(larga.size(), QSize(32, 24));
+  EXPECT_EQ(larga.copy(0, 0, 24, 24), stretta);
+  for (int y = 0; y < 24; ++y)
+    for (int x = 24; x < 32; ++x) EXPECT_EQ(larga.pixelColor(x, y).alpha(), 0);
+}
+
 TEST_P(IconaStile, IlPulsantePrimarioELoStatoSonoProprietaDelControllo) {
   QPushButton pulsante;
   style::primary(pulsante, QStringLiteral("upload"));
@@ -84,4 +95,23 @@ TEST_P(IconaStile, IlPulsantePrimarioELoStatoSonoProprietaDelControllo) {
   QWidget riquadro;
   style::badge(riquadro, style::Badge::Busy);
   EXPECT_EQ(riquadro.property("badge").toString(), QStringLiteral("busy"));
+}
+
+/// The sign in the window's frame and on the task bar.
+TEST(SegnoDelProgramma, SiVedeSuUnaBarraScuraESuUnaChiara) {
+  const QIcon segno = programSign(QStringLiteral(GESTIONALE_SOURCES "/data/icons/receipt-euro.svg"));
+  for (const int lato : {16, 32, 64}) {
+    const QImage figura = segno.pixmap(lato).toImage();
+    const QColor fondo = figura.pixelColor(lato / 2, 1);
+    EXPECT_EQ(fondo.alpha(), 255) << "covered up to its edge";
+    EXPECT_LT(figura.pixelColor(0, 0).alpha(), 32) << "round corners";
+    for (const QColor& barra : {QColor(Qt::black), QColor(0x1A2024), QColor(Qt::white), QColor(0xF3F5F6)})
+      EXPECT_GE(contrast::between(fondo, barra), 3.0) << barra.name().toStdString();
+    int chiari = 0;
+    for (int y = 0; y < lato; ++y)
+      for (int x = 0; x < lato; ++x)
+        if (figura.pixelColor(x, y).alpha() == 255 && contrast::between(figura.pixelColor(x, y), fondo) >= 3)
+          ++chiari;
+    EXPECT_GT(chiari, lato) << "the drawing on it";
+  }
 }

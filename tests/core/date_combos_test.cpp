@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
+#include <QWheelEvent>
 #include <QWidget>
 
 #include "sostegno/fixed_clock.h"
@@ -133,4 +135,19 @@ TEST_F(ComboDate, UnoSchermoSenzaListeNonSiTocca) {
   AbilitaComboDate(vuoto, false);
   AbilitaComboScontrino(vuoto, false);
   EXPECT_EQ(combiData(vuoto, DataDiSchermo::Inizio).anno, nullptr);
+}
+
+TEST_F(ComboDate, LaRotellaSuUnaListaSenzaFuocoNonCambiaLaData) {
+  for (int volta = 0; volta < 2; ++volta) {
+    RiempiComboData(combiData(schermo, DataDiSchermo::Inizio), 2000, 2100);
+    RiempiComboOra(schermo, DataDiSchermo::Inizio);
+  }
+  for (const char* nome : {"CmbGiorno", "CmbMese", "CmbAnno", "CmbOra", "CmbMin", "CmbSec"}) {
+    QComboBox& lista = combo(nome);
+    QWheelEvent rotella(QPointF(5, 5), QPointF(5, 5), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase,
+                        false);
+    QApplication::sendEvent(&lista, &rotella);
+    EXPECT_EQ(lista.currentIndex(), 0) << nome;
+    EXPECT_EQ(lista.focusPolicy(), Qt::StrongFocus) << nome;
+  }
 }

@@ -1,6 +1,8 @@
 #include "core/frmAbout.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -83,6 +85,16 @@ TEST_F(About, EscChiude) {
   QTest::keyClick(prima, Qt::Key_Escape);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(prima.isNull());
+}
+
+TEST_F(About, InvioTenutoPremutoDalMenuNonLaChiude) {
+  const QPointer<QWidget> informazioni = &finestra();
+  auto* ok = informazioni->findChild<QPushButton*>(QStringLiteral("cmdOK"));
+  QKeyEvent tenuto(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+  QApplication::sendEvent(ok, &tenuto);
+  EXPECT_TRUE(informazioni && informazioni->isVisible());
+  QTest::keyClick(ok, Qt::Key_Return);
+  EXPECT_FALSE(informazioni && informazioni->isVisible());
 }
 
 TEST_F(About, SenzaImmagineSiApreLoStesso) {

@@ -3,10 +3,14 @@
 #include <gmock/gmock.h>
 
 #include <QFile>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QTest>
+#include <QToolButton>
 #include <array>
 
 #include "controls/FlexGrid.h"
+#include "controls/outcome_bar.h"
 #include "core/Form_ATTESA.h"
 #include "core/wait_box.h"
 #include "platform/ui/busy_guard.h"
@@ -39,7 +43,11 @@ QString fallisce(const Cella& cella) {
 
 constexpr std::array kColonne{
     Colonna{u"N.", 500, elenco::kCentro, nullptr, elenco::numeroDiRiga, nullptr, 0, false},
-    Colonna{u"CODICE", 1500, elenco::kSinistra, "Codice_EAN", elenco::testo, "casellaCodice", 13},
+    Colonna{u"CODICE", 1500, elenco::kSinistra, "Codice_EAN", elenco::testo, "casellaCodice", 13}
+        .larga(u"0000000000000")
+        .copiata(u"Copia EAN")
+        .spiegata(u"Quello del produttore")
+        .cedevole(),
     Colonna{u"PREZZO", 750, elenco::kDestra, "Prezzo", elenco::importo, "casellaPrezzo"},
     Colonna{u"VAR", 900, elenco::kCentro, "VarPrezzo", elenco::siNo},
     Colonna{u"ALTRO", 900, elenco::kSinistra, "NonChiesta", elenco::testo, nullptr, 0, false},
@@ -94,6 +102,7 @@ class Elenco : public testing::Test {
   ProgramFixture programma_;
   store::Database archivio_;
   FlexGrid griglia_;
+  OutcomeBar piede_;
 };
 
 // The shape.
@@ -108,6 +117,55 @@ TEST_F(Elenco, LaTabellaDelleColonneDaLaFormaAllaGriglia) {
   EXPECT_EQ(griglia.CellAlignment(0, 2), Qt::AlignRight | Qt::AlignVCenter);
   EXPECT_EQ(griglia.CellForeColor(0, 1), QColor(0, 0, 255));
   EXPECT_FALSE(griglia.CellForeColor(0, 2).isValid());
+}
+
+TEST_F(Elenco, LaFormaDiceAncheChiSiCopiaChiSiSpiegaEChiCede) {
+  FlexGrid griglia;
+  griglia.resize(900, 200);
+  elenco::Disponi(griglia, kColonne);
+  griglia.resize(1000, 200);
+  EXPECT_EQ(griglia.model()->headerData(1, Qt::Horizontal, Qt::ToolTipRole).toString(),
+            QStringLiteral("Quello del produttore"));
+  EXPECT_EQ(griglia.columnWidth(2), 50);
+  EXPECT_GT(griglia.columnWidth(1), 500) << "the spare width";
+  EXPECT_EQ(griglia.selectionBehavior(), QAbstractItemView::SelectRows);
+}
+
+TEST_F(Elenco, RidispostaLaGrigliaTieneLeLarghezzeDateAMano) {
+  griglia_.horizontalHeader()->resizeSection(2, 77);
+  elenco::Disponi(griglia_, kColonne);
+  EXPECT_EQ(griglia_.columnWidth(2), 77);
+  EXPECT_EQ(griglia_.ColWidth(0), 500);
+}
+
+TEST_F(Elenco, UnElencoVuotoLoDiceInMezzoEUnoPienoNo) {
+  elenco::Riempimento come = semplice();
+  come.senzaRighe = QStringLiteral("Nessun articolo trovato");
+  riempi(come);
+  griglia_.setCell(1, 1);
+  riempi(come, kNessuno);
+  EXPECT_EQ(griglia_.Notice(), QStringLiteral("Nessun articolo trovato"));
+  EXPECT_EQ(griglia_.Row(), 0) << "nothing is picked";
+  riempi(come);
+  EXPECT_EQ(griglia_.Notice(), QString());
+}
+
+TEST_F(Elenco, UnaQueryCheFallisceLasciaAncheAvvisoERigaNeiCampi) {
+  elenco::Riempimento come = semplice();
+  riempi(come);
+  griglia_.setRowInFields(2);
+  riempi(come, store::Statement(u"SELECT Pippo from TAB_ARTICOLI"));
+  programma_.takeBoxes();
+  EXPECT_EQ(griglia_.RowInFields(), 2);
+  riempi(come);
+  EXPECT_EQ(griglia_.RowInFields(), 0) << "other rows stand there";
+}
+
+TEST_F(Elenco, LaRigaSiTrovaDalTestoDiUnaColonna) {
+  riempi(semplice());
+  EXPECT_EQ(elenco::RigaCon(griglia_, 1, QStringLiteral("82")), 2);
+  EXPECT_EQ(elenco::RigaCon(griglia_, 1, QStringLiteral("8")), 0);
+  EXPECT_EQ(elenco::RigaCon(griglia_, 4, QString()), 0) << "an empty text is none";
 }
 
 // The rows.
@@ -315,6 +373,28 @@ TEST_F(CaselleElenco, UnTestoPiuLungoDelLimiteSiMostraIntero) {
   EXPECT_EQ(casella("casellaPrezzo").maxLength(), 32767);
 }
 
+TEST_F(CaselleElenco, LaCasellaHaPostoPerIlCampioneDellaColonna) {
+  const elenco::Caselle caselle(schermo_, kColonne);
+  EXPECT_GT(casella("casellaCodice").minimumWidth(),
+            casella("casellaCodice").fontMetrics().horizontalAdvance(QStringLiteral("0000000000000")));
+  EXPECT_EQ(casella("casellaPrezzo").minimumWidth(), 0) << "its column has no sample";
+}
+
+TEST_F(CaselleElenco, UnaCasellaPrendeIlFuocoColTestoScelto) {
+  const elenco::Caselle caselle(schermo_, kColonne);
+  casella("casellaPrezzo").setText(QStringLiteral("2,10"));
+  casella("casellaPrezzo").setAccessibleName(QStringLiteral("PREZZO"));
+  schermo_.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&schermo_));
+  caselle.vai(2);
+  EXPECT_TRUE(casella("casellaPrezzo").hasFocus());
+  EXPECT_EQ(casella("casellaPrezzo").selectedText(), QStringLiteral("2,10"));
+  EXPECT_EQ(caselle.nome(2), QStringLiteral("PREZZO"));
+  caselle.vai(0);
+  EXPECT_TRUE(casella("casellaPrezzo").hasFocus()) << "a column without a field";
+  EXPECT_EQ(caselle.nome(0), QString());
+}
+
 TEST_F(CaselleElenco, UnaCasellaCheNonCEEErrore438) {
   delete &casella("casellaPrezzo");
   try {
@@ -351,8 +431,11 @@ TEST_F(Elenco, LEsportazioneChiedeScriveELoDice) {
   programma_.user.chooses(std::nullopt).chooses(QString()).chooses(lista);
   for (int volta = 0; volta < 3; ++volta) {
     EXPECT_FALSE(QFile::exists(lista));
-    elenco::Esporta(QStringLiteral("Export Prova"), griglia_, kColonne, {}, programma_.contesto);
+    elenco::Esporta(QStringLiteral("Export Prova"), griglia_, kColonne, {}, programma_.contesto, piede_);
+    EXPECT_EQ(piede_.text(), volta < 2 ? QStringLiteral("Esportazione annullata: nessun file scritto")
+                                       : QStringLiteral("Esportate 3 righe in lista.csv"));
   }
+  EXPECT_EQ(piede_.kind(), OutcomeBar::Kind::Done);
   EXPECT_EQ(programma_.folder.read(QStringLiteral("lista.csv")),
             QByteArray("81;1.05;N\r\n82;2.10;N\r\n83;3.15;N\r\n"));
   EXPECT_THAT(programma_.takeBoxes(),
@@ -363,6 +446,20 @@ TEST_F(Elenco, LEsportazioneChiedeScriveELoDice) {
   EXPECT_EQ(programma_.user.requests()[0].filter, QStringLiteral("csv (*.csv)|*.csv"));
 }
 
+TEST_F(Elenco, IlFileEsportatoSiApreDalPiede) {
+  riempi(semplice());
+  griglia_.setRows(2);
+  const QString lista = programma_.folder.file(QStringLiteral("lista.csv"));
+  programma_.user.chooses(lista);
+  elenco::Esporta(QStringLiteral("Export Prova"), griglia_, kColonne, {}, programma_.contesto, piede_);
+  programma_.takeBoxes();
+  EXPECT_EQ(piede_.text(), QStringLiteral("Esportata 1 riga in lista.csv"));
+  auto& apri = *piede_.findChild<QToolButton*>(QStringLiteral("AzioneEsito"));
+  EXPECT_EQ(apri.text(), QStringLiteral("Apri"));
+  apri.click();
+  EXPECT_EQ(programma_.user.programs(), QStringList{lista});
+}
+
 TEST_F(Elenco, SulDiscoPienoLEsportazioneDiceQualeFileELasciaQuelloDiPrima) {
   griglia_.setRows(3000);
   const QString lista = programma_.folder.write(QStringLiteral("lista.csv"), "prima");
@@ -370,7 +467,7 @@ TEST_F(Elenco, SulDiscoPienoLEsportazioneDiceQualeFileELasciaQuelloDiPrima) {
   Errore errore;
   try {
     const FullDisk pieno(1000);
-    elenco::Esporta(QStringLiteral("Export Prova"), griglia_, kColonne, {}, programma_.contesto);
+    elenco::Esporta(QStringLiteral("Export Prova"), griglia_, kColonne, {}, programma_.contesto, piede_);
   } catch (const Errore& questo) {
     errore = questo;
   }

@@ -50,6 +50,14 @@ TEST_F(FormProvvisoria, EscRiportaAlMenu) {
   ognunaTorna([](QWidget& finestra) { QTest::keyClick(&finestra, Qt::Key_Escape); });
 }
 
+TEST_F(FormProvvisoria, InvioNonEsce) {
+  MenuFixture::click("Label7");
+  const QPointer<QWidget> finestra = open("Form_GestioneClienti");
+  ASSERT_NE(finestra, nullptr);
+  QTest::keyClick(finestra, Qt::Key_Return);
+  EXPECT_TRUE(finestra && finestra->isVisible());
+}
+
 TEST_F(FormProvvisoria, LaCorniceRiportaAlMenu) {
   ognunaTorna([](QWidget& finestra) { finestra.close(); });
 }

@@ -80,9 +80,9 @@ TEST(Reazioni, LErroreImprevistoDiceProceduraEModuloSenzaIcona) {
   ScriptedUser utente;
   reazioni::protetta(utente, QStringLiteral("Cmd_Avvia_Click"), QStringLiteral("Form_X"), fallisce(13));
   const Box previsto{QStringLiteral("Error 13 (motivo) in procedure Cmd_Avvia_Click of Modulo Form_X"),
-                   Icon::None,
-                   {},
-                   Buttons::Ok};
+                     Icon::None,
+                     {},
+                     Buttons::Ok};
   EXPECT_EQ(utente.takeBoxes(), std::vector<Box>{previsto});
 }
 

@@ -68,10 +68,10 @@ TEST_F(Start, UnaSolaVoceEEvidenziataQuellaSottoIlMouse) {
 
 TEST_F(Start, OgniVoceMostraLaSuaImmagine) {
   const std::array<std::pair<const char*, QColor>, 5> previste{{{"Label2", Qt::green},
-                                                              {"Label3", Qt::blue},
-                                                              {"Label7", Qt::yellow},
-                                                              {"Label6", Qt::magenta},
-                                                              {"Label1", Qt::red}}};
+                                                                {"Label3", Qt::blue},
+                                                                {"Label7", Qt::yellow},
+                                                                {"Label6", Qt::magenta},
+                                                                {"Label1", Qt::red}}};
   for (const auto& [nome, previsto] : previste) {
     moveOver(nome);
     EXPECT_TRUE(mostra(previsto)) << nome;
@@ -234,6 +234,41 @@ TEST_F(Start, ChiudereLaCorniceScaricaOgniSchermata) {
   EXPECT_EQ(open("start"), nullptr);
   EXPECT_EQ(open("frmAbout"), nullptr);
   EXPECT_FALSE(program_.user.terminated());
+}
+
+TEST_F(Start, LeVociSenzaSchermataLoDiconoELeAltreNo) {
+  for (const char* nome : {"Label1", "Label2", "Label3", "Label7", "Label_CMD_XONXOFF"}) {
+    EXPECT_EQ(entry(nome).note(), QStringLiteral("in preparazione")) << nome;
+    EXPECT_EQ(entry(nome).accessibleDescription(), QStringLiteral("in preparazione")) << nome;
+  }
+  for (const char* nome : {"Label6", "Label4"}) EXPECT_EQ(entry(nome).note(), QString()) << nome;
+}
+
+TEST_F(Start, UnaVoceConLaSuaSchermataNonHaNota) {
+  Schermate schermate;
+  Contesto contesto{
+      program_.user, program_.workspace, program_.library, program_.network, schermate, program_.clock, app_};
+  schermate.registra(QStringLiteral("Form_GestioneMMC"), [](Contesto&) { return new QWidget; });
+  registraSchermateMancanti(schermate);
+  const start solo(contesto, display_);
+  EXPECT_EQ(solo.findChild<MenuEntry*>(QStringLiteral("Label2"))->note(), QString());
+  EXPECT_EQ(solo.findChild<MenuEntry*>(QStringLiteral("Label7"))->note(), QStringLiteral("in preparazione"));
+}
+
+TEST_F(Start, ChiTornaRitrovaIlFuocoSullaVoceDaCuiEraPartito) {
+  moveOver("Label7");
+  click("Label7");
+  open("Form_GestioneClienti")->close();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == open("start"); }));
+  EXPECT_TRUE(entry("Label7").hasFocus());
+  EXPECT_EQ(evidenziate(), (std::vector<std::string>{"Label7"}));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+  EXPECT_TRUE(entry("Label3").hasFocus());
+}
+
+TEST_F(Start, DiceConCheTastoSiApreIlManuale) {
+  EXPECT_EQ(menu().findChild<QLabel*>(QStringLiteral("LabelManuale"))->text(),
+            QStringLiteral("F1 apre il manuale"));
 }
 
 TEST_F(Start, TornandoAlMenuSiTrovaLaStessaIstanza) {

@@ -87,7 +87,7 @@ TEST_F(Pannello, OgniControlloHaUnNomePerChiNonVede) {
 
 TEST_F(Pannello, LeDidascalieSonoQuelleDeiControlli) {
   QStringList didascalie;
-  for (const QLabel* etichetta : schermo.findChildren<QLabel*>())
+  for (const QLabel* etichetta : schermo.findChild<PannelloECR*>()->findChildren<QLabel*>())
     didascalie << etichetta->text() + QLatin1Char('>') + etichetta->buddy()->objectName();
   EXPECT_THAT(
       didascalie,

@@ -22,6 +22,10 @@ class Racconto {
   Racconto& operator=(const Racconto&) = delete;
 
   void segui(TestTill& cassa) { cassa_ = &cassa; }
+  /// The text without the till's address, which is another one in each run.
+  QString senzaNumeri(QString testo) const {
+    return cassa_ ? testo.replace(cassa_->address(), QStringLiteral("lei")) : testo;
+  }
   /// Adds what network and till have seen since, and then the entry.
   void annota(const QString& cosa) {
     for (; passi_ < scena_.network.steps.size(); ++passi_)
@@ -41,8 +45,7 @@ class Racconto {
   static constexpr qsizetype kRiconoscibile = 24;
   QString indirizzo() const {
     const QString& questo = commonForKora().IP_ECR;
-    if (questo.isEmpty()) return QStringLiteral("nessuno");
-    return cassa_ && questo == cassa_->address() ? QStringLiteral("lei") : questo;
+    return questo.isEmpty() ? QStringLiteral("nessuno") : senzaNumeri(questo);
   }
 
   ProgramFixture& scena_;
@@ -87,6 +90,13 @@ class VistaRaccontata : public VistaLink {
     racconto_.annota(distintivo == style::Badge::Ready  ? QStringLiteral("pronta")
                      : distintivo == style::Badge::Busy ? QStringLiteral("occupata")
                                                         : QStringLiteral("ignota"));
+  }
+  void mostraPasso(const QString& passo) override {
+    racconto_.annota(QStringLiteral("passo ") + racconto_.senzaNumeri(passo));
+  }
+  void togliPasso() override { racconto_.annota(QStringLiteral("passo tolto")); }
+  void cassaRisponde(bool bene) override {
+    racconto_.annota(bene ? QStringLiteral("risponde") : QStringLiteral("tace"));
   }
 
  private:
@@ -181,53 +191,65 @@ TEST_F(OrdineConnessione, LAperturaSpegneLAvvioPrimaDiAprireLaRete) {
                   "locali 10.1.2.3", "chiudi", "fine, a 192.168.0.20"}));
 }
 
+/// What a connection does up to the first call of the till, and then to its answer about itself.
+QStringList finoAllInfo() {
+  return voci({"ignota", "passo Connessione a lei … (fino a 5 s)", "eco", "passo tolto", "risponde",
+               "connetti spento", "fuoco su esci", "passo Connessione a lei … (fino a 5 s)",
+               "cassa 2:", "passo tolto", "risponde", "passo Lettura dello stato della cassa … (fino a 5 s)",
+               "cassa 0:", "passo tolto"});
+}
+
 TEST_F(OrdineConnessione, ConnettiSiSpegneEIlFuocoVaAllUscitaPrimaDiOgniComandoAllaCassa) {
   TestTill cassa({.pattern = "VEGA"});
-  EXPECT_EQ(connetti(cassa), voci({"ignota", "eco", "connetti spento", "fuoco su esci",
-                                   "cassa 2:", "cassa 0:", "info di VEGA", "stato I IDLE", "pronta",
-                                   "avvia acceso", "fuoco su esci", "schermo acceso", "fine, a lei"}));
+  EXPECT_EQ(connetti(cassa),
+            finoAllInfo() + voci({"risponde", "info di VEGA", "stato I IDLE", "pronta", "avvia acceso",
+                                  "fuoco su esci", "schermo acceso", "fine, a lei"}));
 }
 
 TEST_F(OrdineConnessione, UnIndirizzoErratoSiDicePrimaDiSpegnereLAvvioEDiToglierlo) {
   commonForKora().IP_ECR = QStringLiteral("127.9.9.9");
-  EXPECT_EQ(connetti(QStringLiteral("10.0.0")),
-            voci({"riquadro Attenzione l'indirizzo I, a 127.9.9.9", "avvia spento", "fine, a nessuno"}));
+  EXPECT_EQ(
+      connetti(QStringLiteral("10.0.0")),
+      voci({"tace", "riquadro Attenzione l'indirizzo I, a 127.9.9.9", "avvia spento", "fine, a nessuno"}));
 }
 
 TEST_F(OrdineConnessione, LIndirizzoDelPCSiDicePrimaDiSpegnereLAvvioEDiToglierlo) {
   vista.scriviIndirizziLocali({QStringLiteral("127.9.9.9")});
-  EXPECT_EQ(connetti(QStringLiteral("127.9.9.9")),
-            voci({"riquadro Attenzione l'IP del disp, a 127.9.9.9", "avvia spento", "fine, a nessuno"}));
+  EXPECT_EQ(
+      connetti(QStringLiteral("127.9.9.9")),
+      voci({"tace", "riquadro Attenzione l'IP del disp, a 127.9.9.9", "avvia spento", "fine, a nessuno"}));
 }
 
 TEST_F(OrdineConnessione, ChiNonRispondeSiDicePrimaDiTogliereLIndirizzo) {
   EXPECT_EQ(connetti(QStringLiteral("300.0.0.1")),
-            voci({"ignota", "eco", "riquadro Attenzione il dispositiv, a 300.0.0.1", "fine, a nessuno"}));
+            voci({"ignota", "passo Connessione a 300.0.0.1 … (fino a 5 s)", "eco", "passo tolto", "tace",
+                  "riquadro Attenzione il dispositiv, a 300.0.0.1", "fine, a nessuno"}));
   scena.network.echoStatus = 11010;
   EXPECT_EQ(connetti(QStringLiteral("127.9.9.9")),
-            voci({"ignota", "eco", "riquadro Attenzione il dispositiv, a 127.9.9.9", "fine, a nessuno"}));
+            voci({"ignota", "passo Connessione a 127.9.9.9 … (fino a 5 s)", "eco", "passo tolto", "tace",
+                  "riquadro Attenzione il dispositiv, a 127.9.9.9", "fine, a nessuno"}));
 }
 
 TEST_F(OrdineConnessione, UnInfoFallitaRiaccendeConnettiEPoiLAvvio) {
   TestTill cassa({.faults = {{.mode = 0, .what = ecrsim::FaultKind::Code, .code = 16}}});
-  EXPECT_EQ(connetti(cassa), voci({"ignota", "eco", "connetti spento", "fuoco su esci", "cassa 2:",
-                                   "cassa 0:", "riquadro Errore nella comunicazio, a lei", "connetti acceso",
-                                   "avvia acceso", "fuoco su esci", "schermo acceso", "fine, a lei"}));
+  EXPECT_EQ(connetti(cassa),
+            finoAllInfo() + voci({"tace", "riquadro Errore nella comunicazio, a lei", "connetti acceso",
+                                  "avvia acceso", "fuoco su esci", "schermo acceso", "fine, a lei"}));
 }
 
 TEST_F(OrdineConnessione, NelloStatoSbagliatoSiDicePrimaDiRiaccendereConnettiEIlFuocoRestaAllUscita) {
   TestTill cassa({.state = 'V', .pattern = "VEGA"});
-  EXPECT_EQ(connetti(cassa),
-            voci({"ignota", "eco", "connetti spento", "fuoco su esci", "cassa 2:", "cassa 0:", "info di VEGA",
-                  "stato V VENDITA", "occupata", "riquadro Funzione non disponibile, a lei",
-                  "connetti acceso", "fine, a nessuno"}));
+  EXPECT_EQ(connetti(cassa), finoAllInfo() + voci({"risponde", "info di VEGA", "stato V VENDITA", "occupata",
+                                                   "riquadro Funzione non disponibile, a lei",
+                                                   "connetti acceso", "fine, a nessuno"}));
 }
 
 TEST_F(OrdineConnessione, UnErroreImprevistoToglieLIndirizzoLoDiceERiaccendeConnettiColFuoco) {
   TestTill cassa({.pattern = "GUASTA"});
-  EXPECT_EQ(connetti(cassa), voci({"ignota", "eco", "connetti spento", "fuoco su esci", "cassa 2:",
-                                   "cassa 0:", "info di GUASTA", "riquadro Errore 438 - casella, a nessuno",
-                                   "connetti acceso", "fuoco su connetti", "fine, a nessuno"}));
+  EXPECT_EQ(
+      connetti(cassa),
+      finoAllInfo() + voci({"risponde", "info di GUASTA", "tace", "riquadro Errore 438 - casella, a nessuno",
+                            "connetti acceso", "fuoco su connetti", "fine, a nessuno"}));
 }
 
 TEST(FuocoDopoLaConnessione, NelloStatoSbagliatoStaSullUscita) {

@@ -21,8 +21,13 @@ LinkScreen::LinkScreen(Contesto& contesto, PannelloECR* panel)
   setObjectName(QStringLiteral("SchermoLink"));
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(panel);
+  auto* foot = new OutcomeBar;
+  foot->setObjectName(QStringLiteral("BarraEsito"));
+  layout->addWidget(foot);
   QPushButton& start = addCommand(*layout, "Cmd_Avvia");
   QPushButton& leave = addCommand(*layout, "Cmd_Esci");
+  start.setToolTip(QStringLiteral("Avvia la prova"));
+  leave.setToolTip(QStringLiteral("Torna alla casa"));
   caricaSchermo({*panel, start, leave, "upload"});
   show();
   EXPECT_TRUE(QTest::qWaitForWindowExposed(this));

@@ -2,12 +2,13 @@
 
 #include <QString>
 
+#include "controls/outcome_bar.h"
 #include "ecrlink/ecr_panel.h"
 #include "ecrlink/link_window.h"
 #include "ecrlink/session.h"
 #include "sostegno/guided_screen.h"
 
-/// A link screen and nothing more: the header, a start and an exit.
+/// A link screen and nothing more: the header, a foot, a start and an exit.
 class LinkScreen : public FinestraLink {
  public:
   explicit LinkScreen(Contesto& contesto) : LinkScreen(contesto, new PannelloECR) {}
@@ -15,6 +16,7 @@ class LinkScreen : public FinestraLink {
   LinkScreen(Contesto& contesto, PannelloECR* panel);
 
   ecrlink::VistaLink& view() { return *panel_; }
+  OutcomeBar& foot() { return GuidedScreen(*this).control<OutcomeBar>("BarraEsito"); }
 
   QString text(const char* name) { return GuidedScreen(*this).text(QString::fromLatin1(name)); }
   QWidget& control(const char* name) { return GuidedScreen(*this).control(name); }

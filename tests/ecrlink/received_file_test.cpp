@@ -8,6 +8,7 @@
 #include "ecrlink/file_channel.h"
 #include "ecrlink/link_scene.h"
 #include "ecrlink/transfer_lock.h"
+#include "sostegno/troubles.h"
 
 using namespace ecrlink;
 
@@ -39,6 +40,19 @@ TEST_P(FileRicevuto, IByteArrivatiRiempionoLImmagineESiContano) {
   EXPECT_EQ(scena_.folder.read(kFile), "abcd");
   EXPECT_EQ(callsOf(cassa_),
             (QStringList{QStringLiteral("1:"), QStringLiteral("7:venduto.bin"), QStringLiteral("2:")}));
+}
+
+TEST_P(FileRicevuto, CioCheUnProgrammaMortoHaLasciatoAMetaSiToglie) {
+  // As the library names what it receives, and as the program names what it writes.
+  const QString diLibreria = QStringLiteral(".venduto.bin.gestionale-%1-0").arg(endedProcess());
+  const QString suo = QStringLiteral(".venduto.bin.gestionale-%1-Xy12Zw").arg(endedProcess());
+  const QString diUnVivo = QStringLiteral(".venduto.bin.gestionale-%1-0").arg(::getppid());
+  for (const QString& nome : {diLibreria, suo, diUnVivo}) scena_.folder.write(nome, "a");
+  cassa_.put(kFile, "abcd");
+  EXPECT_EQ(ricevi(GetParam()), 4);
+  EXPECT_FALSE(ce(diLibreria));
+  EXPECT_FALSE(ce(suo));
+  EXPECT_TRUE(ce(diUnVivo));
 }
 
 TEST_P(FileRicevuto, DiUnoCortoSiContanoISuoiEIlRestoResta) {

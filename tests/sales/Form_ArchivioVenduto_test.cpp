@@ -1,16 +1,24 @@
 #include "sales/Form_ArchivioVenduto.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDate>
 #include <QFile>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "articles/article_database.h"
 #include "controls/FlexGrid.h"
+#include "controls/outcome_bar.h"
+#include "controls/style.h"
 #include "sales/sales_ledger.h"
 #include "sostegno/guided_screen.h"
 #include "sostegno/troubles.h"
@@ -73,6 +81,15 @@ class ArchivioVenduto : public testing::Test {
     campo.setFocus();
     campo.selectAll();
     QTest::keyClicks(&campo, testo);
+  }
+  static QString detto(const GuidedScreen& schermo) {
+    return schermo.control<OutcomeBar>("BarraEsito").text();
+  }
+  static OutcomeBar::Kind genere(const GuidedScreen& schermo) {
+    return schermo.control<OutcomeBar>("BarraEsito").kind();
+  }
+  static void premi(const GuidedScreen& schermo, Qt::Key tasto) {
+    QTest::keyClick(schermo.window().focusWidget(), tasto, Qt::ControlModifier);
   }
   static void clicCella(const GuidedScreen& schermo, int riga, int colonna) {
     const FlexGrid& lista = griglia(schermo);
@@ -461,7 +478,162 @@ TEST_F(ArchivioVenduto, PulisciSvuotaIFiltriELElencoResta) {
   EXPECT_EQ(griglia(schermo).Rows(), 4);
 }
 
+// The foot.
+
+TEST_F(ArchivioVenduto, IlPiedeDiceRighePezziIncassoESconti) {
+  enter(bottega, {{.ean = QStringLiteral("A"), .amount = 123450, .pieces = 1200, .discount = 1200},
+                  {.ean = QStringLiteral("B"), .amount = 50, .pieces = 3, .discount = 5}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  EXPECT_EQ(detto(schermo),
+            QStringLiteral("2 righe di venduto, 1.203 pezzi, incasso € 1.235,00, sconti € 12,05"));
+  EXPECT_EQ(genere(schermo), OutcomeBar::Kind::Plain);
+}
+
+TEST_F(ArchivioVenduto, UnaRigaEUnPezzoSonoAlSingolare) {
+  enter(bottega, {{.amount = 100, .pieces = 1, .discount = 0}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  EXPECT_EQ(detto(schermo), QStringLiteral("1 riga di venduto, 1 pezzo, incasso € 1,00, sconti € 0,00"));
+}
+
+TEST_F(ArchivioVenduto, DopoCercaIlPiedeAvverteCheGliScontiNonSonoLetti) {
+  enter(bottega, {{.amount = 250, .pieces = 2, .discount = 10}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  EXPECT_EQ(schermo.text(QStringLiteral("NotaSconti")),
+            QStringLiteral("«Cerca» non legge gli sconti e lo dice a ogni riga trovata: per vederli, "
+                           "«Visualizza Tutti»."));
+  EXPECT_TRUE(schermo.control(QStringLiteral("NotaSconti")).isVisible());
+  periodoLargo(schermo);
+  schermo.click(kCerca);
+  expectBoxes(bottega, {kSenzaSconto});
+  EXPECT_EQ(detto(schermo), QStringLiteral("1 riga di venduto, 2 pezzi, incasso € 2,50, sconti non letti: li "
+                                           "mostra «Visualizza Tutti»"));
+  EXPECT_EQ(genere(schermo), OutcomeBar::Kind::Warning);
+  schermo.click(kTutti);
+  EXPECT_EQ(genere(schermo), OutcomeBar::Kind::Plain);
+}
+
+TEST_F(ArchivioVenduto, UnElencoVuotoLoDiceInMezzoEAlPiede) {
+  const GuidedScreen schermo(bottega, kSchermo);
+  EXPECT_EQ(griglia(schermo).Notice(), QStringLiteral("Nessuna vendita in archivio"));
+  EXPECT_EQ(detto(schermo), QStringLiteral("Nessuna vendita in archivio"));
+  schermo.click(kCerca);
+  EXPECT_EQ(griglia(schermo).Notice(), QStringLiteral("Nessuna vendita trovata"));
+  EXPECT_EQ(detto(schermo), QStringLiteral("Nessuna vendita trovata"));
+  enter(bottega, {{}});
+  schermo.click(kTutti);
+  EXPECT_EQ(griglia(schermo).Notice(), QString());
+}
+
+TEST_F(ArchivioVenduto, UnElencoFermatoSiLeggeAlPiedeAncheAllApertura) {
+  enter(bottega, {{.pieces = 0}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  expectBoxes(bottega, {box(QStringLiteral("RiempiGridCentral 11 - Divisione per zero"), Icon::Critical)});
+  EXPECT_EQ(detto(schermo), QStringLiteral("RiempiGridCentral 11 - Divisione per zero"));
+  EXPECT_EQ(genere(schermo), OutcomeBar::Kind::Failed);
+}
+
+TEST_F(ArchivioVenduto, LExportDiceLeRigheEIlFileSiApreDaLi) {
+  enter(bottega, {{}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  esportato(schermo);
+  EXPECT_EQ(detto(schermo), QStringLiteral("Esportate 3 righe in venduto.csv"));
+  schermo.click(QStringLiteral("AzioneEsito"));
+  EXPECT_EQ(bottega.user.programs(), QStringList{bottega.folder.file(QStringLiteral("venduto.csv"))});
+}
+
+TEST_F(ArchivioVenduto, UnExportFallitoSiLeggeAlPiede) {
+  enter(bottega, {{}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  bottega.user.chooses(bottega.folder.file(QStringLiteral("assente/v.csv")));
+  schermo.click(kExport);
+  EXPECT_EQ(bottega.user.takeBoxes().size(), 1U);
+  EXPECT_TRUE(detto(schermo).startsWith(QStringLiteral("Error 76 (Percorso non trovato"))) << "of its box";
+}
+
+TEST_F(ArchivioVenduto, PulisciLoDiceESenzaToccareLElenco) {
+  enter(bottega, {{}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.click(kReset);
+  EXPECT_EQ(detto(schermo), QStringLiteral("Filtri vuoti; l'elenco è quello di prima"));
+}
+
 // Grid, keys.
+
+TEST_F(ArchivioVenduto, CtrlFVaAlFiltroF5RileggeECtrlEEsporta) {
+  enter(bottega, {{.date = QStringLiteral("20200101")}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.click(kCerca);
+  EXPECT_EQ(griglia(schermo).Rows(), 2);
+  schermo.key(Qt::Key_F5);
+  EXPECT_EQ(griglia(schermo).Rows(), 4);
+  premi(schermo, Qt::Key_F);
+  EXPECT_EQ(schermo.focus(), kCodEan);
+  bottega.user.chooses(std::nullopt);
+  premi(schermo, Qt::Key_E);
+  EXPECT_EQ(bottega.user.requests().size(), 1U);
+  EXPECT_TRUE(schermo.control(kTutti).toolTip().endsWith(QStringLiteral("(F5)")));
+  EXPECT_TRUE(schermo.control(kExport).toolTip().endsWith(QStringLiteral("(Ctrl+E)")));
+  EXPECT_TRUE(schermo.control(kCodEan).toolTip().endsWith(QStringLiteral("(Ctrl+F)")));
+}
+
+TEST_F(ArchivioVenduto, InvioSuEsciNonEsceENonCerca) {
+  enter(bottega, {{.date = QStringLiteral("20200101")}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.control(kEsci).setFocus();
+  schermo.key(Qt::Key_Return);
+  EXPECT_TRUE(schermo.alive());
+  EXPECT_EQ(griglia(schermo).Rows(), 4);
+}
+
+TEST_F(ArchivioVenduto, LaRotellaSulleDateSenzaFuocoNonLeCambia) {
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.control(kCodEan).setFocus();
+  for (const char* nome : {"CmbGiorno", "CmbAnnoFine", "CmbOra"}) {
+    auto& lista = schermo.control<QComboBox>(nome);
+    const QString prima = lista.currentText();
+    QWheelEvent rotella(QPointF(5, 5), lista.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
+                        Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&lista, &rotella);
+    EXPECT_EQ(lista.currentText(), prima) << nome;
+  }
+  EXPECT_EQ(schermo.focus(), kCodEan);
+}
+
+TEST_F(ArchivioVenduto, LeTestateIncrociateSiSpieganoEIlTastoDestroCopiaLEanVero) {
+  enter(bottega, {{.ean = QStringLiteral("ART7"), .article = QStringLiteral("8001120000016")}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  const FlexGrid& lista = griglia(schermo);
+  const auto spiega = [&](int colonna) {
+    return lista.model()->headerData(colonna, Qt::Horizontal, Qt::ToolTipRole).toString();
+  };
+  EXPECT_EQ(spiega(2), QStringLiteral("In questa colonna la ricezione registra il codice articolo"));
+  EXPECT_EQ(spiega(3), QStringLiteral("In questa colonna la ricezione registra il codice EAN"));
+  const QPoint dove = lista.visualRect(lista.model()->index(0, 1)).center();
+  QContextMenuEvent chiede(QContextMenuEvent::Mouse, dove, lista.viewport()->mapToGlobal(dove));
+  QApplication::sendEvent(lista.viewport(), &chiede);
+  auto* menu = lista.findChild<QMenu*>(QStringLiteral("MenuElenco"));
+  ASSERT_NE(menu, nullptr);
+  menu->findChild<QAction*>(QStringLiteral("Copia EAN"))->trigger();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("8001120000016"));
+  menu->close();
+}
+
+TEST_F(ArchivioVenduto, UnClicSceglieLaRigaIntera) {
+  enter(bottega, {{.ean = QStringLiteral("A")}, {.ean = QStringLiteral("B")}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  clicCella(schermo, 2, 3);
+  EXPECT_EQ(griglia(schermo).selectionModel()->selectedRows().size(), 1);
+  EXPECT_EQ(griglia(schermo).selectionModel()->selectedIndexes().size(), 9);
+}
+
+TEST_F(ArchivioVenduto, UnaLarghezzaDataAManoRestaFinCheLoSchermoVive) {
+  enter(bottega, {{}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  griglia(schermo).horizontalHeader()->resizeSection(2, 199);
+  schermo.click(kTutti);
+  schermo.click(kCerca);
+  EXPECT_EQ(griglia(schermo).columnWidth(2), 199);
+}
 
 TEST_F(ArchivioVenduto, UnClicPortaLaSelezioneAllaColonna6DellaSuaRiga) {
   enter(bottega, {{.ean = QStringLiteral("A")}, {.ean = QStringLiteral("B")}});
@@ -524,6 +696,63 @@ TEST_F(ArchivioVenduto, IlTabulatoreSegueLOrdineDelLavoro) {
                                  "vkTextBoxDescrizione Cmd_Cerca Cmd_Reset MSFlexGridVenduto Cmd_Refresh "
                                  "Cmd_Export Cmd_Esci")
                       .split(u' '));
+}
+
+/// The screen in a font of the parameter's size, in the program's look.
+class ArchivioVendutoNelCarattere : public ArchivioVenduto, public testing::WithParamInterface<int> {
+ protected:
+  ArchivioVendutoNelCarattere() : prima_(QApplication::font()) {
+    QFont carattere = prima_;
+    carattere.setPointSize(GetParam());
+    QApplication::setFont(carattere);
+    style::apply(*qApp, style::Theme::Light);
+  }
+  ~ArchivioVendutoNelCarattere() override {
+    qApp->setStyleSheet({});
+    QApplication::setFont(prima_);
+  }
+
+ private:
+  QFont prima_;
+};
+INSTANTIATE_TEST_SUITE_P(Punti, ArchivioVendutoNelCarattere, testing::Values(9, 11, 12));
+
+TEST_P(ArchivioVendutoNelCarattere, NonPassaMilleventiquattroENonTagliaDateNeImporti) {
+  enter(bottega, {{.ean = QStringLiteral("0123456789012"),
+                   .article = QStringLiteral("8001120000016"),
+                   .amount = 9999999,
+                   .pieces = 1,
+                   .discount = 999999}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.window().resize(1024, 732);
+  for (int giro = 0; giro < 3; ++giro) QCoreApplication::processEvents();
+  EXPECT_LE(schermo.window().minimumSizeHint().width(), 1024);
+  EXPECT_EQ(schermo.window().size(), QSize(1024, 732));
+  for (const QPushButton* tasto : schermo.window().findChildren<QPushButton*>())
+    EXPECT_GE(tasto->width(), tasto->sizeHint().width()) << tasto->objectName().toStdString();
+  for (const QComboBox* combo : schermo.window().findChildren<QComboBox*>())
+    EXPECT_GE(combo->width(), combo->sizeHint().width()) << combo->objectName().toStdString();
+  for (const QLabel* scritta : schermo.window().findChildren<QLabel*>())
+    if (scritta->objectName().startsWith(QStringLiteral("Label"))) {
+      EXPECT_GE(scritta->width(), scritta->sizeHint().width()) << scritta->objectName().toStdString();
+    }
+  const FlexGrid& lista = griglia(schermo);
+  for (const int colonna : {0, 1, 2, 3, 5, 6, 7, 8})
+    for (const int riga : {0, 2})
+      EXPECT_GE(lista.columnWidth(colonna),
+                lista.sizeHintForIndex(lista.model()->index(riga, colonna)).width())
+          << riga << ' ' << colonna;
+  EXPECT_EQ(lista.horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_P(ArchivioVendutoNelCarattere, TotaliEnormiSiVedonoInteri) {
+  enter(bottega, {{.amount = 2147483647, .pieces = 2147483647, .discount = 2147483647},
+                  {.amount = 2147483647, .pieces = 2147483647, .discount = 2147483647}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  const FlexGrid& lista = griglia(schermo);
+  for (const int colonna : {5, 6, 7, 8})
+    EXPECT_GE(lista.columnWidth(colonna), lista.sizeHintForIndex(lista.model()->index(3, colonna)).width())
+        << colonna;
 }
 
 // Export.

@@ -3,13 +3,17 @@
 #include <gmock/gmock.h>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 #include <algorithm>
 
 #include "articles/article_database.h"
 #include "articles/back_room.h"
+#include "controls/outcome_bar.h"
+#include "ecrlink/painted_steps.h"
 #include "sostegno/guided_screen.h"
 #include "sostegno/troubles.h"
 
@@ -226,6 +230,156 @@ TEST_F(RicezioneVenduto, LaSolaCancellazioneFallitaSiDiceELoSchermoSiChiude) {
   expectBoxes(bottega, {kComunicazione, kErroreReset, kErrore});
   EXPECT_FALSE(schermo.alive());
   EXPECT_FALSE(cassa.byte(kFile) == kZeri);
+}
+
+// What the person sees around the work.
+
+TEST_F(RicezioneVenduto, AccantoAllaCancellazioneSiLeggeInRossoCheCosaSiPerde) {
+  bottega.openArchive();
+  const GuidedScreen schermo(bottega, kSchermo);
+  const QString perdita = QStringLiteral("Le vendite della cassa vanno perse: non entrano nell'archivio.");
+  const auto& frase = schermo.control<QLabel>(QStringLiteral("LabelPerdita"));
+  EXPECT_EQ(frase.text(), perdita);
+  EXPECT_TRUE(frase.property("danger").toBool());
+  EXPECT_TRUE(frase.isVisible());
+  const QWidget& scelta = schermo.control(kReset);
+  EXPECT_EQ(scelta.accessibleDescription(), perdita);
+  // On its line, behind it.
+  EXPECT_GE(frase.mapTo(&schermo.window(), QPoint()).x(),
+            scelta.mapTo(&schermo.window(), QPoint(scelta.width(), 0)).x());
+  EXPECT_LT(frase.mapTo(&schermo.window(), QPoint()).y(),
+            scelta.mapTo(&schermo.window(), QPoint(0, scelta.height())).y());
+}
+
+TEST_F(RicezioneVenduto, OgniPassoSiLeggePrimaDellaSuaChiamata) {
+  cassa.sales({{0, 100, 1, 0}});
+  const GuidedScreen schermo = pronto();
+  PaintedSteps dipinti(schermo.window());
+  std::vector<int> fatte;
+  const auto prima = static_cast<int>(callsOf(cassa).size());
+  dipinti.onStep = [&] { fatte.push_back(static_cast<int>(callsOf(cassa).size()) - prima); };
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuto});
+  EXPECT_EQ(dipinti.steps(), (QStringList{QStringLiteral("Apertura del trasferimento … (fino a 5 s)"),
+                                          QStringLiteral("Richiesta del venduto … (fino a 5 s)"),
+                                          QStringLiteral("Chiusura del trasferimento … (fino a 5 s)"),
+                                          QStringLiteral("Apertura del trasferimento … (fino a 5 s)"),
+                                          QStringLiteral("Azzeramento del venduto … (fino a 5 s)"),
+                                          QStringLiteral("Chiusura del trasferimento … (fino a 5 s)")}));
+  EXPECT_EQ(fatte, (std::vector{0, 1, 2, 3, 4, 5}));
+}
+
+TEST_F(RicezioneVenduto, MentreLaCassaTaceIComandiSonoSpentiELaBarraSiDipinge) {
+  const ShortTimeouts breve;
+  const GuidedScreen schermo = pronto();
+  cassa->faults({{.mode = 7, .what = ecrsim::FaultKind::Silence}});
+  int battiti = 0;
+  bool spenti = true;
+  QStringList letti;
+  bool finita = false;
+  bottega.user.onBox = [&](const Box&) { finita = true; };
+  QTimer orologio;
+  QObject::connect(&orologio, &QTimer::timeout, [&] {
+    if (finita || chiamate(7) == 0) return;
+    ++battiti;
+    spenti = spenti && !schermo.enabled(kAvvia) && !schermo.enabled(kEsci);
+    EXPECT_TRUE(schermo.control(kBarra).updatesEnabled());
+    letti << schermo.control<OutcomeBar>("BarraEsito").text();
+    schermo.impatience();
+  });
+  orologio.start(10);
+  schermo.click(kAvvia);
+  orologio.stop();
+  bottega.user.onBox = nullptr;
+  expectBoxes(bottega, {kComunicazione, kErroreDati, kErrore});
+  EXPECT_GE(battiti, 5);
+  EXPECT_TRUE(spenti);
+  EXPECT_THAT(letti, Each(QStringLiteral("Richiesta del venduto … (fino a 5 s)")));
+  EXPECT_EQ(chiamate(7), 1);
+  EXPECT_EQ(chiamate(5), 0);
+}
+
+TEST_F(RicezioneVenduto, LaBarraEVuotaDaFermaEAllaFinePrimaDelRiquadro) {
+  cassa.sales({{0, 100, 1, 0}});
+  const GuidedScreen schermo = pronto();
+  const auto& barra = schermo.control<QProgressBar>(kBarra);
+  EXPECT_EQ(barra.text(), QString());
+  EXPECT_EQ(barra.value(), 0);
+  QString alRiquadro;
+  bool siDipinge = false;
+  bottega.user.onBox = [&](const Box&) {
+    alRiquadro = barra.text();
+    siDipinge = barra.updatesEnabled();
+  };
+  schermo.click(kAvvia);
+  EXPECT_EQ(alRiquadro, QStringLiteral("100%"));
+  EXPECT_TRUE(siDipinge);
+  // A clearing alone has no steps.
+  schermo.click(kReset);
+  schermo.click(kAvvia);
+  bottega.user.onBox = nullptr;
+  EXPECT_EQ(alRiquadro, QString());
+  EXPECT_EQ(barra.value(), 0);
+  expectBoxes(bottega, {kRicevuto, kAzzerato});
+}
+
+TEST_F(RicezioneVenduto, UnCaricamentoFallitoLasciaVedereLaBarraDoveSiEFermata) {
+  apriSenzaVenduto();
+  cassa.sales({{0, 100, 1, 0}});
+  const GuidedScreen schermo = pronto();
+  bool siDipinge = false;
+  bottega.user.onBox = [&](const Box&) { siDipinge = schermo.control(kBarra).updatesEnabled(); };
+  schermo.click(kAvvia);
+  bottega.user.onBox = nullptr;
+  EXPECT_TRUE(siDipinge);
+  EXPECT_NE(schermo.control<QProgressBar>(kBarra).text(), QStringLiteral("100%"));
+  expectBoxes(bottega, {caricamento(QStringLiteral("3078\n*"))});
+  EXPECT_EQ(schermo.control(kAvvia).toolTip(),
+            QStringLiteral("L'ultimo comando non è riuscito: uscire e rientrare per ripeterlo"));
+}
+
+TEST_F(RicezioneVenduto, F9FaCioCheESceltoELoDiceIlSuggerimento) {
+  cassa.sales({{0, 100, 1, 0}});
+  const GuidedScreen schermo = pronto();
+  EXPECT_EQ(schermo.control(kAvvia).toolTip(), QStringLiteral("Avvia l'operazione scelta (F9)"));
+  schermo.key(Qt::Key_F9);
+  expectBoxes(bottega, {kRicevuto});
+  EXPECT_EQ(venduti(), 1);
+}
+
+TEST_F(RicezioneVenduto, ConLaCancellazioneSceltaUnInvioDiTroppoNonAzzeraENonEsce) {
+  cassa.sales({{0, 100, 1, 0}});
+  bottega.openArchive();
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.click(kReset);
+  schermo.typeAddress(cassa.address());
+  for (int i = 0; i < 4; ++i) schermo.key(Qt::Key_Return);
+  ASSERT_TRUE(schermo.enabled(kAvvia));
+  schermo.control(kReset).setFocus();
+  schermo.key(Qt::Key_Return);
+  EXPECT_TRUE(schermo.alive());
+  EXPECT_EQ(chiamate(5), 0);
+  EXPECT_FALSE(cassa.byte(kFile) == kZeri);
+}
+
+TEST_F(RicezioneVenduto, InQualeArchivioSiRiceveSiLegge) {
+  const GuidedScreen schermo = pronto();
+  EXPECT_EQ(schermo.text(QStringLiteral("LabelArchivio")), QStringLiteral("Archivio: archivio.mdb"));
+}
+
+TEST_F(RicezioneVenduto, ADodiciPuntiStaIn1024SenzaTagliareDidascalie) {
+  const GuidedScreen schermo = pronto();
+  QFont grande = schermo.window().font();
+  grande.setPointSize(12);
+  schermo.window().setFont(grande);
+  QCoreApplication::processEvents();
+  EXPECT_LE(schermo.window().minimumSizeHint().width(), 1024);
+  schermo.window().resize(schermo.window().minimumSizeHint());
+  QCoreApplication::processEvents();
+  for (const QLabel* didascalia : schermo.window().findChildren<QLabel*>()) {
+    if (!didascalia->isVisible() || didascalia->wordWrap() || didascalia->text().isEmpty()) continue;
+    EXPECT_GE(didascalia->width(), didascalia->sizeHint().width()) << didascalia->text().toStdString();
+  }
 }
 
 // The file whatever it holds.

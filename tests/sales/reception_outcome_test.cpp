@@ -137,12 +137,35 @@ TEST_F(DopoLaRicezione, SeLArchivioRifiutaSiDiceCheNullaEScritto) {
   EXPECT_FALSE(ce(kNota));
 }
 
-TEST_F(DopoLaRicezione, UnAltroAvvioPulisceIlPiede) {
+TEST_F(DopoLaRicezione, UnAltroAvvioPrendeIlPostoAlPiede) {
   ricevi(giornata(100).left(20004));
   schermo->click(QStringLiteral("vkOptionButtonReset"));
   EXPECT_THAT(avvia(), ElementsAre(kAzzerato));
-  EXPECT_EQ(piede().text(), QString());
-  EXPECT_EQ(piede().kind(), Kind::Plain);
+  attendiPiede(Kind::Done, QStringLiteral("Azzerato il venduto della cassa ") + cassa.address());
+}
+
+TEST_F(DopoLaRicezione, SeLaCassaNonConfermaLAzzeramentoSiDiceGiaAlSuoPosto) {
+  connetti();
+  cassa.put(kFile, giornata(100));
+  cassa->faults({{.mode = 5, .what = ecrsim::FaultKind::Code, .code = 16}});
+  QString detto;
+  bottega.user.onBox = [&](const Box& riquadro) {
+    if (riquadro == kErrore) detto = piede().text();
+  };
+  EXPECT_EQ(avvia().size(), 3U);
+  bottega.user.onBox = nullptr;
+  EXPECT_EQ(detto, QStringLiteral("Ricevuti 60.000 byte, 2 righe di venduto. La cassa non ha confermato "
+                                  "l'azzeramento."));
+}
+
+TEST_F(DopoLaRicezione, ConnettiRipeteLAzzeramentoInSospeso) {
+  riceviSenzaAzzerare(giornata(100));
+  connetti();
+  attendiPiede(Kind::Warning,
+               QStringLiteral("Collegato a %1: IDLE. L'ultimo venduto ricevuto è nell'archivio archivio.mdb, "
+                              "ma la cassa non ha confermato l'azzeramento: se lo consegna di nuovo, le "
+                              "stesse vendite risulteranno due volte.")
+                   .arg(cassa.address()));
 }
 
 // The file of the time before.
@@ -188,8 +211,8 @@ TEST_F(DopoLaRicezione, LaNotaCEPrimaDellAzzeramentoEDopoNonPiu) {
       nota = bottega.folder.read(kNota);
   };
   EXPECT_EQ(avvia().size(), 3U);
-  EXPECT_EQ(nota, QCryptographicHash::hash(giornata(200), QCryptographicHash::Sha256).toHex() + '\n' +
-                      varGlobal().NomeDB_Articoli.toUtf8() + '\n');
+  EXPECT_EQ(nota, QCryptographicHash::hash(giornata(200), QCryptographicHash::Sha256).toHex() + '\t' +
+                      cassa.address().toUtf8() + '\t' + varGlobal().NomeDB_Articoli.toUtf8() + '\n');
   EXPECT_EQ(bottega.folder.read(kNota), nota);
 }
 
@@ -269,6 +292,34 @@ TEST_F(DopoLaRicezione, LaSolaCancellazioneConfermataToglieLaNota) {
   schermo->click(QStringLiteral("vkOptionButtonReset"));
   EXPECT_THAT(avvia(), ElementsAre(kAzzerato));
   EXPECT_FALSE(ce(kNota));
+}
+
+TEST_F(DopoLaRicezione, LaNotaDiUnaCassaRestaQuandoUnAltraRiceveEAzzera) {
+  riceviSenzaAzzerare(giornata(100));
+  TestTill altra;
+  altra.put(kFile, giornata(900));
+  apri();
+  schermo->connectTo(altra);
+  EXPECT_THAT(avvia(), ElementsAre(kRicevuto));
+  EXPECT_TRUE(ce(kNota));
+  schermo->click(QStringLiteral("Cmd_Esci"));
+  ricevi(giornata(100));
+  EXPECT_TRUE(piede().text().endsWith(QStringLiteral("ora risultano due volte.")))
+      << piede().text().toStdString();
+  EXPECT_FALSE(ce(kNota));
+}
+
+TEST_F(DopoLaRicezione, DueCasseInSospesoHannoUnaRigaCiascuna) {
+  riceviSenzaAzzerare(giornata(100));
+  TestTill altra;
+  altra.put(kFile, giornata(900));
+  altra->faults({{.mode = 5, .what = ecrsim::FaultKind::Code, .code = 16}});
+  apri();
+  schermo->connectTo(altra);
+  EXPECT_EQ(avvia().size(), 3U);
+  EXPECT_EQ(bottega.folder.read(kNota).count('\n'), 2);
+  riceviSenzaAzzerare(giornata(200));
+  EXPECT_EQ(bottega.folder.read(kNota).count('\n'), 2);
 }
 
 TEST_F(DopoLaRicezione, UnaNotaCheNonSiPuoScrivereNonFermaLAzzeramento) {

@@ -12,7 +12,7 @@
 #include "ecrsim/simulator.h"
 
 /// A loopback address of the test's own, 127.x.y.z and never 127.0.0.1: another one at each call, another one
-/// in each process. Nobody listens there until a Cassa does, but it answers an echo.
+/// in each process. Nobody listens there until a TestTill does, but it answers an echo.
 QString ownAddress();
 
 /// What a slot has sold. `slot` counts from 0: slot 0 is the article with auto_id 1.

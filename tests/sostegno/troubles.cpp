@@ -25,6 +25,15 @@ OtherProgram::~OtherProgram() {
   EXPECT_EQ(process_.exitCode(), 0);
 }
 
+qint64 endedProcess() {
+  QProcess other;
+  other.start(QStringLiteral("true"), QStringList());
+  EXPECT_TRUE(other.waitForStarted());
+  const qint64 number = other.processId();
+  EXPECT_TRUE(other.waitForFinished());
+  return number;
+}
+
 OtherUser::OtherUser() {
   setfsuid(kNobody);
 }

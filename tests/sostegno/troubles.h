@@ -17,6 +17,9 @@ class OtherProgram {
   QProcess process_;
 };
 
+/// Number of a process that is no more.
+qint64 endedProcess();
+
 /// While it lives this thread reaches files as a user who owns none: permissions hold for it even where the
 /// tests run as root. Other threads, the simulated till's among them, keep their rights.
 class OtherUser {

@@ -196,6 +196,35 @@ TEST_F(ImportaDaMenu, UnFileCheNonSiLeggeLoDiceSoloAlPiede) {
                 .arg(bottega.folder.file(QStringLiteral("assente.csv"))));
 }
 
+TEST_F(ImportaDaMenu, DiUnaRigaSolaRimastaSiDiceAlSingolare) {
+  importa(righe(1) + "rotta\r\n");
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAre(kFallita));
+  EXPECT_EQ(outcome(), QStringLiteral("Importazione fermata alla riga 2. Resta scritta nell'archivio la riga "
+                                      "precedente."));
+}
+
+TEST_F(ImportaDaMenu, LeRigheDiPosizioniCheNonCiSonoNonContanoFraLeScritte) {
+  importa("6001;8001;A;PANE;1,00;1;N;N; \r\n6002;8002;A;PANE;1,00;1;N;N; \r\nrotta\r\n");
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAre(kFallita));
+  EXPECT_EQ(outcome(), QStringLiteral("Importazione fermata alla riga 3. L'archivio è rimasto com'era."));
+}
+
+TEST_F(ImportaDaMenu, NessunaTransazioneAspettaLaRispostaAlRiquadro) {
+  int livello = -1;
+  bottega.user.onBox = [&](const Box&) { livello = bottega.workspace.level(); };
+  importa(righe(2) + "rotta\r\n");
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAre(kFallita));
+  EXPECT_EQ(livello, 0);
+}
+
+TEST_F(ImportaDaMenu, UnEccezioneDelLinguaggioFinisceComeOgniInterruzione) {
+  bottega.user.onPass = [] { throw std::runtime_error("memoria"); };
+  importa(righe(2));
+  bottega.user.onPass = {};
+  EXPECT_EQ(outcome(),
+            QStringLiteral("Importazione interrotta dopo 0 righe: memoria. L'archivio è rimasto com'era."));
+}
+
 TEST_F(ImportaDaMenu, UnImportAnnullatoLoDiceAlPiede) {
   importa("1;8001;A;L'OLIO;1,00;1;N;N; \r\n");
   EXPECT_EQ(bottega.user.takeBoxes().size(), 2U);

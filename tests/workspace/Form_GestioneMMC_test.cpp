@@ -24,7 +24,7 @@ struct GestioneMMC : WorkspaceFixture {};
 const Box kModelloAssente{QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
                           Icon::Critical, QStringLiteral("ATTENZIONE"), Buttons::Ok};
 const Box kSovrascrivere{QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icon::None,
-                         QStringLiteral("ATTENZIONE"), Buttons::YesNo};
+                         QStringLiteral("ATTENZIONE"), Buttons::YesNo, Preset::Last};
 
 constexpr unsigned long kPochiByte = 4096;
 constexpr QFileDevice::Permissions kCartellaInSolaLettura =
@@ -51,9 +51,9 @@ TEST_F(GestioneMMC, OgniVoceDiMenuHaUnaFigura) {
   }
 }
 
-TEST_F(GestioneMMC, IlTastoSenzaScrittaHaUnNomeEUnaSpiegazione) {
+TEST_F(GestioneMMC, EsciHaScrittaSpiegazioneEIcona) {
   const auto& esci = control<QAbstractButton>("Cmd_Esci");
-  EXPECT_EQ(esci.accessibleName(), QStringLiteral("Esci"));
+  EXPECT_EQ(esci.text(), QStringLiteral("Esci"));
   EXPECT_NE(esci.toolTip(), QString());
   EXPECT_FALSE(esci.icon().isNull());
 }
@@ -428,14 +428,14 @@ TEST_F(GestioneMMC, IlTabulatorePassaPerOgniComandoNelLoroOrdine) {
   create();
   control("PulsanteNuovo").setFocus();
   QStringList visitati;
-  for (int i = 0; i < 8; ++i) {
+  for (int i = 0; i < 9; ++i) {
     visitati.append(screen->focusWidget()->objectName());
     QTest::keyClick(screen->focusWidget(), Qt::Key_Tab);
   }
-  EXPECT_EQ(
-      visitati.join(QLatin1Char(' ')),
-      QStringLiteral("PulsanteNuovo PulsanteApri PulsanteImporta Cmd_Articoli Cmd_Down Cmd_Upl Cmd_Venduto "
-                     "Cmd_Esci"));
+  EXPECT_EQ(visitati.join(QLatin1Char(' ')),
+            QStringLiteral(
+                "PulsanteNuovo PulsanteApri PulsanteImporta PulsanteChiudi Cmd_Articoli Cmd_Down Cmd_Upl "
+                "Cmd_Venduto Cmd_Esci"));
 }
 
 TEST_F(GestioneMMC, StaInUnoSchermoDi1024Per768AlDuecentoPerCento) {

@@ -18,7 +18,7 @@ using Kind = OutcomeBar::Kind;
 const QString kArchivio = QStringLiteral("archivio.mdb");
 const QString kBloccato = QStringLiteral("Il database è bloccato da un altro programma.");
 const Box kSovrascrivere{QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icon::None,
-                         QStringLiteral("ATTENZIONE"), Buttons::YesNo};
+                         QStringLiteral("ATTENZIONE"), Buttons::YesNo, Preset::Last};
 
 /// The workspace as it is laid down with no archive open.
 struct SenzaArchivio : WorkspaceFixture {
@@ -34,6 +34,7 @@ struct SenzaArchivio : WorkspaceFixture {
   }
   /// Clicks on every command that an archive serves: none may find itself without one.
   void premiTutto() {
+    ASSERT_EQ(enabledCommands(), 0);
     for (const char* nome : {"Cmd_Articoli", "Cmd_Down", "Cmd_Upl", "Cmd_Venduto", "PulsanteImporta"})
       click(nome);
     EXPECT_THAT(bottega.user.boxes(), IsEmpty());

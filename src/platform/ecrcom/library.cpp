@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/ecrcom/ecrcom.h"
+#include "platform/ecrcom/side_thread.h"
 #include "platform/error.h"
 
 namespace {
@@ -21,6 +22,11 @@ constexpr QLatin1String kName("libecrcom.so");
 /// spoils nothing of ours.
 constexpr qsizetype kMargin = 256;
 constexpr qsizetype kDateTimeLength = 18;
+
+/// A service entry of our own library, and what that waits for an answer unless the entry was used, which the
+/// program never does.
+constexpr const char* kServiceEntry = "ecr_set_timeout";
+constexpr std::chrono::seconds kAnswerLimit{5};
 
 /// A copy of a byte array that a foreign library may write to.
 class WritableCopy {
@@ -45,6 +51,7 @@ class WritableCopy {
 struct EcrLibrary::Impl {
   QString folder;
   QLibrary library;
+  SideThread side;
 
   void load() {
     if (library.isLoaded()) return;
@@ -70,13 +77,27 @@ EcrLibrary::EcrLibrary(QString folder) : impl_(std::make_unique<Impl>()) {
 
 EcrLibrary::~EcrLibrary() = default;
 
+void EcrLibrary::Beside(const std::function<void()>& work) {
+  impl_->side.run(work);
+}
+
+std::optional<std::chrono::seconds> EcrLibrary::AnswerLimit() {
+  try {
+    impl_->load();
+  } catch (const Errore&) {
+    return std::nullopt;
+  }
+  return impl_->library.resolve(kServiceEntry) ? std::optional(kAnswerLimit) : std::nullopt;
+}
+
 std::int16_t EcrLibrary::ecr_command(QByteArray& ip, QByteArray& file, int mode, QByteArray& buffer) {
   const auto function = ENTRY(ecr_command);
   WritableCopy ipCopy(ip);
   WritableCopy fileCopy(file);
   WritableCopy bufferCopy(buffer);
-  const std::int16_t code =
-      function(ipCopy.data(), fileCopy.data(), mode, bufferCopy.data(), bufferCopy.length());
+  std::int16_t code = 0;
+  Beside(
+      [&] { code = function(ipCopy.data(), fileCopy.data(), mode, bufferCopy.data(), bufferCopy.length()); });
   ip = ipCopy.text();
   file = fileCopy.text();
   buffer = bufferCopy.integer();
@@ -93,7 +114,9 @@ QByteArray EcrLibrary::ecr_get_err(std::int16_t code, int length) {
 std::int32_t EcrLibrary::ecr_conn_xonxoff_ntw(const QByteArray& ip) {
   const auto function = ENTRY(ecr_conn_xonxoff_ntw);
   WritableCopy copy(ip);
-  return function(copy.data());
+  std::int32_t handle = 0;
+  Beside([&] { handle = function(copy.data()); });
+  return handle;
 }
 
 std::int16_t EcrLibrary::ecr_disc_xonxoff_ntw(std::int32_t handle) {
@@ -103,7 +126,8 @@ std::int16_t EcrLibrary::ecr_disc_xonxoff_ntw(std::int32_t handle) {
 std::int16_t EcrLibrary::ecr_send_xonxoff_ntw(std::int32_t handle, QByteArray& text) {
   const auto function = ENTRY(ecr_send_xonxoff_ntw);
   WritableCopy copy(text);
-  const std::int16_t code = function(handle, copy.data());
+  std::int16_t code = 0;
+  Beside([&] { code = function(handle, copy.data()); });
   text = copy.integer();
   return code;
 }
@@ -111,7 +135,8 @@ std::int16_t EcrLibrary::ecr_send_xonxoff_ntw(std::int32_t handle, QByteArray& t
 std::int32_t EcrLibrary::ecr_recv_xonxoff_ntw(std::int32_t handle, QByteArray& buffer, int wait) {
   const auto function = ENTRY(ecr_recv_xonxoff_ntw);
   WritableCopy copy(buffer);
-  const std::int32_t received = function(handle, copy.data(), copy.length(), wait);
+  std::int32_t received = 0;
+  Beside([&] { received = function(handle, copy.data(), copy.length(), wait); });
   buffer = copy.integer();
   return std::min(received, copy.length());
 }

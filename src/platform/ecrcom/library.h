@@ -2,12 +2,18 @@
 
 #include <QByteArray>
 #include <QString>
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
 
 /// The communications library, loaded at its first call from the folder handed over, so that a maker's own
 /// can stand in its place. Every call throws Errore 53 if the library, and 453 if one of its entries, is
 /// missing. Byte arrays are writable buffers: the library may change what they hold, never their length.
+///
+/// What may wait for the till runs in a thread of the library's own (`SideThread`): the windows go on
+/// painting while it is silent, and a second call meanwhile is refused.
 class EcrLibrary {
  public:
   /// `folder` holds libecrcom.so (or the platform's name for it).
@@ -15,6 +21,11 @@ class EcrLibrary {
   ~EcrLibrary();
   EcrLibrary(const EcrLibrary&) = delete;
   EcrLibrary& operator=(const EcrLibrary&) = delete;
+
+  /// Runs other work that waits for a till, an echo say, in the library's thread and under its rules.
+  void Beside(const std::function<void()>& work);
+  /// How long a call waits for the till's answer. Nothing for another maker's library, or for none.
+  std::optional<std::chrono::seconds> AnswerLimit();
 
   /// `ip` and `file` come back as the library left them, cut at their NUL; `buffer` keeps its length.
   std::int16_t ecr_command(QByteArray& ip, QByteArray& file, int mode, QByteArray& buffer);

@@ -24,8 +24,9 @@ std::uint16_t word(std::span<const std::uint8_t> byte, std::size_t place) {
 }
 
 void write(QByteArray& byte, std::size_t place, std::uint16_t value) {
-  byte[static_cast<qsizetype>(place)] = static_cast<char>(value >> 8);
-  byte[static_cast<qsizetype>(place + 1)] = static_cast<char>(value & 0xFF);
+  const auto first = static_cast<qsizetype>(place);
+  byte[first] = static_cast<char>(value >> 8);
+  byte[first + 1] = static_cast<char>(value & 0xFF);
 }
 
 /// The internet checksum: one's complement of the one's complement sum of the 16-bit words.

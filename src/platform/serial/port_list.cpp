@@ -19,7 +19,7 @@ QStringList listPorts() {
 
 QString portPath(int number, const QString& folder) {
   if (number < kBefore || number > kLast) return {};
-  const QString link = QDir(folder).filePath(QStringLiteral("Porte/COM%1").arg(number));
+  QString link = QDir(folder).filePath(QStringLiteral("Porte/COM%1").arg(number));
   const QFileInfo entry(link);
   if (entry.exists() || entry.isSymLink()) return link;
   return listPorts().value(number - kBefore);

@@ -96,6 +96,7 @@ class Connection {
 };
 
 /// Opens an existing file. Throws as Workspace::OpenDatabase.
-std::shared_ptr<Connection> OpenConnection(const QString& path, std::shared_ptr<WorkspaceState> workspace);
+std::shared_ptr<Connection> OpenConnection(const QString& path,
+                                           const std::shared_ptr<WorkspaceState>& workspace);
 
 }  // namespace store

@@ -32,7 +32,7 @@ struct Parameter {
   Kind kind = Kind::Integer;
   std::int64_t integer = 0;
   double real = 0;
-  /// Window on the source statement or on Traduzione::testi.
+  /// Window on the source statement or on Translation::texts.
   std::string_view text;
 };
 

@@ -57,7 +57,8 @@ void keepLog(sqlite3* db, const QString& path) {
 
 }  // namespace
 
-std::shared_ptr<Connection> OpenConnection(const QString& path, std::shared_ptr<WorkspaceState> workspace) {
+std::shared_ptr<Connection> OpenConnection(const QString& path,
+                                           const std::shared_ptr<WorkspaceState>& workspace) {
   checkFile(path);
   Engine engine = OpenEngine(QFileInfo(path).absoluteFilePath(), SQLITE_OPEN_READWRITE);
   sqlite3* const db = engine.get();

@@ -139,7 +139,6 @@ Errore EngineError(sqlite3* db, Moment moment) {
     case SQLITE_LOCKED:
       return {errors::kLocked, QStringLiteral("Il database è bloccato da un altro programma.")};
     case SQLITE_READONLY:
-      return moment == Moment::Opening ? errors::pathAccess() : readOnlyError();
     // The journal cannot be made beside the file: the folder is read-only.
     case SQLITE_CANTOPEN:
       return moment == Moment::Opening ? errors::pathAccess() : readOnlyError();

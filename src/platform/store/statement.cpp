@@ -1,7 +1,6 @@
 #include "platform/store/statement.h"
 
 #include <cmath>
-#include <utility>
 
 namespace store {
 
@@ -62,36 +61,37 @@ bool plainNumber(QStringView rest) {
   return rest.isEmpty();
 }
 
-StatementValue numberOrBreak(QString text, bool sound) {
-  return {std::move(text), sound ? std::nullopt : std::optional<qsizetype>(0), true};
+/// Where a number breaks the statement: at its first sign, or nowhere.
+std::optional<qsizetype> breakUnless(bool sound) {
+  return sound ? std::nullopt : std::optional<qsizetype>(0);
 }
 
 }  // namespace
 
 StatementValue text(const QString& value) {
-  return {value, closingApostrophe(value)};
+  return StatementValue(value, closingApostrophe(value));
 }
 
 StatementValue number(std::int64_t value) {
-  return numberOrBreak(QString::number(value), true);
+  return StatementValue(QString::number(value), std::nullopt, true);
 }
 
 StatementValue number(double value) {
-  return numberOrBreak(QString::number(value, 'g', kDigits), std::isfinite(value));
+  return StatementValue(QString::number(value, 'g', kDigits), breakUnless(std::isfinite(value)), true);
 }
 
 StatementValue number(const QString& written) {
-  return numberOrBreak(written, plainNumber(written));
+  return StatementValue(written, breakUnless(plainNumber(written)), true);
 }
 
 StatementValue rowId(const QString& written) {
   QStringView rest = written;
   const bool digits = take(rest, digit) && rest.isEmpty();
-  return numberOrBreak(written, digits);
+  return StatementValue(written, breakUnless(digits), true);
 }
 
 StatementValue flag(bool value) {
-  return {value ? QStringLiteral("true") : QStringLiteral("false")};
+  return StatementValue(value ? QStringLiteral("true") : QStringLiteral("false"));
 }
 
 Statement Statement::AsWritten(const QString& sql) {
@@ -106,8 +106,8 @@ Statement& Statement::operator+=(Wording wording) {
 }
 
 Statement& Statement::operator+=(const StatementValue& value) {
-  if (value.breaksAt && !broken_) broken_ = Break{sql_.size() + *value.breaksAt, value.isNumber};
-  sql_ += value.text;
+  if (value.breaksAt() && !broken_) broken_ = Break{sql_.size() + *value.breaksAt(), value.isNumber()};
+  sql_ += value.text();
   return *this;
 }
 

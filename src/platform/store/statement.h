@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 namespace store {
 
@@ -22,12 +23,30 @@ class Wording {
   std::size_t size_;
 };
 
-/// A value on its way into a statement, as the wording is to hold it. The helpers below make them.
-struct StatementValue {
-  QString text;
-  /// Where, in `text`, the value stops being a value; nothing for one that stays within its place.
-  std::optional<qsizetype> breaksAt = std::nullopt;
-  bool isNumber = false;
+/// A value on its way into a statement, as the wording is to hold it. Nothing but the helpers below makes
+/// one.
+class StatementValue {
+ public:
+  const QString& text() const { return text_; }
+  /// Where, in the text, the value stops being a value; nothing for one that stays within its place.
+  std::optional<qsizetype> breaksAt() const { return breaksAt_; }
+  bool isNumber() const { return isNumber_; }
+
+ private:
+  explicit StatementValue(QString text, std::optional<qsizetype> breaksAt = std::nullopt,
+                          bool isNumber = false)
+      : text_(std::move(text)), breaksAt_(breaksAt), isNumber_(isNumber) {}
+
+  QString text_;
+  std::optional<qsizetype> breaksAt_;
+  bool isNumber_;
+
+  friend StatementValue text(const QString& value);
+  friend StatementValue number(std::int64_t value);
+  friend StatementValue number(double value);
+  friend StatementValue number(const QString& written);
+  friend StatementValue rowId(const QString& written);
+  friend StatementValue flag(bool value);
 };
 
 /// A text, between the apostrophes that the wording sets around it. Nothing is escaped, as the archives'

@@ -15,7 +15,7 @@ class StatementShape {
   /// True if `source` differs from the remembered one in its literals alone; its values are then in
   /// `translation`, and look into `source`.
   bool fillIn(std::string_view source);
-  /// Translates word by word and remembers. Throws as Traduci does, and then remembers nothing.
+  /// Translates word by word and remembers. Throws as Translate does, and then remembers nothing.
   void rebuild(std::string_view source, const Dictionary& dictionary);
 
   const Translation& translation() const { return translation_; }

@@ -10,13 +10,13 @@
 #include "platform/store/value.h"
 
 /// The relational store: SQL texts of the callers' dialect over one file a database.
-/// Every call that fails throws Errore with one of the numbers of errore.h.
+/// Every call that fails throws Errore with one of the numbers of error.h.
 namespace store {
 
 class Connection;
 class RowSet;
 
-/// Rows of a query, read whole at opening, with a current row. An empty set has `fine()` true at once;
+/// Rows of a query, read whole at opening, with a current row. An empty set has `atEnd()` true at once;
 /// reading a field there throws Errore 3021, naming an unknown field 3265.
 class Recordset {
  public:
@@ -66,8 +66,8 @@ class Database {
   int Execute(Wording whole) { return Execute(Statement(whole)); }
   Recordset OpenRecordset(const Statement& statement);
   Recordset OpenRecordset(Wording whole) { return OpenRecordset(Statement(whole)); }
-  /// Throws 3343 for a damaged file, and nothing else: what long work asks before it writes on an archive. A
-  /// millisecond for 5000 articles.
+  /// Throws 3343 for a damaged file, 3043 where the disk fails, and nothing else: what long work asks before
+  /// it writes on an archive. A millisecond for 5000 articles.
   void CheckIntegrity();
   /// Closes the file for every copy of the handle. What is open of a transaction is committed.
   /// Closing a closed handle throws Errore 3420 no more than once: it does nothing.

@@ -19,7 +19,7 @@ QByteArray ReadWholeFile(const QString& path, qsizetype most) {
   if (!entry.exists()) throw errors::fileMissing(path);
   QFile file(path);
   if (!entry.isFile() || !file.open(QIODevice::ReadOnly)) throw errors::pathAccess(path);
-  const QByteArray bytes = file.read(most + 1);
+  QByteArray bytes = file.read(most + 1);
   if (file.error() != QFileDevice::NoError) throw errors::pathAccess(path);
   if (bytes.size() > most) throw errors::pastEnd(path);
   return bytes;

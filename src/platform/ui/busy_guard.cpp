@@ -9,6 +9,7 @@
 namespace {
 
 int live = 0;
+unsigned begun = 0;
 
 bool toBeEaten(QEvent::Type kind) {
   switch (kind) {
@@ -66,6 +67,7 @@ void installFilter() {
 
 BusyGuard::BusyGuard() {
   installFilter();
+  if (live == 0) ++begun;
   ++live;
 }
 
@@ -78,7 +80,15 @@ bool BusyGuard::active() {
   return live > 0;
 }
 
-BusyGuard::Suspended::Suspended() : before_(std::exchange(live, 0)) {}
+unsigned BusyGuard::number() {
+  return begun;
+}
+
+BusyGuard::Suspended::Suspended() {
+  // What was pressed before the box opened is no answer to it.
+  if (BusyGuard::active() && QCoreApplication::instance()) QCoreApplication::processEvents();
+  before_ = std::exchange(live, 0);
+}
 
 BusyGuard::Suspended::~Suspended() {
   live += before_;

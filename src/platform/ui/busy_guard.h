@@ -4,7 +4,7 @@
 /// would deliver are eaten, so that a transfer cannot be started twice nor its screen closed under it.
 /// The end of the last one eats what was waiting: a click made while a long call stood still is not a wish
 /// for what the screen shows afterwards. Instances nest. Message boxes and file dialogs of the user port
-/// suspend the guard while they are open.
+/// suspend the guard while they are open; what was pressed before they opened is eaten too.
 class BusyGuard {
  public:
   BusyGuard();
@@ -14,6 +14,8 @@ class BusyGuard {
 
   /// True while some instance lives and none is suspended.
   static bool active();
+  /// Tells one command from the next: a number that changes with every outermost instance.
+  static unsigned number();
 
   /// Lifts the guard for its own life: what the user port holds while a box is open.
   class Suspended {
@@ -24,6 +26,6 @@ class BusyGuard {
     Suspended& operator=(const Suspended&) = delete;
 
    private:
-    int before_;
+    int before_ = 0;
   };
 };

@@ -17,9 +17,19 @@
 
 DesktopUser::DesktopUser(std::function<void()> close) : close_(std::move(close)) {}
 
-Answer DesktopUser::MsgBox(const QString& text, Icon icon, const QString& title, Buttons buttons) {
+Answer DesktopUser::ShowBox(const QString& text, Icon icon, const QString& title, Buttons buttons,
+                            Preset preset) {
+  const QString heading = title.isEmpty() ? kApplicationTitle : title;
+  const message_box::Question question{text, icon, heading, buttons, preset};
+  const bool notice = buttons == Buttons::Ok;
+  const auto treatment =
+      notice ? notices_.next(heading + QLatin1Char('\n') + text) : EqualNotices::Treatment::Shown;
+  if (treatment == EqualNotices::Treatment::LetPass) return Answer::Ok;
   const BusyGuard::Suspended suspended;
-  return message_box::show(text, icon, title.isEmpty() ? kApplicationTitle : title, buttons);
+  const message_box::Reply reply =
+      message_box::show(question, treatment == EqualNotices::Treatment::ShownWithOffer);
+  if (reply.letOthersPass) notices_.letPass();
+  return reply.answer;
 }
 
 std::optional<QString> DesktopUser::AskOpenPath(const FileRequest& window) {

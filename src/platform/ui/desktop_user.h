@@ -3,20 +3,19 @@
 #include <functional>
 
 #include "platform/ui/beat.h"
+#include "platform/ui/equal_notices.h"
 #include "platform/ui/user_port.h"
 
 /// The title of every box that has none of its own.
 inline const QString kApplicationTitle = QStringLiteral("Gestionale Misuratori Fiscali");
 
 /// The user port over the desktop's own boxes and dialogs. Each stands before the active window and lifts the
-/// busy guard while it is open.
+/// busy guard while it is open. A notice that comes again and again within one command can be let pass.
 class DesktopUser : public Utente {
  public:
   /// `close` runs just before `Terminate` ends the process: it closes the databases.
   explicit DesktopUser(std::function<void()> close);
 
-  Answer MsgBox(const QString& text, Icon icon = Icon::None, const QString& title = {},
-                Buttons buttons = Buttons::Ok) override;
   std::optional<QString> AskOpenPath(const FileRequest& window) override;
   std::optional<QString> AskSavePath(const FileRequest& window) override;
   void DoEvents() override;
@@ -29,6 +28,10 @@ class DesktopUser : public Utente {
   [[noreturn]] void Terminate() override;
 
  private:
+  Answer ShowBox(const QString& text, Icon icon, const QString& title, Buttons buttons,
+                 Preset preset) override;
+
   std::function<void()> close_;
   Beat beat_;
+  EqualNotices notices_;
 };

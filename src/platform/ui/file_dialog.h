@@ -5,8 +5,12 @@
 
 #include "platform/ui/user_port.h"
 
-/// The file dialogs of the desktop, object names "FinestraApri" and "FinestraSalva".
+/// The file dialogs of the desktop, object names "FinestraApri" and "FinestraSalva". Each starts in the
+/// folder of the file that was chosen last in this run; the first in the one that its request names.
 namespace file_dialog {
+
+/// Where the first dialog of a run starts whose request names no folder. Forgets the one used last.
+void startIn(const QString& folder);
 
 /// Filters in the toolkit's form, "csv (*.csv)", from pairs parted by "|". A pattern "*.*" means every file.
 QStringList filters(const QString& filter);

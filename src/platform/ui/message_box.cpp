@@ -1,10 +1,15 @@
 #include "platform/ui/message_box.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
-#include <memory>
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -24,7 +29,7 @@ constexpr Entry kCancel{Answer::Cancel, u"Annulla", QMessageBox::RejectRole, Qt:
 constexpr Entry kYes{Answer::Yes, u"Sì", QMessageBox::YesRole, Qt::Key_S};
 constexpr Entry kNo{Answer::No, u"No", QMessageBox::NoRole, Qt::Key_N};
 
-/// The first is the default, the last answers to Escape and to the frame.
+/// The first is the default unless the question says otherwise, the last answers to Escape and to the frame.
 std::vector<Entry> entries(Buttons buttons) {
   switch (buttons) {
     case Buttons::Ok:
@@ -55,37 +60,86 @@ QMessageBox::Icon image(Icon icon) {
   return QMessageBox::NoIcon;
 }
 
-QPushButton* add(QMessageBox& message_box, const Entry& entry) {
-  QPushButton* button = message_box.addButton(QString::fromUtf16(entry.text), entry.role);
+QPushButton* add(QMessageBox& box, const Entry& entry) {
+  QPushButton* button = box.addButton(QString::fromUtf16(entry.text), entry.role);
   button->setShortcut(QKeySequence(Qt::ALT | entry.key));
   return button;
 }
 
+/// Letters of the narrowest box, and what a window's frame takes of a title.
+constexpr int kLetters = 44;
+constexpr int kFrame = 96;
+
+/// One width for all short boxes, wider for a title that would be cut; the text beside the middle of its
+/// icon.
+void layOut(QMessageBox& box) {
+  auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+  if (text == nullptr || grid == nullptr) return;
+  const QFontMetrics letters = box.fontMetrics();
+  text->setMinimumWidth(
+      std::max(letters.averageCharWidth() * kLetters, letters.horizontalAdvance(box.windowTitle()) + kFrame));
+  text->setAlignment(Qt::AlignVCenter | Qt::AlignLeft);
+  auto* const icon = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
+  if (icon == nullptr) return;
+  grid->setAlignment(icon, Qt::AlignVCenter);
+  // The icon takes a second row, kept for a text that these boxes do not have.
+  int row = 0;
+  int column = 0;
+  int rows = 0;
+  int columns = 0;
+  grid->getItemPosition(grid->indexOf(text), &row, &column, &rows, &columns);
+  grid->removeWidget(text);
+  grid->addWidget(text, row, column, 2, columns);
+}
+
+/// Enter or Esc held down would answer every box of a row of boxes.
+class HeldKeys : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) return false;
+    const auto& key = *static_cast<const QKeyEvent*>(event);
+    return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter ||
+                                  key.key() == Qt::Key_Escape || key.key() == Qt::Key_Space);
+  }
+};
+
+QMessageBox* made(const Question& question) {
+  auto* box = new QMessageBox(QApplication::activeWindow());
+  box->setObjectName(QStringLiteral("MsgBox"));
+  box->setWindowTitle(question.title);
+  box->setIcon(image(question.icon));
+  box->setTextFormat(Qt::PlainText);
+  box->setText(question.text);
+  box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  return box;
+}
+
 }  // namespace
 
-Answer show(const QString& text, Icon icon, const QString& title, Buttons buttons) {
+Reply show(const Question& question, bool offersToPass) {
   // The window below may go while the box is open, and takes the box with it.
-  const QPointer<QMessageBox> message_box(new QMessageBox(QApplication::activeWindow()));
-  message_box->setObjectName(QStringLiteral("MsgBox"));
-  message_box->setWindowTitle(title);
-  message_box->setIcon(image(icon));
-  message_box->setTextFormat(Qt::PlainText);
-  message_box->setText(text);
-  message_box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  const QPointer<QMessageBox> box(made(question));
+  std::vector<std::pair<QPushButton*, Answer>> placed;
+  for (const Entry& entry : entries(question.buttons)) placed.emplace_back(add(*box, entry), entry.answer);
+  QPushButton* const preset = (question.preset == Preset::First ? placed.front() : placed.back()).first;
+  preset->setProperty("primary", true);
+  box->setDefaultButton(preset);
+  box->setEscapeButton(placed.back().first);
+  if (offersToPass)
+    box->setCheckBox(new QCheckBox(QStringLiteral("Chiudi anche i prossimi avvisi uguali"), box));
+  layOut(*box);
+  HeldKeys held;
+  qApp->installEventFilter(&held);
+  box->exec();
 
-  std::vector<std::pair<QAbstractButton*, Answer>> placedButtons;
-  for (const Entry& entry : entries(buttons))
-    placedButtons.emplace_back(add(*message_box, entry), entry.answer);
-  message_box->setDefaultButton(qobject_cast<QPushButton*>(placedButtons.front().first));
-  message_box->setEscapeButton(placedButtons.back().first);
-
-  message_box->exec();
-  Answer answer = placedButtons.back().second;
-  if (!message_box) return answer;
-  for (const auto& [button, its] : placedButtons)
-    if (message_box->clickedButton() == button) answer = its;
-  delete message_box;
-  return answer;
+  Reply reply{placed.back().second};
+  if (!box) return reply;
+  for (const auto& [button, its] : placed)
+    if (box->clickedButton() == button) reply.answer = its;
+  reply.letOthersPass = box->checkBox() != nullptr && box->checkBox()->isChecked();
+  delete box;
+  return reply;
 }
 
 }  // namespace message_box

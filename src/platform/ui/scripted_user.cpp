@@ -7,7 +7,8 @@
 
 void PrintTo(const Box& box, std::ostream* output) {
   *output << "\"" << box.text.toStdString() << "\" icon " << static_cast<int>(box.icon) << " title \""
-          << box.title.toStdString() << "\" buttons " << static_cast<int>(box.buttons);
+          << box.title.toStdString() << "\" buttons " << static_cast<int>(box.buttons) << " preset "
+          << static_cast<int>(box.preset);
 }
 
 ScriptedUser::~ScriptedUser() {
@@ -37,9 +38,10 @@ std::vector<Box> ScriptedUser::takeBoxes() {
   return std::exchange(boxes_, {});
 }
 
-Answer ScriptedUser::MsgBox(const QString& text, Icon icon, const QString& title, Buttons buttons) {
-  boxes_.push_back({text, icon, title, buttons});
-  if (onBox) onBox(Box{text, icon, title, buttons});
+Answer ScriptedUser::ShowBox(const QString& text, Icon icon, const QString& title, Buttons buttons,
+                             Preset preset) {
+  boxes_.push_back({text, icon, title, buttons, preset});
+  if (onBox) onBox(Box{text, icon, title, buttons, preset});
   if (buttons == Buttons::Ok) return Answer::Ok;
   if (answers_.empty()) {
     ADD_FAILURE() << "a question without a scripted answer: " << text.toStdString();

@@ -12,6 +12,7 @@ struct Box {
   Icon icon = Icon::None;
   QString title;
   Buttons buttons = Buttons::Ok;
+  Preset preset = Preset::First;
 
   bool operator==(const Box&) const = default;
 };
@@ -41,7 +42,8 @@ class ScriptedUser : public Utente {
   std::function<void()> onPass;
   int passes() const { return passes_; }
 
-  Answer MsgBox(const QString& text, Icon icon, const QString& title, Buttons buttons) override;
+  Answer ShowBox(const QString& text, Icon icon, const QString& title, Buttons buttons,
+                 Preset preset) override;
   std::optional<QString> AskOpenPath(const FileRequest& takePath) override;
   std::optional<QString> AskSavePath(const FileRequest& takePath) override;
   void DoEvents() override;

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <optional>
+#include <utility>
 
 /// The picture beside a message.
 enum class Icon { None, Critical, Question, Warning, Information };
@@ -10,9 +11,18 @@ enum class Icon { None, Critical, Question, Warning, Information };
 /// The set of buttons of a message box.
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 
-/// What the person answered. A box closed by its frame answers Annulla where there is such a button,
+/// What the person answered. A box closed by its frame answers Cancel where there is such a button,
 /// No where there are only Yes and No, OK elsewhere.
 enum class Answer { Ok, Cancel, Yes, No };
+
+/// Which button Enter presses: the first, or the last where the first would lose data.
+enum class Preset { First, Last };
+
+/// What a box without a question said.
+struct Notice {
+  QString text;
+  Icon icon = Icon::None;
+};
 
 /// What an open or save dialog starts from.
 struct FileRequest {
@@ -21,6 +31,8 @@ struct FileRequest {
   QString filter;
   /// Folder shown first; empty: the current one.
   QString folder;
+  /// A save dialog asks by itself before it hands over a file that exists.
+  bool asksBeforeReplacing = false;
 };
 
 /// Thrown by the tests' port in place of the end of the process. Not an error: nothing but the guard at the
@@ -36,16 +48,19 @@ class Utente {
   virtual ~Utente() = default;
 
   /// Shows a box and waits for its answer. An empty title is replaced by the application's.
-  virtual Answer MsgBox(const QString& text, Icon icon = Icon::None, const QString& title = {},
-                        Buttons buttons = Buttons::Ok) = 0;
+  Answer MsgBox(const QString& text, Icon icon = Icon::None, const QString& title = {},
+                Buttons buttons = Buttons::Ok, Preset preset = Preset::First);
+  /// The gravest notice since the last call, the first of them where several are as grave; nothing where none
+  /// was shown. Questions are none.
+  std::optional<Notice> TakeNotice() { return std::exchange(notice_, std::nullopt); }
 
   /// Path of an existing file, or nothing when the person cancelled.
   virtual std::optional<QString> AskOpenPath(const FileRequest& window) = 0;
   /// Path to write to, with the filter's extension added where the person typed none; it may exist: the
-  /// caller asks. Nothing when the person cancelled.
+  /// caller asks, unless the request does. Nothing when the person cancelled.
   virtual std::optional<QString> AskSavePath(const FileRequest& window) = 0;
 
-  /// Lets waiting events through once. Input is eaten while an `BusyGuard` lives.
+  /// Lets waiting events through once. Input is eaten while a `BusyGuard` lives.
   virtual void DoEvents() = 0;
   /// The same at each record of a long loop. The desktop's passes keep a beat, so that the loop does not
   /// spend its time on looking for events.
@@ -61,4 +76,10 @@ class Utente {
 
   /// Ends the process at once. Open databases are closed first, unfinished transactions undone.
   [[noreturn]] virtual void Terminate() = 0;
+
+ private:
+  virtual Answer ShowBox(const QString& text, Icon icon, const QString& title, Buttons buttons,
+                         Preset preset) = 0;
+
+  std::optional<Notice> notice_;
 };

@@ -12,24 +12,24 @@ using store::Statement;
 using store::StatementValue;
 
 std::optional<qsizetype> rotturaDi(const QString& testo) {
-  return store::text(testo).breaksAt;
+  return store::text(testo).breaksAt();
 }
 
 bool numeroRotto(const QString& scritto) {
   const StatementValue valore = store::number(scritto);
-  EXPECT_TRUE(valore.isNumber) << testing::PrintToString(scritto);
-  EXPECT_EQ(valore.text, scritto);
-  if (valore.breaksAt) {
-    EXPECT_EQ(*valore.breaksAt, 0) << testing::PrintToString(scritto);
+  EXPECT_TRUE(valore.isNumber()) << testing::PrintToString(scritto);
+  EXPECT_EQ(valore.text(), scritto);
+  if (valore.breaksAt()) {
+    EXPECT_EQ(*valore.breaksAt(), 0) << testing::PrintToString(scritto);
   }
-  return valore.breaksAt.has_value();
+  return valore.breaksAt().has_value();
 }
 
 bool rigaRotta(const QString& scritta) {
   const StatementValue valore = store::rowId(scritta);
-  EXPECT_TRUE(valore.isNumber);
-  EXPECT_EQ(valore.text, scritta);
-  return valore.breaksAt.has_value();
+  EXPECT_TRUE(valore.isNumber());
+  EXPECT_EQ(valore.text(), scritta);
+  return valore.breaksAt().has_value();
 }
 
 // Texts.
@@ -38,9 +38,9 @@ TEST(TestoInIstruzione, SenzaApostrofiPassaComeSta) {
   for (const char16_t* testo :
        {u"", u"PANE", u"\"PANE\"", u"10% [*]?#", u"--;/*", u"CAFFÈ €", u"a\nb", u"´ ’ ＇"}) {
     const StatementValue valore = store::text(QString::fromUtf16(testo));
-    EXPECT_EQ(valore.text, QString::fromUtf16(testo));
-    EXPECT_EQ(valore.breaksAt, std::nullopt) << valore.text.toStdString();
-    EXPECT_FALSE(valore.isNumber);
+    EXPECT_EQ(valore.text(), QString::fromUtf16(testo));
+    EXPECT_EQ(valore.breaksAt(), std::nullopt) << valore.text().toStdString();
+    EXPECT_FALSE(valore.isNumber());
   }
 }
 
@@ -132,25 +132,25 @@ TEST(NumeroInIstruzione, UnMilioneDiCifreEUnNumero) {
 }
 
 TEST(NumeroInIstruzione, GliInteriCalcolatiSonoLeLoroCifre) {
-  EXPECT_EQ(store::number(std::int64_t{-3}).text, QStringLiteral("-3"));
-  EXPECT_EQ(store::number(std::numeric_limits<std::int64_t>::min()).text,
+  EXPECT_EQ(store::number(std::int64_t{-3}).text(), QStringLiteral("-3"));
+  EXPECT_EQ(store::number(std::numeric_limits<std::int64_t>::min()).text(),
             QStringLiteral("-9223372036854775808"));
-  EXPECT_EQ(store::number(std::numeric_limits<std::int64_t>::max()).breaksAt, std::nullopt);
-  EXPECT_TRUE(store::number(std::int64_t{0}).isNumber);
+  EXPECT_EQ(store::number(std::numeric_limits<std::int64_t>::max()).breaksAt(), std::nullopt);
+  EXPECT_TRUE(store::number(std::int64_t{0}).isNumber());
 }
 
 TEST(NumeroInIstruzione, IRealiCalcolatiHannoIlPuntoENessunaCodaBinaria) {
-  EXPECT_EQ(store::number(12.5).text, QStringLiteral("12.5"));
-  EXPECT_EQ(store::number(19.99 * 100).text, QStringLiteral("1999"));
-  EXPECT_EQ(store::number(4294967295.0).text, QStringLiteral("4294967295"));
-  EXPECT_EQ(store::number(-0.25).text, QStringLiteral("-0.25"));
-  EXPECT_EQ(store::number(1e300).breaksAt, std::nullopt);
+  EXPECT_EQ(store::number(12.5).text(), QStringLiteral("12.5"));
+  EXPECT_EQ(store::number(19.99 * 100).text(), QStringLiteral("1999"));
+  EXPECT_EQ(store::number(4294967295.0).text(), QStringLiteral("4294967295"));
+  EXPECT_EQ(store::number(-0.25).text(), QStringLiteral("-0.25"));
+  EXPECT_EQ(store::number(1e300).breaksAt(), std::nullopt);
 }
 
 TEST(NumeroInIstruzione, UnRealeCheNonEUnNumeroLaRompe) {
-  EXPECT_EQ(store::number(std::nan("")).breaksAt, 0);
-  EXPECT_EQ(store::number(std::numeric_limits<double>::infinity()).breaksAt, 0);
-  EXPECT_EQ(store::number(-std::numeric_limits<double>::infinity()).breaksAt, 0);
+  EXPECT_EQ(store::number(std::nan("")).breaksAt(), 0);
+  EXPECT_EQ(store::number(std::numeric_limits<double>::infinity()).breaksAt(), 0);
+  EXPECT_EQ(store::number(-std::numeric_limits<double>::infinity()).breaksAt(), 0);
 }
 
 // Rows.
@@ -169,9 +169,9 @@ TEST(RigaInIstruzione, NienteAltroPassaPerUnaRiga) {
 }
 
 TEST(SegnoInIstruzione, EUnaDelleDueParole) {
-  EXPECT_EQ(store::flag(true).text, QStringLiteral("true"));
-  EXPECT_EQ(store::flag(false).text, QStringLiteral("false"));
-  EXPECT_EQ(store::flag(true).breaksAt, std::nullopt);
+  EXPECT_EQ(store::flag(true).text(), QStringLiteral("true"));
+  EXPECT_EQ(store::flag(false).text(), QStringLiteral("false"));
+  EXPECT_EQ(store::flag(true).breaksAt(), std::nullopt);
 }
 
 // A statement.

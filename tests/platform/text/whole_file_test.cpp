@@ -117,7 +117,7 @@ TEST(FileIntero, AggiungereFaCrescereIlFileELoCreaSeManca) {
 
 TEST(FileIntero, AggiungereDiceDiscoPienoECartellaAssente) {
   for (const auto& [percorso, previsto] : {std::pair{QStringLiteral("/dev/full"), errors::kDiskFull},
-                                         std::pair{QStringLiteral("/assente/f"), errors::kPathMissing}})
+                                           std::pair{QStringLiteral("/assente/f"), errors::kPathMissing}})
     try {
       AppendToFile(percorso, "uno");
       ADD_FAILURE() << "written";

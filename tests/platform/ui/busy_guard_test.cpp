@@ -163,3 +163,14 @@ TEST(Occupato, IlClicRimastoInAttesaNonValePerLoSchermoDiDopo) {
   QApplication::processEvents();
   EXPECT_EQ(finestra.clic, 0);
 }
+
+TEST(Occupato, IlClicRimastoInAttesaNonRispondeAlRiquadroCheSiApre) {
+  FinestraProva finestra;
+  const BusyGuard guardia;
+  finestra.postaClic();
+  {
+    const BusyGuard::Suspended riquadro;
+    QApplication::processEvents();
+  }
+  EXPECT_EQ(finestra.clic, 0);
+}

@@ -21,9 +21,10 @@
 namespace {
 
 void alRiquadro(std::function<void(QMessageBox&)> risposta) {
-  QTimer::singleShot(0, [risposta] {
+  QTimer::singleShot(1, [risposta] {
     auto* riquadro = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    ASSERT_NE(riquadro, nullptr);
+    // Events pass before it opens, too.
+    if (riquadro == nullptr) return alRiquadro(risposta);
     risposta(*riquadro);
   });
 }

@@ -1,0 +1,62 @@
+#include "core/manual_pages.h"
+
+#include <QWidget>
+#include <algorithm>
+
+namespace manual {
+
+namespace {
+
+constexpr Place kPlaces[] = {
+    {"start", "primi-passi.md", "messaggi.md#avvio-e-menu"},
+    {"frmAbout", "primi-passi.md#informazioni-sul-programma", "messaggi.md#avvio-e-menu"},
+    {"Form_ATTESA", "primi-passi.md#importare-gli-articoli", "messaggi.md"},
+    {"Form_GestioneMMC", "primi-passi.md#un-archivio-nuovo", "messaggi.md#larchivio"},
+    {"Form_ArchivioArticoli", "archivi.md#archivio-articoli", "messaggi.md#archivio-articoli"},
+    {"Form_Help_CodiceEAN", "archivi.md#archivio-articoli", "messaggi.md#archivio-articoli"},
+    {"Form_ArchivioVenduto", "archivi.md#analisi-del-venduto", "messaggi.md#analisi-del-venduto"},
+    {"Form_TrasferimentoArticoli", "cassa.md#trasferire-gli-articoli", "messaggi.md#trasferimento-articoli"},
+    {"Form_RicezioneVenduto", "cassa.md#ricevere-il-venduto", "messaggi.md#ricezione-del-venduto"},
+    {"Form_Grafica", "primi-passi.md#le-voci-in-preparazione", "messaggi.md#avvio-e-menu"},
+    {"MDIForm_PRG", "primi-passi.md#le-voci-in-preparazione", "messaggi.md#avvio-e-menu"},
+    {"Form_GestioneClienti", "primi-passi.md#le-voci-in-preparazione", "messaggi.md#avvio-e-menu"},
+    {"Form_Comandi_XONXOFF", "primi-passi.md#le-voci-in-preparazione", "messaggi.md#avvio-e-menu"},
+    {"FinestraApri", "primi-passi.md#scegliere-un-file", "messaggi.md"},
+    {"FinestraSalva", "primi-passi.md#scegliere-un-file", "messaggi.md"},
+    {"MsgBox", "messaggi.md", "messaggi.md"},
+    {"Manuale", kContents, "messaggi.md"},
+};
+
+const Place* find(const QString& window) {
+  const auto* const found = std::find_if(std::begin(kPlaces), std::end(kPlaces), [&](const Place& place) {
+    return window == QLatin1String(place.window);
+  });
+  return found == std::end(kPlaces) ? nullptr : found;
+}
+
+const QWidget* below(const QWidget& window) {
+  const QWidget* const parent = window.parentWidget();
+  return parent == nullptr ? nullptr : parent->window();
+}
+
+}  // namespace
+
+std::span<const Place> places() {
+  return kPlaces;
+}
+
+QString placeOf(const QWidget* from) {
+  const QWidget* window = from == nullptr ? nullptr : from->window();
+  const bool box = window != nullptr && window->objectName() == QLatin1String("MsgBox");
+  const Place* own = nullptr;
+  for (; window != nullptr; window = below(*window)) {
+    const Place* const place = find(window->objectName());
+    if (place == nullptr) continue;
+    own = place;
+    if (!box || window->objectName() != QLatin1String("MsgBox")) break;
+  }
+  if (own == nullptr) return QLatin1String(kContents);
+  return QLatin1String(box ? own->messages : own->page);
+}
+
+}  // namespace manual

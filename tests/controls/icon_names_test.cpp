@@ -1,0 +1,179 @@
+// Icons are named in the sources by texts: what no compiler looks at.
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+#include <QSet>
+
+namespace {
+
+/// A place of a source that names an icon: who bears it, and its name.
+struct Nomina {
+  QString chi;
+  QString icona;
+};
+
+/// How the sources name icons; the first group is who bears it where it says so, the last the name.
+constexpr const char* kForme[] = {
+    // ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")))
+    R"~((\w+?)_?->(?:setIcon|setPixmap)\(\s*style::\w*[iI]con\(QStringLiteral\("([^"]+)"\))~",
+    // style::primary(*ui_->Cmd_Cerca, QStringLiteral("search"))
+    R"~(style::primary\(\*ui_->(\w+),\s*QStringLiteral\("([^"]+)"\))~",
+    // {ui_->Cmd_Modifica, QStringLiteral("save")}
+    R"~(\{ui_->(\w+),\s*QStringLiteral\("([^"]+)"\)\})~",
+    // caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "upload"})
+    R"~(caricaSchermo\(\{[^}]*"([^"]+)"\}\))~",
+    // {"Label1", "image", ...
+    R"~(\{"(Label\w+)", "([^"]+)")~",
+    // {QStyle::SP_ArrowBack, "arrow-left", ...
+    R"~(\{QStyle::(SP_\w+), "([^"]+)")~",
+    // return {"info", "plain", style::Badge::Neutral}
+    R"~(return \{"([^"]+)", "\w+", style::Badge::\w+\})~",
+    // style::signIcon(QStringLiteral("circle-x"), ...) where no one widget's icon is set by it
+    R"~((?:^|[^(\s])\s+style::\w*[iI]con\(QStringLiteral\("([^"]+)"\))~",
+    // folder + "/icons/receipt-euro.svg"
+    R"~("/icons/([^"]+)\.svg")~",
+};
+
+QRegularExpression forma(const char* una) {
+  return QRegularExpression(QString::fromLatin1(una), QRegularExpression::MultilineOption);
+}
+
+QString testoDi(const QString& file) {
+  QFile sorgente(file);
+  EXPECT_TRUE(sorgente.open(QIODevice::ReadOnly)) << file.toStdString();
+  return QString::fromUtf8(sorgente.readAll());
+}
+
+QList<Nomina> nominate() {
+  QList<Nomina> tutte;
+  QDirIterator file(QStringLiteral(GESTIONALE_SOURCES "/src"), {QStringLiteral("*.cpp")}, QDir::Files,
+                    QDirIterator::Subdirectories);
+  while (file.hasNext()) {
+    const QString percorso = file.next();
+    const QString testo = testoDi(percorso);
+    const QString schermo = QFileInfo(percorso).completeBaseName();
+    for (const char* una : kForme) {
+      const QRegularExpression cerca = forma(una);
+      QRegularExpressionMatchIterator trovate = cerca.globalMatch(testo);
+      while (trovate.hasNext()) {
+        const QRegularExpressionMatch trovata = trovate.next();
+        const bool dettoChi = cerca.captureCount() == 2;
+        tutte.append({dettoChi ? trovata.captured(1) : schermo, trovata.captured(cerca.captureCount())});
+      }
+    }
+  }
+  return tutte;
+}
+
+QSet<QString> neiSorgenti() {
+  QSet<QString> nomi;
+  for (const Nomina& una : nominate()) nomi.insert(una.icona);
+  return nomi;
+}
+
+QSet<QString> nellaCartella() {
+  QSet<QString> nomi;
+  for (const QString& file :
+       QDir(QStringLiteral(GESTIONALE_SOURCES "/data/icons")).entryList({QStringLiteral("*.svg")}))
+    nomi.insert(file.chopped(4));
+  return nomi;
+}
+
+std::string elenco(const QSet<QString>& nomi) {
+  QStringList ordinati(nomi.begin(), nomi.end());
+  ordinati.sort();
+  return ordinati.join(QLatin1Char(' ')).toStdString();
+}
+
+/// What each icon says. One that is new, or borne by somebody new, is written here by hand.
+struct Significato {
+  const char* icona;
+  const char* che;
+  /// Parted by blanks.
+  const char* chi;
+};
+
+const QList<Significato> kSignificati{
+    {"arrow-left", "torna indietro", "Cmd_Esci esci SP_ArrowBack"},
+    {"arrow-right", "va avanti", "SP_ArrowForward"},
+    {"arrow-up", "sale di una cartella", "SP_FileDialogToParent"},
+    {"book-open", "il manuale", "mnuManuale Cmd_Indice"},
+    {"boxes", "l'archivio degli articoli", "Cmd_Articoli"},
+    {"chart-column", "le vendite", "Cmd_Venduto"},
+    {"chevron-left", "la pagina di prima", "Cmd_Indietro"},
+    {"circle-check", "riuscito", "outcome_bar"},
+    {"circle-help", "domanda, aiuto", "SP_MessageBoxQuestion vkCommandHELP"},
+    {"circle-x", "fallito", "SP_MessageBoxCritical outcome_bar ecr_panel"},
+    {"construction", "in preparazione", "figura"},
+    {"download", "porta un file sul disco", "Cmd_Upl Form_RicezioneVenduto Cmd_Export"},
+    {"file", "un file", "SP_FileIcon"},
+    {"file-down", "importa", "mnuImporta"},
+    {"file-plus", "un archivio nuovo", "mnuNuovo"},
+    {"folder", "una cartella", "SP_DirIcon SP_DirClosedIcon SP_DirHomeIcon"},
+    {"folder-open", "apre", "mnuApri SP_DirOpenIcon"},
+    {"folder-plus", "una cartella nuova", "SP_FileDialogNewFolder"},
+    {"folder-x", "chiude l'archivio", "mnuClose"},
+    {"hourglass", "attesa", "Picture1"},
+    {"image", "la grafica", "Label1"},
+    {"info", "informazioni", "Label6 SP_MessageBoxInformation outcome_bar"},
+    {"layout-list", "con i particolari", "SP_FileDialogDetailedView"},
+    {"list", "l'elenco intero", "Cmd_Refresh"},
+    {"log-out", "termina il programma", "Label4"},
+    {"monitor", "il computer", "SP_ComputerIcon"},
+    {"receipt-euro", "il programma", "Picture1 program"},
+    {"rows-3", "in righe", "SP_FileDialogListView"},
+    {"save", "salva", "Cmd_Modifica"},
+    {"scan-barcode", "gli articoli", "Label2"},
+    {"search", "cerca", "Cmd_Cerca Cmd_Trova Vmd_Cerca"},
+    {"sliders-horizontal", "la programmazione", "Label3"},
+    {"square-terminal", "i comandi ausiliari", "Label_CMD_XONXOFF"},
+    {"store", "l'archivio di un negozio", "Picture1"},
+    {"triangle-alert", "attenzione", "SP_MessageBoxWarning outcome_bar"},
+    {"upload", "manda alla cassa", "Cmd_Down Form_TrasferimentoArticoli"},
+    {"users", "i clienti", "Label7"},
+    {"x", "vuota", "Cmd_Reset"},
+};
+
+}  // namespace
+
+TEST(IconeDelProgramma, OgniNomeNeiSorgentiHaIlSuoFileEViceversa) {
+  EXPECT_EQ(elenco(neiSorgenti() - nellaCartella()), "") << "named and not there";
+  EXPECT_EQ(elenco(nellaCartella() - neiSorgenti()), "") << "there and named by nobody";
+}
+
+TEST(IconeDelProgramma, OgniFormaDiNominarleETrovata) {
+  QString tutto;
+  QDirIterator file(QStringLiteral(GESTIONALE_SOURCES "/src"), {QStringLiteral("*.cpp")}, QDir::Files,
+                    QDirIterator::Subdirectories);
+  while (file.hasNext()) tutto += testoDi(file.next());
+  for (const char* una : kForme) EXPECT_TRUE(tutto.contains(forma(una))) << una << " stands for nothing";
+}
+
+TEST(IconeDelProgramma, LaCartellaDelProgrammaLeHaTutte) {
+  const QString elencate = testoDi(QStringLiteral(GESTIONALE_SOURCES "/data/CMakeLists.txt"));
+  for (const QString& nome : nellaCartella())
+    EXPECT_TRUE(elencate.contains(QRegularExpression(QStringLiteral("[\\s(]%1[\\s)]").arg(nome))))
+        << nome.toStdString();
+}
+
+TEST(IconeDelProgramma, OgnunaDiceUnaCosaSola) {
+  QMap<QString, QSet<QString>> chi;
+  for (const Nomina& una : nominate()) chi[una.icona].insert(una.chi);
+  QSet<QString> cose;
+  for (const Significato& uno : kSignificati) {
+    const QString icona = QLatin1String(uno.icona);
+    EXPECT_FALSE(cose.contains(QLatin1String(uno.che))) << uno.che << " has a second icon";
+    cose.insert(QLatin1String(uno.che));
+    const QStringList portatori = QString::fromLatin1(uno.chi).split(QLatin1Char(' '));
+    const QSet<QString> attesi(portatori.begin(), portatori.end());
+    const QSet<QString> visti = chi.take(icona);
+    EXPECT_EQ(elenco(attesi - visti), "") << uno.icona << ": borne by nobody of that name";
+    EXPECT_EQ(elenco(visti - attesi), "") << uno.icona << ": borne by others";
+  }
+  EXPECT_TRUE(chi.isEmpty()) << elenco(QSet<QString>(chi.keyBegin(), chi.keyEnd())) << ": without a meaning";
+}

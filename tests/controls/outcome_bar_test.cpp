@@ -1,0 +1,71 @@
+#include "controls/outcome_bar.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QTest>
+#include <QToolButton>
+
+#include "sostegno/fixed_clock.h"
+
+namespace {
+
+using Kind = OutcomeBar::Kind;
+
+QToolButton& azione(const OutcomeBar& barra) {
+  return *barra.findChild<QToolButton*>(QStringLiteral("AzioneEsito"));
+}
+
+QString ora(const OutcomeBar& barra) {
+  for (const QLabel* scritta : barra.findChildren<QLabel*>())
+    if (scritta->property("note").toBool()) return scritta->text();
+  return QStringLiteral("<none>");
+}
+
+}  // namespace
+
+TEST(BarraEsito, DiceTestoGenereENomeAccessibile) {
+  OutcomeBar barra;
+  barra.tell(Kind::Failed, QStringLiteral("Non salvato"));
+  EXPECT_EQ(barra.text(), QStringLiteral("Non salvato"));
+  EXPECT_EQ(barra.kind(), Kind::Failed);
+  EXPECT_EQ(barra.accessibleName(), QStringLiteral("Non salvato"));
+  barra.clear();
+  EXPECT_EQ(barra.text(), QString());
+  EXPECT_EQ(barra.kind(), Kind::Plain);
+}
+
+TEST(BarraEsito, IlPulsanteCEConLAzioneENonPiuConLEsitoDopo) {
+  OutcomeBar barra;
+  barra.show();
+  EXPECT_FALSE(azione(barra).isVisible());
+  int aperti = 0;
+  barra.tell(Kind::Done, QStringLiteral("Importati"), {QStringLiteral("Apri il report"), [&] { ++aperti; }});
+  EXPECT_EQ(azione(barra).text(), QStringLiteral("Apri il report"));
+  QTest::mouseClick(&azione(barra), Qt::LeftButton);
+  EXPECT_EQ(aperti, 1);
+  barra.tell(Kind::Plain, QStringLiteral("28 articoli"));
+  EXPECT_FALSE(azione(barra).isVisible());
+}
+
+TEST(BarraEsito, UnAzionePuoDireUnAltroEsito) {
+  OutcomeBar barra;
+  barra.show();
+  barra.tell(Kind::Done, QStringLiteral("Importati"),
+             {QStringLiteral("Apri"), [&] { barra.tell(Kind::Failed, QStringLiteral("Non si apre")); }});
+  QTest::mouseClick(&azione(barra), Qt::LeftButton);
+  EXPECT_EQ(barra.text(), QStringLiteral("Non si apre"));
+  EXPECT_FALSE(azione(barra).isVisible());
+}
+
+TEST(BarraEsito, LOraStaAccantoACioCheSiDiceESenzaTestoNonCE) {
+  OutcomeBar barra;
+  barra.tell(Kind::Done, QStringLiteral("Salvato"));
+  EXPECT_EQ(ora(barra), QString());
+  FixedClock orologio;
+  barra.keepTime(orologio);
+  barra.tell(Kind::Done, QStringLiteral("Salvato"));
+  EXPECT_EQ(ora(barra), QStringLiteral("09:05"));
+  barra.clear();
+  EXPECT_EQ(ora(barra), QString());
+}
