@@ -40,7 +40,7 @@ bool Form_RicezioneVenduto::lavora() {
 
 sales::Ricezione Form_RicezioneVenduto::ricevi() {
   SteadyProgress avanzamento(*ui_->vkBar1);
-  const sales::Ricezione ricezione = sales::RiceviVenduto(contesto(), avanzamento);
+  sales::Ricezione ricezione = sales::RiceviVenduto(contesto(), avanzamento);
   raccontaRicezione(ricezione);
   return ricezione;
 }

@@ -19,7 +19,7 @@ inline constexpr int kSlot = ecrlink::kNumeroPLU;
 /// Name of the sales file on both sides, and its size: amounts, pieces, discounts of every slot, signed
 /// 32-bit little endian, money in hundredths.
 inline constexpr const char* kFileVenduto = "venduto.bin";
-inline constexpr std::size_t kByteVenduto = 3 * 4 * std::size_t{kSlot};
+inline constexpr std::size_t kByteVenduto = std::size_t{3} * 4 * std::size_t{kSlot};
 
 /// The sales of one slot.
 struct VendutoSlot {

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -7,8 +8,10 @@
 #include <QProgressBar>
 #include <QWindow>
 
+#include "platform/error.h"
 #include "platform/ui/busy_guard.h"
 #include "sostegno/troubles.h"
+#include "workspace/Form_GestioneMMC.h"
 #include "workspace/workspace_fixture.h"
 
 namespace {
@@ -175,6 +178,67 @@ TEST_F(ImportaDaMenu, LUscitaTieneQuantoUnImportFermatoHaScritto) {
   EXPECT_EQ(base.OpenRecordset(u"SELECT auto_id from TAB_ARTICOLI where Descrizione ='ART 2'").RecordCount(),
             1);
   base.Close();
+}
+
+/// The action beside what the foot tells.
+const QAbstractButton& azione(const ImportaDaMenu& prova) {
+  return prova.control<QAbstractButton>("AzioneEsito");
+}
+
+TEST_F(ImportaDaMenu, DalPiedeSiApreIlReport) {
+  importa(righe(2));
+  bottega.user.takeBoxes();
+  EXPECT_EQ(outcome(), QStringLiteral("Importazione: righe lette 2, errori 0."));
+  EXPECT_EQ(azione(*this).text(), QStringLiteral("Apri il report"));
+  ASSERT_TRUE(azione(*this).isVisible());
+  click("AzioneEsito");
+  EXPECT_EQ(bottega.user.programs(),
+            QStringList{bottega.folder.file(QStringLiteral("lista_20240307090501.log"))});
+  EXPECT_EQ(outcome(), QStringLiteral("Importazione: righe lette 2, errori 0.")) << "what was told stays";
+}
+
+TEST_F(ImportaDaMenu, AncheDopoUnImportAnnullatoSiApreIlReport) {
+  importa("1;8001;A;L'OLIO;1,00;1;N;N; \r\n");
+  bottega.user.takeBoxes();
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Warning);
+  EXPECT_TRUE(azione(*this).isVisible());
+}
+
+TEST_F(ImportaDaMenu, SenzaReportNonCeNullaDaAprire) {
+  bottega.user.chooses(bottega.folder.file(QStringLiteral("assente.csv")));
+  entry("mnuImporta");
+  EXPECT_FALSE(azione(*this).isVisible());
+}
+
+TEST_F(ImportaDaMenu, UnAltroComandoToglieIlReportDalPiede) {
+  importa(righe(2));
+  bottega.user.takeBoxes();
+  entry("mnuClose");
+  EXPECT_FALSE(azione(*this).isVisible());
+}
+
+/// A desktop without a program for texts.
+struct SenzaProgrammi : ScriptedUser {
+  void OpenWithDesktop(const QString& file) override { throw errors::fileMissing(file); }
+};
+
+TEST(ReportDellImport, SeNonSiApreLoDiceIlPiede) {
+  BackRoom bottega;
+  bottega.openArchive();
+  SenzaProgrammi utente;
+  Contesto contesto{utente,          bottega.workspace, bottega.library,          bottega.network,
+                    bottega.screens, bottega.clock,     bottega.contesto.cartella};
+  Form_GestioneMMC schermo(contesto);
+  schermo.show();
+  utente.chooses(bottega.folder.write(QStringLiteral("lista.csv"), righe(1)));
+  schermo.findChild<QAction*>(QStringLiteral("mnuImporta"))->setEnabled(true);
+  schermo.findChild<QAction*>(QStringLiteral("mnuImporta"))->trigger();
+  EXPECT_EQ(utente.takeBoxes().size(), 1U);
+  schermo.findChild<QAbstractButton*>(QStringLiteral("AzioneEsito"))->click();
+  const auto& barra = *schermo.findChild<OutcomeBar*>(QStringLiteral("BarraEsito"));
+  EXPECT_EQ(barra.text(), QStringLiteral("Il report non si è aperto: ") +
+                              bottega.folder.file(QStringLiteral("lista_20240307090501.log")));
+  EXPECT_EQ(barra.kind(), OutcomeBar::Kind::Failed);
 }
 
 TEST_F(ImportaDaMenu, LaFinestraAnnullataNonDiceNulla) {

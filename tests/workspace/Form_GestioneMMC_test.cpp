@@ -5,12 +5,17 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QTest>
+#include <QTextBlock>
 
 #include "articles/article_database.h"
+#include "controls/markdown_view.h"
 #include "controls/style.h"
+#include "core/help_key.h"
+#include "core/manual_viewer.h"
 #include "sostegno/troubles.h"
 #include "workspace/workspace_fixture.h"
 
@@ -19,7 +24,14 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct GestioneMMC : WorkspaceFixture {};
+struct GestioneMMC : WorkspaceFixture {
+  /// Ctrl and this key, once the window has the keys again: a menu that was open gives them back late.
+  void premiCtrl(Qt::Key tasto) const {
+    screen->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == screen; }));
+    QTest::keyClick(screen->focusWidget(), tasto, Qt::ControlModifier);
+  }
+};
 
 const Box kModelloAssente{QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
                           Icon::Critical, QStringLiteral("ATTENZIONE"), Buttons::Ok};
@@ -56,6 +68,33 @@ TEST_F(GestioneMMC, EsciHaScrittaSpiegazioneEIcona) {
   EXPECT_EQ(esci.text(), QStringLiteral("Esci"));
   EXPECT_NE(esci.toolTip(), QString());
   EXPECT_FALSE(esci.icon().isNull());
+}
+
+TEST_F(GestioneMMC, OgniTastoHaUnaScrittaUnaFiguraEUnaSpiegazione) {
+  for (const char* nome : {"PulsanteNuovo", "PulsanteApri", "PulsanteImporta", "PulsanteChiudi",
+                           "Cmd_Articoli", "Cmd_Down", "Cmd_Upl", "Cmd_Venduto"}) {
+    const auto& tasto = control<QAbstractButton>(nome);
+    EXPECT_FALSE(tasto.text().isEmpty()) << nome;
+    EXPECT_FALSE(tasto.toolTip().isEmpty()) << nome;
+    EXPECT_FALSE(tasto.icon().isNull()) << nome;
+  }
+  EXPECT_EQ(control("Cmd_Venduto").accessibleName(), QStringLiteral("Analisi del Venduto"));
+  EXPECT_EQ(control("PulsanteChiudi").toolTip(), QStringLiteral("Chiudi l'archivio aperto (Ctrl+W)"));
+}
+
+TEST_F(GestioneMMC, UnComandoSpentoDicePerche) {
+  const QString senza =
+      QStringLiteral("Prima si apre un archivio: Nuovo Archivio (Ctrl+N) o Apri Archivio (Ctrl+O)");
+  for (const char* nome : {"Cmd_Articoli", "Cmd_Down", "Cmd_Upl", "Cmd_Venduto", "PulsanteImporta"})
+    EXPECT_EQ(control(nome).toolTip(), senza) << nome;
+  EXPECT_EQ(control("PulsanteApri").toolTip(), QStringLiteral("Apri un archivio esistente (Ctrl+O)"));
+  create();
+  open();
+  EXPECT_EQ(control("Cmd_Upl").toolTip(), QStringLiteral("Ricevi il venduto dal misuratore fiscale"));
+  EXPECT_EQ(control("PulsanteImporta").toolTip(),
+            QStringLiteral("Importa gli articoli da un file csv (Ctrl+I)"));
+  EXPECT_EQ(control("PulsanteApri").toolTip(),
+            QStringLiteral("Un archivio è già aperto: prima Chiudi Archivio (Ctrl+W)"));
 }
 
 TEST_F(GestioneMMC, AllAperturaComandiEImportSonoSpenti) {
@@ -291,6 +330,9 @@ TEST_F(GestioneMMC, UnDatabaseDiAltroGenereSiApreSenzaControlli) {
   open(QStringLiteral("altro.mdb"));
   EXPECT_EQ(enabledCommands(), kCommands);
   EXPECT_EQ(text("LabelArticoli"), QStringLiteral("Il contenuto dell'archivio non è leggibile."));
+  EXPECT_EQ(outcome(),
+            QStringLiteral("Archivio aperto: altro.mdb. Il contenuto dell'archivio non è leggibile."));
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Warning);
 }
 
 TEST_F(GestioneMMC, ChiudiChiudeLArchivioESpegneIComandi) {
@@ -329,6 +371,45 @@ TEST_F(GestioneMMC, UnaChiusuraFallitaSpegneLoStessoIComandiERiaccendeApri) {
   EXPECT_EQ(enabledCommands(), 0);
   EXPECT_TRUE(active("mnuApri"));
   EXPECT_FALSE(active("mnuImporta"));
+}
+
+TEST_F(GestioneMMC, IlPiedeDiceCheCosaHaFattoOgniComando) {
+  create();
+  EXPECT_EQ(outcome(), QStringLiteral("Archivio creato: archivio.mdb"));
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Done);
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id <=1234"));
+  entry("mnuClose");
+  EXPECT_EQ(outcome(), QStringLiteral("Archivio chiuso: archivio.mdb"));
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Done);
+  open();
+  EXPECT_EQ(outcome(), QStringLiteral("Archivio aperto: archivio.mdb, 1.234 articoli"));
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Done);
+}
+
+TEST_F(GestioneMMC, UnComandoAnnullatoToglieCioCheAvevaDettoQuelloPrima) {
+  create();
+  bottega.user.chooses(std::nullopt);
+  entry("mnuApri");
+  EXPECT_EQ(outcome(), QString());
+}
+
+TEST_F(GestioneMMC, IlPulsanteChiudiFaQuantoLaVoceDiMenu) {
+  create();
+  entry("mnuClose");
+  open();
+  EXPECT_TRUE(control("PulsanteChiudi").isEnabled());
+  click("PulsanteChiudi");
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
+  EXPECT_EQ(enabledCommands(), 0);
+  EXPECT_TRUE(active("mnuApri"));
+  EXPECT_EQ(active("mnuClose"), control("PulsanteChiudi").isEnabled());
+  EXPECT_EQ(outcome(), QStringLiteral("Archivio chiuso: archivio.mdb"));
+}
+
+TEST_F(GestioneMMC, ChiudiSenzaArchivioLoDice) {
+  click("PulsanteChiudi");
+  EXPECT_EQ(outcome(), QStringLiteral("Nessun archivio era aperto."));
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Plain);
 }
 
 TEST_F(GestioneMMC, ChiudiSenzaArchivioNonFaNulla) {
@@ -436,6 +517,83 @@ TEST_F(GestioneMMC, IlTabulatorePassaPerOgniComandoNelLoroOrdine) {
             QStringLiteral(
                 "PulsanteNuovo PulsanteApri PulsanteImporta PulsanteChiudi Cmd_Articoli Cmd_Down Cmd_Upl "
                 "Cmd_Venduto Cmd_Esci"));
+}
+
+// Enter after Enter: none may land on the exit.
+
+TEST_F(GestioneMMC, ApriSiSpegneEPassaIlFuocoAlPrimoComando) {
+  create();
+  entry("mnuClose");
+  control("PulsanteApri").setFocus();
+  bottega.user.chooses(bottega.folder.file(QStringLiteral("archivio.mdb")));
+  QTest::keyClick(screen->focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(screen->focusWidget()->objectName(), QStringLiteral("Cmd_Articoli"));
+}
+
+TEST_F(GestioneMMC, ChiudereLArchivioPassaIlFuocoAdApri) {
+  create();
+  control("Cmd_Down").setFocus();
+  premiCtrl(Qt::Key_W);
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
+  EXPECT_EQ(screen->focusWidget()->objectName(), QStringLiteral("PulsanteApri"));
+}
+
+TEST_F(GestioneMMC, UnAperturaAnnullataRidaIlFuocoAChiLoAveva) {
+  create();
+  control("Cmd_Upl").setFocus();
+  bottega.user.chooses(std::nullopt);
+  premiCtrl(Qt::Key_O);
+  EXPECT_EQ(screen->focusWidget()->objectName(), QStringLiteral("Cmd_Upl"));
+}
+
+TEST_F(GestioneMMC, ChiudendoUnaSchermataIlFuocoTornaAlSuoComando) {
+  create();
+  withModal([this] { click("Cmd_Venduto"); },
+            [](QWidget& modale) { QTest::keyClick(&modale, Qt::Key_Escape); });
+  EXPECT_EQ(screen->focusWidget()->objectName(), QStringLiteral("Cmd_Venduto"));
+}
+
+TEST_F(GestioneMMC, InvioTenutoPremutoNonPremeNulla) {
+  create();
+  for (const char* nome : {"Cmd_Venduto", "Cmd_Esci"}) {
+    control(nome).setFocus();
+    QKeyEvent tenuto(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(&control(nome), &tenuto);
+    EXPECT_TRUE(screen->isVisible()) << nome;
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << nome;
+  }
+}
+
+// The manual.
+
+TEST_F(GestioneMMC, LaVoceDelManualeApreLaSuaPagina) {
+  auto& voce = control<QAction>("mnuManuale");
+  EXPECT_EQ(voce.text(), QStringLiteral("&Manuale\tF1"));
+  voce.trigger();
+  const auto* manuale = screen->findChild<ManualViewer*>();
+  ASSERT_NE(manuale, nullptr);
+  EXPECT_EQ(manuale->windowTitle(), QStringLiteral("Manuale - Primi passi"));
+  EXPECT_EQ(manuale->findChild<MarkdownView*>()->textCursor().block().text(),
+            QStringLiteral("Un archivio nuovo"));
+}
+
+TEST_F(GestioneMMC, F1ApreIlManualeAncheSopraUnaSchermataModale) {
+  const HelpKey tasto(bottega.contesto);
+  create();
+  QString titolo;
+  QString pagina;
+  withModal([this] { click("Cmd_Venduto"); },
+            [&](QWidget& modale) {
+              QTest::keyClick(modale.focusWidget(), Qt::Key_F1);
+              if (const auto* manuale = modale.findChild<ManualViewer*>()) {
+                titolo = manuale->windowTitle();
+                pagina = manuale->findChild<MarkdownView*>()->textCursor().block().text();
+              }
+              QTest::keyClick(&modale, Qt::Key_Escape);
+            });
+  EXPECT_EQ(titolo, QStringLiteral("Manuale - Gli archivi"));
+  EXPECT_EQ(pagina, QStringLiteral("Analisi del venduto"));
+  EXPECT_TRUE(screen->isVisible());
 }
 
 TEST_F(GestioneMMC, StaInUnoSchermoDi1024Per768AlDuecentoPerCento) {

@@ -33,6 +33,13 @@ TEST(RiepilogoArchivio, UnDatabaseDiAltroGenereNonELeggibileENonDiceNulla) {
   EXPECT_FALSE(Riepiloga().leggibile);
 }
 
+TEST(RiepilogoArchivio, UnArticoloSoloEAlSingolare) {
+  EXPECT_EQ(workspace::TestoArticoli({true, 5000, 1}), QStringLiteral("1 articolo"));
+  EXPECT_EQ(workspace::TestoArticoli({true, 5000, 5000}), QStringLiteral("5.000 articoli"));
+  EXPECT_EQ(workspace::TestoArticoli({true, 5000, 0}), QStringLiteral("0 articoli"));
+  EXPECT_EQ(TestoRiepilogo({true, 5000, 1}), QStringLiteral("1 articolo in 5.000 posizioni"));
+}
+
 TEST(RiepilogoArchivio, IlTestoSeparaLeMigliaia) {
   EXPECT_EQ(TestoRiepilogo({true, 5000, 1234}), QStringLiteral("1.234 articoli in 5.000 posizioni"));
   EXPECT_EQ(TestoRiepilogo({}), QStringLiteral("Il contenuto dell'archivio non è leggibile."));
