@@ -11,7 +11,7 @@ namespace {
 QString salvata(const TemporaryFolder& cartella, QColor colore) {
   QPixmap tinta(40, 30);
   tinta.fill(colore);
-  const QString file = cartella.file(QStringLiteral("figura.png"));
+  QString file = cartella.file(QStringLiteral("figura.png"));
   EXPECT_TRUE(tinta.save(file));
   return file;
 }

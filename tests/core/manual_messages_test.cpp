@@ -88,8 +88,8 @@ const char16_t* const kMessaggi[] = {
     u"Attenzione problema di connessione di rete per il PC locale!",
     u"Attenzione l'indirizzo IP del dispositivo ECR da connettere al PC potrebbe essere errato",
     u"Attenzione l'IP del dispositivo ECR deve essere diverso da quello del PC",
-    u"Attenzione il dispositivo non risponde, controllare lo stato della connessione e/o l'indirizzo IP "
-    u"dell'ECR",
+    (u"Attenzione il dispositivo non risponde, controllare lo stato della connessione e/o l'indirizzo IP "
+     u"dell'ECR"),
     u"Attenzione il dispositivo non risponde, controllare lo stato e/o l'indirizzo IP dell'ECR",
     u"Funzione non disponibile! Prego porre la cassa nello stato di IDLE o PROGRAMMAZIONE",
     u"Errore nella comunicazione con ECR:",

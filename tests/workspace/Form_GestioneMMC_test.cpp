@@ -22,7 +22,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 struct GestioneMMC : WorkspaceFixture {
   /// Ctrl and this key, once the window has the keys again: a menu that was open gives them back late.

@@ -82,7 +82,7 @@ struct NuovoGiro : testing::Test {
   DesktopUser utente{nullptr};
 
   QString sotto(const char* nome) const {
-    const QString intera = cartella.file(QLatin1String(nome));
+    QString intera = cartella.file(QLatin1String(nome));
     EXPECT_TRUE(QDir(cartella.path()).mkpath(intera));
     return intera;
   }
@@ -99,8 +99,8 @@ struct SostituzioneDiUnFile : NuovoGiro {
 
   /// Answers the question that comes once a name has been typed and Enter pressed.
   void scriviERispondi(
-      const QString& nome, std::function<void(QMessageBox&)> risposta,
-      std::function<void(QFileDialog&)> poi = [](QFileDialog&) {}) {
+      const QString& nome, const std::function<void(QMessageBox&)>& risposta,
+      const std::function<void(QFileDialog&)>& poi = [](QFileDialog&) {}) {
     allaFinestra([=, this](QFileDialog& finestra) {
       quandoSiApre<QMessageBox>([=, this](QMessageBox& domanda) {
         ++domande;
