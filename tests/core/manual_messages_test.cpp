@@ -93,6 +93,7 @@ const char16_t* const kMessaggi[] = {
     u"Attenzione il dispositivo non risponde, controllare lo stato e/o l'indirizzo IP dell'ECR",
     u"Funzione non disponibile! Prego porre la cassa nello stato di IDLE o PROGRAMMAZIONE",
     u"Errore nella comunicazione con ECR:",
+    u"ERRORE protocollo ECR INFO",
     u"Errore 53 - File non trovato: libecrcom.so",
     u"Errore 453 -",
     u"nella procedura avviaECR",
