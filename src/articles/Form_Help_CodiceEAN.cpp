@@ -2,11 +2,11 @@
 
 #include <QKeyEvent>
 
-#include "controls/held_keys.h"
 #include "controls/rtf.h"
 #include "controls/style.h"
 #include "core/context.h"
 #include "platform/text/whole_file.h"
+#include "platform/ui/held_keys.h"
 #include "ui_Form_Help_CodiceEAN.h"
 
 namespace {

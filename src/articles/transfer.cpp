@@ -1,6 +1,5 @@
 #include "articles/transfer.h"
 
-#include <QLocale>
 #include <array>
 #include <span>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "articles/plu_image.h"
 #include "config/image.h"
 #include "core/context.h"
+#include "core/figures.h"
 #include "core/reactions.h"
 #include "core/state.h"
 #include "ecrlink/file_channel.h"
@@ -88,10 +88,8 @@ EsitoInvio InviaArchivio(Contesto& contesto) {
 }
 
 QString RaccontoInvio() {
-  const QLocale italiano(QLocale::Italian);
   return QStringLiteral("Trasferiti %1 articoli, %2 byte")
-      .arg(italiano.toString(articoliInMemoria()),
-           italiano.toString(static_cast<qulonglong>(config::kByteArchivioPLU)));
+      .arg(cifra(articoliInMemoria()), cifra(static_cast<qint64>(config::kByteArchivioPLU)));
 }
 
 }  // namespace articles

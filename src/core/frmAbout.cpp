@@ -1,11 +1,11 @@
 #include "core/frmAbout.h"
 
-#include "controls/held_keys.h"
 #include "controls/style.h"
 #include "core/context.h"
 #include "core/reactions.h"
 #include "core/system_info.h"
 #include "platform/ui/desktop_user.h"
+#include "platform/ui/held_keys.h"
 #include "ui_frmAbout.h"
 
 frmAbout::frmAbout(Contesto& contesto) : contesto_(contesto), ui_(std::make_unique<Ui::frmAbout>()) {

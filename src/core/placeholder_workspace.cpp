@@ -3,11 +3,11 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 
-#include "controls/held_keys.h"
 #include "controls/style.h"
 #include "core/context.h"
 #include "core/menu.h"
 #include "core/reactions.h"
+#include "platform/ui/held_keys.h"
 #include "ui_placeholder_workspace.h"
 
 namespace {

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "controls/command_key.h"
 #include "core/screens.h"
 #include "core/state.h"
 #include "ecrlink/ecr_panel.h"
@@ -15,10 +16,8 @@
 
 namespace {
 
-bool invio(const QEvent& evento) {
-  if (evento.type() != QEvent::KeyPress) return false;
-  const int tasto = static_cast<const QKeyEvent&>(evento).key();
-  return tasto == Qt::Key_Return || tasto == Qt::Key_Enter;
+bool invio(const QKeyEvent& evento) {
+  return evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter;
 }
 
 QString conTasto(const QString& testo, const char* tasto) {
@@ -36,7 +35,7 @@ int FinestraLink::caricaSchermo(const Comandi& comandi) {
   piede_ = findChild<OutcomeBar*>();
   style::primary(*avvio_, QLatin1String(comandi.icona));
   esci_->setIcon(style::icon(QStringLiteral("arrow-left")));
-  esci_->setAutoDefault(false);
+  notByEnter(*esci_);
   aCheServe_ = conTasto(avvio_->toolTip(), "F9");
   doveSiTorna_ = conTasto(esci_->toolTip(), "Esc");
   avvio_->installEventFilter(this);
@@ -127,11 +126,6 @@ void FinestraLink::showEvent(QShowEvent* evento) {
 
 bool FinestraLink::eventFilter(QObject* oggetto, QEvent* evento) {
   if (evento->type() == QEvent::EnabledChange) spiegaComandi();
-  // Some desktops take Enter for a press of whatever button has the focus.
-  if (oggetto == esci_ && invio(*evento)) {
-    evento->accept();
-    return true;
-  }
   return Schermo::eventFilter(oggetto, evento);
 }
 

@@ -1,12 +1,12 @@
 #include "sales/reception.h"
 
-#include <QLocale>
 #include <QStringList>
 #include <vector>
 
 #include "controls/steady_progress.h"
 #include "core/context.h"
 #include "core/conversions.h"
+#include "core/figures.h"
 #include "core/state.h"
 #include "ecrlink/file_channel.h"
 #include "ecrlink/session.h"
@@ -83,10 +83,6 @@ void annota(const QByteArray& venduto) {
   }
 }
 
-QString numero(std::int64_t valore) {
-  return QLocale(QLocale::Italian).toString(static_cast<qlonglong>(valore));
-}
-
 }  // namespace
 
 VendutoSlot vendutoDi(std::span<const std::uint8_t> venduto, int slot) {
@@ -147,15 +143,15 @@ QString RaccontoRicezione(const Ricezione& ricezione) {
   if (!ricezione.byte) return {};
   QStringList frasi;
   const auto previsti = static_cast<std::int64_t>(kByteVenduto);
-  const QString ricevuti = QStringLiteral("Ricevuti %1 byte").arg(numero(*ricezione.byte));
+  const QString ricevuti = QStringLiteral("Ricevuti %1 byte").arg(cifra(*ricezione.byte));
   if (*ricezione.byte < previsti)
     frasi += ricevuti + QStringLiteral(" invece di %1: quelli che mancano contano come nessuna vendita.")
-                            .arg(numero(previsti));
+                            .arg(cifra(previsti));
   else if (*ricezione.byte > previsti)
     frasi +=
-        ricevuti + QStringLiteral(" invece di %1: quelli in più non sono stati letti.").arg(numero(previsti));
+        ricevuti + QStringLiteral(" invece di %1: quelli in più non sono stati letti.").arg(cifra(previsti));
   else
-    frasi += ricevuti + QStringLiteral(", %1 righe di venduto.").arg(numero(ricezione.righe));
+    frasi += ricevuti + QStringLiteral(", %1 righe di venduto.").arg(cifra(ricezione.righe));
   if (ricezione.esito == Esito::Comunicazione)
     frasi += QStringLiteral("La cassa non ha confermato l'azzeramento.");
   if (ricezione.esito == Esito::NonCaricato)

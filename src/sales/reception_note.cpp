@@ -47,10 +47,9 @@ std::vector<Riga> righe() {
   return tutte;
 }
 
-std::vector<Riga> senza(const QString& cassa) {
-  std::vector<Riga> altre = righe();
-  std::erase_if(altre, [&](const Riga& riga) { return riga.cassa == cassa; });
-  return altre;
+/// Takes the till's line out; how many there were.
+std::size_t toglieDi(const QString& cassa, std::vector<Riga>& tutte) {
+  return std::erase_if(tutte, [&](const Riga& riga) { return riga.cassa == cassa; });
 }
 
 void riscrivi(const std::vector<Riga>& tutte) {
@@ -79,18 +78,20 @@ QString archivio(const QString& cassa) {
 }
 
 void scrivi(const QByteArray& venduto, const QString& archivio, const QString& cassa) {
-  std::vector<Riga> tutte = senza(cassa);
+  std::vector<Riga> tutte = righe();
+  toglieDi(cassa, tutte);
   tutte.push_back({impronta(venduto), cassa, archivio});
   riscrivi(tutte);
 }
 
 void togli(const QString& cassa) {
-  const std::vector<Riga> altre = senza(cassa);
+  std::vector<Riga> altre = righe();
+  const auto tolte = toglieDi(cassa, altre);
   if (altre.empty()) {
     QFile::remove(kFile);
     return;
   }
-  if (altre.size() == righe().size()) return;
+  if (tolte == 0) return;
   try {
     riscrivi(altre);
   } catch (const Errore&) {

@@ -1,7 +1,6 @@
 #include "workspace/archive_summary.h"
 
-#include <QLocale>
-
+#include "core/figures.h"
 #include "core/state.h"
 #include "platform/store/store.h"
 
@@ -26,14 +25,12 @@ RiepilogoArchivio Riepiloga() {
 }
 
 QString TestoArticoli(const RiepilogoArchivio& riepilogo) {
-  if (riepilogo.articoli == 1) return QStringLiteral("1 articolo");
-  return QStringLiteral("%1 articoli").arg(QLocale(QLocale::Italian).toString(riepilogo.articoli));
+  return quanti(riepilogo.articoli, QStringLiteral("articolo"), QStringLiteral("articoli"));
 }
 
 QString TestoRiepilogo(const RiepilogoArchivio& riepilogo) {
   if (!riepilogo.leggibile) return QStringLiteral("Il contenuto dell'archivio non è leggibile.");
-  return QStringLiteral("%1 in %2 posizioni")
-      .arg(TestoArticoli(riepilogo), QLocale(QLocale::Italian).toString(riepilogo.posizioni));
+  return QStringLiteral("%1 in %2 posizioni").arg(TestoArticoli(riepilogo), cifra(riepilogo.posizioni));
 }
 
 }  // namespace workspace

@@ -1,8 +1,7 @@
 #include "workspace/import_outcome.h"
 
-#include <QLocale>
-
 #include "core/context.h"
+#include "core/figures.h"
 #include "platform/store/store.h"
 
 namespace workspace {
@@ -12,18 +11,14 @@ namespace {
 using articles::EsitoImport;
 using Kind = OutcomeBar::Kind;
 
-QString numero(int valore) {
-  return QLocale(QLocale::Italian).toString(valore);
-}
-
 QString righe(int quante) {
-  return quante == 1 ? QStringLiteral("1 riga") : numero(quante) + QStringLiteral(" righe");
+  return quanti(quante, QStringLiteral("riga"), QStringLiteral("righe"));
 }
 
 /// Why the import stopped where it did.
 QString motivo(const EsitoImport& esito) {
   if (esito.tipo == EsitoImport::Tipo::Fallito)
-    return QStringLiteral("Importazione fermata alla riga %1.").arg(numero(esito.righe + 1));
+    return QStringLiteral("Importazione fermata alla riga %1.").arg(cifra(esito.righe + 1));
   return QStringLiteral("Importazione interrotta dopo %1: %2").arg(righe(esito.righe), esito.dettaglio) +
          (esito.dettaglio.endsWith(u'.') ? QString() : QStringLiteral("."));
 }
@@ -31,7 +26,7 @@ QString motivo(const EsitoImport& esito) {
 QString rimaste(const EsitoImport& esito) {
   if (esito.scritte == 0) return QStringLiteral(" L'archivio è rimasto com'era.");
   if (esito.scritte == 1) return QStringLiteral(" Resta scritta nell'archivio la riga precedente.");
-  return QStringLiteral(" Restano scritte nell'archivio le %1 righe precedenti.").arg(numero(esito.scritte));
+  return QStringLiteral(" Restano scritte nell'archivio le %1 righe precedenti.").arg(cifra(esito.scritte));
 }
 
 /// An import that stopped on the way keeps the rows before.
@@ -56,7 +51,7 @@ RaccontoImport ConcludiImport(const EsitoImport& esito, Contesto& contesto) {
     case EsitoImport::Tipo::Importato:
       return {esito.errori == 0 && esito.dettaglio.isEmpty() ? Kind::Done : Kind::Warning,
               QStringLiteral("Importazione: righe lette %1, errori %2. %3")
-                  .arg(numero(esito.righe), numero(esito.errori), esito.dettaglio)
+                  .arg(cifra(esito.righe), cifra(esito.errori), esito.dettaglio)
                   .trimmed()};
     case EsitoImport::Tipo::Annullato:
       return {Kind::Warning, QStringLiteral("Importazione annullata: l'archivio è rimasto com'era.")};

@@ -357,17 +357,7 @@ TEST_F(TrasferimentoArticoli, DaQualeArchivioSiInviaSiLegge) {
 
 TEST_F(TrasferimentoArticoli, ADodiciPuntiStaIn1024SenzaTagliareDidascalie) {
   const GuidedScreen schermo = pronto();
-  QFont grande = schermo.window().font();
-  grande.setPointSize(12);
-  schermo.window().setFont(grande);
-  QCoreApplication::processEvents();
-  EXPECT_LE(schermo.window().minimumSizeHint().width(), 1024);
-  schermo.window().resize(schermo.window().minimumSizeHint());
-  QCoreApplication::processEvents();
-  for (const QLabel* didascalia : schermo.window().findChildren<QLabel*>()) {
-    if (!didascalia->isVisible() || didascalia->wordWrap() || didascalia->text().isEmpty()) continue;
-    EXPECT_GE(didascalia->width(), didascalia->sizeHint().width()) << didascalia->text().toStdString();
-  }
+  expectFitsAtTwelvePoints(schermo);
 }
 
 // The till in each state.

@@ -1,8 +1,11 @@
 #include "sostegno/guided_screen.h"
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
@@ -74,6 +77,20 @@ void GuidedScreen::impatience(const QString& command) const {
   postClick(control("Cmd_Esci"));
   QCoreApplication::postEvent(window_, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
   QCoreApplication::postEvent(window_, new QCloseEvent);
+}
+
+void expectFitsAtTwelvePoints(const GuidedScreen& screen) {
+  QFont large = screen.window().font();
+  large.setPointSize(12);
+  screen.window().setFont(large);
+  QCoreApplication::processEvents();
+  EXPECT_LE(screen.window().minimumSizeHint().width(), 1024);
+  screen.window().resize(screen.window().minimumSizeHint());
+  QCoreApplication::processEvents();
+  for (const QLabel* caption : screen.window().findChildren<QLabel*>()) {
+    if (!caption->isVisible() || caption->wordWrap() || caption->text().isEmpty()) continue;
+    EXPECT_GE(caption->width(), caption->sizeHint().width()) << caption->text().toStdString();
+  }
 }
 
 void withModal(const std::function<void()>& gesture, const std::function<void(QWidget&)>& within) {

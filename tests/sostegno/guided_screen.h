@@ -52,6 +52,9 @@ class GuidedScreen {
   QPointer<QWidget> window_;
 };
 
+/// With letters of 12 points the screen is no wider than 1024, and in its smallest size no caption is cut.
+void expectFitsAtTwelvePoints(const GuidedScreen& screen);
+
 /// Posts a click in the middle of a widget, to be delivered by the next event pass.
 void postClick(QWidget& widget);
 

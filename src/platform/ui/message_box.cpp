@@ -4,7 +4,6 @@
 #include <QCheckBox>
 #include <QFontMetrics>
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
@@ -12,6 +11,8 @@
 #include <algorithm>
 #include <utility>
 #include <vector>
+
+#include "platform/ui/held_keys.h"
 
 namespace message_box {
 
@@ -93,17 +94,6 @@ void layOut(QMessageBox& box) {
   grid->addWidget(text, row, column, 2, columns);
 }
 
-/// Enter or Esc held down would answer every box of a row of boxes.
-class HeldKeys : public QObject {
- public:
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) return false;
-    const auto& key = *static_cast<const QKeyEvent*>(event);
-    return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter ||
-                                  key.key() == Qt::Key_Escape || key.key() == Qt::Key_Space);
-  }
-};
-
 QMessageBox* made(const Question& question) {
   auto* box = new QMessageBox(QApplication::activeWindow());
   box->setObjectName(QStringLiteral("MsgBox"));
@@ -129,8 +119,8 @@ Reply show(const Question& question, bool offersToPass) {
   if (offersToPass)
     box->setCheckBox(new QCheckBox(QStringLiteral("Chiudi anche i prossimi avvisi uguali"), box));
   layOut(*box);
-  HeldKeys held;
-  qApp->installEventFilter(&held);
+  // Held down they would answer every box of a row of boxes.
+  ignoreHeldKeys(*box);
   box->exec();
 
   Reply reply{placed.back().second};

@@ -1,4 +1,4 @@
-#include "controls/held_keys.h"
+#include "platform/ui/held_keys.h"
 
 #include <QKeyEvent>
 #include <QWidget>
