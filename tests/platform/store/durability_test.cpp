@@ -13,8 +13,8 @@ namespace {
 /// Syncs of one transaction: the journal twice, its folder with the first, the file, and the journal's end.
 constexpr int kSincronizzazioni = 4;
 /// Far enough from each other to stand on pages of their own.
-constexpr int kPassoCaselle = 250;
-constexpr int kRigheTransazione = 20;
+constexpr int kPassoCaselle = 1250;
+constexpr int kRigheTransazione = 4;
 
 class Durata : public ArchiveOfTry {
  protected:
