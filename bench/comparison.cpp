@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <string>
+#include <vector>
 
 namespace comparison {
 
@@ -93,7 +95,12 @@ bool registerFunction(const char* name, void (*work)(benchmark::State&), const s
 }
 
 int run(int argc, char** argv, const std::vector<Limit>& limits) {
-  benchmark::Initialize(&argc, argv);
+  // Rounds of ours and of the baselines by turns: a machine that changes its pace changes it for both.
+  std::vector<char*> words(argv, argv + argc);
+  std::string byTurns = "--benchmark_enable_random_interleaving=true";
+  words.insert(words.begin() + 1, byTurns.data());
+  int count = static_cast<int>(words.size());
+  benchmark::Initialize(&count, words.data());
   Collected collected;
   benchmark::RunSpecifiedBenchmarks(&collected);
   return collected.failed + table(collected.medians(), limits);

@@ -51,9 +51,9 @@ void PictureFrame::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   QPainterPath border;
   border.addRoundedRect(QRectF(rect()), kCorner, kCorner);
-  painter.setClipPath(border);
-  painter.fillRect(rect(), palette().midlight());
+  painter.fillPath(border, palette().midlight());
   if (image_.isNull()) return;
+  painter.setClipPath(border);
   QRect place(QPoint(), image_.size().scaled(size(), Qt::KeepAspectRatio));
   place.moveCenter(rect().center());
   extendBackground(painter, place);

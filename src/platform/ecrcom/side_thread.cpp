@@ -4,7 +4,6 @@
 #include <QEventLoop>
 #include <QScopeGuard>
 #include <exception>
-#include <optional>
 
 #include "platform/error.h"
 #include "platform/ui/busy_guard.h"
@@ -22,22 +21,43 @@ bool inWindowsThread() {
 }  // namespace
 
 SideThread::~SideThread() {
-  thread_.quit();
-  thread_.wait();
+  if (!thread_) return;
+  leaving_ = true;
+  begun_.release();
+  thread_->wait();
 }
 
 void SideThread::start() {
-  if (thread_.isRunning()) return;
-  thread_.setObjectName(QStringLiteral("ecrcom"));
-  inThread_.moveToThread(&thread_);
-  thread_.start();
+  if (thread_) return;
+  thread_.reset(QThread::create([this] { serve(); }));
+  thread_->setObjectName(QStringLiteral("ecrcom"));
+  thread_->start();
 }
 
-void SideThread::awaitEnd(QEventLoop* loop) {
+void SideThread::serve() {
+  for (begun_.acquire(); !leaving_; begun_.acquire()) {
+    (*work_)();
+    {
+      const QMutexLocker alone(&about_);
+      over_ = true;
+      if (loop_) QMetaObject::invokeMethod(loop_, &QEventLoop::quit, Qt::QueuedConnection);
+    }
+    ended_.release();
+  }
+}
+
+void SideThread::awaitEnd() {
   if (ended_.tryAcquire(1, kMoment)) return;
-  if (loop) {
+  if (inWindowsThread()) {
     const BusyGuard guard;
-    loop->exec();
+    QEventLoop loop;
+    {
+      const QMutexLocker alone(&about_);
+      if (!over_) loop_ = &loop;
+    }
+    if (loop_) loop.exec();
+    const QMutexLocker alone(&about_);
+    loop_ = nullptr;
   }
   // The end of the program leaves every loop: the call is awaited all the same.
   ended_.acquire();
@@ -50,21 +70,17 @@ void SideThread::run(const std::function<void()>& work) {
         QStringLiteral("La cassa sta ancora eseguendo un altro comando: attendere che abbia finito.")};
   const auto free = qScopeGuard([this] { busy_ = false; });
   start();
-  std::optional<QEventLoop> loop;
-  if (inWindowsThread()) loop.emplace();
   std::exception_ptr failure;
-  QMetaObject::invokeMethod(
-      &inThread_,
-      [&] {
-        try {
-          work();
-        } catch (...) {
-          failure = std::current_exception();
-        }
-        if (loop) QMetaObject::invokeMethod(&*loop, &QEventLoop::quit, Qt::QueuedConnection);
-        ended_.release();
-      },
-      Qt::QueuedConnection);
-  awaitEnd(loop ? &*loop : nullptr);
+  const std::function<void()> guarded = [&] {
+    try {
+      work();
+    } catch (...) {
+      failure = std::current_exception();
+    }
+  };
+  over_ = false;
+  work_ = &guarded;
+  begun_.release();
+  awaitEnd();
   if (failure) std::rethrow_exception(failure);
 }

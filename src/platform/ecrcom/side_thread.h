@@ -1,10 +1,13 @@
 #pragma once
 
-#include <QObject>
+#include <QMutex>
 #include <QSemaphore>
 #include <QThread>
 #include <atomic>
 #include <functional>
+#include <memory>
+
+class QEventLoop;
 
 /// A thread for calls that wait for a till. The caller waits too, but its windows go on painting: once a call
 /// lasts longer than a moment, waiting events are let through, input eaten as under any `BusyGuard`, a
@@ -22,11 +25,18 @@ class SideThread {
 
  private:
   void start();
-  void awaitEnd(class QEventLoop* loop);
+  void serve();
+  void awaitEnd();
 
-  QThread thread_;
-  QObject inThread_;
+  std::unique_ptr<QThread> thread_;
+  const std::function<void()>* work_ = nullptr;
+  QSemaphore begun_;
   /// Outlives every call: its end may still be under way in the thread when the caller goes on.
   QSemaphore ended_;
+  QMutex about_;
+  /// Under `about_`: whether the call is over, and the loop that is to hear of it.
+  bool over_ = false;
+  QEventLoop* loop_ = nullptr;
   std::atomic<bool> busy_ = false;
+  std::atomic<bool> leaving_ = false;
 };

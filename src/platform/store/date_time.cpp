@@ -119,10 +119,18 @@ std::optional<DateTime> ReadDateTime(std::string_view text) {
 }
 
 std::string SortableForm(const DateTime& m) {
-  std::array<char, 80> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", m.year, m.month, m.day, m.hour,
-                m.minute, m.second);
-  return text.data();
+  // Digit by digit: a reception asks for the day of every row.
+  std::string text = "0000-00-00 00:00:00";
+  const auto put = [&text](std::size_t at, std::size_t width, int value) {
+    for (; width > 0; --width, value /= 10) text[at + width - 1] = static_cast<char>('0' + value % 10);
+  };
+  put(0, 4, m.year);
+  put(5, 2, m.month);
+  put(8, 2, m.day);
+  put(11, 2, m.hour);
+  put(14, 2, m.minute);
+  put(17, 2, m.second);
+  return text;
 }
 
 std::string ItalianForm(const DateTime& m) {

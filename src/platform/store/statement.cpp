@@ -8,6 +8,7 @@ namespace {
 
 /// Digits of a number in a statement: enough for every price, and 19.99 times 100 is 1999 with them.
 constexpr int kDigits = 15;
+constexpr double kFirstBeyondDigits = 1e15;
 
 bool digit(QChar c) {
   return c >= u'0' && c <= u'9';
@@ -77,6 +78,9 @@ StatementValue number(std::int64_t value) {
 }
 
 StatementValue number(double value) {
+  // Whole numbers, EANs foremost, have exact digits without the long way of a fraction.
+  if (std::abs(value) < kFirstBeyondDigits && std::nearbyint(value) == value)
+    return number(static_cast<std::int64_t>(value));
   return StatementValue(QString::number(value, 'g', kDigits), breakUnless(std::isfinite(value)), true);
 }
 

@@ -14,13 +14,18 @@ Errore cannotOpen(const QString& path) {
 
 }  // namespace
 
-QByteArray ReadWholeFile(const QString& path, qsizetype most) {
+QByteArray ReadFileStart(const QString& path, qsizetype most) {
   const QFileInfo entry(path);
   if (!entry.exists()) throw errors::fileMissing(path);
   QFile file(path);
   if (!entry.isFile() || !file.open(QIODevice::ReadOnly)) throw errors::pathAccess(path);
-  QByteArray bytes = file.read(most + 1);
+  QByteArray bytes = file.read(most);
   if (file.error() != QFileDevice::NoError) throw errors::pathAccess(path);
+  return bytes;
+}
+
+QByteArray ReadWholeFile(const QString& path, qsizetype most) {
+  QByteArray bytes = ReadFileStart(path, most + 1);
   if (bytes.size() > most) throw errors::pastEnd(path);
   return bytes;
 }

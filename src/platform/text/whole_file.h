@@ -11,6 +11,8 @@
 /// All bytes of a regular file of at most `most` bytes. A pipe or a device would hold the program up, or
 /// never end: 75.
 QByteArray ReadWholeFile(const QString& path, qsizetype most);
+/// The same, but of a longer file its first `most` bytes alone.
+QByteArray ReadFileStart(const QString& path, qsizetype most);
 /// Writes a file whole or not at all: on a failure what stood there before stays, or nothing does. Follows a
 /// link, so that a list kept elsewhere stays where it is.
 void WriteWholeFile(const QString& path, const QByteArray& bytes,
