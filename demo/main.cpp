@@ -21,7 +21,8 @@ QString ownAddress() {
 bool clean(QDir folder) {
   const QStringList ours{QStringLiteral("[0-9][0-9]-*.png"), QStringLiteral("articoli*.csv"),
                          QStringLiteral("articoli*.log"),    QStringLiteral("venduto*.csv"),
-                         QStringLiteral("negozio.mdb*"),     QStringLiteral("*.bin")};
+                         QStringLiteral("negozio.mdb*"),     QStringLiteral("*.bin"),
+                         QStringLiteral("configurazione*")};
   bool done = true;
   for (const QString& name : folder.entryList(ours, QDir::Files)) done = folder.remove(name) && done;
   QDir till(folder.filePath(QStringLiteral("cassa")));

@@ -45,6 +45,8 @@ int Road::walk() {
   articleArchive();
   salesArchive();
   backToWork();
+  configuration();
+  farewell();
   return director_.run();
 }
 
@@ -184,8 +186,14 @@ void Road::backToWork() {
       QStringLiteral("workspace again"),
       [] { return window(kSalesArchive) == nullptr && window(kWork) != nullptr; },
       [] { click(kWork, QStringLiteral("Cmd_Esci")); });
-  director_.step(QStringLiteral("menu again"), visible(kMenu), [this] {
+  director_.step(QStringLiteral("menu between"), visible(kMenu), [this] {
     require(window(kWork) == nullptr, QStringLiteral("la gestione articoli si chiude"));
+  });
+}
+
+void Road::farewell() {
+  director_.step(QStringLiteral("menu again"), visible(kMenu), [this] {
+    require(window(QStringLiteral("MDIForm_PRG")) == nullptr, QStringLiteral("la programmazione si chiude"));
     photograph(kMenu, QStringLiteral("menu-di-nuovo"));
     std::printf("Immagini delle schermate in %s\n", qPrintable(places_.folder));
     if (const auto megabyte = peakMemory()) std::printf("Memoria di picco     %.1f MB\n", *megabyte);

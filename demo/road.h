@@ -34,6 +34,10 @@ class Road {
   void correctArticle();
   void exportArticles();
   void salesArchive();
+  void configuration();
+  void editDepartment();
+  void sendConfiguration();
+  void farewell();
   void backToWork();
 
   void photograph(const QString& window, const QString& name);

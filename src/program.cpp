@@ -8,10 +8,16 @@
 #include "articles/Form_ArchivioArticoli.h"
 #include "articles/Form_Help_CodiceEAN.h"
 #include "articles/Form_TrasferimentoArticoli.h"
+#include "config/Form_TrasferimentoProgrammazione.h"
 #include "controls/style.h"
 #include "controls/svg_icon.h"
 #include "core/menu.h"
 #include "core/state.h"
+#include "editors/Form_IVA.h"
+#include "editors/Form_PLU.h"
+#include "editors/Form_Reparti.h"
+#include "editors/Form_Valuta.h"
+#include "editors/MDIForm_PRG.h"
 #include "platform/clock.h"
 #include "platform/net/network.h"
 #include "platform/ui/double_click.h"
@@ -57,6 +63,12 @@ Program::Program(const QString& folder)
   screens_.registra<Form_RicezioneVenduto>();
   screens_.registra<Form_ArchivioVenduto>();
   screens_.registra<Form_GestioneMMC>();
+  screens_.registra<MDIForm_PRG>();
+  screens_.registra<Form_Reparti>();
+  screens_.registra<Form_PLU>();
+  screens_.registra<Form_IVA>();
+  screens_.registra<Form_Valuta>();
+  screens_.registra<Form_TrasferimentoProgrammazione>();
   registraSchermateMancanti(screens_);
 }
 

@@ -7,6 +7,11 @@
 /// The files that a till knows by name, and the sizes it takes them in.
 namespace ecrsim {
 
+inline constexpr std::string_view kPluFile = "plu.bin";
+inline constexpr std::string_view kSalesFile = "venduto.bin";
+inline constexpr std::string_view kInvoicesFile = "fatture.bin";
+inline constexpr std::string_view kJournalFile = "giornale.txt";
+
 struct KnownFile {
   std::string_view name;
   /// Bytes as sent to a till of class "S" and of any other; 0: whatever the length, from 1.
@@ -20,13 +25,11 @@ struct KnownFile {
 
   /// A small till also takes what was written over a large till's file, whose tail it does not read.
   bool accepts(std::size_t count, std::string_view bitmap) const;
+  /// Whether it is refused while fiscal data are open: rates, departments and what prints on a receipt hold
+  /// for a whole fiscal day. Articles change at the counter too.
+  bool wantsClosedDay() const { return programming && name != kPluFile; }
   std::size_t byte(std::string_view bitmap) const { return bitmap == "S" ? smallBytes : largeBytes; }
 };
-
-inline constexpr std::string_view kPluFile = "plu.bin";
-inline constexpr std::string_view kSalesFile = "venduto.bin";
-inline constexpr std::string_view kInvoicesFile = "fatture.bin";
-inline constexpr std::string_view kJournalFile = "giornale.txt";
 
 inline constexpr std::size_t kPlaces = 5000;
 /// Amounts, pieces, discounts: three arrays of a 32-bit integer for each slot.

@@ -1,6 +1,7 @@
 #include "ecrsim/memory.h"
 
 #include <fstream>
+#include <system_error>
 
 #include "ecrcom/codes.h"
 #include "ecrcom/whole_file.h"
@@ -12,6 +13,11 @@ using ecrcom::FileResult;
 Memory::Memory(const std::filesystem::path& folder)
     : folder_(folder.empty() ? std::filesystem::current_path() : std::filesystem::absolute(folder)) {
   std::filesystem::create_directories(folder_);
+}
+
+bool Memory::has(std::string_view name) const {
+  std::error_code error;
+  return std::filesystem::exists(folder_ / name, error);
 }
 
 std::int16_t Memory::read(std::string_view name, std::vector<std::uint8_t>& byte) const {

@@ -17,6 +17,7 @@ class Memory {
   /// std::filesystem::filesystem_error if it cannot.
   explicit Memory(const std::filesystem::path& folder);
 
+  bool has(std::string_view name) const;
   std::int16_t read(std::string_view name, std::vector<std::uint8_t>& byte) const;
   std::int16_t write(std::string_view name, ecrcom::Bytes byte) const;
   /// A file of so many zero bytes.

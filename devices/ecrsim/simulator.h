@@ -44,6 +44,7 @@ struct Options {
   std::string bitmap = "L";
   /// State letter: I, P, V, A, L.
   char state = 'I';
+  /// Receipts whose fiscal data are not closed: the programme is not taken before mode 8 has closed them.
   int fiscal = 0;
   std::string pattern = "KPR_80mm";
   std::string version = "3.00";
@@ -80,7 +81,8 @@ class Simulator {
   /// Whether a transfer is open.
   bool transferOpen() const;
   /// Rings up `receipts` receipts of a day that the seed decides, over the articles of plu.bin: moves the
-  /// sales counters of venduto.bin. Returns the takings in hundredths.
+  /// sales counters of venduto.bin, and the fiscal data that are not closed. Returns the takings in
+  /// hundredths.
   std::int64_t salesDay(int receipts, std::uint32_t seed);
   /// What a key sequence prints to the line; empty for one that prints nothing or is not understood.
   std::string press(const std::string& sequence);

@@ -110,6 +110,7 @@ Reply Till::info() const {
 }
 
 std::int16_t Till::clearProgramming() const {
+  if (options_.fiscal > 0) return ecrcom::kWrongState;
   for (const KnownFile& file : knownFiles()) {
     if (!file.programming) continue;
     const std::int16_t code = memory_.clear(file.name, file.byte(options_.bitmap));
@@ -121,16 +122,22 @@ std::int16_t Till::clearProgramming() const {
 std::int16_t Till::takeFile(const std::string& file, ecrcom::Bytes data) const {
   const KnownFile* known = knownFile(file);
   if (known == nullptr || !known->sendable) return ecrcom::kUnknownFile;
+  if (options_.fiscal > 0 && known->wantsClosedDay()) return ecrcom::kWrongState;
   if (!known->accepts(data.size(), options_.bitmap)) return ecrcom::kBadLength;
   const std::size_t read = known->byte(options_.bitmap);
   return memory_.write(file, read == 0 ? data : data.first(read));
 }
 
-/// A file that someone laid into the memory goes out as it is, whatever its length.
+/// A file that someone laid into the memory goes out as it is, whatever its length. A till that nobody has
+/// programmed yet has a programme all the same, of zeros.
 Reply Till::handOverFile(const std::string& file) const {
   const KnownFile* known = knownFile(file);
   if (known == nullptr || !known->fetchable) return {ecrcom::kUnknownFile, {}};
   Reply reply;
+  if (known->programming && !memory_.has(file)) {
+    reply.data.resize(known->byte(options_.bitmap));
+    return reply;
+  }
   reply.code = memory_.read(file, reply.data);
   if (reply.code != ecrcom::kDone) reply.data.clear();
   return reply;
@@ -174,7 +181,9 @@ bool Till::transferOpen() const {
 
 std::int64_t Till::salesDay(int receipts, std::uint32_t seed) {
   const std::lock_guard lock(mutex_);
-  return ringUp(memory_, receipts, seed);
+  const std::int64_t takings = ringUp(memory_, receipts, seed);
+  if (takings > 0) options_.fiscal += receipts;
+  return takings;
 }
 
 }  // namespace ecrsim

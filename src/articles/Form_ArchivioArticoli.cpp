@@ -64,7 +64,7 @@ void Form_ArchivioArticoli::vesti() {
   ui_->Cmd_Modifica->setIcon(style::icon(QStringLiteral("save")));
   ui_->Cmd_Reset->setIcon(style::icon(QStringLiteral("x")));
   ui_->Cmd_Refresh->setIcon(style::icon(QStringLiteral("list")));
-  ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("download")));
+  ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("file-output")));
   ui_->vkCommandHELP->setIcon(style::icon(QStringLiteral("circle-help")));
   ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
 }
@@ -223,9 +223,11 @@ void Form_ArchivioArticoli::on_Cmd_Modifica_clicked() {
 
 void Form_ArchivioArticoli::on_Cmd_Reset_clicked() {
   esegui("Cmd_Reset_Click", [this] {
+    const QString perse = daSalvare_ ? articolo(scelta_) : QString();
     Cancella_TextBox();
     ui_->vkTextBoxCodEan->setFocus();
-    mostraQuanti();
+    if (perse.isEmpty()) return mostraQuanti();
+    ui_->BarraEsito->tell(Genere::Warning, QStringLiteral("Modifiche non salvate e cancellate: ") + perse);
   });
 }
 

@@ -1,6 +1,7 @@
 #include "articles/Form_Help_CodiceEAN.h"
 
 #include <QKeyEvent>
+#include <QLayout>
 
 #include "controls/rtf.h"
 #include "controls/style.h"
@@ -31,7 +32,8 @@ Form_Help_CodiceEAN::Form_Help_CodiceEAN(Contesto& contesto)
   ui_->RichTextBox1->moveCursor(QTextCursor::Start);
   ui_->RichTextBox1->setMaximumWidth(ui_->RichTextBox1->fontMetrics().averageCharWidth() * kLettereRiga +
                                      4 * kMargine);
-  resize(ui_->RichTextBox1->maximumWidth() + 2 * kMargine, kAltezza);
+  const QMargins bordi = layout()->contentsMargins();
+  resize(ui_->RichTextBox1->maximumWidth() + bordi.left() + bordi.right(), kAltezza);
 }
 
 Form_Help_CodiceEAN::~Form_Help_CodiceEAN() = default;

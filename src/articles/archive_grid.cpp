@@ -79,12 +79,12 @@ elenco::EsitoElenco RiempiGridCentral(FlexGrid& griglia, Contesto& contesto, Att
 }
 
 elenco::EsitoElenco RiempiRicerca(FlexGrid& griglia, const store::Statement& istruzione, Contesto& contesto) {
-  // An apostrophe among what was typed is no reason to end the day's work: the person is told, and the list
-  // stays as it was.
+  // Neither an apostrophe among what was typed nor a value that cannot be shown is a reason to end the day's
+  // work: the person is told, and the list stays as it was or goes on.
   return elenco::Riempi(griglia, varGlobal().DB_Articoli, istruzione,
                         {.colonne = kColonne,
                          .prefisso = {},
-                         .alGuasto = elenco::AlGuasto::Ferma,
+                         .alGuasto = elenco::AlGuasto::Prosegue,
                          .senzaRighe = QStringLiteral("Nessun articolo trovato")},
                         contesto);
 }

@@ -6,6 +6,7 @@
 #include "core/conversions.h"
 #include "core/reactions.h"
 #include "core/state.h"
+#include "ecrlink/file_channel.h"
 #include "platform/store/store.h"
 #include "platform/ui/user_port.h"
 
@@ -23,6 +24,22 @@ bool rigaAssegnata(const store::Recordset& righe) {
   return righe.field(QStringLiteral("NomeCassa")).text() != QLatin1String(kNonAssegnato);
 }
 
+/// Keeps a copy of the file at `percorso` beside it, and returns its path.
+QString conserva(const QString& percorso, Contesto& contesto) {
+  const QString copia = percorso + QLatin1String(ecrlink::kPrecedente);
+  try {
+    // Open, the archive is copied by the engine: at rest, and without what a killed program left half done.
+    const store::Database aperto = contesto.area.OpenDatabase(percorso);
+    store::CopyArchive(percorso, copia);
+    return copia;
+  } catch (const Errore& errore) {
+    if (errore.numero != errors::kNotADatabase) throw;
+  }
+  // The person may name any file: one that is no archive is kept as it is.
+  store::CopyArchive(percorso, copia);
+  return copia;
+}
+
 }  // namespace
 
 QString percorsoModello(const Contesto& contesto) {
@@ -35,9 +52,14 @@ void avvisaModelloAssente(Contesto& contesto) {
                          Icon::Critical, QStringLiteral("ATTENZIONE"));
 }
 
-void NuovoDatabase(const QString& percorso, Contesto& contesto) {
-  store::CopyArchive(percorsoModello(contesto), percorso);
+QString NuovoDatabase(const QString& percorso, Contesto& contesto) {
+  const QString modello = percorsoModello(contesto);
+  // Without the template nothing is overwritten, and the copy of the time before stays.
+  const bool sovrascrive = FileEsiste(modello) && FileEsiste(percorso);
+  const QString precedente = sovrascrive ? conserva(percorso, contesto) : QString();
+  store::CopyArchive(modello, percorso);
   ApriDatabase(percorso, contesto);
+  return precedente;
 }
 
 void ApriDatabase(const QString& percorso, Contesto& contesto) {

@@ -24,9 +24,11 @@ QString percorsoModello(const Contesto& contesto);
 /// Tells that the template is missing, under "ATTENZIONE"; nothing if it is there. The caller goes on.
 void avvisaModelloAssente(Contesto& contesto);
 
-/// Copies the template over `percorso` and opens it. The archive open before is let go, not closed. Throws
-/// Errore 53 for a missing template, 61, 70 or 75 for a failed copy, and what ApriDatabase throws.
-void NuovoDatabase(const QString& percorso, Contesto& contesto);
+/// Copies the template over `percorso` and opens it. The archive open before is let go, not closed. What
+/// stood at `percorso` is kept beside it, in place of what was kept so before; returns the path of that,
+/// empty if nothing stood there. Throws Errore 53 for a missing template, 61, 70, 75 or 3260 for a failed
+/// copy of either, and what ApriDatabase throws; then the file at `percorso` is as before.
+QString NuovoDatabase(const QString& percorso, Contesto& contesto);
 /// Opens the file and makes it the open archive. Nothing is checked: a database of another kind opens too and
 /// is found by the first fill. Throws Errore 3024, 3343, 3260 or 75; then DB_Articoli is as before.
 void ApriDatabase(const QString& percorso, Contesto& contesto);

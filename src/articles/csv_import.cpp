@@ -66,8 +66,7 @@ double valoreDi(const QString& campo) {
   return TestoInValore(copia);
 }
 
-void controllaPrezzoEReparto(Corsa& corsa) {
-  const double prezzo = valoreDi(corsa.campi.Prezzo);
+void controllaPrezzoEReparto(Corsa& corsa, double prezzo) {
   const bool FlagPrezzo = prezzo < 0 || prezzo > kPrezzoMassimo;
   if (FlagPrezzo) contaErrore(corsa, kErrorePrezzo, kFaultPrezzo);
   if (!FlagPrezzo && valoreDi(corsa.campi.Reparto) > kRepartoMassimo)
@@ -97,8 +96,10 @@ bool eanDuplicato(const Corsa& corsa) {
 
 bool importaArticolo(Corsa& corsa) {
   if (eanDuplicato(corsa)) annota(corsa, kAvvisoEanDuplicato);
+  // Writes the point over the comma of the field itself: from here on the report shows it so.
+  const double prezzo = TestoInValore(corsa.campi.Prezzo);
   store::Statement sql = TestaIstruzione(corsa.campi);
-  controllaPrezzoEReparto(corsa);
+  controllaPrezzoEReparto(corsa, prezzo);
   sql += CodaIstruzione(corsa.StatoImport, corsa.campi.auto_id);
   return oAnnulla(corsa.contesto, [&] { corsa.esito.scritte += varGlobal().DB_Articoli.Execute(sql); });
 }

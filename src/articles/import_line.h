@@ -7,7 +7,8 @@
 
 namespace articles {
 
-/// The fields of the line being imported, as they stand in the file.
+/// The fields of the line being imported, as they stand in the file; once the price has been read, with a
+/// point in place of its comma.
 struct CampiImport {
   std::int16_t auto_id = 0;
   QString Codice_EAN;

@@ -27,19 +27,6 @@ std::vector<std::uint8_t> immagineInvio() {
   return immagine;
 }
 
-/// Slots that nobody filled travel too, and are no articles.
-int articoliInMemoria() {
-  int articoli = 0;
-  for (std::size_t i = 0; i < static_cast<std::size_t>(config::kNumeroPLU); ++i) {
-    const config::RecordLetto record =
-        std::as_const(config::immagineProgrammazione()).record(config::kPLU, i);
-    if (!config::leggiTesto(record, config::plu::kCodiceEAN).isEmpty() ||
-        !config::leggiTesto(record, config::plu::kDescrizione).isEmpty())
-      ++articoli;
-  }
-  return articoli;
-}
-
 void leggiMomenti(const store::Recordset& righe, Utente& utente, const QString& prefisso) {
   for (const QString& colonna : {QStringLiteral("Data_end_update"), QStringLiteral("Data_end_scarico")}) {
     reazioni::prossimaIstruzione(utente, prefisso,
@@ -87,9 +74,24 @@ EsitoInvio InviaArchivio(Contesto& contesto) {
   return esito == 0 ? EsitoInvio::Inviato : EsitoInvio::Fallito;
 }
 
+int ArticoliInMemoria() {
+  int articoli = 0;
+  for (std::size_t i = 0; i < static_cast<std::size_t>(config::kNumeroPLU); ++i) {
+    const config::RecordLetto record =
+        std::as_const(config::immagineProgrammazione()).record(config::kPLU, i);
+    if (!config::leggiTesto(record, config::plu::kCodiceEAN).isEmpty() ||
+        !config::leggiTesto(record, config::plu::kDescrizione).isEmpty())
+      ++articoli;
+  }
+  return articoli;
+}
+
 QString RaccontoInvio() {
-  return QStringLiteral("Trasferiti %1 articoli, %2 byte")
-      .arg(cifra(articoliInMemoria()), cifra(static_cast<qint64>(config::kByteArchivioPLU)));
+  const int articoli = ArticoliInMemoria();
+  return QStringLiteral("%1 %2, %3 byte")
+      .arg(articoli == 1 ? QStringLiteral("Trasferito") : QStringLiteral("Trasferiti"),
+           quanti(articoli, QStringLiteral("articolo"), QStringLiteral("articoli")),
+           cifra(static_cast<qint64>(config::kByteArchivioPLU)));
 }
 
 }  // namespace articles

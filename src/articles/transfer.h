@@ -34,6 +34,8 @@ enum class EsitoInvio {
 };
 /// Fills the records and sends them as "plu.bin", 240000 bytes.
 EsitoInvio InviaArchivio(Contesto& contesto);
+/// The records in memory with an EAN or a description: slots that nobody filled travel too, and are none.
+int ArticoliInMemoria();
 /// What a sending took to the till: the records with an EAN or a description, and the bytes of all.
 QString RaccontoInvio();
 

@@ -271,6 +271,7 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
 void FlexGrid::updateGeometries() {
   QTableView::updateGeometries();
   if (fixedView_ != nullptr) fixedView_->arrange();
+  Q_EMIT arranged();
 }
 
 void FlexGrid::sizeRows() {
@@ -397,7 +398,8 @@ void FlexGrid::copy() const {
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) return copy();
   const int key = event->key();
-  const bool chooses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+  const bool chooses =
+      key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2 || key == Qt::Key_Space;
   if (!chooses || event->modifiers().testFlag(Qt::ControlModifier)) return QTableView::keyPressEvent(event);
   if (!event->isAutoRepeat() && Row() > 0) Q_EMIT cellClicked(Row(), Col());
 }

@@ -113,6 +113,8 @@ class FlexGrid : public QTableView {
   void cellClicked(int row, int column);
   /// Another cell became the current one.
   void entered(int row, int column);
+  /// The cells may stand elsewhere in the view: their sizes, or the view's own, have changed.
+  void arranged();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -71,6 +71,8 @@ void OutcomeBar::tell(Kind kind, const QString& text, Action action) {
   sign_->setVisible(!text.isEmpty());
   sign_->setPixmap(style::signIcon(QLatin1String(now.icon), now.badge).pixmap(kSign));
   text_->setText(text);
+  // Where nothing is told there is nothing to come to.
+  text_->setFocusPolicy(text.isEmpty() ? Qt::NoFocus : Qt::ClickFocus);
   text_->setToolTip(text);
   setAccessibleName(text);
   button_->setText(action_.caption);

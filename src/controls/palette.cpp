@@ -73,6 +73,7 @@ QToolButton:disabled { background: @background@; color: @off@; border-color: @em
 QToolBar QToolButton { background: transparent; border-color: transparent; padding: 5px; }
 QToolBar QToolButton:hover, QToolBar QToolButton:focus { border-color: @accent@; }
 QDialog > QToolButton { padding: 4px; }
+QToolButton#AzioneEsito { padding: 5px 16px; min-height: 19px; }
 QListView#sidebar { icon-size: 16px; }
 QLineEdit, QTextEdit, QPlainTextEdit { background: @paper@; color: @text@; border: 1px solid @border@;
                                        border-radius: 5px; padding: 5px 7px;
@@ -87,7 +88,7 @@ QLineEdit[badge] { font-weight: 600; }
 QLineEdit[badge="ready"] { background: @readyGround@; color: @ready@; border-color: @ready@; }
 QLineEdit[badge="busy"] { background: @busyGround@; color: @busy@; border-color: @busy@; }
 QLineEdit[badge="fault"] { background: @faultGround@; color: @fault@; border-color: @fault@; }
-QLabel[heading="true"] { font-size: 15pt; font-weight: 600; }
+QLabel[heading="true"] { font-weight: 600; }
 QLabel[note="true"] { color: @faint@; }
 QLabel[outcome="done"] { color: @ready@; }
 QLabel[outcome="warning"] { color: @busy@; font-weight: 600; }

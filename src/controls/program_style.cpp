@@ -1,9 +1,12 @@
 #include "controls/program_style.h"
 
+#include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QStyleOption>
 #include <algorithm>
 
+#include "controls/heading_font.h"
 #include "controls/palette.h"
 #include "controls/style.h"
 
@@ -14,6 +17,11 @@ namespace {
 // Of an icon on a button, pixels: how far it reaches below the line of the letters, and its way to them.
 constexpr int kIconBelow = 2;
 constexpr int kIconGap = 4;
+
+// Of a check box, pixels.
+constexpr qreal kHalf = 0.5;
+constexpr qreal kTickCorner = 3;
+constexpr qreal kTickPen = 2;
 
 struct Picture {
   QStyle::StandardPixmap which;
@@ -56,6 +64,8 @@ QIcon ProgramStyle::own(StandardPixmap which) const {
 
 void ProgramStyle::polish(QWidget* who) {
   QProxyStyle::polish(who);
+  if (auto* const label = qobject_cast<QLabel*>(who); label != nullptr && label->property("heading").toBool())
+    growAsHeading(*label);
   auto* const button = qobject_cast<QPushButton*>(who);
   if (button == nullptr || button->text().isEmpty()) return;
   const int usual = pixelMetric(PM_ButtonIconSize, nullptr, button);
@@ -82,6 +92,33 @@ int ProgramStyle::styleHint(StyleHint which, const QStyleOption* options, const 
                             QStyleHintReturn* data) const {
   if (which == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
   return QProxyStyle::styleHint(which, options, who, data);
+}
+
+void ProgramStyle::drawCheckBox(const QStyleOption& options, QPainter& painter) const {
+  const bool on = options.state.testFlag(State_Enabled);
+  const bool ticked = options.state.testFlag(State_On);
+  const bool partly = options.state.testFlag(State_NoChange);
+  const QRectF place = QRectF(options.rect).adjusted(kHalf, kHalf, -kHalf, -kHalf);
+  const QColor strong = on ? tints_.accent : tints_.off;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(ticked || partly ? strong : on ? tints_.faint : tints_.off);
+  painter.setBrush(ticked || partly ? strong : on ? tints_.paper : tints_.background);
+  painter.drawRoundedRect(place, kTickCorner, kTickCorner);
+  painter.setPen(
+      QPen(on ? tints_.onAccent : tints_.background, kTickPen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const auto at = [&](qreal x, qreal y) {
+    return QPointF(place.left() + x * place.width(), place.top() + y * place.height());
+  };
+  if (ticked) painter.drawPolyline(QPolygonF{at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.30)});
+  if (partly) painter.drawLine(at(0.25, 0.5), at(0.75, 0.5));
+  painter.restore();
+}
+
+void ProgramStyle::drawPrimitive(PrimitiveElement which, const QStyleOption* options, QPainter* painter,
+                                 const QWidget* who) const {
+  if (which == PE_IndicatorCheckBox) return drawCheckBox(*options, *painter);
+  QProxyStyle::drawPrimitive(which, options, painter, who);
 }
 
 void ProgramStyle::drawControl(ControlElement which, const QStyleOption* options, QPainter* painter,

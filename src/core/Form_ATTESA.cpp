@@ -1,5 +1,6 @@
 #include "core/Form_ATTESA.h"
 
+#include "controls/needed_height.h"
 #include "controls/style.h"
 #include "ui_Form_ATTESA.h"
 
@@ -12,6 +13,7 @@ constexpr Qt::WindowFlags kCornice = Qt::Dialog | Qt::CustomizeWindowHint | Qt::
 Form_ATTESA::Form_ATTESA(QWidget* parent)
     : QWidget(parent, kCornice), ui_(std::make_unique<Ui::Form_ATTESA>()) {
   ui_->setupUi(this);
+  keepNeededHeight(*this);
   ui_->Picture1->setPixmap(style::icon(QStringLiteral("hourglass")).pixmap(kFigura));
 }
 

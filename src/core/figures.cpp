@@ -15,7 +15,7 @@ QString euro(qint64 centesimi) {
   const bool negativo = centesimi < 0;
   const quint64 quanti = negativo ? -static_cast<quint64>(centesimi) : static_cast<quint64>(centesimi);
   const QString decimali = QString::number(quanti % kCento).rightJustified(kDecimali, u'0');
-  return QStringLiteral("€ %1%2,%3")
+  return QStringLiteral("€\u00A0%1%2,%3")
       .arg(negativo ? QStringLiteral("-") : QString(), QLocale(QLocale::Italian).toString(quanti / kCento),
            decimali);
 }

@@ -1,5 +1,6 @@
 #include "core/frmAbout.h"
 
+#include "controls/needed_height.h"
 #include "controls/style.h"
 #include "core/context.h"
 #include "core/reactions.h"
@@ -10,6 +11,7 @@
 
 frmAbout::frmAbout(Contesto& contesto) : contesto_(contesto), ui_(std::make_unique<Ui::frmAbout>()) {
   ui_->setupUi(this);
+  keepNeededHeight(*this);
   setWindowTitle(QStringLiteral("Informazioni su ") + kApplicationTitle);
   ui_->lblTitle->setText(kApplicationTitle);
   ui_->lblVersion->setText(QStringLiteral("Versione " GESTIONALE_VERSIONE));

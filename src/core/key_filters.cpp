@@ -30,8 +30,18 @@ bool accettaImporto(const QString& testo, QChar tasto) {
   return cifra(tasto) || tasto == kVirgola || modifica(tasto);
 }
 
+bool accettaImportoDecimale(const QString& testo, QChar tasto) {
+  if (cifra(tasto)) return decimali(testo) < kDecimali;
+  if (tasto == kVirgola) return !testo.contains(kVirgola);
+  return modifica(tasto);
+}
+
 bool accettaSiNo(const QString&, QChar tasto) {
   return QStringLiteral("SNsn").contains(tasto) || modifica(tasto);
+}
+
+bool accettaMS(const QString&, QChar tasto) {
+  return QStringLiteral("MSms").contains(tasto) || modifica(tasto);
 }
 
 QString motivoCifre(const QString&, QChar) {
@@ -45,8 +55,18 @@ QString motivoImporto(const QString& testo, QChar tasto) {
   return QStringLiteral("Solo cifre e virgola");
 }
 
+QString motivoImportoDecimale(const QString& testo, QChar tasto) {
+  if (tasto == kVirgola) return QStringLiteral("La virgola c'è già");
+  // A letter is refused for what it is, not for the decimals in front of it.
+  return motivoImporto(cifra(tasto) ? testo : QString(), tasto);
+}
+
 QString motivoSiNo(const QString&, QChar) {
   return QStringLiteral("Solo S o N");
+}
+
+QString motivoMS(const QString&, QChar) {
+  return QStringLiteral("Solo M o S");
 }
 
 bool siNo(const QString& testo) {

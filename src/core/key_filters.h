@@ -10,17 +10,25 @@
 bool accettaCifre(const QString& testo, QChar tasto);
 /// Digits and comma. With a comma and two decimals there, backspace only, wherever the cursor stands.
 bool accettaImporto(const QString& testo, QChar tasto);
+/// Digits and one comma. With two decimals there no further digit, wherever the cursor stands.
+bool accettaImportoDecimale(const QString& testo, QChar tasto);
 /// S and N in both cases.
 bool accettaSiNo(const QString& testo, QChar tasto);
+/// M and S in both cases.
+bool accettaMS(const QString& testo, QChar tasto);
 
 // Why a key was dropped, and how to go on.
 QString motivoCifre(const QString& testo, QChar tasto);
 QString motivoImporto(const QString& testo, QChar tasto);
+QString motivoImportoDecimale(const QString& testo, QChar tasto);
 QString motivoSiNo(const QString& testo, QChar tasto);
+QString motivoMS(const QString& testo, QChar tasto);
 
 inline constexpr KeyRule kRegolaCifre{accettaCifre, motivoCifre};
 inline constexpr KeyRule kRegolaImporto{accettaImporto, motivoImporto};
+inline constexpr KeyRule kRegolaImportoDecimale{accettaImportoDecimale, motivoImportoDecimale};
 inline constexpr KeyRule kRegolaSiNo{accettaSiNo, motivoSiNo};
+inline constexpr KeyRule kRegolaMS{accettaMS, motivoMS};
 
 /// True for S and s; anything else is no.
 bool siNo(const QString& testo);

@@ -7,6 +7,7 @@
 #include <QShortcut>
 #include <QUrl>
 
+#include "controls/clear_button.h"
 #include "controls/disabled_reason.h"
 #include "controls/style.h"
 #include "core/context.h"
@@ -48,6 +49,7 @@ ManualViewer::ManualViewer(const Contesto& contesto, QWidget* below)
   ui_->Cmd_Indice->setIcon(style::icon(QStringLiteral("book-open")));
   ui_->Cmd_Trova->setIcon(style::icon(QStringLiteral("search")));
   ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
+  addClearButton(*ui_->CampoCerca);
   tellWhyDisabled(*ui_->Cmd_Indietro, QStringLiteral("È la prima pagina che si è aperta"));
   connect(ui_->Cmd_Indietro, &QPushButton::clicked, this, &ManualViewer::goBack);
   connect(ui_->Cmd_Indice, &QPushButton::clicked, this, [this] { open(QLatin1String(manual::kContents)); });

@@ -67,11 +67,13 @@ void leggiSopra(const QString& nome, std::span<std::uint8_t> immagine) {
   if (file.error() != QFileDevice::NoError) throw errors::pathAccess(nome);
 }
 
-int spedisci(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto) {
-  std::optional<ScambioEsclusivo> scambio(std::in_place);
+int spedisci(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto,
+             std::optional<ScambioEsclusivo>& scambio) {
+  if (!scambio) scambio.emplace();
   if (const int esito = CreaFileProgrammazione(file, immagine, contesto); esito != 0) return esito;
   const int esito = avviaECR(file, Modo::Invia, contesto);
-  scambio.reset();
+  // Nobody has to wait for a box to be closed.
+  if (esito != 0) scambio.reset();
   if (esito != 0) contesto.utente.MsgBox(QStringLiteral("Fallita operazione trasferimento ") + file);
   return esito;
 }
@@ -93,7 +95,13 @@ void sgombra(const QString& file, Precedente precedente) {
 }  // namespace
 
 int SendPRGTo_ECR(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto) {
-  return reazioni::oppure([&] { return spedisci(immagine, file, contesto); },
+  std::optional<ScambioEsclusivo> scambio;
+  return SendPRGTo_ECR(immagine, file, contesto, scambio);
+}
+
+int SendPRGTo_ECR(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto,
+                  std::optional<ScambioEsclusivo>& scambio) {
+  return reazioni::oppure([&] { return spedisci(immagine, file, contesto, scambio); },
                           [&](const Errore& errore) {
                             contesto.utente.MsgBox(QStringLiteral("Errore SendPRGTo_ECR ") +
                                                    QString::number(errore.numero) + QStringLiteral(" - ") +
@@ -129,7 +137,7 @@ std::optional<std::int64_t> RiceviFile(std::span<std::uint8_t> immagine, const Q
                                        std::optional<ScambioEsclusivo>& scambio) {
   std::optional<std::int64_t> arrivati;
   sorvegliata(contesto, "RiceviFile", "CommonForKora", [&] {
-    scambio.emplace();
+    if (!scambio) scambio.emplace();
     sgombra(file, precedente);
     if (avviaECR(file, Modo::Ricevi, contesto) != 0) return;
     if (ReadByteFromFile(immagine, file, contesto) != 0) return;

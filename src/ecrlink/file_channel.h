@@ -20,6 +20,10 @@ inline constexpr const char* kFilePLU = "plu.bin";
 /// Writes `immagine` (record bytes plus one zero byte) under the name `file` and sends it. 0 or a failure
 /// code; every failure has been shown.
 int SendPRGTo_ECR(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto);
+/// The same for one of several files: the folder stays the caller's, in `scambio`, from the first one until
+/// that is emptied, or one fails.
+int SendPRGTo_ECR(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto,
+                  std::optional<ScambioEsclusivo>& scambio);
 /// Writes the image over the beginning of `file`; only "plu.bin" is cut to the image's upper bound. Whole or
 /// not at all; a link in the file's place is replaced, not followed. 0 on success.
 int CreaFileProgrammazione(const QString& file, std::span<const std::uint8_t> immagine, Contesto& contesto);

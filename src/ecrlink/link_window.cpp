@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "controls/command_key.h"
+#include "controls/needed_height.h"
 #include "core/screens.h"
 #include "core/state.h"
 #include "ecrlink/ecr_panel.h"
@@ -29,6 +30,7 @@ QString conTasto(const QString& testo, const char* tasto) {
 FinestraLink::FinestraLink(Contesto& contesto, QString casa) : Schermo(contesto), casa_(std::move(casa)) {}
 
 int FinestraLink::caricaSchermo(const Comandi& comandi) {
+  keepNeededHeight(*this);
   pannello_ = &comandi.pannello;
   avvio_ = &comandi.avvia;
   esci_ = &comandi.esci;

@@ -1,12 +1,14 @@
 #include "sales/Form_ArchivioVenduto.h"
 
 #include "controls/FlexGrid.h"
+#include "controls/clear_button.h"
 #include "controls/command_key.h"
 #include "controls/guarded_field.h"
 #include "controls/style.h"
 #include "core/date_combos.h"
 #include "core/screens.h"
 #include "core/state.h"
+#include "platform/text/file_name.h"
 #include "sales/sales_search.h"
 #include "ui_Form_ArchivioVenduto.h"
 
@@ -18,6 +20,7 @@ constexpr int kUltimoAnno = 2100;
 Form_ArchivioVenduto::Form_ArchivioVenduto(Contesto& contesto)
     : Schermo(contesto), ui_(std::make_unique<Ui::Form_ArchivioVenduto>()) {
   ui_->setupUi(this);
+  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Articoli));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   vesti();
   preparaTasti();
@@ -34,13 +37,15 @@ void Form_ArchivioVenduto::vesti() {
   style::primary(*ui_->Cmd_Cerca, QStringLiteral("search"));
   ui_->Cmd_Reset->setIcon(style::icon(QStringLiteral("x")));
   ui_->Cmd_Refresh->setIcon(style::icon(QStringLiteral("list")));
-  ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("download")));
+  ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("file-output")));
   ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
 }
 
 void Form_ArchivioVenduto::preparaTasti() {
-  new GuardedField(*ui_->vkTextBoxCodEan);
-  new GuardedField(*ui_->vkTextBoxDescrizione);
+  for (QLineEdit* campo : {ui_->vkTextBoxCodEan, ui_->vkTextBoxDescrizione}) {
+    new GuardedField(*campo);
+    addClearButton(*campo);
+  }
   fieldKey(*ui_->vkTextBoxCodEan, QKeySequence::Find);
   commandKey(*ui_->Cmd_Refresh, Qt::Key_F5);
   commandKey(*ui_->Cmd_Export, Qt::CTRL | Qt::Key_E);

@@ -151,7 +151,8 @@ QString RaccontoRicezione(const Ricezione& ricezione) {
     frasi +=
         ricevuti + QStringLiteral(" invece di %1: quelli in più non sono stati letti.").arg(cifra(previsti));
   else
-    frasi += ricevuti + QStringLiteral(", %1 righe di venduto.").arg(cifra(ricezione.righe));
+    frasi += ricevuti + QStringLiteral(", %1.").arg(quanti(ricezione.righe, QStringLiteral("riga di venduto"),
+                                                           QStringLiteral("righe di venduto")));
   if (ricezione.esito == Esito::Comunicazione)
     frasi += QStringLiteral("La cassa non ha confermato l'azzeramento.");
   if (ricezione.esito == Esito::NonCaricato)

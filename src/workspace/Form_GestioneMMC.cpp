@@ -10,10 +10,12 @@
 #include "articles/csv_import.h"
 #include "articles/ean_index.h"
 #include "controls/disabled_reason.h"
+#include "controls/needed_height.h"
 #include "controls/style.h"
 #include "core/conversions.h"
 #include "core/manual_viewer.h"
 #include "core/menu.h"
+#include "core/overwrite.h"
 #include "core/screens.h"
 #include "core/state.h"
 #include "platform/store/store.h"
@@ -30,14 +32,10 @@ FileRequest finestraArchivio(const QString& titolo, const Contesto& contesto) {
   return {titolo, QStringLiteral("mdb (*.mdb)|*.mdb"), contesto.cartella};
 }
 
-bool confermaSovrascrittura(const QString& percorso, Utente& utente) {
-  return !FileEsiste(percorso) ||
-         utente.MsgBox(QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icon::None,
-                       QStringLiteral("ATTENZIONE"), Buttons::YesNo, Preset::Last) == Answer::Yes;
-}
-
 const QString kSenzaArchivio =
     QStringLiteral("Prima si apre un archivio: Nuovo Archivio (Ctrl+N) o Apri Archivio (Ctrl+O)");
+const QString kAperturaFallita =
+    QStringLiteral("L'ultima apertura non è riuscita: ripetere Apri Archivio (Ctrl+O)");
 const QString kConArchivio = QStringLiteral("Un archivio è già aperto: prima Chiudi Archivio (Ctrl+W)");
 
 /// A button that does what the menu entry does, and is on when that is.
@@ -73,6 +71,7 @@ void Form_GestioneMMC::eseguiSuFile(const char* procedura, Corpo&& corpo) {
 Form_GestioneMMC::Form_GestioneMMC(Contesto& contesto)
     : Schermo(contesto), ui_(std::make_unique<Ui::Form_GestioneMMC>()) {
   ui_->setupUi(this);
+  keepNeededHeight(*ui_->centrale);
   vesti();
   mostraAperto(false);
   aggiorna();
@@ -97,12 +96,15 @@ void Form_GestioneMMC::vesti() {
   accoppia(*ui_->PulsanteChiudi, *ui_->mnuClose);
   tellWhyDisabled(*ui_->PulsanteApri, kConArchivio);
   tellWhyDisabled(*ui_->PulsanteImporta, kSenzaArchivio);
-  for (QWidget* tasto : comandi()) tellWhyDisabled(*tasto, kSenzaArchivio);
   ui_->Picture1->setPixmap(style::icon(QStringLiteral("store")).pixmap(kFigura));
 }
 
 std::array<QWidget*, 4> Form_GestioneMMC::comandi() const {
   return {ui_->Cmd_Articoli, ui_->Cmd_Down, ui_->Cmd_Upl, ui_->Cmd_Venduto};
+}
+
+void Form_GestioneMMC::spiegaComandi(const QString& perche) {
+  for (QWidget* tasto : comandi()) tellWhyDisabled(*tasto, perche);
 }
 
 void Form_GestioneMMC::abilitaComandi(bool abilitati) {
@@ -119,6 +121,7 @@ void Form_GestioneMMC::ridaiIlFuoco(QWidget* prima) {
 }
 
 void Form_GestioneMMC::mostraAperto(bool aperto) {
+  spiegaComandi(kSenzaArchivio);
   abilitaComandi(aperto);
   ui_->mnuImporta->setEnabled(aperto);
 }
@@ -157,16 +160,21 @@ void Form_GestioneMMC::nuovo() {
   articles::avvisaModelloAssente(contesto());
   const auto scelto =
       contesto().utente.AskSavePath(finestraArchivio(QStringLiteral("Nuovo Archivio"), contesto()));
-  if (!scelto || scelto->isEmpty() || !confermaSovrascrittura(*scelto, contesto().utente)) return;
+  if (!scelto || scelto->isEmpty() || !ConfermaSovrascrittura(*scelto, contesto().utente)) return;
+  QString precedente;
   try {
-    articles::NuovoDatabase(*scelto, contesto());
+    precedente = articles::NuovoDatabase(*scelto, contesto());
   } catch (const Errore&) {
     // The archive that was open may have been the one whose place the copy took.
     if (!varGlobal().DB_Articoli.isOpen()) mostraChiuso();
     throw;
   }
   mostraAperto(true);
-  ui_->BarraEsito->tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio creato: ") + nomeArchivio());
+  const QString creato = QStringLiteral("Archivio creato: ") + nomeArchivio();
+  ui_->BarraEsito->tell(OutcomeBar::Kind::Done, precedente.isEmpty()
+                                                    ? creato
+                                                    : creato + QStringLiteral(". L'archivio di prima è in ") +
+                                                          FileName(QDir::toNativeSeparators(precedente)));
 }
 
 void Form_GestioneMMC::apri() {
@@ -175,6 +183,7 @@ void Form_GestioneMMC::apri() {
   const auto scelto =
       contesto().utente.AskOpenPath(finestraArchivio(QStringLiteral("Apri Archivio"), contesto()));
   if (!scelto || scelto->isEmpty()) return abilitaComandi(prima);
+  if (varGlobal().DB_Articoli.isOpen()) spiegaComandi(kAperturaFallita);
   articles::ApriDatabase(*scelto, contesto());
   mostraAperto(true);
   ui_->mnuApri->setEnabled(false);

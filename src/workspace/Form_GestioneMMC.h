@@ -58,6 +58,8 @@ class Form_GestioneMMC : public Schermo<QMainWindow> {
   /// To the control that had it before a command, or to the next step where that one is off now.
   void ridaiIlFuoco(QWidget* prima);
   void abilitaComandi(bool abilitati);
+  /// What their tooltips say while they are off.
+  void spiegaComandi(const QString& perche);
   /// The state that the screen has with an archive open or with none, `mnuApri` aside.
   void mostraAperto(bool aperto);
   /// The one behind a closing, wanted or not: `mnuApri` is on again.

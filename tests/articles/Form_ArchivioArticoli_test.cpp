@@ -228,7 +228,7 @@ TEST_F(ArchivioArticoli, IComandiHannoLeLoroScritte) {
   EXPECT_FALSE(schermo.enabled(QStringLiteral("vkTextBoxPLUid")));
 }
 
-TEST_F(ArchivioArticoli, IlTabulatoreVaDaiCampiAiComandiAllaGriglia) {
+TEST_F(ArchivioArticoli, IlTabulatoreSegueLOrdineSulloSchermo) {
   const GuidedArchive schermo = apri();
   QStringList giro;
   for (int i = 0; i < 15; ++i) {
@@ -237,7 +237,7 @@ TEST_F(ArchivioArticoli, IlTabulatoreVaDaiCampiAiComandiAllaGriglia) {
   }
   EXPECT_EQ(giro,
             (QStringList{kEan, kCodice, kDescrizione, kPrezzo, kReparto, kVarPrezzo, kPrezzoZero, kCerca,
-                         kTutti, kPulisci, kSalva, QStringLiteral("Cmd_Export"), kAiuto, kEsci, kGriglia}));
+                         kPulisci, kSalva, kGriglia, kTutti, QStringLiteral("Cmd_Export"), kAiuto, kEsci}));
   EXPECT_EQ(schermo.focus(), kEan);
 }
 
@@ -475,10 +475,10 @@ TEST_F(ArchivioArticoli, UnSalvataggioDiceCheCosaEStatoSalvato) {
   schermo.type(kDescrizione, QStringLiteral("latte uht intero"));
   schermo.type(kPrezzo, QStringLiteral("2,15"));
   schermo.click(kSalva);
-  EXPECT_EQ(detto(schermo), QStringLiteral("Salvato: PLU 4 LATTE UHT INTERO, € 2,15"));
+  EXPECT_EQ(detto(schermo), QStringLiteral("Salvato: PLU 4 LATTE UHT INTERO, €\u00A02,15"));
   EXPECT_EQ(genere(schermo), OutcomeBar::Kind::Done);
   schermo.key(Qt::Key_Return);
-  EXPECT_EQ(detto(schermo), QStringLiteral("Salvato: PLU 4 LATTE UHT INTERO, € 2,15"))
+  EXPECT_EQ(detto(schermo), QStringLiteral("Salvato: PLU 4 LATTE UHT INTERO, €\u00A02,15"))
       << "picking a row says nothing";
   schermo.click(kCerca);
   EXPECT_NE(genere(schermo), OutcomeBar::Kind::Done);
@@ -549,7 +549,7 @@ TEST_F(ArchivioArticoli, InvioDopoUnaModificaSalvaEPoiCercaDiNuovo) {
   schermo.type(kPrezzo, QStringLiteral("3"));
   schermo.key(Qt::Key_Return);
   EXPECT_EQ(campo(QStringLiteral("Prezzo"), 1), QStringLiteral("300"));
-  EXPECT_EQ(detto(schermo), QStringLiteral("Salvato: PLU 1 PANE, € 3,00"));
+  EXPECT_EQ(detto(schermo), QStringLiteral("Salvato: PLU 1 PANE, €\u00A03,00"));
   EXPECT_EQ(primario(schermo), kCerca);
   schermo.control(kEan).setFocus();
   schermo.key(Qt::Key_Return);
@@ -576,7 +576,7 @@ TEST_F(ArchivioArticoli, CtrlSSalvaDaUnCampoEDallaGriglia) {
   EXPECT_EQ(campo(QStringLiteral("Descrizione"), 1), QStringLiteral("PANE NERO"));
   EXPECT_EQ(schermo.focus(), kGriglia);
   premi(schermo, Qt::Key_S);
-  EXPECT_EQ(detto(schermo), QStringLiteral("Salvato: PLU 1 PANE NERO, € 2,50"));
+  EXPECT_EQ(detto(schermo), QStringLiteral("Salvato: PLU 1 PANE NERO, €\u00A02,50"));
   schermo.type(kReparto, QStringLiteral("81"));
   premi(schermo, Qt::Key_S);
   expectBoxes(bottega, {box(kTestoReparto, Icon::Critical)});
@@ -864,6 +864,19 @@ TEST_F(ArchivioArticoli, PulisciVuotaICampiETornaSullEan) {
   EXPECT_EQ(schermo.fields().join(QString()), QString());
   EXPECT_EQ(schermo.focus(), kEan);
   EXPECT_EQ(schermo.grid().Rows(), 5);
+}
+
+TEST_F(ArchivioArticoli, PulisciSopraModificheNonSalvateLoDice) {
+  const GuidedArchive schermo = apri();
+  schermo.clickCell(1, 1);
+  schermo.type(kPrezzo, QStringLiteral("9"));
+  schermo.click(kPulisci);
+  EXPECT_EQ(schermo.fields().join(QString()), QString());
+  EXPECT_EQ(detto(schermo), QStringLiteral("Modifiche non salvate e cancellate: PLU 1 PANE"));
+  EXPECT_EQ(genere(schermo), OutcomeBar::Kind::Warning);
+  EXPECT_EQ(campo(QStringLiteral("Prezzo"), 1), QStringLiteral("250"));
+  schermo.click(kPulisci);
+  EXPECT_EQ(detto(schermo), QStringLiteral("4 articoli"));
 }
 
 TEST_F(ArchivioArticoli, VisualizzaTuttiRileggeLArchivioConLettereEColori) {

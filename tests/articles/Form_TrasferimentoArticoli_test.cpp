@@ -294,6 +294,17 @@ TEST_F(TrasferimentoArticoli, GliSlotVuotiNonContanoComeArticoli) {
             QStringLiteral("Trasferiti 2 articoli, 240.000 byte"));
 }
 
+TEST_F(TrasferimentoArticoli, UnArticoloSoloSiDiceAlSingolare) {
+  bottega.openArchive();
+  writeArticles(bottega, {{QStringLiteral("8001"), QStringLiteral("PANE"), 100, 1}});
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.connectTo(cassa);
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kTrasferito});
+  EXPECT_EQ(schermo.control<OutcomeBar>("BarraEsito").text(),
+            QStringLiteral("Trasferito 1 articolo, 240.000 byte"));
+}
+
 TEST_F(TrasferimentoArticoli, UnRiempimentoFallitoNonSiDiceTrasferitoAlPiede) {
   const GuidedScreen schermo = pronto();
   bottega.execute(QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Descrizione) Values (5001,'TROPPO');"));

@@ -192,6 +192,24 @@ TEST_F(GrigliaCentrale, UnaRicercaConApostrofoSiDiceELaListaRestaComEra) {
   EXPECT_FALSE(BusyGuard::active());
 }
 
+TEST_F(GrigliaCentrale, UnaCellaGuastaDiUnaRicercaSiDiceELElencoVaAvanti) {
+  bottega.openWith(
+      {QStringLiteral("CREATE TABLE TAB_ARTICOLI (ID_Position,Codice_EAN,Codice_Articolo,Descrizione,Prezzo,"
+                      "Reparto,Filler,VarPrezzo,PrezzoZero)"),
+       QStringLiteral("INSERT INTO TAB_ARTICOLI VALUES ('1','81','A1','UNO',100,2,' ',0,0),"
+                      "('2','82','A2','DUE',3000000000,3,' ',0,0),('3','83','A3','TRE',300,4,' ',0,0)")});
+  const elenco::EsitoElenco esito = cerca(QStringLiteral(" ORDER BY Codice_EAN ASC"));
+  expectBoxes(bottega, {criticalBox(QStringLiteral("6 - *"))});
+  EXPECT_FALSE(bottega.user.terminated());
+  EXPECT_TRUE(esito.intero);
+  EXPECT_EQ(esito.righe, 3);
+  ASSERT_EQ(griglia.Rows(), 4);
+  const QString virgola = QLocale().decimalPoint();
+  EXPECT_EQ(riga(1), QStringLiteral("1|81|A1|UNO|1") + virgola + QStringLiteral("00|2||"));
+  EXPECT_EQ(riga(2), QStringLiteral("2|82|A2|DUE||3||"));
+  EXPECT_EQ(riga(3), QStringLiteral("3|83|A3|TRE|3") + virgola + QStringLiteral("00|4||"));
+}
+
 TEST_F(GrigliaCentrale, UnaRicercaSenzaLaTabellaDiceIlMessaggioGraveETermina) {
   bottega.openWith({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   termina([this] { cerca({}); }, kGrave);

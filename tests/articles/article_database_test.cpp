@@ -2,12 +2,14 @@
 
 #include <gmock/gmock.h>
 
+#include <QDir>
 #include <QFile>
 
 #include "articles/back_room.h"
 #include "articles/plu_image.h"
 #include "articles/transfer.h"
 #include "core/reactions.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
@@ -57,6 +59,107 @@ TEST(BaseDatiArticoli, IlNuovoArchivioSopraUnoEsistenteNePerdeGliArticoli) {
   articles::ChiudiDatabase();
   bottega.openArchive();
   EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where Descrizione ='PANE'")), 0);
+}
+
+// What is overwritten stays beside the new archive.
+
+struct ArchivioDiPrima : testing::Test {
+  const QString archivio = QStringLiteral("archivio.mdb");
+  const QString copia = QStringLiteral("archivio.mdb.precedente");
+  BackRoom bottega;
+
+  void conPane() {
+    bottega.openArchive(archivio);
+    bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
+  }
+  bool esiste(const QString& nome) const { return QFile::exists(bottega.folder.file(nome)); }
+  /// The first description of the copy.
+  QString descrizioneNellaCopia() {
+    articles::ApriDatabase(bottega.folder.file(copia), bottega.contesto);
+    return bottega.value(QStringLiteral("SELECT Descrizione from TAB_ARTICOLI where auto_id =1"));
+  }
+};
+
+TEST_F(ArchivioDiPrima, UnNomeNuovoNonLasciaCopie) {
+  bottega.openArchive(archivio);
+  EXPECT_FALSE(esiste(copia));
+}
+
+TEST_F(ArchivioDiPrima, ChiusoSiRitrovaAccantoConISuoiArticoli) {
+  conPane();
+  articles::ChiudiDatabase();
+  bottega.openArchive(archivio);
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT Descrizione from TAB_ARTICOLI where auto_id =1")),
+            QString());
+  ASSERT_TRUE(esiste(copia));
+  EXPECT_EQ(descrizioneNellaCopia(), QStringLiteral("PANE"));
+}
+
+TEST_F(ArchivioDiPrima, ApertoSiRitrovaAccantoConISuoiArticoli) {
+  conPane();
+  bottega.openArchive(archivio);
+  ASSERT_TRUE(esiste(copia));
+  EXPECT_EQ(descrizioneNellaCopia(), QStringLiteral("PANE"));
+}
+
+TEST_F(ArchivioDiPrima, RestaSoloLUltimo) {
+  conPane();
+  bottega.openArchive(archivio);
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='LATTE' WHERE auto_id =1"));
+  bottega.openArchive(archivio);
+  ASSERT_TRUE(esiste(copia));
+  EXPECT_EQ(descrizioneNellaCopia(), QStringLiteral("LATTE"));
+}
+
+TEST_F(ArchivioDiPrima, UnFileCheNonEUnArchivioSiConservaByteAByte) {
+  const QByteArray lista("una lista della spesa\r\n\0\xE8", 25);
+  for (const QByteArray& byte : {lista, QByteArray()}) {
+    bottega.folder.write(archivio, byte);
+    bottega.openArchive(archivio);
+    ASSERT_TRUE(esiste(copia));
+    EXPECT_EQ(bottega.folder.read(copia), byte);
+    articles::ChiudiDatabase();
+  }
+}
+
+// A killed program leaves the archive half written, and beside it the journal that makes it whole.
+TEST_F(ArchivioDiPrima, CioCheUnProgrammaUccisoLasciaAMetaNonVaNellaCopia) {
+  conPane();
+  articles::ChiudiDatabase();
+  {
+    const OtherProgram ucciso(bottega.folder.file(archivio),
+                              {QStringLiteral("PRAGMA cache_size = 1"), QStringLiteral("BEGIN"),
+                               QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='META' || auto_id")});
+    ASSERT_TRUE(QFile::copy(bottega.folder.file(archivio), bottega.folder.file(QStringLiteral("meta.mdb"))));
+    ASSERT_TRUE(QFile::copy(bottega.folder.file(archivio + QStringLiteral("-journal")),
+                            bottega.folder.file(QStringLiteral("meta.mdb-journal"))));
+  }
+  ASSERT_TRUE(bottega.folder.read(QStringLiteral("meta.mdb")).contains("META1"));
+  bottega.openArchive(QStringLiteral("meta.mdb"));
+  articles::ApriDatabase(bottega.folder.file(QStringLiteral("meta.mdb.precedente")), bottega.contesto);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_ARTICOLI where Descrizione like 'META*'")), 0);
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT Descrizione from TAB_ARTICOLI where auto_id =1")),
+            QStringLiteral("PANE"));
+}
+
+TEST_F(ArchivioDiPrima, SeNonSiPuoCopiareNullaSiSovrascrive) {
+  conPane();
+  articles::ChiudiDatabase();
+  ASSERT_TRUE(QDir().mkpath(bottega.folder.file(copia + QStringLiteral("/occupata"))));
+  EXPECT_EQ(numeroDi([&] { bottega.openArchive(archivio); }), errors::kPathAccess);
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
+  articles::ApriDatabase(bottega.folder.file(archivio), bottega.contesto);
+  EXPECT_EQ(bottega.value(QStringLiteral("SELECT Descrizione from TAB_ARTICOLI where auto_id =1")),
+            QStringLiteral("PANE"));
+}
+
+TEST_F(ArchivioDiPrima, SenzaModelloLaCopiaDiPrimaNonSiTocca) {
+  bottega.folder.write(archivio, "oggi");
+  bottega.folder.write(copia, "ieri");
+  bottega.contesto.cartella = bottega.folder.path();
+  EXPECT_EQ(numeroDi([&] { bottega.openArchive(archivio); }), errors::kFileMissing);
+  EXPECT_EQ(bottega.folder.read(archivio), QByteArray("oggi"));
+  EXPECT_EQ(bottega.folder.read(copia), QByteArray("ieri"));
 }
 
 TEST(BaseDatiArticoli, SenzaModelloLaCopiaFallisceENullaSiApre) {

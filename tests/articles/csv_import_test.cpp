@@ -226,7 +226,7 @@ TEST_F(ImportArticoli, UnRepartoOltre80EScrittoMarcatoEAnnotato) {
   importa(rigaCsv(1, "8001", "A1", "UNO", "1,00", "81"));
   EXPECT_EQ(colonna(QStringLiteral("Reparto"), 1), QStringLiteral("81"));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 1), QStringLiteral("ERR"));
-  EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 1,00 81 [CODICE ERRORE=ERR: REPARTO *81*]"));
+  EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 1.00 81 [CODICE ERRORE=ERR: REPARTO *81*]"));
   EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(1)));
 }
 
@@ -237,10 +237,21 @@ TEST_F(ImportArticoli, UnReparto90ConUnPrezzoGuastoAnnotaSoloIlPrezzo) {
   EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(1)));
 }
 
+// The reading of the price writes over the comma of the field.
+TEST_F(ImportArticoli, IlReportHaLaVirgolaPrimaCheIlPrezzoSiLeggaEIlPuntoDopo) {
+  importa(rigaCsv(1, "8001", "A1", "UNO", "1,00", "1") + rigaCsv(2, "8001", "", "DUE", "100000,50", "4"));
+  EXPECT_THAT(annotazioni(),
+              ElementsAre(u"8001|0 DUE 100000,50 4 [CODICE ERRORE=5 *CODICE ARTICOLO ASSENTE*]",
+                          u"8001|0 DUE 100000,50 4 [CODICE ERRORE=WARNING: EAN DUPLICATO *8001*]",
+                          u"8001|0 DUE 100000.50 4 [CODICE ERRORE=ERR: PREZZO *100000.50*]"));
+  EXPECT_EQ(colonna(QStringLiteral("Prezzo"), 2), QStringLiteral("10000050"));
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(1)));
+}
+
 TEST_F(ImportArticoli, LaBandieraDelPrezzoValePerUnaRigaSola) {
   importa(rigaCsv(1, "8001", "A1", "UNO", "100000", "4") + rigaCsv(2, "8002", "A2", "DUE", "1,00", "90"));
   EXPECT_THAT(annotazioni(), ElementsAre(u"8001|A1 UNO 100000 4 [CODICE ERRORE=ERR: PREZZO *100000*]",
-                                         u"8002|A2 DUE 1,00 90 [CODICE ERRORE=ERR: REPARTO *90*]"));
+                                         u"8002|A2 DUE 1.00 90 [CODICE ERRORE=ERR: REPARTO *90*]"));
   EXPECT_THAT(bottega.user.boxes(), ElementsAre(conErrori(2)));
   EXPECT_EQ(colonna(QStringLiteral("Filler"), 2), QStringLiteral("ERR"));
 }

@@ -69,3 +69,18 @@ TEST(BarraEsito, LOraStaAccantoACioCheSiDiceESenzaTestoNonCE) {
   barra.clear();
   EXPECT_EQ(ora(barra), QString());
 }
+
+TEST(BarraEsito, VuotaNonPrendeIlFuoco) {
+  OutcomeBar barra;
+  const auto prendonoIlFuoco = [&] {
+    int quanti = 0;
+    for (const QLabel* scritta : barra.findChildren<QLabel*>())
+      if (scritta->focusPolicy() != Qt::NoFocus) ++quanti;
+    return quanti;
+  };
+  EXPECT_EQ(prendonoIlFuoco(), 0);
+  barra.tell(Kind::Plain, QStringLiteral("28 articoli"));
+  EXPECT_EQ(prendonoIlFuoco(), 1) << "a text can be marked and copied";
+  barra.clear();
+  EXPECT_EQ(prendonoIlFuoco(), 0);
+}

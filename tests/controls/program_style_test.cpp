@@ -3,14 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QListView>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyleOptionButton>
 #include <QToolButton>
 
+#include "controls/contrast.h"
 #include "controls/palette.h"
 #include "controls/style.h"
 
@@ -155,4 +158,22 @@ TEST_P(FigureDelloStile, LIconaDiUnPulsanteHaUnVuotoDallaScritta) {
   QPushButton muto(style::icon(QStringLiteral("save")), QString());
   muto.show();
   EXPECT_EQ(muto.iconSize().width(), muto.iconSize().height()) << "without a caption it stands in the middle";
+}
+
+TEST_P(FigureDelloStile, UnaCasellaSiVedeEDiceSeEScelta) {
+  QCheckBox casella;
+  casella.resize(casella.sizeHint());
+  casella.show();
+  QStyleOptionButton opzioni;
+  opzioni.initFrom(&casella);
+  const QRect posto = casella.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &opzioni, &casella);
+  const auto punto = [&](int x, int y) { return casella.grab().toImage().pixelColor(x, y); };
+  EXPECT_GE(contrast::between(punto(posto.left(), posto.center().y()), t_.background), 3.0)
+      << "the border stands out from the window";
+  EXPECT_EQ(punto(posto.left() + 2, posto.center().y()), t_.paper);
+  casella.setChecked(true);
+  EXPECT_EQ(punto(posto.left() + 2, posto.top() + 3), t_.accent);
+  const int tratto = posto.left() + qRound(0.42 * posto.width());
+  EXPECT_GE(contrast::between(punto(tratto, posto.top() + qRound(0.68 * posto.height())), t_.accent), 3.0)
+      << "the tick stands out from its ground";
 }

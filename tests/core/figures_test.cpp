@@ -12,17 +12,22 @@ TEST(Cifre, SonoItalianeQualunqueSiaIlPC) {
     EXPECT_EQ(cifra(0), QStringLiteral("0"));
     EXPECT_EQ(cifra(5000), QStringLiteral("5.000"));
     EXPECT_EQ(cifra(-1234567), QStringLiteral("-1.234.567"));
-    EXPECT_EQ(euro(215), QStringLiteral("€ 2,15"));
-    EXPECT_EQ(euro(5), QStringLiteral("€ 0,05"));
-    EXPECT_EQ(euro(123450), QStringLiteral("€ 1.234,50"));
-    EXPECT_EQ(euro(-5), QStringLiteral("€ -0,05"));
-    EXPECT_EQ(euro(0), QStringLiteral("€ 0,00"));
+    EXPECT_EQ(euro(215), QStringLiteral("€\u00A02,15"));
+    EXPECT_EQ(euro(5), QStringLiteral("€\u00A00,05"));
+    EXPECT_EQ(euro(123450), QStringLiteral("€\u00A01.234,50"));
+    EXPECT_EQ(euro(-5), QStringLiteral("€\u00A0-0,05"));
+    EXPECT_EQ(euro(0), QStringLiteral("€\u00A00,00"));
   }
 }
 
 TEST(Cifre, GliEuroNonPerdonoCentesimiDoveUnNumeroRealeLiPerderebbe) {
-  EXPECT_EQ(euro(9'007'199'254'740'993), QStringLiteral("€ 90.071.992.547.409,93"));
-  EXPECT_EQ(euro(std::numeric_limits<qint64>::min()), QStringLiteral("€ -92.233.720.368.547.758,08"));
+  EXPECT_EQ(euro(9'007'199'254'740'993), QStringLiteral("€\u00A090.071.992.547.409,93"));
+  EXPECT_EQ(euro(std::numeric_limits<qint64>::min()), QStringLiteral("€\u00A0-92.233.720.368.547.758,08"));
+}
+
+TEST(Cifre, IlSegnoDellEuroNonVaACapoSenzaLImporto) {
+  EXPECT_EQ(euro(100).at(1), QChar(QChar::Nbsp));
+  EXPECT_FALSE(euro(100).contains(u' '));
 }
 
 TEST(Cifre, UnoESingolare) {

@@ -27,6 +27,7 @@ const char16_t* const kMessaggi[] = {
     u"Attenzione il file di sistema QzDB.bck potrebbe essere assente!",
     u"FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?",
     u"Archivio creato:",
+    u"L'archivio di prima è in",
     u"Archivio aperto:",
     u"Archivio chiuso:",
     u"Nessun archivio era aperto.",
@@ -36,6 +37,7 @@ const char16_t* const kMessaggi[] = {
     u"Il contenuto dell'archivio non è leggibile.",
     u"ERRORE GRAVE !!! IL DATABASE E' CORROTTO OPPURE NON CORRETTO. PROCEDURA ABORTITA !!!",
     u"Prima si apre un archivio: Nuovo Archivio (Ctrl+N) o Apri Archivio (Ctrl+O)",
+    u"L'ultima apertura non è riuscita: ripetere Apri Archivio (Ctrl+O)",
     u"Un archivio è già aperto: prima Chiudi Archivio (Ctrl+W)",
     // The import
     u"Operazione di Import ARTICOLI eseguita correttamente",
@@ -70,6 +72,7 @@ const char16_t* const kMessaggi[] = {
     u"Non salvato: correggere",
     u"Modifiche non salvate:",
     u"Modifiche non salvate e sostituite:",
+    u"Modifiche non salvate e cancellate:",
     u"Nessun articolo in archivio",
     u"Nessun articolo trovato",
     u"Esportate",
@@ -119,6 +122,7 @@ const char16_t* const kMessaggi[] = {
     u"Fallita operazione trasferimento plu.bin",
     u"Errore durante il trasferimento/ricezione.",
     u"Trasferiti",
+    u"Trasferito 1 articolo,",
     // The reception
     u"ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA",
     u"ARCHIVIO DEL VENDUTO AZZERATO CORRETTAMENTE SULLA CASSA",

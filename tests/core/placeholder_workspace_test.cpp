@@ -50,6 +50,14 @@ TEST_F(FormProvvisoria, EscRiportaAlMenu) {
   ognunaTorna([](QWidget& finestra) { QTest::keyClick(&finestra, Qt::Key_Escape); });
 }
 
+TEST_F(FormProvvisoria, EsciDiceIlSuoTasto) {
+  MenuFixture::click("Label7");
+  const QPointer<QWidget> finestra = open("Form_GestioneClienti");
+  ASSERT_NE(finestra, nullptr);
+  EXPECT_EQ(finestra->findChild<QPushButton*>(QStringLiteral("Cmd_Esci"))->toolTip(),
+            QStringLiteral("Torna al menu principale (Esc)"));
+}
+
 TEST_F(FormProvvisoria, InvioNonEsce) {
   MenuFixture::click("Label7");
   const QPointer<QWidget> finestra = open("Form_GestioneClienti");

@@ -166,6 +166,52 @@ TEST(ComandiFiscali, LaChiusuraFiscaleAzzeraIDatiNonChiusi) {
   EXPECT_EQ(libreria.reply.split(',')[16], "FISC=0");
 }
 
+TEST(ComandiFiscali, FinoAllaChiusuraDeiDatiFiscaliLaCassaTieneLaSuaProgrammazione) {
+  TemporaryFolder cartella;
+  ecrsim::Options opzioni;
+  opzioni.fiscal = 1;
+  TestTill cassa(opzioni);
+  Library libreria;
+  const auto comando = [&](int modo, const char* file = "") {
+    return libreria.command(cassa.address(), modo, file);
+  };
+  cassa.put(QStringLiteral("iva.bin"), QByteArray(233, 'v'));
+  cartella.write(QStringLiteral("iva.bin"), QByteArray(233, 'i'));
+  cartella.write(QStringLiteral("plu.bin"), QByteArray(240000, 'p'));
+  cartella.write(QStringLiteral("clienti.bin"), QByteArray(44250, 'c'));
+  EXPECT_EQ(comando(ECR_OPEN_MODE), kDone);
+  EXPECT_EQ(comando(ECR_SEND_MODE, "iva.bin"), kWrongState);
+  EXPECT_EQ(comando(ECR_RESET_MODE), kWrongState);
+  EXPECT_EQ(comando(ECR_FETCH_MODE, "iva.bin"), kDone);
+  EXPECT_EQ(cartella.read(QStringLiteral("iva.bin")), QByteArray(233, 'v'));
+  EXPECT_EQ(comando(ECR_SEND_MODE, "plu.bin"), kDone);
+  EXPECT_EQ(comando(ECR_SEND_MODE, "clienti.bin"), kDone);
+  EXPECT_EQ(comando(ECR_CLOSE_MODE), kDone);
+  EXPECT_EQ(comando(ECR_FISCAL_CLOSURE_MODE), kDone);
+  cartella.write(QStringLiteral("iva.bin"), QByteArray(233, 'n'));
+  EXPECT_EQ(comando(ECR_OPEN_MODE), kDone);
+  EXPECT_EQ(comando(ECR_SEND_MODE, "iva.bin"), kDone);
+  EXPECT_EQ(cassa.byte(QStringLiteral("iva.bin")), QByteArray(233, 'n'));
+  EXPECT_EQ(comando(ECR_RESET_MODE), kDone);
+}
+
+TEST_F(Comandi, UnaCassaMaiProgrammataConsegnaUnaProgrammazioneDiZeri) {
+  EXPECT_EQ(traAperturaEChiusura(ECR_FETCH_MODE, "reparti.bin"), kDone);
+  EXPECT_EQ(cartella.read(QStringLiteral("reparti.bin")), QByteArray(3361, '\0'));
+  EXPECT_EQ(traAperturaEChiusura(ECR_FETCH_MODE, "clienti.bin"), kUnknownFile);
+}
+
+TEST(ComandiClasse, UnaCassaPiccolaMaiProgrammataConsegnaRigheStrette) {
+  TemporaryFolder cartella;
+  ecrsim::Options opzioni;
+  opzioni.bitmap = "S";
+  TestTill cassa(opzioni);
+  Library libreria;
+  EXPECT_EQ(libreria.command(cassa.address(), ECR_OPEN_MODE), kDone);
+  EXPECT_EQ(libreria.command(cassa.address(), ECR_FETCH_MODE, "intestazione.bin"), kDone);
+  EXPECT_EQ(cartella.read(QStringLiteral("intestazione.bin")), QByteArray(209, '\0'));
+}
+
 TEST_F(Comandi, AzzerareLaProgrammazioneLasciaINoveFileDiZeriEGliAltriComeErano) {
   cassa.put(QStringLiteral("clienti.bin"), QByteArray(44250, 'c'));
   cassa.put(QStringLiteral("plu.bin"), QByteArray(240000, 'p'));

@@ -3,6 +3,7 @@
 #include <QtEndian>
 
 #include "config/image.h"
+#include "devices/loaded_library.h"
 #include "sostegno/test_till.h"
 
 namespace {
@@ -90,6 +91,19 @@ TEST(Giornata, DueGiornateSiSommano) {
   EXPECT_EQ(cassa->salesDay(30, 1), prima);
   for (const Articolo& uno : kTre)
     EXPECT_EQ(contatore(cassa.byte(kVenduto), 1, uno.posto), 2 * contatore(dopoUna, 1, uno.posto));
+}
+
+TEST(Giornata, LasciaApertiIDatiFiscaliDeiSuoiScontrini) {
+  TestTill cassa;
+  Library libreria;
+  cassa->salesDay(10, 1);
+  libreria.command(cassa.address(), ECR_INFO_MODE);
+  EXPECT_EQ(libreria.reply.split(',')[16], "FISC=0") << "no article, no receipt";
+  cassa.put(kPlu, archivio(kTre));
+  cassa->salesDay(30, 1);
+  cassa->salesDay(12, 2);
+  libreria.command(cassa.address(), ECR_INFO_MODE);
+  EXPECT_EQ(libreria.reply.split(',')[16], "FISC=42");
 }
 
 TEST(Giornata, SenzaArticoliNonSiVendeNiente) {

@@ -478,6 +478,12 @@ TEST_F(ArchivioVenduto, PulisciSvuotaIFiltriELElencoResta) {
   EXPECT_EQ(griglia(schermo).Rows(), 4);
 }
 
+TEST_F(ArchivioVenduto, DiceQualeArchivioEAperto) {
+  const GuidedScreen schermo(bottega, kSchermo);
+  EXPECT_EQ(schermo.text(QStringLiteral("LabelArchivio")), QStringLiteral("Archivio: archivio.mdb"));
+  EXPECT_TRUE(schermo.control(QStringLiteral("LabelArchivio")).isVisible());
+}
+
 // The foot.
 
 TEST_F(ArchivioVenduto, IlPiedeDiceRighePezziIncassoESconti) {
@@ -485,14 +491,15 @@ TEST_F(ArchivioVenduto, IlPiedeDiceRighePezziIncassoESconti) {
                   {.ean = QStringLiteral("B"), .amount = 50, .pieces = 3, .discount = 5}});
   const GuidedScreen schermo(bottega, kSchermo);
   EXPECT_EQ(detto(schermo),
-            QStringLiteral("2 righe di venduto, 1.203 pezzi, incasso € 1.235,00, sconti € 12,05"));
+            QStringLiteral("2 righe di venduto, 1.203 pezzi, incasso €\u00A01.235,00, sconti €\u00A012,05"));
   EXPECT_EQ(genere(schermo), OutcomeBar::Kind::Plain);
 }
 
 TEST_F(ArchivioVenduto, UnaRigaEUnPezzoSonoAlSingolare) {
   enter(bottega, {{.amount = 100, .pieces = 1, .discount = 0}});
   const GuidedScreen schermo(bottega, kSchermo);
-  EXPECT_EQ(detto(schermo), QStringLiteral("1 riga di venduto, 1 pezzo, incasso € 1,00, sconti € 0,00"));
+  EXPECT_EQ(detto(schermo),
+            QStringLiteral("1 riga di venduto, 1 pezzo, incasso €\u00A01,00, sconti €\u00A00,00"));
 }
 
 TEST_F(ArchivioVenduto, DopoCercaIlPiedeAvverteCheGliScontiNonSonoLetti) {
@@ -505,8 +512,9 @@ TEST_F(ArchivioVenduto, DopoCercaIlPiedeAvverteCheGliScontiNonSonoLetti) {
   periodoLargo(schermo);
   schermo.click(kCerca);
   expectBoxes(bottega, {kSenzaSconto});
-  EXPECT_EQ(detto(schermo), QStringLiteral("1 riga di venduto, 2 pezzi, incasso € 2,50, sconti non letti: li "
-                                           "mostra «Visualizza Tutti»"));
+  EXPECT_EQ(detto(schermo),
+            QStringLiteral("1 riga di venduto, 2 pezzi, incasso €\u00A02,50, sconti non letti: li "
+                           "mostra «Visualizza Tutti»"));
   EXPECT_EQ(genere(schermo), OutcomeBar::Kind::Warning);
   schermo.click(kTutti);
   EXPECT_EQ(genere(schermo), OutcomeBar::Kind::Plain);

@@ -105,6 +105,11 @@ TEST_F(DopoLaRicezione, UnFileInteroSiDiceConLeSueRighe) {
   attendiPiede(Kind::Done, QStringLiteral("Ricevuti 60.000 byte, 2 righe di venduto."));
 }
 
+TEST_F(DopoLaRicezione, UnaRigaSolaSiDiceAlSingolare) {
+  ricevi(salesArchive({{0, 100, 1, 0}}));
+  attendiPiede(Kind::Done, QStringLiteral("Ricevuti 60.000 byte, 1 riga di venduto."));
+}
+
 TEST_F(DopoLaRicezione, DiUnFileCortoSiDiceQuantiByteSonoArrivati) {
   ricevi(giornata(100).left(20004));
   attendiPiede(

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QKeyEvent>
 #include <QMainWindow>
@@ -184,6 +185,35 @@ TEST_F(GestioneMMC, SovrascrivereUnArchivioPerdeArticoliEVenduto) {
   EXPECT_EQ(enabledCommands(), kCommands);
 }
 
+TEST_F(GestioneMMC, SovrascrivereUnArchivioDiceDoveEQuelloDiPrima) {
+  create();
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
+  bottega.execute(QStringLiteral("insert into TAB_VENDUTO (Data,id_plu) values ('20240307',1)"));
+  bottega.user.answers(Answer::Yes);
+  create();
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(kSovrascrivere));
+  EXPECT_EQ(outcome(), QStringLiteral("Archivio creato: archivio.mdb. L'archivio di prima è in "
+                                      "archivio.mdb.precedente"));
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Done);
+  entry("mnuClose");
+  open(QStringLiteral("archivio.mdb.precedente"));
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Descrizione ='PANE'")), 1);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT id_plu from TAB_VENDUTO")), 1);
+}
+
+TEST_F(GestioneMMC, SeLArchivioDiPrimaNonSiPuoConservareRestaAlSuoPosto) {
+  create();
+  bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
+  ASSERT_TRUE(QDir().mkpath(bottega.folder.file(QStringLiteral("archivio.mdb.precedente/occupata"))));
+  bottega.user.answers(Answer::Yes);
+  create();
+  EXPECT_THAT(bottega.user.boxes(), ElementsAre(kSovrascrivere));
+  EXPECT_TRUE(outcome().contains(QStringLiteral("archivio.mdb.precedente"))) << outcome().toStdString();
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Failed);
+  EXPECT_EQ(bottega.rows(QStringLiteral("SELECT auto_id from TAB_ARTICOLI where Descrizione ='PANE'")), 1);
+  EXPECT_EQ(enabledCommands(), kCommands);
+}
+
 TEST_F(GestioneMMC, NuovoSopraLArchivioApertoLoSvuota) {
   create();
   bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET Descrizione ='PANE' WHERE auto_id =1"));
@@ -321,6 +351,23 @@ TEST_F(GestioneMMC, UnAperturaFallitaConUnArchivioApertoNeSpegneIComandi) {
   EXPECT_EQ(varGlobal().NomeDB_Articoli, bottega.folder.file(QStringLiteral("archivio.mdb")));
   EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
   EXPECT_TRUE(active("mnuApri"));
+}
+
+TEST_F(GestioneMMC, DopoUnAperturaFallitaConUnArchivioApertoIComandiDiconoQuello) {
+  const QString fallita = QStringLiteral("L'ultima apertura non è riuscita: ripetere Apri Archivio (Ctrl+O)");
+  create();
+  bottega.folder.write(QStringLiteral("testo.mdb"), QByteArray("non sono un archivio\r\n").repeated(500));
+  open(QStringLiteral("testo.mdb"));
+  for (const char* nome : {"Cmd_Articoli", "Cmd_Down", "Cmd_Upl", "Cmd_Venduto"})
+    EXPECT_EQ(control(nome).toolTip(), fallita) << nome;
+  bottega.user.chooses(std::nullopt);
+  entry("mnuApri");
+  EXPECT_EQ(control("Cmd_Upl").toolTip(), fallita) << "a cancelled dialog changes nothing";
+  open();
+  EXPECT_EQ(control("Cmd_Upl").toolTip(), QStringLiteral("Ricevi il venduto dal misuratore fiscale"));
+  entry("mnuClose");
+  EXPECT_EQ(control("Cmd_Upl").toolTip(),
+            QStringLiteral("Prima si apre un archivio: Nuovo Archivio (Ctrl+N) o Apri Archivio (Ctrl+O)"));
 }
 
 TEST_F(GestioneMMC, UnDatabaseDiAltroGenereSiApreSenzaControlli) {

@@ -11,7 +11,8 @@ RowSet::RowSet(std::vector<QString> names, Footprint expected) : names_(std::mov
 
 int RowSet::column(const QString& name) const {
   for (std::size_t i = 0; i < names_.size(); ++i)
-    if (names_[i].size() == name.size() && names_[i].compare(name, Qt::CaseInsensitive) == 0) return static_cast<int>(i);
+    if (names_[i].size() == name.size() && names_[i].compare(name, Qt::CaseInsensitive) == 0)
+      return static_cast<int>(i);
   return -1;
 }
 

@@ -16,18 +16,18 @@ QSize sizes() {
 }
 
 #ifdef Q_OS_WIN
-void cambiaModo(float larghezza, float altezza) {
-  DEVMODEA modo{};
-  modo.dmSize = sizeof(modo);
-  for (DWORD indice = 0; EnumDisplaySettingsA(nullptr, indice, &modo) != 0; ++indice) {
+void changeMode(float width, float height) {
+  DEVMODEA mode{};
+  mode.dmSize = sizeof(mode);
+  for (DWORD index = 0; EnumDisplaySettingsA(nullptr, index, &mode) != 0; ++index) {
   }
-  modo.dmFields = DM_PELSWIDTH | DM_PELSHEIGHT;
-  modo.dmPelsWidth = static_cast<DWORD>(larghezza);
-  modo.dmPelsHeight = static_cast<DWORD>(altezza);
-  ChangeDisplaySettingsA(&modo, 0);
+  mode.dmFields = DM_PELSWIDTH | DM_PELSHEIGHT;
+  mode.dmPelsWidth = static_cast<DWORD>(width);
+  mode.dmPelsHeight = static_cast<DWORD>(height);
+  ChangeDisplaySettingsA(&mode, 0);
 }
 #else
-void changeMode(float /*larghezza*/, float /*altezza*/) {}
+void changeMode(float /*width*/, float /*height*/) {}
 #endif
 
 }  // namespace display

@@ -70,7 +70,7 @@ Start& start() {
 
 /// The first of those that are there.
 QString startFolder(const FileRequest& request) {
-  for (const QString& folder : {start().last, request.folder, start().first})
+  for (const QString& folder : {request.folder, start().last, start().first})
     if (!folder.isEmpty() && QDir(folder).exists()) return folder;
   return QDir::currentPath();
 }

@@ -6,10 +6,10 @@
 #include "platform/ui/user_port.h"
 
 /// The file dialogs of the desktop, object names "FinestraApri" and "FinestraSalva". Each starts in the
-/// folder of the file that was chosen last in this run; the first in the one that its request names.
+/// folder that its request names; where it names none, in that of the file that was chosen last in this run.
 namespace file_dialog {
 
-/// Where the first dialog of a run starts whose request names no folder. Forgets the one used last.
+/// Where a dialog starts whose request names no folder while none was used. Forgets the one used last.
 void startIn(const QString& folder);
 
 /// Filters in the toolkit's form, "csv (*.csv)", from pairs parted by "|". A pattern "*.*" means every file.

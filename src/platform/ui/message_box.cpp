@@ -78,13 +78,16 @@ void layOut(QMessageBox& box) {
   auto* const grid = qobject_cast<QGridLayout*>(box.layout());
   if (text == nullptr || grid == nullptr) return;
   const QFontMetrics letters = box.fontMetrics();
-  text->setMinimumWidth(
-      std::max(letters.averageCharWidth() * kLetters, letters.horizontalAdvance(box.windowTitle()) + kFrame));
+  const int least =
+      std::max(letters.averageCharWidth() * kLetters, letters.horizontalAdvance(box.windowTitle()) + kFrame);
+  // A text that needs more is left to the box, which knows its width and where to fold it.
+  if (text->sizeHint().width() < least) text->setMinimumWidth(least);
   text->setAlignment(Qt::AlignVCenter | Qt::AlignLeft);
   auto* const icon = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
   if (icon == nullptr) return;
   grid->setAlignment(icon, Qt::AlignVCenter);
-  // The icon takes a second row, kept for a text that these boxes do not have.
+  // The icon takes a second row, kept for a text that these boxes do not have; a check box stands there.
+  if (box.checkBox() != nullptr) return;
   int row = 0;
   int column = 0;
   int rows = 0;

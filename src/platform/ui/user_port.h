@@ -29,7 +29,7 @@ struct FileRequest {
   QString title;
   /// In the form "csv (*.csv)|*.csv": pairs of description and pattern parted by "|".
   QString filter;
-  /// Folder shown first; empty: the current one.
+  /// Folder shown first; empty: that of the file chosen last in this run, at first the application's.
   QString folder;
   /// A save dialog asks by itself before it hands over a file that exists.
   bool asksBeforeReplacing = false;

@@ -191,8 +191,15 @@ TEST_F(PartenzaDelleFinestre, LeSeguentiPartonoDallaCartellaDellUltimoFileScelto
   cartella.write(QStringLiteral("altra/elenco.csv"), "");
   allaFinestra([&](QFileDialog& finestra) { scrivi(finestra, altra + QStringLiteral("/elenco.csv")); });
   EXPECT_EQ(utente.AskOpenPath(kCsv), altra + QStringLiteral("/elenco.csv"));
-  EXPECT_EQ(partenza(utente, da(sotto("richiesta"))), altra);
   EXPECT_EQ(partenza(utente, kCsv), altra);
+}
+
+TEST_F(PartenzaDelleFinestre, UnaRichiestaConLaSuaCartellaParteSempreDaQuella) {
+  const QString altra = sotto("altra");
+  allaFinestra([&](QFileDialog& finestra) { scrivi(finestra, altra + QStringLiteral("/vendite")); });
+  ASSERT_TRUE(utente.AskSavePath(kCsv).has_value());
+  EXPECT_EQ(partenza(utente, da(sotto("richiesta"))), cartella.file(QStringLiteral("richiesta")));
+  EXPECT_EQ(partenza(utente, kCsv), altra) << "the others go on from the last file";
 }
 
 TEST_F(PartenzaDelleFinestre, AncheUnSalvataggioSpostaLaPartenza) {
@@ -211,8 +218,9 @@ TEST_F(PartenzaDelleFinestre, UnaCartellaSparitaLasciaIlPostoAllaSeguente) {
   const QString sparita = sotto("sparita");
   allaFinestra([&](QFileDialog& finestra) { scrivi(finestra, sparita + QStringLiteral("/vendite")); });
   ASSERT_TRUE(utente.AskSavePath(kCsv).has_value());
+  EXPECT_EQ(partenza(utente, da(cartella.file(QStringLiteral("mai stata")))), sparita);
   ASSERT_TRUE(QDir(sparita).removeRecursively());
-  EXPECT_EQ(partenza(utente, da(sotto("richiesta"))), cartella.file(QStringLiteral("richiesta")));
+  EXPECT_EQ(partenza(utente, kCsv), cartella.path());
 }
 
 TEST_F(PartenzaDelleFinestre, DiLatoCiSonoComputerCasaScrivaniaEDocumenti) {

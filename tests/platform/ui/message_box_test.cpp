@@ -186,3 +186,46 @@ TEST(FormaDelRiquadro, UnTitoloLungoSiLeggeIntero) {
   });
   utente.MsgBox(QStringLiteral("x"), Icon::None, titolo);
 }
+
+namespace {
+
+/// The text of the box as laid out, and how wide it would be on its lines.
+void guardaTesto(QMessageBox& riquadro, const std::function<void(const QLabel&)>& guarda) {
+  const auto* scritto = riquadro.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  ASSERT_NE(scritto, nullptr);
+  guarda(*scritto);
+  riquadro.close();
+}
+
+}  // namespace
+
+TEST(TestoDelRiquadro, SiVedeInteroQuantoSiaLungo) {
+  DesktopUser utente(nullptr);
+  const QString parola = QStringLiteral("SOVRASCRIVERLO ");
+  for (int volte = 1; volte <= 30; ++volte) {
+    alRiquadro([&](QMessageBox& riquadro) {
+      guardaTesto(riquadro, [&](const QLabel& scritto) {
+        if (scritto.wordWrap())
+          EXPECT_GE(scritto.height(), scritto.heightForWidth(scritto.width())) << volte;
+        else
+          EXPECT_GE(scritto.width(), scritto.sizeHint().width()) << volte;
+      });
+    });
+    utente.MsgBox(parola.repeated(volte).trimmed(), Icon::Question);
+  }
+}
+
+TEST(TestoDelRiquadro, LaCasellaCheLasciaPassareStaSottoIlTesto) {
+  DesktopUser utente(nullptr);
+  const BusyGuard comando;
+  mostra(utente, kAvviso);
+  alRiquadro([](QMessageBox& riquadro) {
+    ASSERT_NE(riquadro.checkBox(), nullptr);
+    const QRect casella = riquadro.checkBox()->geometry();
+    guardaTesto(riquadro, [&](const QLabel& scritto) {
+      EXPECT_GT(casella.top(), scritto.geometry().bottom());
+      EXPECT_GE(scritto.height(), scritto.fontMetrics().height());
+    });
+  });
+  utente.MsgBox(kAvviso);
+}

@@ -1,0 +1,93 @@
+#include "editors/new_configuration.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "articles/article_database.h"
+#include "config/configuration_file.h"
+#include "core/context.h"
+#include "core/conversions.h"
+#include "core/state.h"
+#include "ecrlink/file_channel.h"
+#include "platform/store/store.h"
+#include "platform/text/file_name.h"
+#include "platform/text/whole_file.h"
+#include "platform/ui/user_port.h"
+
+namespace editors {
+
+namespace {
+
+bool presente(const QString& percorso, Contesto& contesto) {
+  if (FileEsiste(percorso)) return true;
+  contesto.utente.MsgBox(
+      QStringLiteral("Attenzione il file di sistema %1 potrebbe essere assente !!!").arg(FileName(percorso)),
+      Icon::Critical);
+  return false;
+}
+
+QString precedente(const QString& percorso) {
+  return percorso + QLatin1String(ecrlink::kPrecedente);
+}
+
+/// A configuration is its first bytes: a longer file is none of ours behind them.
+QByteArray configurazione(const QString& percorso) {
+  return ReadFileStart(percorso, static_cast<qsizetype>(config::kByteFile));
+}
+
+void copiaFile(const QString& sorgente, const QString& percorso) {
+  const QByteArray nuova = configurazione(sorgente);
+  if (FileEsiste(percorso)) WriteWholeFile(precedente(percorso), configurazione(percorso));
+  WriteWholeFile(percorso, nuova);
+}
+
+void copiaDatabase(const QString& sorgente, const QString& percorso) {
+  if (FileEsiste(percorso)) store::CopyArchive(percorso, precedente(percorso));
+  store::CopyArchive(sorgente, percorso);
+}
+
+}  // namespace
+
+QString percorsoModelloConfigurazione(const Contesto& contesto) {
+  return QDir(contesto.cartella).filePath(QLatin1String(config::kModelloConfigurazione));
+}
+
+QString percorsoModelloArticoli(const Contesto& contesto) {
+  return articles::percorsoModello(contesto);
+}
+
+bool modelliPresenti(Contesto& contesto) {
+  return presente(percorsoModelloConfigurazione(contesto), contesto) &&
+         presente(percorsoModelloArticoli(contesto), contesto);
+}
+
+void NuovaConfigurazione(const QString& percorso, Contesto& contesto) {
+  copiaFile(percorsoModelloConfigurazione(contesto), percorso);
+  varGestionePRG().PathConfigurazione = percorso;
+  copiaDatabase(percorsoModelloArticoli(contesto), config::PercorsoCompagno(percorso));
+}
+
+void CreaDaConfigurazione(const QString& sorgente, const QString& percorso) {
+  if (QFileInfo(sorgente).canonicalFilePath() == QFileInfo(percorso).canonicalFilePath())
+    throw errors::accessDenied(percorso);
+  copiaFile(sorgente, percorso);
+  varGestionePRG().PathConfigurazione = percorso;
+  copiaDatabase(config::PercorsoCompagno(sorgente), config::PercorsoCompagno(percorso));
+}
+
+struct ConfigurazioneInUso::Stato {
+  QString percorso = varGestionePRG().PathConfigurazione;
+  QString nome = varGestionePRG().NomeFileDat;
+  config::TestataFile testata = config::testataFile();
+};
+
+ConfigurazioneInUso::ConfigurazioneInUso() : prima_(std::make_unique<Stato>()) {}
+
+ConfigurazioneInUso::~ConfigurazioneInUso() {
+  if (tenuta_) return;
+  varGestionePRG().PathConfigurazione = prima_->percorso;
+  varGestionePRG().NomeFileDat = prima_->nome;
+  config::testataFile() = prima_->testata;
+}
+
+}  // namespace editors

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+
+struct Contesto;
+
+/// New configurations on the disk: a file and the article database beside it. What either replaces stays
+/// beside it under its name with `ecrlink::kPrecedente` behind it.
+namespace editors {
+
+/// Paths of the two templates beside the program.
+QString percorsoModelloConfigurazione(const Contesto& contesto);
+QString percorsoModelloArticoli(const Contesto& contesto);
+/// False if one of the two is missing; the person has been told which.
+bool modelliPresenti(Contesto& contesto);
+
+/// The template becomes the configuration at `percorso`, which is the one in use from then on; then the
+/// article template becomes the database beside it. Throws Errore 53, 61, 70 or 75 where a copy fails.
+void NuovaConfigurazione(const QString& percorso, Contesto& contesto);
+/// The same from another configuration and its own database. Throws Errore 70 for a configuration that is to
+/// be made from itself.
+void CreaDaConfigurazione(const QString& sorgente, const QString& percorso);
+
+/// The configuration in use as it was, unless `tieni` is called: a file that was refused must not become the
+/// one that the next save writes over.
+class ConfigurazioneInUso {
+ public:
+  ConfigurazioneInUso();
+  ~ConfigurazioneInUso();
+  ConfigurazioneInUso(const ConfigurazioneInUso&) = delete;
+  ConfigurazioneInUso& operator=(const ConfigurazioneInUso&) = delete;
+
+  void tieni() { tenuta_ = true; }
+
+ private:
+  struct Stato;
+  std::unique_ptr<Stato> prima_;
+  bool tenuta_ = false;
+};
+
+}  // namespace editors

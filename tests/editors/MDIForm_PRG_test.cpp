@@ -1,0 +1,500 @@
+#include "editors/MDIForm_PRG.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QDialog>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QPointer>
+#include <QStackedWidget>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "articles/Form_ArchivioArticoli.h"
+#include "config/configuration_file.h"
+#include "controls/outcome_bar.h"
+#include "core/start.h"
+#include "editors/recorded_editor.h"
+#include "platform/text/whole_file.h"
+#include "sostegno/guided_screen.h"
+
+namespace {
+
+const QString kNegozio = QStringLiteral("negozio.dat");
+const QString kCompagno = QStringLiteral("negozio_art.mdb");
+const QString kModello = QStringLiteral(GESTIONALE_APP "/QzPRG.bck");
+const QString kModelloArticoli = QStringLiteral(GESTIONALE_APP "/QzDB.bck");
+const Box kDomanda{QStringLiteral("Attenzione sono stati modificati dei parametri di configurazione: salvare "
+                                  "prima di proseguire ?"),
+                   Icon::Question, QStringLiteral("ATTENZIONE"), Buttons::YesNo};
+constexpr qsizetype kTanto = 1 << 24;
+
+QByteArray byteDi(const QString& percorso) {
+  return ReadWholeFile(percorso, kTanto);
+}
+
+struct AreaProgrammazione : testing::Test {
+  explicit AreaProgrammazione(const QString& cartella = QStringLiteral(GESTIONALE_APP))
+      : bottega(QStringLiteral(GESTIONALE_APP), cartella) {
+    config::azzeraConfigurazione();
+    bottega.screens.registra(QStringLiteral("start"), [](Contesto& c) { return new start(c, {1280, 1024}); });
+    bottega.screens.registra<MDIForm_PRG>();
+    bottega.screens.registra<Form_ArchivioArticoli>();
+    registerRecordedEditors(bottega, chiamate);
+    bottega.screens.registra(QStringLiteral("Form_TrasferimentoProgrammazione"), [this](Contesto&) {
+      auto* finestra = new QDialog;
+      finestra->setObjectName(QStringLiteral("Form_TrasferimentoProgrammazione"));
+      QMetaObject::invokeMethod(
+          finestra,
+          [this, finestra] {
+            if (durante) durante();
+            finestra->reject();
+          },
+          Qt::QueuedConnection);
+      return finestra;
+    });
+    bottega.screens.mostra(QStringLiteral("start"), bottega.contesto);
+    schermo = &bottega.screens.mostra(QStringLiteral("MDIForm_PRG"), bottega.contesto);
+  }
+
+  /// The frame asks when it goes with the test.
+  void TearDown() override { editors::azzeraModifiche(); }
+
+  QAction& azione(const QString& nome) const {
+    auto* trovata = schermo->findChild<QAction*>(nome);
+    if (!trovata) throw std::runtime_error("no action " + nome.toStdString());
+    return *trovata;
+  }
+  QAction& tasto(int posizione) const { return azione(QStringLiteral("Toolbar1_%1").arg(posizione)); }
+  /// A click of the mouse on a button of the toolbar.
+  void premi(int posizione) const {
+    auto* barra = schermo->findChild<QToolBar*>(QStringLiteral("Toolbar1"));
+    QWidget* pulsante = barra->widgetForAction(&tasto(posizione));
+    ASSERT_TRUE(pulsante != nullptr);
+    QTest::mouseClick(pulsante, Qt::LeftButton);
+  }
+  void menu(const char* nome) const { azione(QLatin1String(nome)).trigger(); }
+  QString pannello() const { return schermo->findChild<QLabel*>(QStringLiteral("StatusBar1_1"))->text(); }
+  QString stato() const { return schermo->findChild<QLabel*>(QStringLiteral("StatusBar1_2"))->text(); }
+  QString piede() const { return schermo->findChild<OutcomeBar*>(QStringLiteral("BarraEsito"))->text(); }
+  QString nelRiquadro() const {
+    return schermo->findChild<QStackedWidget*>(QStringLiteral("AreaEditor"))->currentWidget()->objectName();
+  }
+  QString file(const QString& nome) const { return bottega.folder.file(nome); }
+  void crea(const QString& nome = kNegozio) {
+    bottega.user.chooses(file(nome));
+    premi(1);
+    ASSERT_TRUE(tasto(6).isEnabled());
+  }
+  std::vector<int> accesi() const {
+    std::vector<int> quali;
+    for (const int posizione : {1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 13, 14, 17})
+      if (tasto(posizione).isEnabled()) quali.push_back(posizione);
+    return quali;
+  }
+  bool aperto(const QString& nome) const { return bottega.screens.trova(nome) != nullptr; }
+
+  ProgramFixture bottega;
+  QStringList chiamate;
+  /// What the transfer screen does before it closes by itself.
+  std::function<void()> durante;
+  QPointer<QWidget> schermo;
+};
+
+TEST_F(AreaProgrammazione, HaTitoloDidascalieESuggerimentiDellaBarra) {
+  EXPECT_EQ(schermo->windowTitle(), QStringLiteral("Programmazione ECR"));
+  const std::vector<std::tuple<int, QString, QString>> attesi{
+      {1, QStringLiteral("NUOVO"), QStringLiteral("Crea Nuovaconfigurazione")},
+      {2, QStringLiteral("MODIFICA"), QStringLiteral("Modifica configurazione esistente")},
+      {3, QStringLiteral("CREA DA."), QStringLiteral("Crea configurazione a partire da una esistente")},
+      {5, QStringLiteral("NEGOZIO"), QStringLiteral("Configurazione parametri Negozio")},
+      {6, QStringLiteral("REPARTI"), QStringLiteral("Configurazione parametri Reparti")},
+      {7, QStringLiteral("PLU"), QStringLiteral("Configurazione parametri PLU")},
+      {8, QStringLiteral("IVA"), QStringLiteral("Configurazione parametri IVA")},
+      {9, QStringLiteral("VALUTE"), QStringLiteral("Configurazione parametri Valute")},
+      {11, QStringLiteral("OPZIONI"), QStringLiteral("Configurazione parametri Opzioni Generali")},
+      {14, QStringLiteral("LETT./INVIO"), QStringLiteral("Lettura / Invio Configurazione")},
+      {17, QStringLiteral("Esci"), QStringLiteral("Uscita")}};
+  for (const auto& [posizione, testo, suggerimento] : attesi) {
+    EXPECT_EQ(tasto(posizione).text(), testo);
+    EXPECT_EQ(tasto(posizione).toolTip(), suggerimento);
+    EXPECT_FALSE(tasto(posizione).icon().isNull()) << posizione;
+  }
+  EXPECT_EQ(tasto(10).toolTip(), QStringLiteral("Configurazione parametri Operatori"));
+  EXPECT_FALSE(tasto(13).icon().isNull());
+}
+
+TEST_F(AreaProgrammazione, AllAperturaSenzaUnFileITastiDa5A14SonoSpentiEISegniAzzerati) {
+  EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 17}));
+  EXPECT_FALSE(azione(QStringLiteral("mnuInvio")).isEnabled());
+  for (const int posizione : {5, 6, 7, 8, 9, 10, 11, 14}) premi(posizione);
+  EXPECT_TRUE(chiamate.isEmpty());
+  EXPECT_FALSE(aperto(QStringLiteral("Form_Reparti")));
+  EXPECT_EQ(varGestionePRG().ConfigurazioneCaricata, 1);
+  EXPECT_EQ(pannello(), QString());
+}
+
+TEST_F(AreaProgrammazione, AllAperturaISegniDelleModificheSonoAzzerati) {
+  bottega.screens.scarica(QStringLiteral("MDIForm_PRG"));
+  varGestionePRG().ModificaReparti = kVero;
+  varGestionePRG().ModificaNegozio = kVero;
+  schermo = &bottega.screens.mostra(QStringLiteral("MDIForm_PRG"), bottega.contesto);
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kFalso);
+  EXPECT_EQ(varGestionePRG().ModificaNegozio, kFalso);
+}
+
+TEST_F(AreaProgrammazione, NuovoCopiaIDueModelliCaricaEAccendeITasti) {
+  crea();
+  EXPECT_EQ(byteDi(file(kNegozio)), byteDi(kModello));
+  EXPECT_EQ(byteDi(file(kCompagno)).size(), byteDi(kModelloArticoli).size());
+  EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 14, 17}));
+  EXPECT_TRUE(azione(QStringLiteral("mnuInvio")).isEnabled());
+  EXPECT_EQ(pannello(), QStringLiteral("File : [negozio.dat] - Versione V03.00"));
+  EXPECT_EQ(piede(), QStringLiteral("Configurazione creata: negozio.dat"));
+  EXPECT_EQ(varGestionePRG().PathConfigurazione, file(kNegozio));
+  EXPECT_EQ(config::versioneFile(), QStringLiteral("V03.00"));
+  ASSERT_EQ(bottega.user.requests().size(), 1U);
+  EXPECT_EQ(bottega.user.requests()[0].filter, QStringLiteral("dat (*.dat)|*.dat"));
+}
+
+TEST_F(AreaProgrammazione, AnnullareLaFinestraDeiFileLasciaTuttoComEra) {
+  crea();
+  const QByteArray memoria = byteDi(file(kNegozio));
+  for (const int posizione : {1, 2, 3}) {
+    bottega.user.chooses(std::nullopt);
+    premi(posizione);
+    EXPECT_EQ(varGestionePRG().PathConfigurazione, file(kNegozio));
+    EXPECT_EQ(pannello(), QStringLiteral("File : [negozio.dat] - Versione V03.00"));
+    EXPECT_TRUE(tasto(6).isEnabled());
+  }
+  EXPECT_EQ(byteDi(file(kNegozio)), memoria);
+}
+
+TEST_F(AreaProgrammazione, NuovoSuUnFileCheCEChiedeENoNonTocca) {
+  bottega.folder.write(kNegozio, "mio");
+  bottega.user.chooses(file(kNegozio)).answers(Answer::No);
+  premi(1);
+  expectBoxes(bottega, {{QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icon::None,
+                         QStringLiteral("ATTENZIONE"), Buttons::YesNo, Preset::Last}});
+  EXPECT_EQ(bottega.folder.read(kNegozio), QByteArray("mio"));
+  EXPECT_FALSE(QFileInfo::exists(file(kCompagno)));
+  EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 17}));
+}
+
+TEST_F(AreaProgrammazione, NuovoSuUnFileCheCEConSiTieneAccantoIlPrecedente) {
+  bottega.folder.write(kNegozio, "mio");
+  bottega.user.chooses(file(kNegozio)).answers(Answer::Yes);
+  premi(1);
+  EXPECT_EQ(bottega.takeBoxes().size(), 1U);
+  EXPECT_EQ(byteDi(file(kNegozio)), byteDi(kModello));
+  EXPECT_EQ(bottega.folder.read(kNegozio + QStringLiteral(".precedente")), QByteArray("mio"));
+}
+
+struct SenzaModelli : AreaProgrammazione {
+  SenzaModelli() : AreaProgrammazione(QDir::tempPath() + QStringLiteral("/senza-modelli")) {}
+};
+
+TEST_F(SenzaModelli, SenzaQzPrgSiDiceEIlComandoFinisce) {
+  premi(1);
+  expectBoxes(
+      bottega,
+      {criticalBox(QStringLiteral("Attenzione il file di sistema QzPRG.bck potrebbe essere assente !!!"))});
+  EXPECT_TRUE(bottega.user.requests().empty());
+}
+
+TEST_F(AreaProgrammazione, SenzaQzDbSiDiceEIlComandoFinisce) {
+  const QTemporaryDir cartella;
+  ASSERT_TRUE(QFile::copy(kModello, cartella.filePath(QStringLiteral("QzPRG.bck"))));
+  bottega.contesto.cartella = cartella.path();
+  premi(1);
+  expectBoxes(
+      bottega,
+      {criticalBox(QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente !!!"))});
+  EXPECT_TRUE(bottega.user.requests().empty());
+}
+
+TEST_F(AreaProgrammazione, ModificaDiUnFileCheNonEsisteSiDice) {
+  bottega.user.chooses(file(QStringLiteral("manca.dat")));
+  premi(2);
+  expectBoxes(bottega, {criticalBox(QStringLiteral("Attenzione il file scelto manca.dat non esiste !!!"))});
+  EXPECT_EQ(varGestionePRG().PathConfigurazione, QString());
+}
+
+TEST_F(AreaProgrammazione, UnFileDiUnAltraVersioneSiRifiutaELaConfigurazioneApertaRestaQuella) {
+  crea();
+  QByteArray altra = byteDi(file(kNegozio));
+  altra[5] = '1';
+  const QString percorso = bottega.folder.write(QStringLiteral("altra.dat"), altra);
+  bottega.user.chooses(percorso);
+  premi(2);
+  expectBoxes(
+      bottega,
+      {criticalBox(
+          QStringLiteral("Attenzione il file %1 non e' compatibile con la versione SW").arg(percorso))});
+  EXPECT_EQ(varGestionePRG().PathConfigurazione, file(kNegozio));
+  EXPECT_EQ(config::versioneFile(), QStringLiteral("V03.00"));
+  EXPECT_EQ(pannello(), QStringLiteral("File : [negozio.dat] - Versione V03.00"));
+  EXPECT_TRUE(tasto(6).isEnabled());
+}
+
+TEST_F(AreaProgrammazione, UnFileRifiutatoSenzaNullaDiApertoLasciaITastiSpenti) {
+  bottega.user.chooses(bottega.folder.write(QStringLiteral("vuoto.dat"), {}));
+  premi(2);
+  EXPECT_EQ(bottega.takeBoxes().size(), 1U);
+  EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 17}));
+}
+
+TEST_F(AreaProgrammazione, ModificaCaricaIByteDelFile) {
+  QByteArray mia = byteDi(kModello);
+  mia.replace(146 + 382, 4, "PANE");
+  bottega.user.chooses(bottega.folder.write(QStringLiteral("mia.dat"), mia));
+  premi(2);
+  EXPECT_EQ(config::leggiTesto(config::immagineProgrammazione().record(config::kReparto, 0),
+                               config::reparto::kDescrizione)
+                .left(4),
+            QStringLiteral("PANE"));
+  EXPECT_EQ(piede(), QStringLiteral("Configurazione aperta: mia.dat"));
+}
+
+TEST_F(AreaProgrammazione, CreaDaCopiaFileEDatabaseEDiceIlModello) {
+  crea();
+  {
+    store::Database compagno = bottega.workspace.OpenDatabase(file(kCompagno));
+    compagno.Execute(u"UPDATE TAB_ARTICOLI SET Descrizione = 'LATTE' WHERE auto_id=1");
+    compagno.Close();
+  }
+  bottega.user.chooses(file(kNegozio)).chooses(file(QStringLiteral("copia.dat")));
+  premi(3);
+  EXPECT_EQ(bottega.folder.read(QStringLiteral("copia.dat")), bottega.folder.read(kNegozio));
+  EXPECT_EQ(varGestionePRG().PathConfigurazione, file(QStringLiteral("copia.dat")));
+  EXPECT_EQ(pannello(),
+            QStringLiteral("File : [copia.dat] - Versione V03.00 Modello ") + config::modelloFile());
+  store::Database copia = bottega.workspace.OpenDatabase(file(QStringLiteral("copia_art.mdb")));
+  EXPECT_EQ(copia.OpenRecordset(u"SELECT Descrizione from TAB_ARTICOLI where auto_id=1")
+                .field(QStringLiteral("Descrizione"))
+                .text(),
+            QStringLiteral("LATTE"));
+  copia.Close();
+}
+
+TEST_F(AreaProgrammazione, CreaDaUnFileDiUnAltraVersioneNonChiedeDoveSalvare) {
+  bottega.user.chooses(bottega.folder.write(QStringLiteral("altra.dat"), QByteArray("V02.00001")));
+  premi(3);
+  EXPECT_EQ(bottega.takeBoxes().size(), 1U);
+  EXPECT_EQ(bottega.user.requests().size(), 1U);
+}
+
+TEST_F(AreaProgrammazione, CreaDaSeStessaSiRifiutaELasciaIlFile) {
+  crea();
+  const QByteArray prima = bottega.folder.read(kNegozio);
+  bottega.user.chooses(file(kNegozio)).chooses(file(kNegozio));
+  premi(3);
+  const std::vector<Box> visti = bottega.takeBoxes();
+  ASSERT_EQ(visti.size(), 1U);
+  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Error 70 (")));
+  EXPECT_EQ(bottega.folder.read(kNegozio), prima);
+}
+
+TEST_F(AreaProgrammazione, CreaDaUnaConfigurazioneSenzaDatabaseFalliscePrimaDiCaricare) {
+  crea();
+  ASSERT_TRUE(QFile::remove(file(kCompagno)));
+  bottega.user.chooses(file(kNegozio)).chooses(file(QStringLiteral("copia.dat")));
+  premi(3);
+  const std::vector<Box> visti = bottega.takeBoxes();
+  ASSERT_EQ(visti.size(), 1U);
+  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Error 53 (")));
+  EXPECT_EQ(varGestionePRG().PathConfigurazione, file(kNegozio));
+}
+
+TEST_F(AreaProgrammazione, UnEditorAllaVoltaStaNelRiquadroEDiceIlSuoStato) {
+  crea();
+  const std::vector<std::tuple<int, QString, QString>> tasti{
+      {5, QStringLiteral("Form_Negozio"), QStringLiteral("Configurazione Negozio")},
+      {6, QStringLiteral("Form_Reparti"), QStringLiteral("Gestione Reparti")},
+      {8, QStringLiteral("Form_IVA"), QStringLiteral("Gestione IVA")},
+      {9, QStringLiteral("Form_Valuta"), QStringLiteral("Gestione VALUTA")},
+      {10, QStringLiteral("Form_OPE"), QStringLiteral("Gestione OPERATORI")},
+      {11, QStringLiteral("Form_OpzioniGen"), QStringLiteral("Gestione Opzioni Generali")}};
+  const auto& area = dynamic_cast<MDIForm_PRG&>(*schermo);
+  for (const auto& [posizione, nome, testo] : tasti) {
+    premi(posizione);
+    EXPECT_EQ(nelRiquadro(), nome);
+    EXPECT_EQ(stato(), testo);
+    for (const auto& [altra, altro, _] : tasti)
+      EXPECT_EQ(area.DammiFormOpen(altro), altro == nome ? 1 : 0) << altro.toStdString();
+  }
+}
+
+TEST_F(AreaProgrammazione, IlTastoPluApreLArchivioSulDatabaseCompagnoEPoiLoChiude) {
+  crea();
+  QString aperto;
+  bottega.user.onPass = [&] { aperto = varGlobal().NomeDB_Articoli; };
+  withModal([&] { premi(7); },
+            [&](QWidget& archivio) {
+              EXPECT_EQ(archivio.objectName(), QStringLiteral("Form_ArchivioArticoli"));
+              EXPECT_EQ(stato(), QStringLiteral("Gestione PLU/Articoli"));
+              EXPECT_EQ(varGlobal().NomeDB_Articoli, file(kCompagno));
+              QTest::keyClick(&archivio, Qt::Key_Escape);
+            });
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
+  EXPECT_EQ(varGlobal().NomeDB_Articoli, QString());
+}
+
+TEST_F(AreaProgrammazione, SenzaDatabaseCompagnoIlTastoPluDiceLErrore) {
+  crea();
+  ASSERT_TRUE(QFile::remove(file(kCompagno)));
+  premi(7);
+  const std::vector<Box> visti = bottega.takeBoxes();
+  ASSERT_EQ(visti.size(), 1U);
+  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Error 3024 (")));
+  EXPECT_TRUE(
+      visti[0].text.endsWith(QStringLiteral(") in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG")));
+}
+
+TEST_F(AreaProgrammazione, ConModificheInUnAltroEditorSiChiedeUnaVoltaSiSalvaESiRicarica) {
+  crea();
+  premi(6);
+  varGestionePRG().ModificaReparti = kVero;
+  chiamate.clear();
+  bottega.user.answers(Answer::Yes);
+  premi(8);
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_EQ(chiamate,
+            (QStringList{QStringLiteral("salva Form_Reparti"), QStringLiteral("ricarica Form_Reparti")}));
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kFalso);
+  EXPECT_EQ(nelRiquadro(), QStringLiteral("Form_IVA"));
+}
+
+TEST_F(AreaProgrammazione, ConNoNonSiSalvaISegniRestanoEIlComandoProsegue) {
+  crea();
+  premi(6);
+  varGestionePRG().ModificaReparti = kVero;
+  chiamate.clear();
+  bottega.user.answers(Answer::No);
+  premi(8);
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_TRUE(chiamate.isEmpty());
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kVero);
+  EXPECT_EQ(nelRiquadro(), QStringLiteral("Form_IVA"));
+}
+
+TEST_F(AreaProgrammazione, DaMenuSiSalvaSenzaRicaricareTranneCheAllInvio) {
+  crea();
+  for (const char* voce : {"mnuNuova", "mnuModify", "mnuCrea"}) {
+    premi(6);
+    varGestionePRG().ModificaReparti = kVero;
+    chiamate.clear();
+    bottega.user.answers(Answer::Yes).chooses(std::nullopt);
+    menu(voce);
+    expectBoxes(bottega, {kDomanda});
+    EXPECT_EQ(chiamate, QStringList{QStringLiteral("salva Form_Reparti")}) << voce;
+  }
+  varGestionePRG().ModificaReparti = kVero;
+  chiamate.clear();
+  bottega.user.answers(Answer::Yes);
+  menu("mnuInvio");
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_EQ(chiamate,
+            (QStringList{QStringLiteral("salva Form_Reparti"), QStringLiteral("ricarica Form_Reparti")}));
+}
+
+TEST_F(AreaProgrammazione, UnSalvataggioFallitoFermaIlComando) {
+  crea();
+  premi(6);
+  varGestionePRG().ModificaReparti = kVero;
+  varGestionePRG().PathConfigurazione = file(QStringLiteral("manca/negozio.dat"));
+  bottega.user.answers(Answer::Yes);
+  premi(8);
+  EXPECT_EQ(bottega.takeBoxes().size(), 2U);
+  EXPECT_EQ(nelRiquadro(), QStringLiteral("Form_Reparti"));
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kVero);
+}
+
+TEST_F(AreaProgrammazione, DopoUnaRicezioneLEditorApertoMostraCioCheEArrivato) {
+  crea();
+  premi(6);
+  chiamate.clear();
+  durante = [] { config::immagineProgrammazione().record(config::kIVA, 0)[25] ^= 1; };
+  premi(14);
+  EXPECT_EQ(chiamate, QStringList{QStringLiteral("ricarica Form_Reparti")});
+}
+
+TEST_F(AreaProgrammazione, DopoUnInvioChePrendeGliArticoliLEditorApertoNonSiTocca) {
+  crea();
+  premi(6);
+  chiamate.clear();
+  durante = [] { config::immagineProgrammazione().record(config::kPLU, 4999)[47] ^= 1; };
+  premi(14);
+  EXPECT_TRUE(chiamate.isEmpty());
+}
+
+TEST_F(AreaProgrammazione, UnAltraConfigurazioneToglieLEditorDiPrima) {
+  crea();
+  premi(6);
+  crea(QStringLiteral("altra.dat"));
+  EXPECT_FALSE(aperto(QStringLiteral("Form_Reparti")));
+  EXPECT_EQ(nelRiquadro(), QStringLiteral("benvenuto"));
+}
+
+TEST_F(AreaProgrammazione, EsciScaricaGliEditorETornaAlMenu) {
+  crea();
+  premi(6);
+  bottega.screens.trova(QStringLiteral("start"))->hide();
+  premi(17);
+  EXPECT_FALSE(aperto(QStringLiteral("MDIForm_PRG")));
+  EXPECT_FALSE(aperto(QStringLiteral("Form_Reparti")));
+  EXPECT_TRUE(bottega.screens.trova(QStringLiteral("start"))->isVisible());
+}
+
+TEST_F(AreaProgrammazione, ChiudereLaFinestraConModificheChiedeESalva) {
+  crea();
+  premi(6);
+  varGestionePRG().ModificaReparti = kVero;
+  bottega.user.answers(Answer::Yes);
+  schermo->close();
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_TRUE(chiamate.contains(QStringLiteral("salva Form_Reparti")));
+  EXPECT_FALSE(aperto(QStringLiteral("MDIForm_PRG")));
+}
+
+TEST_F(AreaProgrammazione, EscChiudePrimaLEditorEPoiLaFinestra) {
+  crea();
+  premi(6);
+  QTest::keyClick(schermo, Qt::Key_Escape);
+  EXPECT_FALSE(aperto(QStringLiteral("Form_Reparti")));
+  EXPECT_EQ(nelRiquadro(), QStringLiteral("benvenuto"));
+  EXPECT_EQ(stato(), QString());
+  QTest::keyClick(schermo, Qt::Key_Escape);
+  EXPECT_FALSE(aperto(QStringLiteral("MDIForm_PRG")));
+}
+
+TEST_F(AreaProgrammazione, EscConModificheChiedePrima) {
+  crea();
+  premi(6);
+  varGestionePRG().ModificaReparti = kVero;
+  chiamate.clear();
+  bottega.user.answers(Answer::Yes);
+  QTest::keyClick(schermo, Qt::Key_Escape);
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_EQ(chiamate.value(0), QStringLiteral("salva Form_Reparti"));
+  EXPECT_FALSE(aperto(QStringLiteral("Form_Reparti")));
+}
+
+TEST_F(AreaProgrammazione, ADodiciPuntiStaIn1024) {
+  crea();
+  QFont grande = schermo->font();
+  grande.setPointSize(12);
+  schermo->setFont(grande);
+  QCoreApplication::processEvents();
+  EXPECT_LE(schermo->minimumSizeHint().width(), 1024);
+  schermo->resize(1016, 720);
+  QCoreApplication::processEvents();
+  auto* barra = schermo->findChild<QToolBar*>(QStringLiteral("Toolbar1"));
+  for (const int posizione : {1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 13, 14, 17})
+    EXPECT_TRUE(barra->widgetForAction(&tasto(posizione))->isVisible()) << posizione;
+}
+
+}  // namespace

@@ -1,0 +1,489 @@
+// Every screen by keys alone, and as a screen reader finds it. A new screen is a line in `kScreens`.
+#include "system/keyboard_walk.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <optional>
+
+#include "articles/Form_ArchivioArticoli.h"
+#include "articles/Form_Help_CodiceEAN.h"
+#include "articles/Form_TrasferimentoArticoli.h"
+#include "articles/back_room.h"
+#include "config/Form_TrasferimentoProgrammazione.h"
+#include "controls/FlexGrid.h"
+#include "controls/outcome_bar.h"
+#include "core/manual_viewer.h"
+#include "core/menu.h"
+#include "core/start.h"
+#include "editors/Form_IVA.h"
+#include "editors/Form_PLU.h"
+#include "editors/Form_Reparti.h"
+#include "editors/Form_Valuta.h"
+#include "editors/MDIForm_PRG.h"
+#include "platform/ui/message_box.h"
+#include "sales/Form_ArchivioVenduto.h"
+#include "sales/Form_RicezioneVenduto.h"
+#include "sostegno/guided_screen.h"
+#include "sostegno/test_till.h"
+#include "workspace/Form_GestioneMMC.h"
+
+namespace {
+
+/// A shop at work: an open archive with articles and sales, a till that answers, all screens known.
+class Shop {
+ public:
+  Shop() {
+    registraSchermateCore(room.screens);
+    room.screens.registra<Form_ArchivioArticoli>();
+    room.screens.registra<Form_TrasferimentoArticoli>();
+    room.screens.registra<Form_Help_CodiceEAN>();
+    room.screens.registra<Form_RicezioneVenduto>();
+    room.screens.registra<Form_ArchivioVenduto>();
+    room.screens.registra<Form_GestioneMMC>();
+    room.screens.registra<MDIForm_PRG>();
+    room.screens.registra<Form_Reparti>();
+    room.screens.registra<Form_PLU>();
+    room.screens.registra<Form_IVA>();
+    room.screens.registra<Form_Valuta>();
+    room.screens.registra<Form_TrasferimentoProgrammazione>();
+    registraSchermateMancanti(room.screens);
+    // A display that asks nothing.
+    room.screens.registra(QStringLiteral("start"), [](Contesto& contesto) {
+      return new start(contesto, {1280, 1024});
+    });
+    room.openArchive();
+    writeArticles(room, testArticles(60));
+    store::Transaction sales(room.workspace);
+    for (int slot = 1; slot <= 12; ++slot)
+      room.execute(
+          QStringLiteral("insert into TAB_VENDUTO (Data,id_plu,Codice_EAN,Codice_Articolo,Descrizione,"
+                         "Importo_giornaliero,Tot_giorn_articoli_venduti,sconto_giornaliero) values "
+                         "('20240307',%1,'A%1','800112000%1','ARTICOLO %1',%2,2,10)")
+              .arg(slot)
+              .arg(slot * 125));
+    sales.Commit();
+  }
+
+  BackRoom room;
+  TestTill till;
+};
+
+using Use = std::function<void(QWidget&)>;
+
+/// One screen as the walk meets it.
+struct Screen {
+  const char* name;
+  /// Opens it, hands it over, and leaves it.
+  std::function<void(Shop&, const Use&)> open;
+  /// Starts a command by a key and looks at what became of it; nothing where there is no command.
+  std::function<void(Shop&, const GuidedScreen&)> startByKey;
+};
+
+void PrintTo(const Screen& screen, std::ostream* output) {
+  *output << screen.name;
+}
+
+/// Opens a screen of the program by its name.
+auto named(const char* name) {
+  return [name](Shop& shop, const Use& use) {
+    use(GuidedScreen(shop.room, QString::fromLatin1(name)).window());
+  };
+}
+
+/// The same with the till connected.
+auto connected(const char* name) {
+  return [name](Shop& shop, const Use& use) {
+    const GuidedScreen screen(shop.room, QString::fromLatin1(name));
+    screen.connectTo(shop.till);
+    ASSERT_TRUE(screen.enabled(QStringLiteral("Cmd_Avvia")));
+    use(screen.window());
+  };
+}
+
+/// With the first article in the fields, one of them changed, and a reason under a field.
+void pickedArticle(Shop& shop, const Use& use) {
+  const GuidedScreen screen(shop.room, QStringLiteral("Form_ArchivioArticoli"));
+  auto& grid = screen.control<FlexGrid>("MSFlexGridArticoli");
+  grid.setFocus();
+  grid.setCell(4, 3);
+  QTest::keyClick(&grid, Qt::Key_Return);
+  screen.type(QStringLiteral("vkTextBoxDesc"), QStringLiteral("PANE DI CASA"));
+  use(screen.window());
+}
+
+void searchedSales(Shop& shop, const Use& use) {
+  const GuidedScreen screen(shop.room, QStringLiteral("Form_ArchivioVenduto"));
+  screen.type(QStringLiteral("vkTextBoxCodEan"), QStringLiteral("A1"));
+  use(screen.window());
+}
+
+void manual(Shop& shop, const Use& use) {
+  const GuidedScreen menu(shop.room, QStringLiteral("start"));
+  showManual(menu.window(), shop.room.contesto);
+  auto* viewer = menu.window().findChild<ManualViewer*>();
+  ASSERT_NE(viewer, nullptr);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(viewer));
+  use(*viewer);
+}
+
+void openArchive(Shop& shop, const Use& use) {
+  const GuidedScreen screen(shop.room, QStringLiteral("Form_GestioneMMC"));
+  shop.room.user.chooses(shop.room.folder.file(QStringLiteral("archivio.mdb")));
+  QTest::keyClick(&screen.window(), Qt::Key_O, Qt::ControlModifier);
+  ASSERT_TRUE(screen.enabled(QStringLiteral("Cmd_Articoli")));
+  use(screen.window());
+}
+
+void press(const GuidedScreen& screen, const char* command, Qt::Key key) {
+  screen.control(command).setFocus(Qt::TabFocusReason);
+  screen.key(key);
+}
+
+void openConfiguration(Shop& shop, const Use& use) {
+  const GuidedScreen screen(shop.room, QStringLiteral("MDIForm_PRG"));
+  shop.room.user.chooses(shop.room.folder.file(QStringLiteral("negozio.dat")));
+  QTest::keyClick(&screen.window(), Qt::Key_N, Qt::ControlModifier);
+  ASSERT_TRUE(screen.enabled(QStringLiteral("Toolbar1_6")));
+  use(screen.window());
+}
+
+/// The workspace of the configuration with one of its editors in it.
+auto editor(const char* button) {
+  return [button](Shop& shop, const Use& use) {
+    openConfiguration(shop, [&](QWidget& window) {
+      press(GuidedScreen(window), button, Qt::Key_Space);
+      use(window);
+    });
+  };
+}
+
+void withoutArchive(Shop& shop, const Use& use) {
+  const GuidedScreen screen(shop.room, QStringLiteral("Form_GestioneMMC"));
+  QTest::keyClick(&screen.window(), Qt::Key_W, Qt::ControlModifier);
+  ASSERT_FALSE(screen.enabled(QStringLiteral("Cmd_Articoli")));
+  use(screen.window());
+}
+
+void offeredReport(Shop& shop, const Use& use) {
+  const GuidedScreen screen(shop.room, QStringLiteral("Form_GestioneMMC"));
+  screen.control<OutcomeBar>("BarraEsito")
+      .tell(OutcomeBar::Kind::Warning, QStringLiteral("Importati 3 articoli, 1 riga scartata"),
+            {QStringLiteral("Apri il report"), [] {}});
+  use(screen.window());
+}
+
+void question(Shop& /*shop*/, const Use& use) {
+  withModal(
+      [] {
+        message_box::show({QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"), Icon::Question,
+                           QStringLiteral("ATTENZIONE"), Buttons::YesNoCancel, Preset::Last});
+      },
+      [&](QWidget& box) {
+        const QPointer<QWidget> still(&box);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+        use(box);
+        if (still && still->isVisible()) QTest::keyClick(&box, Qt::Key_Escape);
+      });
+}
+
+void offeringNotice(Shop& /*shop*/, const Use& use) {
+  withModal(
+      [] {
+        message_box::show({QStringLiteral("Riga 12: reparto assente"), Icon::Critical, {}}, true);
+      },
+      [&](QWidget& box) {
+        const QPointer<QWidget> still(&box);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+        use(box);
+        if (still && still->isVisible()) QTest::keyClick(&box, Qt::Key_Escape);
+      });
+}
+
+QString foot(const GuidedScreen& screen) {
+  return screen.control<OutcomeBar>("BarraEsito").text();
+}
+
+void leaves(const GuidedScreen& screen, const char* command, Qt::Key key) {
+  press(screen, command, key);
+  EXPECT_FALSE(screen.alive());
+}
+
+void opensAbout(Shop& shop, const GuidedScreen& screen) {
+  press(screen, "Label6", Qt::Key_Return);
+  EXPECT_NE(shop.room.screens.trova(QStringLiteral("frmAbout")), nullptr);
+}
+
+void closesArchive(Shop& /*shop*/, const GuidedScreen& screen) {
+  press(screen, "PulsanteChiudi", Qt::Key_Space);
+  EXPECT_EQ(foot(screen), QStringLiteral("Archivio chiuso: archivio.mdb"));
+}
+
+void opensByReturn(Shop& shop, const GuidedScreen& screen) {
+  shop.room.user.chooses(shop.room.folder.file(QStringLiteral("archivio.mdb")));
+  press(screen, "PulsanteApri", Qt::Key_Return);
+  EXPECT_TRUE(screen.enabled(QStringLiteral("Cmd_Articoli")));
+}
+
+void clearsFields(Shop& /*shop*/, const GuidedScreen& screen) {
+  screen.type(QStringLiteral("vkTextBoxDesc"), QStringLiteral("PANE"));
+  press(screen, "Cmd_Reset", Qt::Key_Space);
+  EXPECT_EQ(screen.text(QStringLiteral("vkTextBoxDesc")), QString());
+}
+
+void savesByReturn(Shop& shop, const GuidedScreen& screen) {
+  press(screen, "vkTextBoxDesc", Qt::Key_Return);
+  EXPECT_EQ(shop.room.value(QStringLiteral("SELECT Descrizione from TAB_ARTICOLI where auto_id =4")),
+            QStringLiteral("PANE DI CASA"));
+}
+
+void clearsFilters(Shop& /*shop*/, const GuidedScreen& screen) {
+  press(screen, "Cmd_Reset", Qt::Key_Space);
+  EXPECT_EQ(foot(screen), QStringLiteral("Filtri vuoti; l'elenco è quello di prima"));
+}
+
+void searchesByReturn(Shop& shop, const GuidedScreen& screen) {
+  press(screen, "vkTextBoxCodEan", Qt::Key_Return);
+  shop.room.takeBoxes();
+  // The four articles whose code begins so: A1, A10, A11, A12.
+  EXPECT_TRUE(foot(screen).startsWith(QStringLiteral("4 righe di venduto"))) << foot(screen).toStdString();
+}
+
+void connectsByReturn(Shop& shop, const GuidedScreen& screen) {
+  screen.typeAddress(shop.till.address());
+  screen.key(Qt::Key_Return);
+  EXPECT_TRUE(foot(screen).startsWith(QStringLiteral("Collegato a ") + shop.till.address()))
+      << foot(screen).toStdString();
+}
+
+void sendsByF9(Shop& shop, const GuidedScreen& screen) {
+  screen.key(Qt::Key_F9);
+  shop.room.takeBoxes();
+  EXPECT_EQ(shop.till.byte(QStringLiteral("plu.bin")).size(), 240000);
+}
+
+void receivesBySpace(Shop& shop, const GuidedScreen& screen) {
+  shop.till.sales({{0, 250, 2, 0}});
+  press(screen, "Cmd_Avvia", Qt::Key_Space);
+  shop.room.takeBoxes();
+  EXPECT_EQ(shop.till.byte(QStringLiteral("venduto.bin")), salesArchive({})) << "the till has forgotten them";
+}
+
+void findsByReturn(Shop& /*shop*/, const GuidedScreen& screen) {
+  screen.type(QStringLiteral("CampoCerca"), QStringLiteral("cassa"));
+  screen.key(Qt::Key_Return);
+  EXPECT_TRUE(foot(screen).startsWith(QStringLiteral("«cassa»: "))) << foot(screen).toStdString();
+}
+
+void answersByLetter(Shop& /*shop*/, const GuidedScreen& screen) {
+  // The letter shows the button going down and up before it answers.
+  QTest::keyClick(&screen.window(), Qt::Key_S, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !screen.alive(); }));
+}
+
+void opensDepartments(Shop& shop, const GuidedScreen& screen) {
+  press(screen, "Toolbar1_6", Qt::Key_Space);
+  EXPECT_NE(shop.room.screens.trova(QStringLiteral("Form_Reparti")), nullptr);
+}
+
+auto undoesChangesOf(const char* grid) {
+  return [grid](Shop& /*shop*/, const GuidedScreen& screen) {
+    auto& cells = screen.control<FlexGrid>(grid);
+    const QString before = cells.TextMatrix(1, 1);
+    cells.setCell(2, 1);
+    cells.setCell(1, 1);
+    screen.type(QStringLiteral("casella_1"), QStringLiteral("PROVA"));
+    EXPECT_EQ(cells.TextMatrix(1, 1), QStringLiteral("PROVA"));
+    press(screen, "Cmd_Reset", Qt::Key_Space);
+    EXPECT_EQ(cells.TextMatrix(1, 1), before);
+  };
+}
+
+void leavesByEscape(Shop& /*shop*/, const GuidedScreen& screen) {
+  screen.key(Qt::Key_Escape);
+  EXPECT_FALSE(screen.alive());
+}
+
+const std::vector<Screen> kScreens{
+    {"Menu", named("start"), opensAbout},
+    {"Gestione", openArchive, closesArchive},
+    {"GestioneSenzaArchivio", withoutArchive, opensByReturn},
+    {"GestioneConReport", offeredReport, closesArchive},
+    {"ArchivioArticoli", named("Form_ArchivioArticoli"), clearsFields},
+    {"ArchivioArticoliConModifiche", pickedArticle, savesByReturn},
+    {"ArchivioVenduto", named("Form_ArchivioVenduto"), clearsFilters},
+    {"ArchivioVendutoConFiltro", searchedSales, searchesByReturn},
+    {"TrasferimentoArticoli", named("Form_TrasferimentoArticoli"), connectsByReturn},
+    {"TrasferimentoArticoliCollegato", connected("Form_TrasferimentoArticoli"), sendsByF9},
+    {"RicezioneVenduto", named("Form_RicezioneVenduto"), connectsByReturn},
+    {"RicezioneVendutoCollegata", connected("Form_RicezioneVenduto"), receivesBySpace},
+    {"HelpCodiceEAN", named("Form_Help_CodiceEAN"),
+     [](Shop&, const GuidedScreen& screen) { leaves(screen, "Cmd_Esci", Qt::Key_Space); }},
+    {"Informazioni", named("frmAbout"),
+     [](Shop&, const GuidedScreen& screen) { leaves(screen, "cmdOK", Qt::Key_Return); }},
+    {"Attesa", named("Form_ATTESA"), nullptr},
+    {"Manuale", manual, findsByReturn},
+    {"Grafica", named("Form_Grafica"), leavesByEscape},
+    {"Programmazione", named("MDIForm_PRG"), leavesByEscape},
+    {"ProgrammazioneAperta", openConfiguration, opensDepartments},
+    {"Reparti", editor("Toolbar1_6"), undoesChangesOf("MSFlexGridReparti")},
+    {"Iva", editor("Toolbar1_8"), undoesChangesOf("MSFlexGridIVA")},
+    {"Valute", editor("Toolbar1_9"), undoesChangesOf("MSFlexGridVAL")},
+    {"TrasferimentoProgrammazione", named("Form_TrasferimentoProgrammazione"), connectsByReturn},
+    {"TrasferimentoProgrammazioneCollegato", connected("Form_TrasferimentoProgrammazione"),
+     [](Shop&, const GuidedScreen& screen) {
+       press(screen, "vkOptionRicezioneECR", Qt::Key_Space);
+       EXPECT_TRUE(screen.control<QRadioButton>("vkOptionRicezioneECR").isChecked());
+     }},
+    {"Clienti", named("Form_GestioneClienti"), leavesByEscape},
+    {"ComandiAusiliari", named("Form_Comandi_XONXOFF"), leavesByEscape},
+    {"Domanda", question, answersByLetter},
+    {"AvvisoChePuoPassare", offeringNotice, leavesByEscape},
+};
+
+/// Each screen in turn.
+class OgniSchermata : public testing::TestWithParam<Screen> {
+ protected:
+  void expectNoBlame(QStringList (*look)(QWidget&)) {
+    bool opened = false;
+    GetParam().open(shop_, [&](QWidget& window) {
+      opened = true;
+      EXPECT_EQ(look(window).join(u'\n').toStdString(), std::string());
+    });
+    EXPECT_TRUE(opened);
+  }
+
+  Shop shop_;
+};
+
+TEST_P(OgniSchermata, SiGiraColTabulatoreAvantiEIndietro) {
+  expectNoBlame(walk::byTab);
+}
+
+TEST_P(OgniSchermata, IlTabulatoreScendeEVaADestraInOgniScheda) {
+  expectNoBlame(walk::order);
+}
+
+TEST_P(OgniSchermata, OgniComandoSiPremeConLaBarraSpaziatrice) {
+  expectNoBlame(walk::bySpace);
+}
+
+TEST_P(OgniSchermata, IMenuSiScorronoConLettereEFrecce) {
+  expectNoBlame(walk::byMenus);
+}
+
+TEST_P(OgniSchermata, OgniElementoHaUnNomePerChiNonVede) {
+  expectNoBlame(walk::names);
+}
+
+TEST_P(OgniSchermata, UnTastoAvviaUnComando) {
+  if (!GetParam().startByKey) {
+    GetParam().open(shop_, [](QWidget& window) {
+      EXPECT_TRUE(window.findChildren<QAbstractButton*>().isEmpty()) << "there is a command after all";
+    });
+    return;
+  }
+  GetParam().open(shop_, [this](QWidget& window) { GetParam().startByKey(shop_, GuidedScreen(window)); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Di, OgniSchermata, testing::ValuesIn(kScreens),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+/// A window of the test's own, with what a walk has to blame.
+class GiroDiProva : public testing::Test {
+ protected:
+  template <typename Control>
+  Control& add(const char* name, int row, int column, const QString& text = {}) {
+    auto* control = new Control;
+    control->setObjectName(QString::fromLatin1(name));
+    if (!text.isEmpty()) control->setProperty("text", text);
+    grid_->addWidget(control, row, column);
+    return *control;
+  }
+  void show() {
+    window_.setWindowTitle(QStringLiteral("Prova"));
+    window_.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+  }
+  std::string blame(QStringList (*look)(QWidget&)) { return look(window_).join(u'\n').toStdString(); }
+
+  QWidget window_;
+  QGridLayout* grid_ = new QGridLayout(&window_);
+};
+
+TEST_F(GiroDiProva, UnPulsanteSenzaTabulatoreSiVede) {
+  add<QPushButton>("primo", 0, 0, QStringLiteral("Primo")).setFocus();
+  add<QPushButton>("muto", 1, 0, QStringLiteral("Muto")).setFocusPolicy(Qt::ClickFocus);
+  show();
+  EXPECT_EQ(blame(walk::byTab), "muto [QPushButton] is never reached by Tab");
+}
+
+TEST_F(GiroDiProva, DelleOpzioniBastaUnaLeAltreColleFrecce) {
+  add<QRadioButton>("una", 0, 0, QStringLiteral("Una")).setChecked(true);
+  add<QRadioButton>("altra", 1, 0, QStringLiteral("Altra"));
+  add<QPushButton>("avvia", 2, 0, QStringLiteral("Avvia")).setFocus();
+  show();
+  EXPECT_EQ(blame(walk::byTab), "");
+}
+
+TEST_F(GiroDiProva, UnPassoAllIndietroSiVede) {
+  auto& a = add<QPushButton>("a", 0, 0, QStringLiteral("A"));
+  auto& b = add<QPushButton>("b", 1, 0, QStringLiteral("B"));
+  auto& c = add<QPushButton>("c", 2, 0, QStringLiteral("C"));
+  QWidget::setTabOrder(&a, &c);
+  QWidget::setTabOrder(&c, &b);
+  a.setFocus();
+  show();
+  EXPECT_EQ(blame(walk::order),
+            "Tab goes backwards: c [QPushButton] to b [QPushButton], b [QPushButton] to a [QPushButton]");
+}
+
+TEST_F(GiroDiProva, UnaSchedaLasciataAMetaSiVede) {
+  auto& card = add<QFrame>("scheda", 0, 0);
+  card.setProperty("card", true);
+  auto* column = new QVBoxLayout(&card);
+  QList<QPushButton*> inside;
+  for (const char* name : {"uno", "due"}) {
+    inside.append(new QPushButton(QString::fromLatin1(name)));
+    inside.last()->setObjectName(QString::fromLatin1(name));
+    column->addWidget(inside.last());
+  }
+  auto& foot = add<QPushButton>("piede", 1, 0, QStringLiteral("Piede"));
+  auto& last = add<QPushButton>("fine", 2, 0, QStringLiteral("Fine"));
+  QWidget::setTabOrder(inside[0], &foot);
+  QWidget::setTabOrder(&foot, inside[1]);
+  QWidget::setTabOrder(inside[1], &last);
+  inside[0]->setFocus();
+  show();
+  EXPECT_EQ(blame(walk::order), "Tab comes back into scheda [QFrame] at due [QPushButton]");
+}
+
+TEST_F(GiroDiProva, UnPulsanteCheNonSenteLaBarraSiVede) {
+  struct Deaf : QPushButton {
+    void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+  };
+  add<Deaf>("sordo", 0, 0, QStringLiteral("Sordo")).setFocus();
+  show();
+  EXPECT_EQ(blame(walk::bySpace), "sordo [QPushButton] is not pressed by Space");
+}
+
+TEST_F(GiroDiProva, NomiCheMancanoOVuotiSiVedono) {
+  add<QPushButton>("senza", 0, 0);
+  add<QPushButton>("largo", 1, 0, QStringLiteral("Due  vuoti"));
+  add<QPushButton>("segni", 2, 0, QStringLiteral("..."));
+  add<QLineEdit>("campo", 3, 1);
+  add<QLabel>("scritta", 3, 0, QStringLiteral("Prezzo"));
+  show();
+  const std::string found = blame(walk::names);
+  EXPECT_THAT(found, testing::HasSubstr("senza [role 43] has no name"));
+  EXPECT_THAT(found, testing::HasSubstr("largo [role 43] is called with doubled blanks: Due  vuoti"));
+  EXPECT_THAT(found, testing::HasSubstr("segni [role 43] is called without a letter: ..."));
+  EXPECT_THAT(found, testing::HasSubstr("campo [role 42] has no name"));
+  EXPECT_THAT(found, testing::HasSubstr("campo [QLineEdit] has no label tied to it"));
+}
+
+}  // namespace
