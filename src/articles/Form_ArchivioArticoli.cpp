@@ -48,7 +48,7 @@ Form_ArchivioArticoli::Form_ArchivioArticoli(Contesto& contesto)
   sorveglia(*ui_->vkTextBoxCodArt);
   sorveglia(*ui_->vkTextBoxDesc);
   sorveglia(*ui_->vkTextBoxPrezzo, kRegolaImporto, articles::controllaPrezzo);
-  sorveglia(*ui_->vkTextBoxRep, kRegolaCifre, articles::controllaReparto);
+  sorveglia(*ui_->vkTextBoxRep, Cifre, articles::controllaReparto);
   sorveglia(*ui_->vkTextBoxVarPrz, kRegolaSiNo);
   sorveglia(*ui_->vkTextBoxPrz0, kRegolaSiNo);
   const PiedeComando racconto(*this, contesto, Piede::Nuovo);
@@ -252,5 +252,11 @@ void Form_ArchivioArticoli::on_vkCommandHELP_clicked() {
 }
 
 void Form_ArchivioArticoli::on_Cmd_Esci_clicked() {
-  esegui("Cmd_Esci_Click", [this] { torna(*this, QStringLiteral("Form_GestioneMMC"), contesto()); });
+  esegui("Cmd_Esci_Click", [this] {
+    // The workspace of the configuration opens it as well, and goes on behind it.
+    if (contesto().schermate.trova(QStringLiteral("MDIForm_PRG")))
+      contesto().schermate.scarica(objectName());
+    else
+      torna(*this, QStringLiteral("Form_GestioneMMC"), contesto());
+  });
 }

@@ -34,5 +34,6 @@ class Form_TrasferimentoProgrammazione : public FinestraLink {
   void ricevi();
   void preparaBarra();
 
+  bool avviabile_ = false;
   std::unique_ptr<Ui::Form_TrasferimentoProgrammazione> ui_;
 };

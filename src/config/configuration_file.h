@@ -26,7 +26,6 @@ using TestataFile = std::array<std::uint8_t, testata::kByte>;
 
 inline constexpr const char* kVersioneFile = "V03.00";
 inline constexpr const char* kModelloConfigurazione = "QzPRG.bck";
-inline constexpr const char* kEstensioneConfigurazione = ".dat";
 
 inline constexpr std::size_t kInizioNegozio = testata::kByte;
 inline constexpr std::size_t kInizioImmagine = kInizioNegozio + negozio::kByte;

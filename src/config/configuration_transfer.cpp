@@ -78,10 +78,10 @@ RecordLetto daInviare(const Famiglia& famiglia) {
   return stretta->corta;
 }
 
-/// Bytes of the file's records that the till has now; nothing for a failure.
 /// The folder's lock, held from the first file to the last: another program's are not to come in between.
 using Scambio = std::optional<ecrlink::ScambioEsclusivo>;
 
+/// Bytes of the file's records that the till has now; nothing for a failure.
 std::optional<std::int64_t> invia(const Famiglia& famiglia, Contesto& contesto, Scambio& scambio) {
   const RecordLetto record = daInviare(famiglia);
   // One byte longer, as the file channel wants its images.

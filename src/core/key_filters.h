@@ -24,9 +24,10 @@ QString motivoImportoDecimale(const QString& testo, QChar tasto);
 QString motivoSiNo(const QString& testo, QChar tasto);
 QString motivoMS(const QString& testo, QChar tasto);
 
-inline constexpr KeyRule kRegolaCifre{accettaCifre, motivoCifre};
+// Filter and reason together, by the names that the tables of the screens use.
+inline constexpr KeyRule Cifre{accettaCifre, motivoCifre};
 inline constexpr KeyRule kRegolaImporto{accettaImporto, motivoImporto};
-inline constexpr KeyRule kRegolaImportoDecimale{accettaImportoDecimale, motivoImportoDecimale};
+inline constexpr KeyRule ImportoDecimale{accettaImportoDecimale, motivoImportoDecimale};
 inline constexpr KeyRule kRegolaSiNo{accettaSiNo, motivoSiNo};
 inline constexpr KeyRule kRegolaMS{accettaMS, motivoMS};
 

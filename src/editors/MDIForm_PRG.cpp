@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QScopeGuard>
 #include <QToolButton>
 #include <array>
 
@@ -17,6 +18,7 @@
 #include "core/manual_viewer.h"
 #include "core/menu.h"
 #include "core/overwrite.h"
+#include "core/reactions.h"
 #include "core/screens.h"
 #include "core/state.h"
 #include "editors/changes.h"
@@ -27,6 +29,7 @@
 
 namespace {
 
+const QString kPrimaUna = QStringLiteral("prima NUOVO, MODIFICA o CREA DA.");
 const char* const kProcedura = "Toolbar1_ButtonClick";
 constexpr int kFigura = 48;
 constexpr int kMargine = 20;
@@ -84,6 +87,15 @@ QByteArray senzaArticoli() {
   const auto* inizio = reinterpret_cast<const char*>(byte.data());
   return QByteArray(inizio, config::kPLU.inizio) +
          QByteArray(inizio + config::kPLU.fine(), static_cast<qsizetype>(byte.size() - config::kPLU.fine()));
+}
+
+/// On, or off with the reason behind what the tooltip says.
+void accendi(QAction& azione, bool accesa, const QString& perche) {
+  const char* const kSuggerimento = "suggerimento";
+  if (!azione.property(kSuggerimento).isValid()) azione.setProperty(kSuggerimento, azione.toolTip());
+  const QString detto = azione.property(kSuggerimento).toString();
+  azione.setEnabled(accesa);
+  azione.setToolTip(accesa ? detto : QStringLiteral("%1 (%2)").arg(detto, perche));
 }
 
 bool serveLaConfigurazione(int posizione) {
@@ -152,15 +164,13 @@ std::uint16_t MDIForm_PRG::DammiFormOpen(const QString& nome) const {
 }
 
 void MDIForm_PRG::abilita(bool abilitati) {
-  for (const Tasto& uno : kTasti) {
-    if (!serveLaConfigurazione(uno.posizione)) continue;
-    tasto(uno.posizione).setEnabled(abilitati);
-  }
+  for (const Tasto& uno : kTasti)
+    if (serveLaConfigurazione(uno.posizione)) accendi(tasto(uno.posizione), abilitati, kPrimaUna);
   // Screens that this version does not have yet.
   for (const Apre& editor : kEditor)
     if (!contesto().schermate.registrata(QLatin1String(editor.schermata)))
-      tasto(editor.posizione).setEnabled(false);
-  ui_->mnuInvio->setEnabled(abilitati);
+      accendi(tasto(editor.posizione), false, QStringLiteral("in preparazione"));
+  accendi(*ui_->mnuInvio, abilitati, kPrimaUna);
 }
 
 bool MDIForm_PRG::guardia(Ricarica ricarica) {
@@ -238,10 +248,11 @@ void MDIForm_PRG::nuova() {
       contesto().utente.AskSavePath(finestra(QStringLiteral("Nuova configurazione"), contesto()));
   if (!scelto || scelto->isEmpty() || !ConfermaSovrascrittura(*scelto, contesto().utente)) return;
   editors::ConfigurazioneInUso prima;
+  const bool accanto = editors::occupato(*scelto);
   editors::NuovaConfigurazione(*scelto, contesto());
   if (!carica()) return;
   prima.tieni();
-  aperta(QStringLiteral("creata"));
+  aperta(QStringLiteral("creata"), accanto);
 }
 
 void MDIForm_PRG::modifica() {
@@ -268,10 +279,11 @@ void MDIForm_PRG::crea() {
   dove.asksBeforeReplacing = true;
   const auto scelto = contesto().utente.AskSavePath(dove);
   if (!scelto || scelto->isEmpty()) return;
+  const bool accanto = editors::occupato(*scelto);
   editors::CreaDaConfigurazione(*sorgente, *scelto);
   if (!carica()) return;
   prima.tieni();
-  aperta(QStringLiteral("creata da %1").arg(FileName(*sorgente)));
+  aperta(QStringLiteral("creata da %1").arg(FileName(*sorgente)), accanto);
   pannello_->setText(pannello_->text() + QStringLiteral(" Modello ") + config::modelloFile());
   editors::RicaricaEditor(contesto());
 }
@@ -285,25 +297,36 @@ bool MDIForm_PRG::versioneGiusta(const QString& percorso) {
 }
 
 bool MDIForm_PRG::carica() {
-  const QString& percorso = varGestionePRG().PathConfigurazione;
-  if (!versioneGiusta(percorso)) return false;
-  if (config::CaricaConfigurazione(percorso, contesto().utente) == 0) return versioneGiusta(percorso);
+  const QString percorso = varGestionePRG().PathConfigurazione;
+  try {
+    if (!versioneGiusta(percorso)) return false;
+    if (config::CaricaConfigurazione(percorso, contesto().utente) == 0) return versioneGiusta(percorso);
+  } catch (const Errore& errore) {
+    // A file that does not open for its version is one that does not load.
+    reazioni::segnalaImprevisto(contesto().utente, errore, QStringLiteral("CaricaConfigurazione"),
+                                QStringLiteral("Common_PRG"));
+  }
   critico(contesto(), QStringLiteral("Attenzione Errore nel caricamento del file %1 in memoria")
                           .arg(QDir::toNativeSeparators(percorso)));
   return false;
 }
 
-void MDIForm_PRG::aperta(const QString& verbo) {
+void MDIForm_PRG::aperta(const QString& verbo, bool accanto) {
   const QString& percorso = varGestionePRG().PathConfigurazione;
   varGestionePRG().NomeFileDat = FileName(percorso);
   // What an editor of the configuration before still shows, and what it had marked, belongs to no open file.
   chiudiEditor();
   editors::azzeraModifiche();
+  pannello_->setAlignment(Qt::AlignCenter);
   pannello_->setText(config::TestoPannello(percorso));
   abilita(true);
   mostraBenvenuto();
-  ui_->BarraEsito->tell(OutcomeBar::Kind::Done,
-                        QStringLiteral("Configurazione %1: %2").arg(verbo, FileName(percorso)));
+  ui_->BarraEsito->tell(
+      OutcomeBar::Kind::Done,
+      QStringLiteral("Configurazione %1: %2").arg(verbo, FileName(percorso)) +
+          (accanto ? QStringLiteral(". I file di prima sono accanto, con .precedente in fondo "
+                                    "al nome.")
+                   : QString()));
 }
 
 void MDIForm_PRG::invio() {
@@ -316,6 +339,7 @@ void MDIForm_PRG::invio() {
 void MDIForm_PRG::articoli() {
   chiudiEditor();
   mostraStato(QStringLiteral("Gestione PLU/Articoli"));
+  const auto diNuovo = qScopeGuard([this] { mostraBenvenuto(); });
   const config::ArchivioCompagno compagno(varGestionePRG().PathConfigurazione, contesto());
   contesto().schermate.mostraModale(QStringLiteral("Form_ArchivioArticoli"), contesto());
 }

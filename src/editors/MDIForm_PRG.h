@@ -62,7 +62,8 @@ class MDIForm_PRG : public Schermo<QMainWindow> {
   bool carica();
   bool versioneGiusta(const QString& percorso);
   /// The commands that need a configuration go on, and an editor of the one before goes.
-  void aperta(const QString& verbo);
+  /// `accanto`: files of those names were there, and have been kept.
+  void aperta(const QString& verbo, bool accanto = false);
 
   void apriEditor(const char* nome, const QString& stato);
   void chiudiEditor(const QString& tranne = {});

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <array>
+#include <memory>
 
 #include "config/configuration_file.h"
 #include "core/context.h"
@@ -35,6 +36,24 @@ Editor* aperto(const char* schermata, const Contesto& contesto) {
   return dynamic_cast<Editor*>(contesto.schermate.trova(QLatin1String(schermata)));
 }
 
+/// What the editors write to, put back unless `tieni` is called: what the file does not hold must not travel
+/// to the till, nor come back to the screen as if it were saved.
+class MemoriaDiPrima {
+ public:
+  ~MemoriaDiPrima() {
+    if (tenuta_) return;
+    config::bloccoNegozio() = negozio_;
+    config::immagineProgrammazione() = *immagine_;
+  }
+  void tieni() { tenuta_ = true; }
+
+ private:
+  config::BloccoNegozio negozio_ = config::bloccoNegozio();
+  std::unique_ptr<config::ImmagineProgrammazione> immagine_ =
+      std::make_unique<config::ImmagineProgrammazione>(config::immagineProgrammazione());
+  bool tenuta_ = false;
+};
+
 EsitoSalvataggio racconta(const config::Salvataggio& fatto) {
   if (fatto.esito != 0) return {};
   return {true, fatto.racconto.isEmpty() ? QStringLiteral("Salvato: nessuna differenza nel file")
@@ -58,12 +77,19 @@ bool chiediDiSalvare(Contesto& contesto) {
 }
 
 EsitoSalvataggio SalvaModificati(Contesto& contesto) {
-  const auto prima = std::ranges::find_if(kOrdine, segnata);
-  if (prima != kOrdine.end())
-    if (Editor* editor = aperto(prima->schermata, contesto)) editor->salvaInMemoria();
+  MemoriaDiPrima prima;
+  const auto voce = std::ranges::find_if(kOrdine, segnata);
+  if (voce != kOrdine.end())
+    if (Editor* editor = aperto(voce->schermata, contesto)) {
+      if (!editor->pronto()) return {};
+      editor->salvaInMemoria();
+    }
   const config::Salvataggio fatto =
       config::SalvaConfigurazioneRaccontando(varGestionePRG().PathConfigurazione, contesto.utente);
-  if (fatto.esito == 0) azzeraModifiche();
+  if (fatto.esito == 0) {
+    prima.tieni();
+    azzeraModifiche();
+  }
   return racconta(fatto);
 }
 
@@ -75,10 +101,14 @@ void RicaricaEditor(Contesto& contesto) {
 }
 
 EsitoSalvataggio SalvaEditor(Editor& editor, Bandiera& modificato, Contesto& contesto) {
+  MemoriaDiPrima prima;
   editor.salvaInMemoria();
   const config::Salvataggio fatto =
       config::SalvaConfigurazioneRaccontando(varGestionePRG().PathConfigurazione, contesto.utente);
-  if (fatto.esito == 0) modificato = kFalso;
+  if (fatto.esito == 0) {
+    prima.tieni();
+    modificato = kFalso;
+  }
   return racconta(fatto);
 }
 

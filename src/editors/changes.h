@@ -14,6 +14,8 @@ namespace editors {
 class Editor {
  public:
   virtual ~Editor() = default;
+  /// Whether all that stands on the screen can be saved; what cannot is shown and told.
+  virtual bool pronto() { return true; }
   /// The screen's values into the records in memory; nothing of the file.
   virtual void salvaInMemoria() = 0;
   /// The screen built and filled anew from memory; what was typed goes.
@@ -44,7 +46,8 @@ struct EsitoSalvataggio {
 };
 
 /// Moves the screen of the first flag that is set into memory, saves the configuration and clears all seven
-/// flags; those stay set where the save failed. What a second editor has changed stays on its screen alone:
+/// flags; those stay set, and memory is as before, where an
+/// editor was not ready or the save failed. What a second editor has changed stays on its screen alone:
 /// the till's programme takes one editor's changes at a time. An editor that has been unloaded meanwhile has
 /// nothing left to move.
 EsitoSalvataggio SalvaModificati(Contesto& contesto);
@@ -52,8 +55,8 @@ EsitoSalvataggio SalvaModificati(Contesto& contesto);
 /// Clears the flags of departments to options and fills every open editor from memory.
 void RicaricaEditor(Contesto& contesto);
 
-/// Saves one editor as its own command does: screen into memory, memory into the file, its flag cleared
-/// unless that failed.
+/// Saves one editor as its own command does: screen into memory, memory into the file, its flag cleared.
+/// Where that failed the flag stays set, and memory is as before.
 EsitoSalvataggio SalvaEditor(Editor& editor, Bandiera& modificato, Contesto& contesto);
 
 }  // namespace editors

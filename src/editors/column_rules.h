@@ -63,10 +63,10 @@ struct Regola {
   bool daUno = false;
 };
 inline constexpr Regola kLibera{};
-inline constexpr Regola kImporto{kRegolaImportoDecimale, CheckImporto};
-inline constexpr Regola kPercentuale{kRegolaImportoDecimale, CheckPercentuale};
-inline constexpr Regola kUnoOtto{kRegolaCifre, CheckUnoOtto, true};
-inline constexpr Regola kReparto{kRegolaCifre, CheckReparto};
+inline constexpr Regola kImporto{ImportoDecimale, CheckImporto};
+inline constexpr Regola kPercentuale{ImportoDecimale, CheckPercentuale};
+inline constexpr Regola kUnoOtto{Cifre, CheckUnoOtto, true};
+inline constexpr Regola kReparto{Cifre, CheckReparto};
 inline constexpr Regola kTipoMS{kRegolaMS, CheckTipoMS};
 inline constexpr Regola kTipoSN{kRegolaSiNo, CheckTipoSN};
 

@@ -314,11 +314,11 @@ void EditorGriglia::salva() {
   {
     const Attesa attesa(contesto(), Attesa::Quando::Subito);
     esito = editors::SalvaEditor(*this, modificato(), contesto());
-    annulla();
+    if (esito.salvato) annulla();
   }
   if (esito.salvato) return ui_->BarraEsito->tell(Genere::Done, esito.racconto);
   ui_->BarraEsito->tell(Genere::Failed,
-                        QStringLiteral("Non salvato nel file: le modifiche restano in memoria"));
+                        QStringLiteral("Non salvato nel file: togliere la causa e salvare di nuovo"));
 }
 
 /// Shows the first cell that cannot be saved, and tells it.

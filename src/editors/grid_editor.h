@@ -29,6 +29,7 @@ class EditorGriglia : public Schermo<QWidget>, public editors::Editor {
   EditorGriglia(Contesto& contesto, const editors::Tabella& tabella, SalvaRighe inMemoria);
   ~EditorGriglia() override;
 
+  bool pronto() override { return tuttoSalvabile(); }
   void salvaInMemoria() override;
   void ricarica() override;
 

@@ -10,7 +10,6 @@
 #include "core/state.h"
 #include "ecrlink/file_channel.h"
 #include "platform/store/store.h"
-#include "platform/text/file_name.h"
 #include "platform/text/whole_file.h"
 #include "platform/ui/user_port.h"
 
@@ -18,12 +17,9 @@ namespace editors {
 
 namespace {
 
-bool presente(const QString& percorso, Contesto& contesto) {
-  if (FileEsiste(percorso)) return true;
-  contesto.utente.MsgBox(
-      QStringLiteral("Attenzione il file di sistema %1 potrebbe essere assente !!!").arg(FileName(percorso)),
-      Icon::Critical);
-  return false;
+bool presente(const QString& percorso, const QString& messaggio, Contesto& contesto) {
+  if (!FileEsiste(percorso)) contesto.utente.MsgBox(messaggio, Icon::Critical);
+  return FileEsiste(percorso);
 }
 
 QString precedente(const QString& percorso) {
@@ -57,8 +53,16 @@ QString percorsoModelloArticoli(const Contesto& contesto) {
 }
 
 bool modelliPresenti(Contesto& contesto) {
-  return presente(percorsoModelloConfigurazione(contesto), contesto) &&
-         presente(percorsoModelloArticoli(contesto), contesto);
+  return presente(percorsoModelloConfigurazione(contesto),
+                  QStringLiteral("Attenzione il file di sistema QzPRG.bck potrebbe essere assente !!!"),
+                  contesto) &&
+         presente(percorsoModelloArticoli(contesto),
+                  QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente !!!"),
+                  contesto);
+}
+
+bool occupato(const QString& percorso) {
+  return FileEsiste(percorso) || FileEsiste(config::PercorsoCompagno(percorso));
 }
 
 void NuovaConfigurazione(const QString& percorso, Contesto& contesto) {
@@ -70,6 +74,9 @@ void NuovaConfigurazione(const QString& percorso, Contesto& contesto) {
 void CreaDaConfigurazione(const QString& sorgente, const QString& percorso) {
   if (QFileInfo(sorgente).canonicalFilePath() == QFileInfo(percorso).canonicalFilePath())
     throw errors::accessDenied(percorso);
+  // Before the target's place is taken: a configuration without its articles is half of one.
+  if (!FileEsiste(config::PercorsoCompagno(sorgente)))
+    throw errors::fileMissing(config::PercorsoCompagno(sorgente));
   copiaFile(sorgente, percorso);
   varGestionePRG().PathConfigurazione = percorso;
   copiaDatabase(config::PercorsoCompagno(sorgente), config::PercorsoCompagno(percorso));

@@ -15,6 +15,9 @@ QString percorsoModelloArticoli(const Contesto& contesto);
 /// False if one of the two is missing; the person has been told which.
 bool modelliPresenti(Contesto& contesto);
 
+/// Whether a configuration of this path, or its database, is there already.
+bool occupato(const QString& percorso);
+
 /// The template becomes the configuration at `percorso`, which is the one in use from then on; then the
 /// article template becomes the database beside it. Throws Errore 53, 61, 70 or 75 where a copy fails.
 void NuovaConfigurazione(const QString& percorso, Contesto& contesto);

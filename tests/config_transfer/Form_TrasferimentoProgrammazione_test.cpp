@@ -82,6 +82,7 @@ TEST_F(TrasferimentoProgrammazione, ICodiciTastieraDaSoliNonSonoUnaDelleOpzioni)
   schermo.click(kAvvia);
   expectBoxes(bottega, {kScelta});
   EXPECT_EQ(chiamate(), QStringList());
+  EXPECT_TRUE(schermo.enabled(kAvvia)) << "who forgot to choose starts again from here";
 }
 
 TEST_F(TrasferimentoProgrammazione, IComandiSonoSpentiAlRiquadroDellInvio) {

@@ -193,6 +193,19 @@ TEST_F(ResetDellaCassa, ConOkChiudeIDatiFiscaliSenzaTrasferimento) {
   EXPECT_EQ(piede(schermo), QStringLiteral("Azzerata la cassa ") + cassa.address());
 }
 
+TEST_F(CassaBloccata, DopoLAzzeramentoDiUnaCassaCheRifiutaSenzaOpzioneAvviaRestaSpento) {
+  const GuidedScreen schermo = pronto(QStringLiteral("vkOptionButtonSendCodiceTastiera"));
+  bottega.user.answers(Answer::Ok);
+  bottega.user.onBox = [&](const Box& visto) {
+    if (visto.text.startsWith(QStringLiteral("AZZERAMENTO EFF"))) cassa->state('V');
+  };
+  schermo.click(kAvvia);
+  bottega.user.onBox = nullptr;
+  bottega.takeBoxes();
+  EXPECT_FALSE(schermo.enabled(kAvvia));
+  EXPECT_TRUE(schermo.enabled(kEsci));
+}
+
 TEST_F(ResetDellaCassa, ConAnnullaLaCassaRestaComEra) {
   bottega.user.answers(Answer::Cancel);
   const GuidedScreen schermo = pronto(kReset);
@@ -200,6 +213,7 @@ TEST_F(ResetDellaCassa, ConAnnullaLaCassaRestaComEra) {
   expectBoxes(bottega, {kSicuro});
   EXPECT_EQ(chiamate(), QStringList());
   EXPECT_TRUE(schermo.enabled(kEsci));
+  EXPECT_TRUE(schermo.enabled(kAvvia)) << "nothing was done";
   EXPECT_EQ(piede(schermo), QStringLiteral("Annullato: la cassa è rimasta com'era."));
 }
 

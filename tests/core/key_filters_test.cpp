@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 TEST(RegoleDeiTasti, DiconoPercheUnTastoNonEntra) {
-  EXPECT_EQ(kRegolaCifre.why({}, u'a'), QStringLiteral("Solo cifre"));
+  EXPECT_EQ(Cifre.why({}, u'a'), QStringLiteral("Solo cifre"));
   EXPECT_EQ(kRegolaSiNo.why({}, u'1'), QStringLiteral("Solo S o N"));
   EXPECT_EQ(kRegolaImporto.why({}, u'a'), QStringLiteral("Solo cifre e virgola"));
   EXPECT_EQ(kRegolaImporto.why(QStringLiteral("12"), u'.'),
@@ -18,8 +18,8 @@ TEST(RegoleDeiTasti, ConDueDecimaliDiconoComeAndareAvanti) {
 }
 
 TEST(RegoleDeiTasti, PrendonoCioCheIFiltriPrendono) {
-  EXPECT_TRUE(kRegolaCifre.takes({}, u'7'));
-  EXPECT_FALSE(kRegolaCifre.takes({}, u','));
+  EXPECT_TRUE(Cifre.takes({}, u'7'));
+  EXPECT_FALSE(Cifre.takes({}, u','));
   EXPECT_TRUE(kRegolaImporto.takes({}, u','));
   EXPECT_FALSE(kRegolaImporto.takes({}, u'.'));
   EXPECT_TRUE(kRegolaSiNo.takes({}, u's'));

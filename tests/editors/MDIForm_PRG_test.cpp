@@ -1,12 +1,14 @@
 #include "editors/MDIForm_PRG.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QAction>
 #include <QDialog>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 #include <QStackedWidget>
 #include <QTest>
@@ -15,8 +17,10 @@
 
 #include "articles/Form_ArchivioArticoli.h"
 #include "config/configuration_file.h"
+#include "controls/FlexGrid.h"
 #include "controls/outcome_bar.h"
 #include "core/start.h"
+#include "editors/Form_Reparti.h"
 #include "editors/recorded_editor.h"
 #include "platform/text/whole_file.h"
 #include "sostegno/guided_screen.h"
@@ -105,6 +109,7 @@ struct AreaProgrammazione : testing::Test {
 };
 
 TEST_F(AreaProgrammazione, HaTitoloDidascalieESuggerimentiDellaBarra) {
+  crea();
   EXPECT_EQ(schermo->windowTitle(), QStringLiteral("Programmazione ECR"));
   const std::vector<std::tuple<int, QString, QString>> attesi{
       {1, QStringLiteral("NUOVO"), QStringLiteral("Crea Nuovaconfigurazione")},
@@ -125,6 +130,12 @@ TEST_F(AreaProgrammazione, HaTitoloDidascalieESuggerimentiDellaBarra) {
   }
   EXPECT_EQ(tasto(10).toolTip(), QStringLiteral("Configurazione parametri Operatori"));
   EXPECT_FALSE(tasto(13).icon().isNull());
+}
+
+TEST_F(AreaProgrammazione, UnTastoSpentoDicePerche) {
+  EXPECT_EQ(tasto(6).toolTip(),
+            QStringLiteral("Configurazione parametri Reparti (prima NUOVO, MODIFICA o CREA DA.)"));
+  EXPECT_EQ(tasto(13).toolTip(), QStringLiteral("Gestione Tastiera (in preparazione)"));
 }
 
 TEST_F(AreaProgrammazione, AllAperturaSenzaUnFileITastiDa5A14SonoSpentiEISegniAzzerati) {
@@ -153,6 +164,7 @@ TEST_F(AreaProgrammazione, NuovoCopiaIDueModelliCaricaEAccendeITasti) {
   EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 14, 17}));
   EXPECT_TRUE(azione(QStringLiteral("mnuInvio")).isEnabled());
   EXPECT_EQ(pannello(), QStringLiteral("File : [negozio.dat] - Versione V03.00"));
+  EXPECT_EQ(schermo->findChild<QLabel*>(QStringLiteral("StatusBar1_1"))->alignment(), Qt::AlignCenter);
   EXPECT_EQ(piede(), QStringLiteral("Configurazione creata: negozio.dat"));
   EXPECT_EQ(varGestionePRG().PathConfigurazione, file(kNegozio));
   EXPECT_EQ(config::versioneFile(), QStringLiteral("V03.00"));
@@ -240,6 +252,20 @@ TEST_F(AreaProgrammazione, UnFileDiUnAltraVersioneSiRifiutaELaConfigurazioneAper
   EXPECT_TRUE(tasto(6).isEnabled());
 }
 
+TEST_F(AreaProgrammazione, UnFileCheNonSiLeggeSiDiceELaConfigurazioneApertaRestaQuella) {
+  crea();
+  const QString tubo = file(QStringLiteral("tubo.dat"));
+  ASSERT_EQ(::mkfifo(tubo.toUtf8().constData(), 0600), 0);
+  bottega.user.chooses(tubo);
+  premi(2);
+  expectBoxes(
+      bottega,
+      {plainBox(QStringLiteral("Error 75 (*")),
+       criticalBox(QStringLiteral("Attenzione Errore nel caricamento del file %1 in memoria").arg(tubo))});
+  EXPECT_EQ(varGestionePRG().PathConfigurazione, file(kNegozio));
+  EXPECT_TRUE(tasto(6).isEnabled());
+}
+
 TEST_F(AreaProgrammazione, UnFileRifiutatoSenzaNullaDiApertoLasciaITastiSpenti) {
   bottega.user.chooses(bottega.folder.write(QStringLiteral("vuoto.dat"), {}));
   premi(2);
@@ -278,6 +304,32 @@ TEST_F(AreaProgrammazione, CreaDaCopiaFileEDatabaseEDiceIlModello) {
                 .text(),
             QStringLiteral("LATTE"));
   copia.Close();
+}
+
+TEST_F(AreaProgrammazione, CreaDaChiedePrimaDiSostituireETieneAccantoFileEDatabaseDiPrima) {
+  crea();
+  bottega.folder.write(QStringLiteral("copia.dat"), "vecchio file");
+  bottega.folder.write(QStringLiteral("copia_art.mdb"), "vecchio database");
+  bottega.user.chooses(file(kNegozio)).chooses(file(QStringLiteral("copia.dat")));
+  premi(3);
+  ASSERT_EQ(bottega.user.requests().size(), 3U);
+  EXPECT_FALSE(bottega.user.requests()[1].asksBeforeReplacing);
+  EXPECT_TRUE(bottega.user.requests()[2].asksBeforeReplacing);
+  EXPECT_EQ(bottega.folder.read(QStringLiteral("copia.dat.precedente")), QByteArray("vecchio file"));
+  EXPECT_EQ(bottega.folder.read(QStringLiteral("copia_art.mdb.precedente")), QByteArray("vecchio database"));
+  EXPECT_EQ(piede(),
+            QStringLiteral("Configurazione creata da negozio.dat: copia.dat. I file di prima sono accanto, "
+                           "con .precedente in fondo al nome."));
+}
+
+TEST_F(AreaProgrammazione, CreaDaAnnullatoAllaSecondaFinestraLasciaTestataEMemoria) {
+  crea();
+  QByteArray altra = byteDi(file(kNegozio));
+  altra.replace(6, 3, "999");
+  bottega.user.chooses(bottega.folder.write(QStringLiteral("altra.dat"), altra)).chooses(std::nullopt);
+  premi(3);
+  EXPECT_EQ(config::modelloFile(), QStringLiteral("001"));
+  EXPECT_EQ(varGestionePRG().PathConfigurazione, file(kNegozio));
 }
 
 TEST_F(AreaProgrammazione, CreaDaUnFileDiUnAltraVersioneNonChiedeDoveSalvare) {
@@ -343,6 +395,38 @@ TEST_F(AreaProgrammazione, IlTastoPluApreLArchivioSulDatabaseCompagnoEPoiLoChiud
   EXPECT_EQ(varGlobal().NomeDB_Articoli, QString());
 }
 
+TEST_F(AreaProgrammazione, DallArchivioDelTastoPluEsciTornaQuiENonAllaGestioneArticoli) {
+  bottega.screens.registra(QStringLiteral("Form_GestioneMMC"), [](Contesto&) { return new QWidget; });
+  crea();
+  withModal([&] { premi(7); },
+            [](QWidget& archivio) { GuidedScreen(archivio).click(QStringLiteral("Cmd_Esci")); });
+  EXPECT_FALSE(aperto(QStringLiteral("Form_GestioneMMC")));
+  EXPECT_FALSE(aperto(QStringLiteral("Form_ArchivioArticoli")));
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
+  EXPECT_EQ(stato(), QString()) << "nothing is being worked on any more";
+}
+
+TEST_F(AreaProgrammazione, UnaCellaSvuotataFermaIlSalvataggioDellaDomandaESiFaVedere) {
+  bottega.screens.registra<Form_Reparti>();
+  crea();
+  premi(6);
+  const GuidedScreen reparti(*bottega.screens.trova(QStringLiteral("Form_Reparti")));
+  reparti.control<FlexGrid>("MSFlexGridReparti").setCell(2, 3);
+  auto& casella = reparti.control<QLineEdit>("casella_3");
+  casella.selectAll();
+  QTest::keyClick(&casella, Qt::Key_Backspace);
+  ASSERT_EQ(varGestionePRG().ModificaReparti, kVero);
+  const QByteArray prima = bottega.folder.read(kNegozio);
+  bottega.user.answers(Answer::Yes);
+  premi(8);
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_TRUE(aperto(QStringLiteral("Form_Reparti")));
+  EXPECT_EQ(reparti.control<OutcomeBar>("BarraEsito").text(),
+            QStringLiteral("Non salvato: correggere IVA, reparto 2"));
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kVero);
+  EXPECT_EQ(bottega.folder.read(kNegozio), prima);
+}
+
 TEST_F(AreaProgrammazione, SenzaDatabaseCompagnoIlTastoPluDiceLErrore) {
   crea();
   ASSERT_TRUE(QFile::remove(file(kCompagno)));
@@ -401,6 +485,22 @@ TEST_F(AreaProgrammazione, DaMenuSiSalvaSenzaRicaricareTranneCheAllInvio) {
             (QStringList{QStringLiteral("salva Form_Reparti"), QStringLiteral("ricarica Form_Reparti")}));
 }
 
+TEST_F(AreaProgrammazione, DallaBarraOgniTastoSalvaERicarica) {
+  crea();
+  for (const int posizione : {1, 2, 3, 14}) {
+    premi(6);
+    varGestionePRG().ModificaReparti = kVero;
+    chiamate.clear();
+    bottega.user.answers(Answer::Yes);
+    if (posizione != 14) bottega.user.chooses(std::nullopt);
+    premi(posizione);
+    expectBoxes(bottega, {kDomanda});
+    EXPECT_EQ(chiamate,
+              (QStringList{QStringLiteral("salva Form_Reparti"), QStringLiteral("ricarica Form_Reparti")}))
+        << posizione;
+  }
+}
+
 TEST_F(AreaProgrammazione, UnSalvataggioFallitoFermaIlComando) {
   crea();
   premi(6);
@@ -408,7 +508,7 @@ TEST_F(AreaProgrammazione, UnSalvataggioFallitoFermaIlComando) {
   varGestionePRG().PathConfigurazione = file(QStringLiteral("manca/negozio.dat"));
   bottega.user.answers(Answer::Yes);
   premi(8);
-  EXPECT_EQ(bottega.takeBoxes().size(), 2U);
+  expectBoxes(bottega, {kDomanda, plainBox(QStringLiteral("Error 76 (*"))});
   EXPECT_EQ(nelRiquadro(), QStringLiteral("Form_Reparti"));
   EXPECT_EQ(varGestionePRG().ModificaReparti, kVero);
 }

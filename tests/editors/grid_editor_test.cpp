@@ -519,17 +519,22 @@ TEST_F(EditorInGriglia, DueSalvataggiDiSeguitoDannoDueFileUguali) {
   EXPECT_EQ(onDisk(0, 245114), primo);
 }
 
-TEST_F(EditorInGriglia, UnSalvataggioCheNonRiesceLasciaIlFileELeModificheInMemoria) {
+TEST_F(EditorInGriglia, UnSalvataggioCheNonRiesceLasciaIlFileELeModificheDaSalvare) {
   const GuidedEditor schermo = apri();
   varGestionePRG().PathConfigurazione = program.folder.file(t("sparita/negozio.dat"));
   schermo.write(1, kDesc, t("Bar"));
   schermo.click(kSalva);
   expectBoxes(program, {plainBox(t("Error 76 (*"))});
-  EXPECT_EQ(schermo.foot(), t("Non salvato nel file: le modifiche restano in memoria"));
+  EXPECT_EQ(schermo.foot(), t("Non salvato nel file: togliere la causa e salvare di nuovo"));
   EXPECT_EQ(schermo.footKind(), OutcomeBar::Kind::Failed);
-  EXPECT_EQ(inMemory(kReparto1, 4), QByteArray("Bar\0", 4));
+  EXPECT_EQ(inMemory(kReparto1, 4), QByteArray(4, '\0')) << "what the file does not hold must not travel";
   EXPECT_EQ(onDisk(kReparto1, 4), QByteArray(4, '\0'));
   EXPECT_EQ(schermo.cell(1, kDesc), t("Bar"));
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kVero);
+  varGestionePRG().PathConfigurazione = program.folder.file(t("negozio.dat"));
+  schermo.click(kSalva);
+  EXPECT_EQ(schermo.footKind(), OutcomeBar::Kind::Done);
+  EXPECT_EQ(onDisk(kReparto1, 4), QByteArray("Bar\0", 4));
   EXPECT_EQ(varGestionePRG().ModificaReparti, kFalso);
 }
 
