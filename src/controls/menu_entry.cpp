@@ -18,7 +18,6 @@ constexpr int kCorner = 8;
 
 /// Of the letters of a screen.
 constexpr qreal kCaption = 4.0 / 3;
-constexpr qreal kNote = 0.72;
 
 /// Some captions begin with a blank; on the screen all of them stand on one line.
 QString readable(const QString& text) {
@@ -52,8 +51,9 @@ void MenuEntry::setNote(const QString& note) {
 }
 
 QFont MenuEntry::noteFont() const {
+  // The letters around the entry: the window has them already.
   QFont letters = font();
-  letters.setPointSizeF(letters.pointSizeF() * kNote);
+  letters.setPointSizeF(letters.pointSizeF() / kCaption);
   return letters;
 }
 
