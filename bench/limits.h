@@ -27,6 +27,6 @@ inline const std::vector<comparison::Limit> kLimits{
     {"plu_grid", "modello", 1.5},
     {"configuration_load", "read", 1.5},
     {"configuration_save", "write", 1.5},
-    {"configuration_send", "socket", 2.0},
-    {"configuration_reception", "socket", 2.0},
+    {"configuration_send", "socket", 1.5},
+    {"configuration_reception", "socket", 1.5},
 };
