@@ -102,9 +102,9 @@ void connection(benchmark::State& state, const char* address, bool received) {
   for (auto loop : state) {
     static_cast<void>(loop);
     state.SetIterationTime(seconds([&] {
+      lock();
       for (const config::Famiglia* family : config::famiglie()) {
         const std::string bytes(family->totale() + 1, 'p');
-        lock();
         if (!received) file(family->file, bytes, false);
         other.exchange(small);
         other.exchange(bytes);
