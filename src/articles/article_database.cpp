@@ -6,8 +6,8 @@
 #include "core/conversions.h"
 #include "core/reactions.h"
 #include "core/state.h"
-#include "ecrlink/file_channel.h"
 #include "platform/store/store.h"
+#include "platform/text/previous_file.h"
 #include "platform/ui/user_port.h"
 
 namespace articles {
@@ -24,9 +24,20 @@ bool rigaAssegnata(const store::Recordset& righe) {
   return righe.field(QStringLiteral("NomeCassa")).text() != QLatin1String(kNonAssegnato);
 }
 
-/// Keeps a copy of the file at `percorso` beside it, and returns its path.
-QString conserva(const QString& percorso, Contesto& contesto) {
-  const QString copia = percorso + QLatin1String(ecrlink::kPrecedente);
+}  // namespace
+
+QString percorsoModello(const Contesto& contesto) {
+  return QDir(contesto.cartella).filePath(QLatin1String(kModello));
+}
+
+void avvisaModelloAssente(Contesto& contesto) {
+  if (FileEsiste(percorsoModello(contesto))) return;
+  contesto.utente.MsgBox(QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
+                         Icon::Critical, QStringLiteral("ATTENZIONE"));
+}
+
+QString ConservaArchivio(const QString& percorso, Contesto& contesto) {
+  const QString copia = PreviousName(percorso);
   try {
     // Open, the archive is copied by the engine: at rest, and without what a killed program left half done.
     const store::Database aperto = contesto.area.OpenDatabase(percorso);
@@ -40,23 +51,11 @@ QString conserva(const QString& percorso, Contesto& contesto) {
   return copia;
 }
 
-}  // namespace
-
-QString percorsoModello(const Contesto& contesto) {
-  return QDir(contesto.cartella).filePath(QLatin1String(kModello));
-}
-
-void avvisaModelloAssente(Contesto& contesto) {
-  if (FileEsiste(percorsoModello(contesto))) return;
-  contesto.utente.MsgBox(QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente!"),
-                         Icon::Critical, QStringLiteral("ATTENZIONE"));
-}
-
 QString NuovoDatabase(const QString& percorso, Contesto& contesto) {
   const QString modello = percorsoModello(contesto);
   // Without the template nothing is overwritten, and the copy of the time before stays.
   const bool sovrascrive = FileEsiste(modello) && FileEsiste(percorso);
-  const QString precedente = sovrascrive ? conserva(percorso, contesto) : QString();
+  const QString precedente = sovrascrive ? ConservaArchivio(percorso, contesto) : QString();
   store::CopyArchive(modello, percorso);
   ApriDatabase(percorso, contesto);
   return precedente;

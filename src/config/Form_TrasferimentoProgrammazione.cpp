@@ -38,16 +38,16 @@ void Form_TrasferimentoProgrammazione::lavora() {
   preparaBarra();
   if (config::CassaBloccata() && !ui_->vkOptionRicezioneECR->isChecked() && !sblocca()) return;
   // The closure connects anew: of a till that refused then there is no address any more.
-  avviabile_ = ui_->Cmd_Avvia->isEnabled() && !commonForKora().IP_ECR.isEmpty();
+  const bool avviabile = ui_->Cmd_Avvia->isEnabled() && !commonForKora().IP_ECR.isEmpty();
   abilita(false, false);
   abilitaConnetti(false);
-  if (ui_->vkOptionResetECR->isChecked()) return azzera();
+  if (ui_->vkOptionResetECR->isChecked()) return azzera(avviabile);
   if (ui_->vkOptionAggiornaECR->isChecked()) return invia();
   if (ui_->vkOptionRicezioneECR->isChecked()) return ricevi();
   // The keyboard codes have an option of their own and no file: who chose it has chosen none of the three.
   avvisa(QStringLiteral("Selezionare una delle opzioni !!!"));
   // Nothing was done: whoever forgot to choose starts again from here.
-  abilita(avviabile_, true);
+  abilita(avviabile, true);
 }
 
 bool Form_TrasferimentoProgrammazione::sblocca() {
@@ -67,12 +67,12 @@ bool Form_TrasferimentoProgrammazione::conferma(const QString& domanda) {
                                   Buttons::OkCancel, Preset::Last) == Answer::Ok;
 }
 
-void Form_TrasferimentoProgrammazione::azzera() {
+void Form_TrasferimentoProgrammazione::azzera(bool avviabile) {
   if (!conferma(QStringLiteral(
           "Attenzione questa operazione comporterà l'azzeramento completo della programmazione "
           "della cassa. Continuare ?"))) {
     racconta(OutcomeBar::Kind::Plain, QStringLiteral("Annullato: la cassa è rimasta com'era."));
-    return abilita(avviabile_, true);
+    return abilita(avviabile, true);
   }
   if (config::AzzeraCassa(contesto()))
     racconta(OutcomeBar::Kind::Done, QStringLiteral("Azzerata la cassa ") + ecrlink::indirizzoDetto());

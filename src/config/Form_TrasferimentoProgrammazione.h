@@ -29,11 +29,11 @@ class Form_TrasferimentoProgrammazione : public FinestraLink {
   bool sblocca();
   /// Of a command that would lose data: true for OK.
   bool conferma(const QString& domanda);
-  void azzera();
+  /// `avviabile`: whether the start comes back on where nothing is done.
+  void azzera(bool avviabile);
   void invia();
   void ricevi();
   void preparaBarra();
 
-  bool avviabile_ = false;
   std::unique_ptr<Ui::Form_TrasferimentoProgrammazione> ui_;
 };

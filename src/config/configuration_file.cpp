@@ -2,14 +2,13 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <algorithm>
 #include <cstring>
 
 #include "config/configuration_changes.h"
 #include "core/conversions.h"
 #include "core/reactions.h"
-#include "ecrlink/file_channel.h"
 #include "platform/text/file_name.h"
+#include "platform/text/previous_file.h"
 #include "platform/text/temporary_file.h"
 #include "platform/text/whole_file.h"
 
@@ -40,11 +39,11 @@ QString testo(const Campo& campo) {
   return ByteInTesto(RecordLetto(testataFile()).subspan(campo.inizio, campo.larghezza));
 }
 
-/// What stands in the file so far, a foreign tail included; nothing where there is none yet.
+/// What stands in the file so far, and one byte of a foreign tail, which tells it from the new one; nothing
+/// where there is none yet.
 QByteArray sulDisco(const QString& path) {
-  const QFileInfo file(path);
-  if (!file.exists()) return {};
-  return ReadFileStart(path, std::max(file.size(), static_cast<qint64>(kByteFile)));
+  if (!QFileInfo::exists(path)) return {};
+  return ReadFileStart(path, static_cast<qsizetype>(kByteFile) + 1);
 }
 
 /// The new file is whole on the disk before the previous one is replaced: a disk that is full for it takes
@@ -54,22 +53,8 @@ void sostituisci(const QString& path, const QByteArray& vecchio, const QByteArra
   TemporaryFile::Sweep(vero);
   TemporaryFile file(vero);
   file.write(nuovo);
-  if (!vecchio.isEmpty() && vecchio != nuovo)
-    WriteWholeFile(path + QLatin1String(ecrlink::kPrecedente), vecchio);
+  if (!vecchio.isEmpty() && vecchio != nuovo) KeepPrevious(path);
   file.settle();
-}
-
-template <typename Corpo>
-std::int16_t sorvegliata(Utente& utente, const char* procedura, const char* modulo, Corpo&& corpo) {
-  return reazioni::oppure(
-      [&]() -> std::int16_t {
-        corpo();
-        return 0;
-      },
-      [&](const Errore& errore) -> std::int16_t {
-        reazioni::segnalaImprevisto(utente, errore, QLatin1String(procedura), QLatin1String(modulo));
-        return 1;
-      });
 }
 
 }  // namespace
@@ -115,23 +100,25 @@ std::uint16_t VerificaVersioneFile(const QString& path, QString& pannello) {
 }
 
 std::int16_t CaricaConfigurazione(const QString& path, Utente& utente) {
-  return sorvegliata(utente, "CaricaConfigurazione", "Common_PRG", [&] {
+  const int esito = reazioni::conCodice(utente, "CaricaConfigurazione", "Common_PRG", [&] {
     // Short or long, the file is taken: only its version says whether it is of this format.
     const QByteArray file = inizioDelFile(path, kByteFile);
     copia(file, 0, testataFile());
     copia(file, kInizioNegozio, bloccoNegozio());
     copia(file, kInizioImmagine, immagineProgrammazione().byte());
   });
+  return static_cast<std::int16_t>(esito);
 }
 
 Salvataggio SalvaConfigurazioneRaccontando(const QString& path, Utente& utente) {
   Salvataggio fatto;
-  fatto.esito = sorvegliata(utente, "SalvaConfigurazione", "CommonForKora", [&] {
+  const int esito = reazioni::conCodice(utente, "SalvaConfigurazione", "CommonForKora", [&] {
     const QByteArray nuovo = fileInMemoria();
     const QByteArray vecchio = sulDisco(path);
     sostituisci(path, vecchio, nuovo);
     fatto.racconto = RaccontoModifiche(vecchio, nuovo);
   });
+  fatto.esito = static_cast<std::int16_t>(esito);
   return fatto;
 }
 

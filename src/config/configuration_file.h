@@ -60,8 +60,8 @@ struct Salvataggio {
   /// "12 reparti, 3 aliquote"; empty where nothing differs.
   QString racconto;
 };
-/// Everything in memory into the file, whole or not at all; the file before it stays beside it under the name
-/// with `ecrlink::kPrecedente` behind it, where the two differ. `esito` 0 on success; a failure has been
+/// Everything in memory into the file, whole or not at all; the file before it stays beside it under its
+/// `PreviousName`, where the two differ. `esito` 0 on success; a failure has been
 /// shown.
 Salvataggio SalvaConfigurazioneRaccontando(const QString& path, Utente& utente);
 std::int16_t SalvaConfigurazione(const QString& path, Utente& utente);

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "articles/article_database.h"
 #include "articles/plu_image.h"
 #include "articles/transfer.h"
 #include "config/companion_archive.h"
@@ -17,7 +18,6 @@
 #include "ecrlink/file_channel.h"
 #include "ecrlink/session.h"
 #include "ecrlink/transfer_lock.h"
-#include "platform/store/store.h"
 #include "platform/text/file_name.h"
 #include "platform/ui/user_port.h"
 
@@ -136,8 +136,7 @@ bool salvaArticoli(const QString& percorso, Contesto& contesto) {
   return reazioni::oppure(
       [&] {
         const ArchivioCompagno compagno(percorso, contesto);
-        const QString archivio = PercorsoCompagno(percorso);
-        store::CopyArchive(archivio, archivio + QLatin1String(ecrlink::kPrecedente));
+        articles::ConservaArchivio(PercorsoCompagno(percorso), contesto);
         return articles::SalvaPLU(contesto) == 0;
       },
       [&](const Errore& errore) {

@@ -72,7 +72,7 @@ struct Ricezione {
 /// failure has been shown and ends the reception.
 Ricezione RiceviConfigurazione(Contesto& contesto, const Avanzamento& avanzamento);
 /// The same, then the file of the open configuration and the articles of the archive beside it. Both are kept
-/// as they were under their names with `ecrlink::kPrecedente` behind. Every failure has been shown.
+/// as they were under their PreviousName. Every failure has been shown.
 Ricezione RiceviESalva(Contesto& contesto, const Avanzamento& avanzamento);
 QString RaccontoRicezione(const Ricezione& ricezione);
 

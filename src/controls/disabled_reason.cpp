@@ -1,5 +1,6 @@
 #include "controls/disabled_reason.h"
 
+#include <QAction>
 #include <QEvent>
 #include <QWidget>
 
@@ -45,6 +46,14 @@ class DisabledReason : public QObject {
 void tellWhyDisabled(QWidget& command, const QString& reason) {
   auto* const there = command.findChild<DisabledReason*>(QString(), Qt::FindDirectChildrenOnly);
   (there != nullptr ? there : new DisabledReason(command))->tell(reason);
+}
+
+void tellWhyDisabled(QAction& action, const QString& reason) {
+  const auto follow = [&action, reason, usual = action.toolTip()] {
+    action.setToolTip(action.isEnabled() ? usual : QStringLiteral("%1 (%2)").arg(usual, reason));
+  };
+  QObject::connect(&action, &QAction::enabledChanged, &action, follow);
+  follow();
 }
 
 #include "disabled_reason.moc"

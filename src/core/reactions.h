@@ -68,6 +68,20 @@ auto oppure(Corpo&& corpo, AlGuasto&& alGuasto) -> decltype(corpo()) {
   }
 }
 
+/// Runs a procedure that answers with a code: 0, or 1 for a failure, which has been shown under its name.
+template <typename Corpo>
+int conCodice(Utente& utente, const char* procedura, const char* modulo, Corpo&& corpo) {
+  return oppure(
+      [&] {
+        std::forward<Corpo>(corpo)();
+        return 0;
+      },
+      [&](const Errore& errore) {
+        segnalaImprevisto(utente, errore, QLatin1String(procedura), QLatin1String(modulo));
+        return 1;
+      });
+}
+
 /// The guard of every procedure that the event loop enters: nothing leaves it. Unexpected failures are shown.
 template <typename Corpo>
 void protetta(Utente& utente, const QString& procedura, const QString& modulo, Corpo&& corpo) noexcept {

@@ -8,6 +8,7 @@
 #include "ecrlink/session.h"
 #include "ecrlink/transfer_lock.h"
 #include "platform/error.h"
+#include "platform/text/previous_file.h"
 #include "platform/text/temporary_file.h"
 
 namespace ecrlink {
@@ -15,19 +16,9 @@ namespace ecrlink {
 namespace {
 
 constexpr int kFallito = 1;
-constexpr qint64 kBlocco = 1 << 16;
 
 const char* comeCaratteri(const std::uint8_t* byte) {
   return reinterpret_cast<const char*>(byte);  // bytes to bytes: the one view that is always allowed
-}
-
-/// What a longer old file holds behind the image stays behind it: the till does not read it.
-void copiaCoda(const QString& nome, qint64 dopo, TemporaryFile& nuovo) {
-  QFile vecchio(nome);
-  if (!vecchio.open(QIODevice::ReadOnly) || !vecchio.seek(dopo)) throw errors::pathAccess(nome);
-  for (QByteArray blocco = vecchio.read(kBlocco); !blocco.isEmpty(); blocco = vecchio.read(kBlocco))
-    nuovo.write(blocco);
-  if (vecchio.error() != QFileDevice::NoError) throw errors::pathAccess(nome);
 }
 
 void scriviSopra(const QString& nome, std::span<const std::uint8_t> immagine) {
@@ -39,22 +30,10 @@ void scriviSopra(const QString& nome, std::span<const std::uint8_t> immagine) {
   const auto lunghezza = static_cast<qint64>(immagine.size());
   TemporaryFile nuovo(nome);
   nuovo.write(comeCaratteri(immagine.data()), immagine.size());
-  if (suo && vecchio.size() > lunghezza) copiaCoda(nome, lunghezza, nuovo);
+  // What a longer old file holds behind the image stays behind it: the till does not read it.
+  if (suo && vecchio.size() > lunghezza) AppendRest(nome, lunghezza, nuovo);
   if (nome == QLatin1String(kFilePLU)) TagliaFile(nuovo.path(), lunghezza - 1);
   nuovo.settle(TemporaryFile::Durability::Passing);
-}
-
-template <typename Corpo>
-int sorvegliata(Contesto& contesto, const char* procedura, const char* modulo, Corpo&& corpo) {
-  return reazioni::oppure(
-      [&] {
-        corpo();
-        return 0;
-      },
-      [&](const Errore& errore) {
-        reazioni::segnalaImprevisto(contesto.utente, errore, QLatin1String(procedura), QLatin1String(modulo));
-        return kFallito;
-      });
 }
 
 void leggiSopra(const QString& nome, std::span<std::uint8_t> immagine) {
@@ -82,7 +61,7 @@ int spedisci(std::span<const std::uint8_t> immagine, const QString& file, Contes
 void sgombra(const QString& file, Precedente precedente) {
   // Those of the library too, which names what it receives in the same way.
   TemporaryFile::Sweep(file);
-  const QString tenuto = file + QLatin1String(kPrecedente);
+  const QString tenuto = PreviousName(file);
   const QFileInfo vecchio(file);
   if (!vecchio.exists() && !vecchio.isSymLink()) return;
   if (precedente == Precedente::Tenuto && vecchio.isFile() && !vecchio.isSymLink()) {
@@ -111,7 +90,8 @@ int SendPRGTo_ECR(std::span<const std::uint8_t> immagine, const QString& file, C
 }
 
 int CreaFileProgrammazione(const QString& file, std::span<const std::uint8_t> immagine, Contesto& contesto) {
-  return sorvegliata(contesto, "CreaFileProgrammazione", "Common_PRG", [&] { scriviSopra(file, immagine); });
+  return reazioni::conCodice(contesto.utente, "CreaFileProgrammazione", "Common_PRG",
+                             [&] { scriviSopra(file, immagine); });
 }
 
 void TagliaFile(const QString& file, std::int64_t lunghezza) {
@@ -123,7 +103,8 @@ void TagliaFile(const QString& file, std::int64_t lunghezza) {
 }
 
 int ReadByteFromFile(std::span<std::uint8_t> immagine, const QString& file, Contesto& contesto) {
-  return sorvegliata(contesto, "ReadByteFromFile", "CommonForKora", [&] { leggiSopra(file, immagine); });
+  return reazioni::conCodice(contesto.utente, "ReadByteFromFile", "CommonForKora",
+                             [&] { leggiSopra(file, immagine); });
 }
 
 std::optional<std::int64_t> RiceviFile(std::span<std::uint8_t> immagine, const QString& file,
@@ -136,7 +117,7 @@ std::optional<std::int64_t> RiceviFile(std::span<std::uint8_t> immagine, const Q
                                        Precedente precedente, Contesto& contesto,
                                        std::optional<ScambioEsclusivo>& scambio) {
   std::optional<std::int64_t> arrivati;
-  sorvegliata(contesto, "RiceviFile", "CommonForKora", [&] {
+  reazioni::conCodice(contesto.utente, "RiceviFile", "CommonForKora", [&] {
     if (!scambio) scambio.emplace();
     sgombra(file, precedente);
     if (avviaECR(file, Modo::Ricevi, contesto) != 0) return;

@@ -35,9 +35,8 @@ int ReadByteFromFile(std::span<std::uint8_t> immagine, const QString& file, Cont
 /// What becomes of a file of the same name that an earlier transfer left.
 enum class Precedente {
   Rimosso,
-  Tenuto,  ///< under its name with kPrecedente behind it
+  Tenuto,  ///< under its PreviousName
 };
-inline constexpr const char* kPrecedente = ".precedente";
 
 /// Fetches `file` from the till and fills the image from it. The file of an earlier transfer is gone before,
 /// so that it cannot pass for this one should the till hand nothing over. The bytes that came, or nothing

@@ -6,13 +6,16 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QResizeEvent>
 #include <QScopeGuard>
 #include <QToolButton>
+#include <algorithm>
 #include <array>
 
 #include "articles/article_database.h"
 #include "config/companion_archive.h"
 #include "config/configuration_file.h"
+#include "controls/disabled_reason.h"
 #include "controls/style.h"
 #include "core/conversions.h"
 #include "core/manual_viewer.h"
@@ -89,15 +92,6 @@ QByteArray senzaArticoli() {
          QByteArray(inizio + config::kPLU.fine(), static_cast<qsizetype>(byte.size() - config::kPLU.fine()));
 }
 
-/// On, or off with the reason behind what the tooltip says.
-void accendi(QAction& azione, bool accesa, const QString& perche) {
-  const char* const kSuggerimento = "suggerimento";
-  if (!azione.property(kSuggerimento).isValid()) azione.setProperty(kSuggerimento, azione.toolTip());
-  const QString detto = azione.property(kSuggerimento).toString();
-  azione.setEnabled(accesa);
-  azione.setToolTip(accesa ? detto : QStringLiteral("%1 (%2)").arg(detto, perche));
-}
-
 bool serveLaConfigurazione(int posizione) {
   return posizione > 3 && posizione <= kPulsanteInvio;
 }
@@ -129,6 +123,8 @@ void MDIForm_PRG::vesti() {
       pulsante->setFocusPolicy(Qt::TabFocus);
       pulsante->setAccessibleDescription(azione.toolTip());
     }
+    if (serveLaConfigurazione(uno.posizione))
+      tellWhyDisabled(azione, inPreparazione(uno.posizione) ? QStringLiteral("in preparazione") : kPrimaUna);
   }
   // What does not fit stands behind it, in a window made narrow.
   if (auto* altri = ui_->Toolbar1->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
@@ -141,6 +137,7 @@ void MDIForm_PRG::vesti() {
   ui_->mnuInvio->setIcon(tasto(kPulsanteInvio).icon());
   ui_->mnuEsci->setIcon(tasto(kPulsanteEsci).icon());
   ui_->mnuManuale->setIcon(style::icon(QStringLiteral("book-open")));
+  tellWhyDisabled(*ui_->mnuInvio, kPrimaUna);
   // Laid down as a command without an effect: it is shown for what it is.
   ui_->mnuEsporta->setEnabled(false);
   ui_->Picture1->setPixmap(style::icon(QStringLiteral("sliders-horizontal")).pixmap(kFigura));
@@ -163,14 +160,18 @@ std::uint16_t MDIForm_PRG::DammiFormOpen(const QString& nome) const {
   return contesto().schermate.trova(nome) ? 1 : 0;
 }
 
+/// Some screens this version does not have yet.
+bool MDIForm_PRG::inPreparazione(int posizione) const {
+  return std::ranges::any_of(kEditor, [&](const Apre& editor) {
+    return editor.posizione == posizione && !contesto().schermate.registrata(QLatin1String(editor.schermata));
+  });
+}
+
 void MDIForm_PRG::abilita(bool abilitati) {
   for (const Tasto& uno : kTasti)
-    if (serveLaConfigurazione(uno.posizione)) accendi(tasto(uno.posizione), abilitati, kPrimaUna);
-  // Screens that this version does not have yet.
-  for (const Apre& editor : kEditor)
-    if (!contesto().schermate.registrata(QLatin1String(editor.schermata)))
-      accendi(tasto(editor.posizione), false, QStringLiteral("in preparazione"));
-  accendi(*ui_->mnuInvio, abilitati, kPrimaUna);
+    if (serveLaConfigurazione(uno.posizione))
+      tasto(uno.posizione).setEnabled(abilitati && !inPreparazione(uno.posizione));
+  ui_->mnuInvio->setEnabled(abilitati);
 }
 
 bool MDIForm_PRG::guardia(Ricarica ricarica) {
@@ -250,9 +251,10 @@ void MDIForm_PRG::nuova() {
   editors::ConfigurazioneInUso prima;
   const bool accanto = editors::occupato(*scelto);
   editors::NuovaConfigurazione(*scelto, contesto());
-  if (!carica()) return;
+  const auto pannello = carica();
+  if (!pannello) return;
   prima.tieni();
-  aperta(QStringLiteral("creata"), accanto);
+  aperta(QStringLiteral("creata"), *pannello, accanto);
 }
 
 void MDIForm_PRG::modifica() {
@@ -264,9 +266,10 @@ void MDIForm_PRG::modifica() {
                    QStringLiteral("Attenzione il file scelto %1 non esiste !!!").arg(FileName(*scelto)));
   editors::ConfigurazioneInUso prima;
   varGestionePRG().PathConfigurazione = *scelto;
-  if (!carica()) return;
+  const auto pannello = carica();
+  if (!pannello) return;
   prima.tieni();
-  aperta(QStringLiteral("aperta"));
+  aperta(QStringLiteral("aperta"), *pannello, false);
 }
 
 void MDIForm_PRG::crea() {
@@ -280,26 +283,26 @@ void MDIForm_PRG::crea() {
   const auto scelto = contesto().utente.AskSavePath(dove);
   if (!scelto || scelto->isEmpty()) return;
   const bool accanto = editors::occupato(*scelto);
-  editors::CreaDaConfigurazione(*sorgente, *scelto);
-  if (!carica()) return;
+  editors::CreaDaConfigurazione(*sorgente, *scelto, contesto());
+  const auto pannello = carica();
+  if (!pannello) return;
   prima.tieni();
-  aperta(QStringLiteral("creata da %1").arg(FileName(*sorgente)), accanto);
-  pannello_->setText(pannello_->text() + QStringLiteral(" Modello ") + config::modelloFile());
-  editors::RicaricaEditor(contesto());
+  aperta(QStringLiteral("creata da %1").arg(FileName(*sorgente)),
+         *pannello + QStringLiteral(" Modello ") + config::modelloFile(), accanto);
 }
 
-bool MDIForm_PRG::versioneGiusta(const QString& percorso) {
+std::optional<QString> MDIForm_PRG::versioneGiusta(const QString& percorso) {
   QString pannello;
-  if (config::VerificaVersioneFile(percorso, pannello) == 0) return true;
+  if (config::VerificaVersioneFile(percorso, pannello) == 0) return pannello;
   critico(contesto(), QStringLiteral("Attenzione il file %1 non e' compatibile con la versione SW")
                           .arg(QDir::toNativeSeparators(percorso)));
-  return false;
+  return std::nullopt;
 }
 
-bool MDIForm_PRG::carica() {
+std::optional<QString> MDIForm_PRG::carica() {
   const QString percorso = varGestionePRG().PathConfigurazione;
   try {
-    if (!versioneGiusta(percorso)) return false;
+    if (!versioneGiusta(percorso)) return std::nullopt;
     if (config::CaricaConfigurazione(percorso, contesto().utente) == 0) return versioneGiusta(percorso);
   } catch (const Errore& errore) {
     // A file that does not open for its version is one that does not load.
@@ -308,17 +311,18 @@ bool MDIForm_PRG::carica() {
   }
   critico(contesto(), QStringLiteral("Attenzione Errore nel caricamento del file %1 in memoria")
                           .arg(QDir::toNativeSeparators(percorso)));
-  return false;
+  return std::nullopt;
 }
 
-void MDIForm_PRG::aperta(const QString& verbo, bool accanto) {
+void MDIForm_PRG::aperta(const QString& verbo, const QString& pannello, bool accanto) {
   const QString& percorso = varGestionePRG().PathConfigurazione;
   varGestionePRG().NomeFileDat = FileName(percorso);
-  // What an editor of the configuration before still shows, and what it had marked, belongs to no open file.
+  // What an editor of the configuration before still shows, and what it had marked, belongs to no open file:
+  // none stays to be filled anew.
   chiudiEditor();
   editors::azzeraModifiche();
   pannello_->setAlignment(Qt::AlignCenter);
-  pannello_->setText(config::TestoPannello(percorso));
+  pannello_->setText(pannello);
   abilita(true);
   mostraBenvenuto();
   ui_->BarraEsito->tell(
@@ -338,7 +342,7 @@ void MDIForm_PRG::invio() {
 
 void MDIForm_PRG::articoli() {
   chiudiEditor();
-  mostraStato(QStringLiteral("Gestione PLU/Articoli"));
+  stato_->setText(QStringLiteral("Gestione PLU/Articoli"));
   const auto diNuovo = qScopeGuard([this] { mostraBenvenuto(); });
   const config::ArchivioCompagno compagno(varGestionePRG().PathConfigurazione, contesto());
   contesto().schermate.mostraModale(QStringLiteral("Form_ArchivioArticoli"), contesto());
@@ -352,7 +356,7 @@ void MDIForm_PRG::apriEditor(const char* nome, const QString& stato) {
   ui_->AreaEditor->setCurrentWidget(&editor);
   editor.show();
   editor.setFocus();
-  mostraStato(stato);
+  stato_->setText(stato);
 }
 
 void MDIForm_PRG::chiudiEditor(const QString& tranne) {
@@ -360,11 +364,6 @@ void MDIForm_PRG::chiudiEditor(const QString& tranne) {
     if (tranne != QLatin1String(editor.schermata))
       contesto().schermate.scarica(QLatin1String(editor.schermata));
   contesto().schermate.scarica(QLatin1String(kEditorPLU));
-}
-
-void MDIForm_PRG::mostraStato(const QString& stato) {
-  stato_->setText(stato);
-  setWindowTitle(QStringLiteral("Programmazione ECR"));
 }
 
 void MDIForm_PRG::mostraBenvenuto() {
@@ -395,7 +394,7 @@ void MDIForm_PRG::keyPressEvent(QKeyEvent* evento) {
 
 void MDIForm_PRG::resizeEvent(QResizeEvent* evento) {
   QMainWindow::resizeEvent(evento);
-  adattaBarra();
+  if (evento->size().width() != evento->oldSize().width()) adattaBarra();
 }
 
 void MDIForm_PRG::changeEvent(QEvent* evento) {

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "core/screen.h"
 
@@ -58,17 +59,18 @@ class MDIForm_PRG : public Schermo<QMainWindow> {
   void crea();
   void invio();
   void articoli();
-  /// Version and content of the configuration in use into memory; false where it was refused, which was told.
-  bool carica();
-  bool versioneGiusta(const QString& percorso);
-  /// The commands that need a configuration go on, and an editor of the one before goes.
-  /// `accanto`: files of those names were there, and have been kept.
-  void aperta(const QString& verbo, bool accanto = false);
+  /// Version and content of the configuration in use into memory: what the first panel then says, or nothing
+  /// where it was refused, which was told.
+  std::optional<QString> carica();
+  std::optional<QString> versioneGiusta(const QString& percorso);
+  /// The commands that need a configuration go on, and an editor of the one before goes. `accanto`: files of
+  /// those names were there, and have been kept.
+  void aperta(const QString& verbo, const QString& pannello, bool accanto);
 
   void apriEditor(const char* nome, const QString& stato);
   void chiudiEditor(const QString& tranne = {});
-  void mostraStato(const QString& stato);
   void mostraBenvenuto();
+  bool inPreparazione(int posizione) const;
   void abilita(bool abilitati);
   void adattaBarra();
 

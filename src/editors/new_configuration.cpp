@@ -8,8 +8,8 @@
 #include "core/context.h"
 #include "core/conversions.h"
 #include "core/state.h"
-#include "ecrlink/file_channel.h"
 #include "platform/store/store.h"
+#include "platform/text/previous_file.h"
 #include "platform/text/whole_file.h"
 #include "platform/ui/user_port.h"
 
@@ -22,41 +22,29 @@ bool presente(const QString& percorso, const QString& messaggio, Contesto& conte
   return FileEsiste(percorso);
 }
 
-QString precedente(const QString& percorso) {
-  return percorso + QLatin1String(ecrlink::kPrecedente);
-}
-
-/// A configuration is its first bytes: a longer file is none of ours behind them.
-QByteArray configurazione(const QString& percorso) {
-  return ReadFileStart(percorso, static_cast<qsizetype>(config::kByteFile));
+QString modelloConfigurazione(const Contesto& contesto) {
+  return QDir(contesto.cartella).filePath(QLatin1String(config::kModelloConfigurazione));
 }
 
 void copiaFile(const QString& sorgente, const QString& percorso) {
-  const QByteArray nuova = configurazione(sorgente);
-  if (FileEsiste(percorso)) WriteWholeFile(precedente(percorso), configurazione(percorso));
+  // A configuration is its first bytes: a longer file is none of ours behind them.
+  const QByteArray nuova = ReadFileStart(sorgente, static_cast<qsizetype>(config::kByteFile));
+  if (FileEsiste(percorso)) KeepPrevious(percorso);
   WriteWholeFile(percorso, nuova);
 }
 
-void copiaDatabase(const QString& sorgente, const QString& percorso) {
-  if (FileEsiste(percorso)) store::CopyArchive(percorso, precedente(percorso));
+void copiaDatabase(const QString& sorgente, const QString& percorso, Contesto& contesto) {
+  if (FileEsiste(percorso)) articles::ConservaArchivio(percorso, contesto);
   store::CopyArchive(sorgente, percorso);
 }
 
 }  // namespace
 
-QString percorsoModelloConfigurazione(const Contesto& contesto) {
-  return QDir(contesto.cartella).filePath(QLatin1String(config::kModelloConfigurazione));
-}
-
-QString percorsoModelloArticoli(const Contesto& contesto) {
-  return articles::percorsoModello(contesto);
-}
-
 bool modelliPresenti(Contesto& contesto) {
-  return presente(percorsoModelloConfigurazione(contesto),
+  return presente(modelloConfigurazione(contesto),
                   QStringLiteral("Attenzione il file di sistema QzPRG.bck potrebbe essere assente !!!"),
                   contesto) &&
-         presente(percorsoModelloArticoli(contesto),
+         presente(articles::percorsoModello(contesto),
                   QStringLiteral("Attenzione il file di sistema QzDB.bck potrebbe essere assente !!!"),
                   contesto);
 }
@@ -66,12 +54,12 @@ bool occupato(const QString& percorso) {
 }
 
 void NuovaConfigurazione(const QString& percorso, Contesto& contesto) {
-  copiaFile(percorsoModelloConfigurazione(contesto), percorso);
+  copiaFile(modelloConfigurazione(contesto), percorso);
   varGestionePRG().PathConfigurazione = percorso;
-  copiaDatabase(percorsoModelloArticoli(contesto), config::PercorsoCompagno(percorso));
+  copiaDatabase(articles::percorsoModello(contesto), config::PercorsoCompagno(percorso), contesto);
 }
 
-void CreaDaConfigurazione(const QString& sorgente, const QString& percorso) {
+void CreaDaConfigurazione(const QString& sorgente, const QString& percorso, Contesto& contesto) {
   if (QFileInfo(sorgente).canonicalFilePath() == QFileInfo(percorso).canonicalFilePath())
     throw errors::accessDenied(percorso);
   // Before the target's place is taken: a configuration without its articles is half of one.
@@ -79,7 +67,7 @@ void CreaDaConfigurazione(const QString& sorgente, const QString& percorso) {
     throw errors::fileMissing(config::PercorsoCompagno(sorgente));
   copiaFile(sorgente, percorso);
   varGestionePRG().PathConfigurazione = percorso;
-  copiaDatabase(config::PercorsoCompagno(sorgente), config::PercorsoCompagno(percorso));
+  copiaDatabase(config::PercorsoCompagno(sorgente), config::PercorsoCompagno(percorso), contesto);
 }
 
 struct ConfigurazioneInUso::Stato {

@@ -6,13 +6,10 @@
 struct Contesto;
 
 /// New configurations on the disk: a file and the article database beside it. What either replaces stays
-/// beside it under its name with `ecrlink::kPrecedente` behind it.
+/// beside it under its `PreviousName`.
 namespace editors {
 
-/// Paths of the two templates beside the program.
-QString percorsoModelloConfigurazione(const Contesto& contesto);
-QString percorsoModelloArticoli(const Contesto& contesto);
-/// False if one of the two is missing; the person has been told which.
+/// False if one of the two templates is missing; the person has been told which.
 bool modelliPresenti(Contesto& contesto);
 
 /// Whether a configuration of this path, or its database, is there already.
@@ -23,7 +20,7 @@ bool occupato(const QString& percorso);
 void NuovaConfigurazione(const QString& percorso, Contesto& contesto);
 /// The same from another configuration and its own database. Throws Errore 70 for a configuration that is to
 /// be made from itself.
-void CreaDaConfigurazione(const QString& sorgente, const QString& percorso);
+void CreaDaConfigurazione(const QString& sorgente, const QString& percorso, Contesto& contesto);
 
 /// The configuration in use as it was, unless `tieni` is called: a file that was refused must not become the
 /// one that the next save writes over.
