@@ -68,48 +68,35 @@ void reception(benchmark::State& state) {
   }
 }
 
-/// A file written plainly under another name and renamed, forced to the disk or not.
-void file(const std::string& name, const std::string& bytes, bool forced) {
-  const std::string passing = name + ".nuovo";
-  const int descriptor = open(passing.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-  if (write(descriptor, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()))
-    throw std::runtime_error("not written");
-  if (forced) fsync(descriptor);
-  close(descriptor);
-  if (rename(passing.c_str(), name.c_str()) != 0) throw std::runtime_error("not renamed");
-  if (!forced) return;
-  const int folder = open(".", O_RDONLY | O_DIRECTORY);
-  fsync(folder);
-  close(folder);
-}
-
 /// The folder taken and given back, as a lock file does it.
 void lock() {
-  file("serratura", "1", false);
+  WriteRenamed("serratura", "1", false);
   const int descriptor = open("serratura", O_RDONLY);
   fdatasync(descriptor);
   close(descriptor);
   unlink("serratura");
 }
 
-/// Three exchanges a file, the middle one with its bytes, and the file in the folder. The barest exchange has
-/// one direction: the other way the same bytes go the same road.
+/// Three exchanges a file, the middle one with its bytes, and the file in the folders of both sides.
 void connection(benchmark::State& state, const char* address, bool received) {
-  const Bench folder;
-  const PlainSocket other(address);
-  const std::string small(48, 'c');
-  other.exchange(small);
+  const Bench bench;
+  std::filesystem::create_directory(bench.file("cassa"));
+  const PlainSocket other(address, bench.file("cassa"));
+  for (const config::Famiglia* family : config::famiglie())
+    other.send(family->file, std::string(family->totale() + 1, 'p'));
   for (auto loop : state) {
     static_cast<void>(loop);
     state.SetIterationTime(seconds([&] {
       lock();
       for (const config::Famiglia* family : config::famiglie()) {
         const std::string bytes(family->totale() + 1, 'p');
-        if (!received) file(family->file, bytes, false);
-        other.exchange(small);
-        other.exchange(bytes);
-        if (received) file(family->file, bytes, true);
-        other.exchange(small);
+        if (!received) WriteRenamed(family->file, bytes, false);
+        other.command();
+        if (received)
+          WriteRenamed(family->file, other.receive(family->file), true);
+        else
+          other.send(family->file, bytes);
+        other.command();
       }
     }));
   }

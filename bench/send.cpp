@@ -33,16 +33,16 @@ void program(benchmark::State& state) {
 }
 
 void connection(benchmark::State& state) {
-  const PlainSocket other("127.31.7.3");
-  const std::string small(48, 'c');
+  const Bench bench;
+  const PlainSocket other("127.31.7.3", bench.file("."));
   const std::string archive(kByte, 'p');
-  other.exchange(small);
+  other.command();
   for (auto loop : state) {
     static_cast<void>(loop);
     state.SetIterationTime(seconds([&] {
-      other.exchange(small);
-      other.exchange(archive);
-      other.exchange(small);
+      other.command();
+      other.send("cassa.bin", archive);
+      other.command();
     }));
   }
 }

@@ -89,12 +89,12 @@ std::vector<VoceLetta> numerate() {
   return leggi(righe, [posizione](const store::Recordset& riga) { return riga.field(posizione).int32(); });
 }
 
-std::vector<std::optional<QString>> chiavi(const std::vector<VoceLetta>& voci) {
-  std::vector<std::optional<QString>> tutte;
+std::vector<std::optional<QStringView>> chiavi(const std::vector<VoceLetta>& voci) {
+  std::vector<std::optional<QStringView>> tutte;
   tutte.reserve(voci.size());
   for (const VoceLetta& voce : voci) {
     const auto* letta = std::get_if<Voce>(&voce);
-    tutte.push_back(letta == nullptr ? std::nullopt : std::optional(letta->ean));
+    tutte.push_back(letta == nullptr ? std::nullopt : std::optional<QStringView>(letta->ean));
   }
   return tutte;
 }

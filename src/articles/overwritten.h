@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QHash>
-#include <QString>
+#include <QStringView>
 #include <optional>
 #include <vector>
 
@@ -16,18 +16,17 @@ namespace articles {
 /// as often and in the same order as if all had run.
 class Sovrascritte {
  public:
-  /// The keys of the statements, in their order; nothing where there will be no statement.
-  explicit Sovrascritte(std::vector<std::optional<QString>> chiavi) : chiavi_(std::move(chiavi)) {
-    for (std::size_t i = 0; i < chiavi_.size(); ++i)
-      if (chiavi_[i]) estendi(*chiavi_[i], i);
+  /// The keys of the statements, in their order; nothing where there will be no statement. They are read here
+  /// only.
+  explicit Sovrascritte(const std::vector<std::optional<QStringView>>& chiavi) : superflue_(chiavi.size()) {
+    QHash<QStringView, Estremi> estremi;
+    estremi.reserve(static_cast<qsizetype>(chiavi.size()));
+    for (std::size_t i = 0; i < chiavi.size(); ++i)
+      if (chiavi[i]) aggiungi(estremi, *chiavi[i], i);
   }
 
   /// True if statement `i`, from 0, may be left out.
-  bool superflua(std::size_t i) const {
-    if (fallita_ || !chiavi_[i]) return false;
-    const Estremi estremi = estremi_.value(*chiavi_[i]);
-    return i != estremi.prima && i != estremi.ultima;
-  }
+  bool superflua(std::size_t i) const { return !fallita_ && superflue_[i]; }
   /// A statement failed: from here on every one runs.
   void fallita() { fallita_ = true; }
 
@@ -37,16 +36,18 @@ class Sovrascritte {
     std::size_t ultima = 0;
   };
 
-  void estendi(const QString& chiave, std::size_t i) {
-    const auto trovata = estremi_.find(chiave);
-    if (trovata == estremi_.end())
-      estremi_.insert(chiave, {i, i});
-    else
-      trovata->ultima = i;
+  void aggiungi(QHash<QStringView, Estremi>& estremi, QStringView chiave, std::size_t i) {
+    const auto trovata = estremi.find(chiave);
+    if (trovata == estremi.end()) {
+      estremi.insert(chiave, {i, i});
+      return;
+    }
+    // The last so far has one behind it now.
+    superflue_[trovata->ultima] = trovata->ultima != trovata->prima;
+    trovata->ultima = i;
   }
 
-  std::vector<std::optional<QString>> chiavi_;
-  QHash<QString, Estremi> estremi_;
+  std::vector<bool> superflue_;
   bool fallita_ = false;
 };
 

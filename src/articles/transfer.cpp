@@ -79,8 +79,8 @@ int ArticoliInMemoria() {
   for (std::size_t i = 0; i < static_cast<std::size_t>(config::kNumeroPLU); ++i) {
     const config::RecordLetto record =
         std::as_const(config::immagineProgrammazione()).record(config::kPLU, i);
-    if (!config::leggiTesto(record, config::plu::kCodiceEAN).isEmpty() ||
-        !config::leggiTesto(record, config::plu::kDescrizione).isEmpty())
+    if (!config::senzaTesto(record, config::plu::kCodiceEAN) ||
+        !config::senzaTesto(record, config::plu::kDescrizione))
       ++articoli;
   }
   return articoli;

@@ -28,6 +28,10 @@ QString leggiTesto(RecordLetto record, const Campo& campo) {
   return ByteInTesto(zona(record, campo, campo.larghezza));
 }
 
+bool senzaTesto(RecordLetto record, const Campo& campo) {
+  return zona(record, campo, campo.larghezza).front() == 0;
+}
+
 void scriviTesto(Record record, const Campo& campo, const QString& testo) {
   const QByteArray byte = windows1252::toBytes(testo);
   scriviTesto(record, campo, std::string_view(byte.constData(), static_cast<std::size_t>(byte.size())));

@@ -40,6 +40,8 @@ using RecordLetto = std::span<const std::uint8_t>;
 
 /// The text up to its first NUL or the field's end.
 QString leggiTesto(RecordLetto record, const Campo& campo);
+/// Whether `leggiTesto` is empty, without the text.
+bool senzaTesto(RecordLetto record, const Campo& campo);
 /// Cuts to the limit, writes the bytes and one NUL; what lay behind stays.
 void scriviTesto(Record record, const Campo& campo, const QString& testo);
 /// As above from Windows-1252 bytes.

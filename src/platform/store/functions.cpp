@@ -34,10 +34,23 @@ void like(sqlite3_context* context, int, sqlite3_value** values) {
   sqlite3_result_int(context, MatchesPattern(pattern, text(values[1])) ? 1 : 0);
 }
 
+/// The last one stays: a reception asks for the same day in the same form at each of its rows.
 void format(sqlite3_context* context, int, sqlite3_value** values) {
+  struct Last {
+    std::string value;
+    std::string form;
+    std::string result;
+  };
+  thread_local Last last;
   if (isNull(values[0])) return reply(context, "");
-  const auto moment = ReadDateTime(text(values[0]));
-  reply(context, moment ? FormatDateTime(*moment, text(values[1])) : std::string(text(values[0])));
+  const std::string_view value = text(values[0]);
+  const std::string_view form = text(values[1]);
+  if (last.value != value || last.form != form) {
+    const auto moment = ReadDateTime(value);
+    last = {std::string(value), std::string(form),
+            moment ? FormatDateTime(*moment, form) : std::string(value)};
+  }
+  reply(context, last.result);
 }
 
 void today(sqlite3_context* context, int, sqlite3_value**) {

@@ -5,7 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QDir>
+#include <QDirIterator>
+#include <QFile>
 #include <QFileInfo>
 #include <cerrno>
 #include <cstdio>
@@ -31,7 +32,6 @@ QByteArray nameBeside(const QString& target) {
 
 /// The process that made a leftover is gone.
 bool orphan(const QString& name, const QString& prefix) {
-  // The list was made by a pattern, in which signs of the target's name may stand for other names.
   if (!name.startsWith(prefix)) return false;
   bool isNumber = false;
   const int process = name.sliced(prefix.size()).section(u'-', 0, 0).toInt(&isNumber);
@@ -100,9 +100,9 @@ void TemporaryFile::settle(Durability durability) {
 
 void TemporaryFile::Sweep(const QString& target) {
   const QString begin = prefix(target);
-  QDir folder = QFileInfo(target).dir();
-  for (const QString& name : folder.entryList({begin + u'*'}, QDir::Files | QDir::Hidden | QDir::System))
-    if (orphan(name, begin)) folder.remove(name);
+  // Without a pattern, which would be translated at each file of a transfer; and in no order.
+  for (QDirIterator one(QFileInfo(target).path(), QDir::Files | QDir::Hidden | QDir::System); one.hasNext();)
+    if (const QString path = one.next(); orphan(one.fileName(), begin)) QFile::remove(path);
 }
 
 QString RealTarget(const QString& path) {
