@@ -1,6 +1,6 @@
 # unit_test(<name> FILES <file>... DEPENDS_ON <target>... [LABEL <label>] [SECONDS <time-out>] [WHOLE])
-# One GoogleTest program, its tests known to CTest one by one, run offscreen under the locale C. WHOLE: known to CTest
-# as one test, for a program of hundreds of tests that each take less time than a process takes to start.
+# One GoogleTest program, known to CTest by its suites, run offscreen under the locale C. WHOLE: known to CTest as one
+# test, for a program whose suites take less time than a process takes to start.
 function(unit_test name)
   cmake_parse_arguments(ARG "WHOLE" "LABEL;SECONDS" "FILES;DEPENDS_ON" ${ARGN})
   if(NOT ARG_FILES OR ARG_UNPARSED_ARGUMENTS)
@@ -10,7 +10,7 @@ function(unit_test name)
     set(ARG_LABEL ${name})
   endif()
   if(NOT ARG_SECONDS)
-    set(ARG_SECONDS 60)
+    set(ARG_SECONDS 120)
   endif()
   add_executable(${name} ${ARG_FILES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
@@ -21,10 +21,22 @@ function(unit_test name)
     set_tests_properties(${name} PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_SECONDS} ENVIRONMENT LC_ALL=C)
     return()
   endif()
-  gtest_discover_tests(
-    ${name}
-    DISCOVERY_TIMEOUT 60
-    PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_SECONDS} ENVIRONMENT LC_ALL=C)
+  set(suites ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
+  add_custom_command(
+    TARGET ${name}
+    POST_BUILD
+    COMMAND
+      ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${CMAKE_COMMAND} -D PROGRAM=$<TARGET_FILE:${name}> -D
+      SUITES=${suites} -D LABEL=${ARG_LABEL} -D SECONDS=${ARG_SECONDS} -P
+      ${PROJECT_SOURCE_DIR}/cmake/DiscoverSuites.cmake
+    BYPRODUCTS ${suites}
+    VERBATIM)
+  # A program that was never built is a failing test, not a missing one.
+  file(
+    WRITE ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake
+    "if(EXISTS \"${suites}\")\n  include(\"${suites}\")\nelse()\n  add_test(${name}_NOT_BUILT ${name}_NOT_BUILT)\n"
+    "endif()\n")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake)
 endfunction()
 
 # locale_runs(<name> [FILTER <filter>])

@@ -52,7 +52,7 @@ EditorGriglia::EditorGriglia(Contesto& contesto, const editors::Tabella& tabella
   seguiGriglia();
   setFocusProxy(ui_->griglia);
   const PiedeComando racconto(*this, contesto, Piede::Nuovo);
-  ricarica();
+  EditorGriglia::ricarica();
 }
 
 EditorGriglia::~EditorGriglia() = default;
