@@ -13,11 +13,16 @@
 #include "controls/svg_icon.h"
 #include "core/menu.h"
 #include "core/state.h"
+#include "editors/Form_GestioneCodiceTastiera.h"
 #include "editors/Form_IVA.h"
+#include "editors/Form_Negozio.h"
+#include "editors/Form_OPE.h"
+#include "editors/Form_OpzioniGen.h"
 #include "editors/Form_PLU.h"
 #include "editors/Form_Reparti.h"
 #include "editors/Form_Valuta.h"
 #include "editors/MDIForm_PRG.h"
+#include "editors/frmTastiOpzione.h"
 #include "platform/clock.h"
 #include "platform/net/network.h"
 #include "platform/ui/double_click.h"
@@ -67,7 +72,12 @@ Program::Program(const QString& folder)
   screens_.registra<Form_Reparti>();
   screens_.registra<Form_PLU>();
   screens_.registra<Form_IVA>();
+  screens_.registra<Form_Negozio>();
+  screens_.registra<Form_OPE>();
+  screens_.registra<Form_OpzioniGen>();
   screens_.registra<Form_Valuta>();
+  screens_.registra<Form_GestioneCodiceTastiera>();
+  screens_.registra<frmTastiOpzione>();
   screens_.registra<Form_TrasferimentoProgrammazione>();
   registraSchermateMancanti(screens_);
 }

@@ -5,6 +5,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <utility>
 
@@ -13,6 +14,9 @@
 namespace {
 
 constexpr QChar kComma = u',';
+
+/// While a field takes the focus back: the one that loses it by that has not been left by the person.
+bool takenBack = false;
 
 /// A box shown between the press and the release of a button takes the release away: the button would stay
 /// down.
@@ -49,7 +53,7 @@ GuardedField::GuardedField(QLineEdit& field, KeyRule rule, FieldCheck check, Tel
     : QObject(&field),
       field_(field),
       rule_(rule),
-      check_(check),
+      check_(std::move(check)),
       tell_(std::move(tell)),
       hint_(new FieldHint(field)),
       before_(field.text()) {
@@ -151,7 +155,7 @@ bool GuardedField::accepted() {
 
 void GuardedField::left(Qt::FocusReason reason) {
   hint_->withdraw();
-  if (elsewhere(reason) || !field_.isVisible() || accepted()) return;
+  if (takenBack || elsewhere(reason) || !field_.isVisible() || accepted()) return;
   QMetaObject::invokeMethod(qApp, raiseButton, Qt::QueuedConnection);
   // Not yet: the focus is on its way to where the person wanted to go.
   QMetaObject::invokeMethod(this, &GuardedField::takeFocusBack, Qt::QueuedConnection);
@@ -159,6 +163,9 @@ void GuardedField::left(Qt::FocusReason reason) {
 
 void GuardedField::takeFocusBack() {
   if (!field_.isVisible() || !field_.isEnabled()) return;
-  field_.setFocus(Qt::OtherFocusReason);
+  {
+    const QScopedValueRollback back(takenBack, true);
+    field_.setFocus(Qt::OtherFocusReason);
+  }
   field_.selectAll();
 }

@@ -31,7 +31,7 @@ struct Rejection {
   QString value;
 };
 /// Nothing for a text that may stay.
-using FieldCheck = std::optional<Rejection> (*)(const QString& text);
+using FieldCheck = std::function<std::optional<Rejection>(const QString& text)>;
 
 /// Stands by a field. Keys that its rule does not take are dropped, and a line under the field says why until
 /// the next key that is taken; so it does for one that finds the field full. The decimal key of the number

@@ -23,9 +23,34 @@ constexpr Place kPlaces[] = {
     {"Form_PLU", "editor-griglie.md", "editor-griglie.md"},
     {"Form_IVA", "editor-griglie.md", "editor-griglie.md"},
     {"Form_Valuta", "editor-griglie.md", "editor-griglie.md"},
+    {"Form_Negozio", "configurazione-negozio.md", "configurazione-negozio.md#messaggi-del-negozio"},
+    {"Form_OPE", "configurazione-operatori.md", "configurazione-operatori.md#messaggi-degli-operatori"},
+    {"Form_OpzioniGen", "configurazione-opzioni.md", "configurazione-opzioni.md#messaggi-delle-opzioni"},
+    {"Form_GestioneCodiceTastiera", "configurazione-tastiera.md",
+     "configurazione-tastiera.md#messaggi-della-tastiera"},
+    {"frmTastiOpzione", "configurazione-tastiera.md#scegliere-che-cosa-fa-un-tasto",
+     "configurazione-tastiera.md#messaggi-della-tastiera"},
     {"Form_TrasferimentoProgrammazione", "configurazione-cassa.md", "configurazione-cassa.md"},
     {"Form_GestioneClienti", "primi-passi.md#le-voci-in-preparazione", "messaggi.md#avvio-e-menu"},
-    {"Form_Comandi_XONXOFF", "primi-passi.md#le-voci-in-preparazione", "messaggi.md#avvio-e-menu"},
+    {"Form_Comandi_XONXOFF", "comandi-ausiliari.md", "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari"},
+    {"Form_STATO_ECR", "comandi-ausiliari.md#leggere-lo-stato",
+     "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari"},
+    {"Form_ATTESA_MF_DGFE", "comandi-ausiliari.md#leggere-il-giornale-e-la-memoria-fiscale",
+     "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari"},
+    {"Form_Dump_MF_DGFE", "comandi-ausiliari.md#vedere-un-file-letto",
+     "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari"},
+    {"Form_Help_CodiciErrori", "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari",
+     "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari"},
+    {"Form_Test", "comandi-ausiliari.md#provare-le-sequenze",
+     "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari"},
+    {"Form_TestVendita", "comandi-ausiliari.md#provare-le-sequenze",
+     "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari"},
+    {"Form_TestModificatori", "comandi-ausiliari.md#provare-le-sequenze",
+     "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari"},
+    {"Form_TestPagamento", "comandi-ausiliari.md#provare-le-sequenze",
+     "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari"},
+    {"Form_TestUtilità", "comandi-ausiliari.md#provare-le-sequenze",
+     "comandi-ausiliari.md#messaggi-dei-comandi-ausiliari"},
     {"FinestraApri", "primi-passi.md#scegliere-un-file", "messaggi.md"},
     {"FinestraSalva", "primi-passi.md#scegliere-un-file", "messaggi.md"},
     {"MsgBox", "messaggi.md", "messaggi.md"},
@@ -34,7 +59,7 @@ constexpr Place kPlaces[] = {
 
 const Place* find(const QString& window) {
   const auto* const found = std::find_if(std::begin(kPlaces), std::end(kPlaces), [&](const Place& place) {
-    return window == QLatin1String(place.window);
+    return window == QString::fromUtf8(place.window);
   });
   return found == std::end(kPlaces) ? nullptr : found;
 }
@@ -52,6 +77,8 @@ std::span<const Place> places() {
 
 QString placeOf(const QWidget* from) {
   const QWidget* window = from == nullptr ? nullptr : from->window();
+  for (const QWidget* part = from; part != window; part = part->parentWidget())
+    if (const Place* const place = find(part->objectName())) return QLatin1String(place->page);
   const bool box = window != nullptr && window->objectName() == QLatin1String("MsgBox");
   const Place* own = nullptr;
   for (; window != nullptr; window = below(*window)) {

@@ -20,8 +20,8 @@ struct Place {
 std::span<const Place> places();
 /// The manual's contents: the place of whatever has none of its own.
 inline constexpr const char* kContents = "README.md";
-/// Place of the window that `from` stands in. A box leads to the messages of the window below it; a window
-/// without a place has that of the one below.
+/// Place of the screen that `from` stands in, which may lie inside another's frame, else of its window. A box
+/// leads to the messages of the window below it; a window without a place has that of the one below.
 QString placeOf(const QWidget* from);
 
 }  // namespace manual

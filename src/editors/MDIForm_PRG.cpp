@@ -240,7 +240,8 @@ void MDIForm_PRG::on_mnuEsci_triggered() {
 
 void MDIForm_PRG::on_mnuManuale_triggered() {
   esegui(
-      "mnuManuale_Click", [this] { showManual(*this, contesto()); }, Piede::Resta);
+      "mnuManuale_Click", [this] { showManual(*ui_->AreaEditor->currentWidget(), contesto()); },
+      Piede::Resta);
 }
 
 void MDIForm_PRG::nuova() {

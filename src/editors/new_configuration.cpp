@@ -10,6 +10,7 @@
 #include "core/state.h"
 #include "platform/store/store.h"
 #include "platform/text/previous_file.h"
+#include "platform/text/temporary_file.h"
 #include "platform/text/whole_file.h"
 #include "platform/ui/user_port.h"
 
@@ -26,16 +27,21 @@ QString modelloConfigurazione(const Contesto& contesto) {
   return QDir(contesto.cartella).filePath(QLatin1String(config::kModelloConfigurazione));
 }
 
-void copiaFile(const QString& sorgente, const QString& percorso) {
-  // A configuration is its first bytes: a longer file is none of ours behind them.
-  const QByteArray nuova = ReadFileStart(sorgente, static_cast<qsizetype>(config::kByteFile));
-  if (FileEsiste(percorso)) KeepPrevious(percorso);
-  WriteWholeFile(percorso, nuova);
-}
-
 void copiaDatabase(const QString& sorgente, const QString& percorso, Contesto& contesto) {
   if (FileEsiste(percorso)) articles::ConservaArchivio(percorso, contesto);
   store::CopyArchive(sorgente, percorso);
+}
+
+/// The file waits, whole on the disk, until the database beside it is there: what fails before leaves both
+/// names to what they stood for.
+void copia(const QString& sorgente, const QString& database, const QString& percorso, Contesto& contesto) {
+  TemporaryFile file(RealTarget(percorso));
+  // A configuration is its first bytes: a longer file is none of ours behind them.
+  file.write(ReadFileStart(sorgente, static_cast<qsizetype>(config::kByteFile)));
+  if (FileEsiste(percorso)) KeepPrevious(percorso);
+  copiaDatabase(database, config::PercorsoCompagno(percorso), contesto);
+  file.settle();
+  varGestionePRG().PathConfigurazione = percorso;
 }
 
 }  // namespace
@@ -54,9 +60,7 @@ bool occupato(const QString& percorso) {
 }
 
 void NuovaConfigurazione(const QString& percorso, Contesto& contesto) {
-  copiaFile(modelloConfigurazione(contesto), percorso);
-  varGestionePRG().PathConfigurazione = percorso;
-  copiaDatabase(articles::percorsoModello(contesto), config::PercorsoCompagno(percorso), contesto);
+  copia(modelloConfigurazione(contesto), articles::percorsoModello(contesto), percorso, contesto);
 }
 
 void CreaDaConfigurazione(const QString& sorgente, const QString& percorso, Contesto& contesto) {
@@ -65,9 +69,7 @@ void CreaDaConfigurazione(const QString& sorgente, const QString& percorso, Cont
   // Before the target's place is taken: a configuration without its articles is half of one.
   if (!FileEsiste(config::PercorsoCompagno(sorgente)))
     throw errors::fileMissing(config::PercorsoCompagno(sorgente));
-  copiaFile(sorgente, percorso);
-  varGestionePRG().PathConfigurazione = percorso;
-  copiaDatabase(config::PercorsoCompagno(sorgente), config::PercorsoCompagno(percorso), contesto);
+  copia(sorgente, config::PercorsoCompagno(sorgente), percorso, contesto);
 }
 
 struct ConfigurazioneInUso::Stato {

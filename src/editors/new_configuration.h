@@ -15,8 +15,9 @@ bool modelliPresenti(Contesto& contesto);
 /// Whether a configuration of this path, or its database, is there already.
 bool occupato(const QString& percorso);
 
-/// The template becomes the configuration at `percorso`, which is the one in use from then on; then the
-/// article template becomes the database beside it. Throws Errore 53, 61, 70 or 75 where a copy fails.
+/// The template becomes the configuration at `percorso`, which is the one in use from then on, and the
+/// article template the database beside it. Throws Errore 53, 61, 70, 75, 76 or 3260 where a copy fails: then
+/// file and database are as before, and so is the configuration in use.
 void NuovaConfigurazione(const QString& percorso, Contesto& contesto);
 /// The same from another configuration and its own database. Throws Errore 70 for a configuration that is to
 /// be made from itself.

@@ -20,8 +20,8 @@ QString racconto(const std::vector<qsizetype>& posti) {
 
 /// The places of the first byte of so many records.
 std::vector<qsizetype> inizi(qsizetype inizio, qsizetype byte, int quanti) {
-  std::vector<qsizetype> posti;
-  for (int i = 0; i < quanti; ++i) posti.push_back(inizio + byte * i);
+  std::vector<qsizetype> posti(static_cast<std::size_t>(quanti), inizio);
+  for (std::size_t i = 0; i < posti.size(); ++i) posti[i] += byte * static_cast<qsizetype>(i);
   return posti;
 }
 

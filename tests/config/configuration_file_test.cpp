@@ -1,5 +1,6 @@
 #include "config/configuration_file.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 

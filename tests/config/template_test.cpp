@@ -182,7 +182,7 @@ TEST(ModelloDiConfigurazione, LeOpzioniGeneraliStannoNegliIntervalliDellaScherma
   EXPECT_EQ(byte(kInizio + 144), 30);  // lines of the body
   EXPECT_EQ(intero(kInizio + 152), 999999);
   EXPECT_EQ(testo(kInizio + 162), QStringLiteral("BUONO SCONTO 1"));
-  EXPECT_EQ(testo(kInizio + 162 + 7 * 25), QStringLiteral("BUONO SCONTO 8"));
+  EXPECT_EQ(testo(kInizio + 162 + qsizetype{7} * 25), QStringLiteral("BUONO SCONTO 8"));
   EXPECT_EQ(testo(kInizio + 363), QStringLiteral("NESSUNO"));
   EXPECT_EQ(modello().sliced(kInizio + 418, 10), QByteArray(10, '\0'));
 }

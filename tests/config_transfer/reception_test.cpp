@@ -186,11 +186,11 @@ TEST_F(RicezioneDaCassaPiccola, DelleRigheCambianoSoloIByteCheLaCassaScambia) {
   expectBoxes(bottega, {kRicevuta});
   QByteArray attesa = programmaDellaCassa();
   attesa.replace(0, 382, disegno(1).left(382));
-  for (int riga = 0; riga < 8; ++riga) {
+  for (qsizetype riga = 0; riga < 8; ++riga) {
     attesa[38 * riga] = static_cast<char>(100 + (26 * riga) % 97);
     attesa[38 * riga + 1] = static_cast<char>(100 + (26 * riga + 1) % 97);
   }
-  for (int riga = 0; riga < 2; ++riga) {
+  for (qsizetype riga = 0; riga < 2; ++riga) {
     attesa[304 + 39 * riga] = static_cast<char>(50 + 27 * riga);
     attesa[304 + 39 * riga + 1] = static_cast<char>(50 + 27 * riga + 1);
     attesa[304 + 39 * riga + 38] = static_cast<char>(50 + 27 * riga + 26);
@@ -229,7 +229,7 @@ TEST_F(RicezioneDaClasseIgnota, SiLeggeLaFormaStrettaAncheDiUnFileIntero) {
   expectBoxes(bottega, {kRicevuta});
   QByteArray attesa = disegno(1).left(304);
   const QByteArray arrivata = disegno(2);
-  for (int riga = 0; riga < 8; ++riga) {
+  for (qsizetype riga = 0; riga < 8; ++riga) {
     attesa[38 * riga] = arrivata[26 * riga];
     attesa[38 * riga + 1] = arrivata[26 * riga + 1];
   }
@@ -280,7 +280,7 @@ TEST_F(RicezioneProgrammazione, SeLaConfigurazioneNonSiSalvaNonSiDiceRicevuta) {
 
 TEST_F(RicezioneProgrammazione, UnApostrofoNegliArticoliLasciaLArchivioComEraEIlFileSalvato) {
   QByteArray plu = articoliDellaCassa();
-  plu.replace(48 * 9, 7, QByteArray("L'OLIO\0", 7));
+  plu.replace(qsizetype{48} * 9, 7, QByteArray("L'OLIO\0", 7));
   cassa.put(QStringLiteral("plu.bin"), plu);
   schermo.click(kAvvia);
   expectBoxes(bottega, {critico("Errore nella modifica articoli .\nErrore n° 3075\n*")});

@@ -168,13 +168,13 @@ TEST_F(InvioACassaPiccola, DiOgniRigaViaggianoLAltezzaELaPrimaLettera) {
   expectBoxes(bottega, {kTrasferita});
   const QByteArray piena = disegno(1);
   QByteArray attesa(209, '\0');
-  for (int riga = 0; riga < 8; ++riga) {
+  for (qsizetype riga = 0; riga < 8; ++riga) {
     attesa[26 * riga] = piena[38 * riga];
     attesa[26 * riga + 1] = piena[38 * riga + 1];
   }
   EXPECT_TRUE(cassa.byte(QStringLiteral("intestazione.bin")) == attesa);
   QByteArray cortesia(55, '\0');
-  for (int riga = 0; riga < 2; ++riga) {
+  for (qsizetype riga = 0; riga < 2; ++riga) {
     cortesia[27 * riga] = piena[304 + 39 * riga];
     cortesia[27 * riga + 1] = piena[304 + 39 * riga + 1];
     cortesia[27 * riga + 26] = piena[304 + 39 * riga + 38];

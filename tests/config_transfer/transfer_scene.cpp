@@ -81,7 +81,7 @@ Box fallitaRichiesta(const QString& file) {
 QByteArray disegno(int seed) {
   QByteArray byte(kByteImmagine, '\0');
   // 251 is prime: no record length divides it, so that a shifted record shows.
-  for (qsizetype i = 0; i < byte.size(); ++i) byte[i] = static_cast<char>((i + 101 * seed) % 251);
+  for (qsizetype i = 0; i < byte.size(); ++i) byte[i] = static_cast<char>((i + qsizetype{101} * seed) % 251);
   return byte;
 }
 

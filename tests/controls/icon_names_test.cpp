@@ -101,7 +101,7 @@ struct Significato {
 };
 
 const QList<Significato> kSignificati{
-    {"arrow-left", "torna indietro", "Cmd_Esci esci SP_ArrowBack kPulsanteEsci"},
+    {"arrow-left", "torna indietro", "Cmd_Esci cmdEsci vkCommandEsci esci SP_ArrowBack kPulsanteEsci"},
     {"arrow-right", "va avanti", "SP_ArrowForward"},
     {"arrow-right-left", "scambia con la cassa", "kPulsanteInvio Form_TrasferimentoProgrammazione"},
     {"arrow-up", "sale di una cartella", "SP_FileDialogToParent"},
@@ -115,7 +115,7 @@ const QList<Significato> kSignificati{
     {"coins", "le valute", "9"},
     {"construction", "in preparazione", "figura"},
     {"copy-plus", "uno nuovo da uno che c'è", "3"},
-    {"download", "riceve dalla cassa", "Cmd_Upl Form_RicezioneVenduto"},
+    {"download", "riceve dalla cassa", "Cmd_Upl Cmd_Avvia Form_RicezioneVenduto"},
     {"file", "un file", "SP_FileIcon"},
     {"file-down", "importa", "mnuImporta"},
     {"file-output", "esporta", "Cmd_Export"},
@@ -139,15 +139,15 @@ const QList<Significato> kSignificati{
     {"percent", "l'IVA", "8"},
     {"receipt-euro", "il programma", "Picture1 program"},
     {"rows-3", "in righe", "SP_FileDialogListView"},
-    {"save", "salva", "Cmd_Modifica"},
+    {"save", "salva", "Cmd_Modifica Cmd_Salva"},
     {"scan-barcode", "gli articoli", "Label2"},
     {"search", "cerca", "Cmd_Cerca Cmd_Trova Vmd_Cerca"},
     {"sliders-horizontal", "la programmazione", "Label3 Picture1"},
     {"square-terminal", "i comandi ausiliari", "Label_CMD_XONXOFF"},
     {"store", "il negozio", "Picture1 5"},
     {"triangle-alert", "attenzione", "SP_MessageBoxWarning outcome_bar"},
-    {"undo-2", "annulla le modifiche", "Cmd_Reset"},
-    {"upload", "manda alla cassa", "Cmd_Down Form_TrasferimentoArticoli"},
+    {"undo-2", "annulla le modifiche", "Cmd_Reset annullare"},
+    {"upload", "manda alla cassa", "Cmd_Down Cmd_Avvio Cmd_Invia Form_TrasferimentoArticoli"},
     {"users", "i clienti", "Label7"},
     {"x", "vuota", "Cmd_Reset"},
 };

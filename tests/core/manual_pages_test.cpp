@@ -71,8 +71,10 @@ QSet<QString> finestre() {
   // The windows of the kit bear other names than their forms.
   EXPECT_TRUE(nomi.remove(QStringLiteral("ManualViewer")));
   EXPECT_TRUE(nomi.remove(QStringLiteral("Form_Provvisoria")));
-  // Each of the four editors made of it has its own.
+  // Each of the editors made of them has its own.
   EXPECT_TRUE(nomi.remove(QStringLiteral("EditorGriglia")));
+  EXPECT_TRUE(nomi.remove(QStringLiteral("EditorModulo")));
+  EXPECT_TRUE(nomi.remove(QStringLiteral("BancoProva")));
   return nomi;
 }
 
@@ -90,7 +92,7 @@ QWidget* figlia(QWidget& sopra, const char* nome) {
 
 TEST(PagineDelManuale, OgniSchermataHaLaSua) {
   QSet<QString> conPagina;
-  for (const manual::Place& una : manual::places()) conPagina.insert(QLatin1String(una.window));
+  for (const manual::Place& una : manual::places()) conPagina.insert(QString::fromUtf8(una.window));
   const QSet<QString> tutte = finestre();
   for (const char* nome :
        {"start", "frmAbout", "Form_ATTESA", "Form_GestioneMMC", "Form_ArchivioArticoli",
@@ -133,7 +135,7 @@ TEST(PagineDelManuale, LIndiceLeNominaTutteELaCartellaDelProgrammaLeRiceve) {
   for (const QString& figura : QDir(kManuale + QStringLiteral("immagini")).entryList(QDir::Files)) {
     EXPECT_TRUE(figura.endsWith(QStringLiteral(".png"))) << figura.toStdString();
     EXPECT_TRUE(
-        consegnate.contains(QRegularExpression(QStringLiteral("[ \\n]%1[ )]").arg(figura.chopped(4)))))
+        consegnate.contains(QRegularExpression(QStringLiteral("[ \\n]%1[ \\n)]").arg(figura.chopped(4)))))
         << figura.toStdString();
   }
 }
@@ -152,6 +154,16 @@ TEST(PagineDelManuale, UnControlloHaIlLuogoDellaSuaFinestra) {
   QWidget schermata;
   schermata.setObjectName(QStringLiteral("Form_RicezioneVenduto"));
   EXPECT_EQ(luogo(*new QWidget(&schermata)), QStringLiteral("cassa.md#ricevere-il-venduto"));
+}
+
+TEST(PagineDelManuale, UnaSchermataDentroUnaCorniceHaIlSuo) {
+  QWidget cornice;
+  cornice.setObjectName(QStringLiteral("MDIForm_PRG"));
+  auto* dentro = new QWidget(&cornice);
+  dentro->setObjectName(QStringLiteral("Form_OPE"));
+  EXPECT_EQ(luogo(*dentro), QStringLiteral("configurazione-operatori.md"));
+  EXPECT_EQ(luogo(*new QWidget(dentro)), QStringLiteral("configurazione-operatori.md"));
+  EXPECT_EQ(luogo(*new QWidget(&cornice)), QStringLiteral("configurazione.md"));
 }
 
 TEST(PagineDelManuale, UnaFinestraSconosciutaHaIlLuogoDiQuellaSottoOLIndice) {

@@ -142,6 +142,15 @@ TEST_F(GestionePLU, UnSiONoCancellatoTornaANColMessaggio) {
   }
 }
 
+TEST_F(GestionePLU, LaDescrizioneSiTagliaA24CaratteriELoDicePrima) {
+  const GuidedEditor schermo = apri();
+  schermo.write(1, kDesc, t("ABCDEFGHIJKLMNOPQRSTUVWXYZ1"));
+  EXPECT_EQ(schermo.foot(), t("Modifiche non salvate: 1 PLU (1) - 27/24 caratteri, gli ultimi si perdono"));
+  schermo.click(kSalva);
+  EXPECT_EQ(schermo.cell(1, kDesc), t("ABCDEFGHIJKLMNOPQRSTUVWX"));
+  EXPECT_EQ(onDisk(kPLU1, kByteReparto), QByteArray("ABCDEFGHIJKLMNOPQRSTUVWX\0", 25));
+}
+
 TEST_F(GestionePLU, IDueSiNoSonoIBit0E1EGliAltriBitSiAzzerano) {
   put(kPLU1 + kAttributi, QByteArray::fromHex("fd"));
   const GuidedEditor schermo = apri();

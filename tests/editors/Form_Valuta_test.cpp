@@ -13,7 +13,6 @@ const QString kSalva = QStringLiteral("Cmd_Modifica");
 // First byte of the family in the file, and 29 bytes a record.
 constexpr qsizetype kPrimo = 244120;
 constexpr qsizetype kByteRecord = 29;
-constexpr qsizetype kValore = 25;
 
 enum Colonna { kNumero, kDesc, kCambio };
 
@@ -50,6 +49,16 @@ TEST_F(Valute, IlCambioSiSalvaPerCento) {
   EXPECT_EQ(onDisk(kPrimo + 3 * kByteRecord, kByteRecord),
             QByteArray("Dollaro US").leftJustified(25, '\0') + QByteArray::fromHex("6d000000"));
   EXPECT_EQ(schermo.foot(), t("Salvato: 1 valuta"));
+}
+
+TEST_F(Valute, UnaDescrizioneDi15CaratteriTornaConISuoiPrimi10ELoDicePrima) {
+  const GuidedEditor schermo = apri();
+  schermo.write(1, kDesc, t("ABCDEFGHIJKLMNO"));
+  EXPECT_EQ(schermo.foot(),
+            t("Modifiche non salvate: 1 valuta (1) - 15/10 caratteri, gli ultimi si perdono"));
+  schermo.click(kSalva);
+  EXPECT_EQ(schermo.cell(1, kDesc), t("ABCDEFGHIJ"));
+  EXPECT_EQ(onDisk(kPrimo, 12), QByteArray("ABCDEFGHIJ") + QByteArray(2, '\0'));
 }
 
 TEST_F(Valute, IlCambioHaIlLimiteDelleAliquote) {

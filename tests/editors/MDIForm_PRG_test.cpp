@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QStackedWidget>
 #include <QTest>
 #include <QToolBar>
@@ -24,6 +25,7 @@
 #include "editors/recorded_editor.h"
 #include "platform/text/whole_file.h"
 #include "sostegno/guided_screen.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
@@ -132,6 +134,23 @@ TEST_F(AreaProgrammazione, HaTitoloDidascalieESuggerimentiDellaBarra) {
   EXPECT_FALSE(tasto(13).icon().isNull());
 }
 
+TEST_F(AreaProgrammazione, LeAltrePosizioniDellaBarraSonoSeparatori) {
+  const QList<QAction*> barra = schermo->findChild<QToolBar*>(QStringLiteral("Toolbar1"))->actions();
+  QStringList posti;
+  for (const QAction* azione : barra)
+    posti << (azione->isSeparator() ? QStringLiteral("|") : azione->objectName().section(u'_', 1));
+  EXPECT_EQ(posti.join(u' '), QStringLiteral("1 2 3 | 5 6 7 8 9 10 11 | 13 14 | 17"));
+}
+
+TEST_F(AreaProgrammazione, EsportaNonFaNullaNemmenoConUnFileAperto) {
+  crea();
+  EXPECT_FALSE(azione(QStringLiteral("mnuEsporta")).isEnabled());
+  menu("mnuEsporta");
+  expectBoxes(bottega, {});
+  EXPECT_EQ(bottega.user.requests().size(), 1U) << "that of the new configuration alone";
+  EXPECT_EQ(piede(), QStringLiteral("Configurazione creata: negozio.dat"));
+}
+
 TEST_F(AreaProgrammazione, UnTastoSpentoDicePerche) {
   EXPECT_EQ(tasto(6).toolTip(),
             QStringLiteral("Configurazione parametri Reparti (prima NUOVO, MODIFICA o CREA DA.)"));
@@ -203,6 +222,99 @@ TEST_F(AreaProgrammazione, NuovoSuUnFileCheCEConSiTieneAccantoIlPrecedente) {
   EXPECT_EQ(bottega.takeBoxes().size(), 1U);
   EXPECT_EQ(byteDi(file(kNegozio)), byteDi(kModello));
   EXPECT_EQ(bottega.folder.read(kNegozio + QStringLiteral(".precedente")), QByteArray("mio"));
+}
+
+/// A configuration with a file, a memory and a frame of which nothing changes where a new one fails.
+struct NuovaCheFallisce : AreaProgrammazione {
+  void SetUp() override {
+    crea();
+    config::immagineProgrammazione().record(config::kReparto, 0)[0] = 'Z';
+    prima = bottega.folder.read(kNegozio);
+    compagno = bottega.folder.read(kCompagno);
+    premi(6);
+  }
+  /// A command on a disk that takes the file and not the archive, with what it tells.
+  void conDiscoPieno(const std::function<void()>& comando, const char* procedura, const QString& guasto) {
+    {
+      const FullDisk disco(kTraLeDueCopie);
+      comando();
+    }
+    const std::vector<Box> visti = bottega.takeBoxes();
+    ASSERT_FALSE(visti.empty());
+    EXPECT_EQ(visti.back(), plainBox(QStringLiteral("Error 61 (%1) in procedure %2 of Modulo MDIForm_PRG")
+                                         .arg(guasto, QLatin1String(procedura))));
+    EXPECT_EQ(piede(), visti.back().text);
+    for (std::size_t i = 0; i + 1 < visti.size(); ++i)
+      EXPECT_EQ(visti[i].text, QStringLiteral("FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?"));
+  }
+  QString pieno(const QString& nome) const { return QStringLiteral("Disco pieno: ") + file(nome); }
+  void TearDown() override {
+    EXPECT_EQ(varGestionePRG().PathConfigurazione, file(kNegozio));
+    EXPECT_EQ(varGestionePRG().NomeFileDat, kNegozio);
+    EXPECT_EQ(pannello(), QStringLiteral("File : [negozio.dat] - Versione V03.00"));
+    EXPECT_EQ(config::immagineProgrammazione().record(config::kReparto, 0)[0], 'Z');
+    EXPECT_EQ(config::modelloFile(), QStringLiteral("001"));
+    EXPECT_TRUE(bottega.folder.read(kNegozio) == prima);
+    EXPECT_TRUE(bottega.folder.read(kCompagno) == compagno);
+    EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 14, 17}));
+    EXPECT_EQ(nelRiquadro(), QStringLiteral("Form_Reparti")) << "nothing else was opened";
+    AreaProgrammazione::TearDown();
+  }
+
+  /// Takes a configuration, but not the archive beside it.
+  static constexpr unsigned long kTraLeDueCopie = 250000;
+  QByteArray prima;
+  QByteArray compagno;
+};
+
+TEST_F(NuovaCheFallisce, ColDiscoPienoPerLArchivioNonRestaMezzaConfigurazione) {
+  bottega.user.chooses(file(QStringLiteral("altra.dat")));
+  conDiscoPieno([this] { premi(1); }, "Toolbar1_ButtonClick", pieno(QStringLiteral("altra_art.mdb")));
+  EXPECT_FALSE(QFileInfo::exists(file(QStringLiteral("altra.dat"))));
+  EXPECT_FALSE(QFileInfo::exists(file(QStringLiteral("altra_art.mdb"))));
+}
+
+TEST_F(NuovaCheFallisce, DalMenuLaProceduraEQuellaDelMenu) {
+  bottega.user.chooses(file(QStringLiteral("altra.dat")));
+  conDiscoPieno([this] { menu("mnuNuova"); }, "mnuNuova_Click", pieno(QStringLiteral("altra_art.mdb")));
+  EXPECT_FALSE(QFileInfo::exists(file(QStringLiteral("altra.dat"))));
+}
+
+TEST_F(NuovaCheFallisce, SopraQuellaApertaLaLasciaComEra) {
+  bottega.user.chooses(file(kNegozio)).answers(Answer::Yes);
+  conDiscoPieno([this] { premi(1); }, "Toolbar1_ButtonClick", QStringLiteral("Disco pieno"));
+}
+
+TEST_F(NuovaCheFallisce, CreaDaColDiscoPienoPerLArchivio) {
+  bottega.user.chooses(file(kNegozio)).chooses(file(QStringLiteral("copia.dat")));
+  conDiscoPieno([this] { menu("mnuCrea"); }, "mnuCrea_Click", pieno(QStringLiteral("copia_art.mdb")));
+  EXPECT_FALSE(QFileInfo::exists(file(QStringLiteral("copia.dat"))));
+  EXPECT_FALSE(QFileInfo::exists(file(QStringLiteral("copia_art.mdb"))));
+}
+
+TEST_F(NuovaCheFallisce, CreaDaDaUnFileCheNonSiLeggeSiDice) {
+  const QString tubo = file(QStringLiteral("tubo.dat"));
+  ASSERT_EQ(::mkfifo(tubo.toUtf8().constData(), 0600), 0);
+  bottega.user.chooses(tubo);
+  menu("mnuCrea");
+  expectBoxes(bottega, {plainBox(QStringLiteral("Error 75 (Errore di accesso al percorso o al file: %1) in "
+                                                "procedure mnuCrea_Click of Modulo MDIForm_PRG")
+                                     .arg(tubo))});
+}
+
+TEST_F(NuovaCheFallisce, DaUnModelloDiUnAltraVersioneSiRifiuta) {
+  const QTemporaryDir cartella;
+  QByteArray altro = byteDi(kModello);
+  altro[5] = '1';
+  WriteWholeFile(cartella.filePath(QStringLiteral("QzPRG.bck")), altro);
+  ASSERT_TRUE(QFile::copy(kModelloArticoli, cartella.filePath(QStringLiteral("QzDB.bck"))));
+  bottega.contesto.cartella = cartella.path();
+  const QString nuova = file(QStringLiteral("altra.dat"));
+  bottega.user.chooses(nuova);
+  premi(1);
+  expectBoxes(bottega,
+              {criticalBox(
+                  QStringLiteral("Attenzione il file %1 non e' compatibile con la versione SW").arg(nuova))});
 }
 
 struct SenzaModelli : AreaProgrammazione {
@@ -333,9 +445,12 @@ TEST_F(AreaProgrammazione, CreaDaAnnullatoAllaSecondaFinestraLasciaTestataEMemor
 }
 
 TEST_F(AreaProgrammazione, CreaDaUnFileDiUnAltraVersioneNonChiedeDoveSalvare) {
-  bottega.user.chooses(bottega.folder.write(QStringLiteral("altra.dat"), QByteArray("V02.00001")));
+  const QString altra = bottega.folder.write(QStringLiteral("altra.dat"), QByteArray("V02.00001"));
+  bottega.user.chooses(altra);
   premi(3);
-  EXPECT_EQ(bottega.takeBoxes().size(), 1U);
+  expectBoxes(bottega,
+              {criticalBox(
+                  QStringLiteral("Attenzione il file %1 non e' compatibile con la versione SW").arg(altra))});
   EXPECT_EQ(bottega.user.requests().size(), 1U);
 }
 
@@ -438,6 +553,21 @@ TEST_F(AreaProgrammazione, SenzaDatabaseCompagnoIlTastoPluDiceLErrore) {
       visti[0].text.endsWith(QStringLiteral(") in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG")));
 }
 
+TEST_F(AreaProgrammazione, ColDatabaseCompagnoBloccatoIlTastoPluDiceLErrore) {
+  crea();
+  {
+    const OtherProgram altro(file(kCompagno), {QStringLiteral("BEGIN EXCLUSIVE")});
+    premi(7);
+  }
+  const std::vector<Box> visti = bottega.takeBoxes();
+  ASSERT_EQ(visti.size(), 1U);
+  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Error 3260 (")));
+  EXPECT_TRUE(
+      visti[0].text.endsWith(QStringLiteral(") in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG")));
+  EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
+  EXPECT_EQ(stato(), QString());
+}
+
 TEST_F(AreaProgrammazione, ConModificheInUnAltroEditorSiChiedeUnaVoltaSiSalvaESiRicarica) {
   crea();
   premi(6);
@@ -450,6 +580,26 @@ TEST_F(AreaProgrammazione, ConModificheInUnAltroEditorSiChiedeUnaVoltaSiSalvaESi
             (QStringList{QStringLiteral("salva Form_Reparti"), QStringLiteral("ricarica Form_Reparti")}));
   EXPECT_EQ(varGestionePRG().ModificaReparti, kFalso);
   EXPECT_EQ(nelRiquadro(), QStringLiteral("Form_IVA"));
+}
+
+TEST_F(AreaProgrammazione, ConDueEditorModificatiSiChiedeUnaVoltaSiSalvaIlPrimoESiRicaricanoTutti) {
+  crea();
+  premi(6);
+  bottega.screens.carica(QStringLiteral("Form_PLU"), bottega.contesto);
+  bottega.screens.carica(QStringLiteral("Form_IVA"), bottega.contesto);
+  varGestionePRG().ModificaIVA = kVero;
+  varGestionePRG().ModificaReparti = kVero;
+  chiamate.clear();
+  bottega.user.answers(Answer::Yes);
+  premi(9);
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_EQ(chiamate,
+            (QStringList{QStringLiteral("salva Form_Reparti"), QStringLiteral("ricarica Form_Reparti"),
+                         QStringLiteral("ricarica Form_PLU"), QStringLiteral("ricarica Form_IVA")}));
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kFalso);
+  EXPECT_EQ(varGestionePRG().ModificaIVA, kFalso);
+  for (const char* altro : {"Form_Reparti", "Form_PLU", "Form_IVA"})
+    EXPECT_FALSE(aperto(QLatin1String(altro))) << altro;
 }
 
 TEST_F(AreaProgrammazione, ConNoNonSiSalvaISegniRestanoEIlComandoProsegue) {
@@ -596,5 +746,118 @@ TEST_F(AreaProgrammazione, ADodiciPuntiStaIn1024) {
   for (const int posizione : {1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 13, 14, 17})
     EXPECT_TRUE(barra->widgetForAction(&tasto(posizione))->isVisible()) << posizione;
 }
+
+// The pages of the manual.
+
+/// A page and every text that it can quote of what a person sees, "..." for what changes in it.
+struct Pagina {
+  const char* nome;
+  std::vector<const char16_t*> testi;
+};
+void PrintTo(const Pagina& pagina, std::ostream* uscita) {
+  *uscita << pagina.nome;
+}
+
+const Pagina kPaginaProgrammazione{
+    "configurazione.md",
+    {
+        u"Attenzione sono stati modificati dei parametri di configurazione: salvare prima di proseguire ?",
+        u"Attenzione il file di sistema QzPRG.bck potrebbe essere assente !!!",
+        u"Attenzione il file di sistema QzDB.bck potrebbe essere assente !!!",
+        u"FILE GIA' ESISTENTE! VUOI SOVRASCIVERLO?",
+        u"Attenzione il file scelto ... non esiste !!!",
+        u"Attenzione il file ... non e' compatibile con la versione SW",
+        u"Attenzione Errore nel caricamento del file ... in memoria",
+        u"Error ... in procedure CaricaConfigurazione of Modulo Common_PRG",
+        u"Error ... in procedure SalvaConfigurazione of Modulo CommonForKora",
+        u"Error 53 (...) in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG",
+        u"Error 61 (...) in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG",
+        u"Error 70 (...) in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG",
+        u"Error 75 (...) in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG",
+        u"Error 3024 (...) in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG",
+        u"Error 3260 (...) in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG",
+        u"mnuNuova_Click",
+        u"mnuCrea_Click",
+        u"Configurazione creata: ...",
+        u"Configurazione creata da ...: ...",
+        u"Configurazione aperta: ...",
+        u"Salvato: ...",
+        u"I file di prima sono accanto, con .precedente in fondo al nome.",
+        u"Non salvato: correggere IVA, reparto ...",
+        u"Salvato: nessuna differenza nel file",
+    }};
+
+const Pagina kPaginaGriglie{
+    "editor-griglie.md",
+    {
+        u"Attenzione sono stati modificati dei parametri di configurazione: salvare prima di proseguire ?",
+        u"Attenzione il valore immesso non è di tipo numerico !!!",
+        u"Attenzione il valore immesso > 99999,99!!!",
+        u"Attenzione il valore immesso > 99,99!!!",
+        u"Attenzione il valore immesso > 8!!!",
+        u"Attenzione il valore non puo' essere 0",
+        u"Attenzione il reparto deve essere compreso tra 1 e 32!!!",
+        u"Attenzione  deve essere  M o S !!!",
+        u"Attenzione  deve essere  S o N !!!",
+        u"Solo cifre",
+        u"Solo cifre e virgola",
+        u"Per i decimali si scrive la virgola",
+        u"La virgola c'è già",
+        u"I due decimali ci sono già: cancellare con Backspace, poi scrivere",
+        u"Solo M o S",
+        u"Solo S o N",
+        u"Qui non si annulla: riscrivere il valore",
+        u"Modifiche non salvate",
+        u"15/10 caratteri, gli ultimi si perdono",
+        u"Nessuna modifica da salvare",
+        u"Non salvato: correggere IVA, reparto 5",
+        u"Non salvato nel file: togliere la causa e salvare di nuovo",
+        u"RiempiGridReparti",
+        u"RiempiGridPLU",
+        u"RiempiGridIVA",
+        u"RiempiGridVAL",
+    }};
+
+class PagineDellaProgrammazione : public testing::TestWithParam<Pagina> {
+ protected:
+  /// The page without its line ends, which stand anywhere in a sentence.
+  static QString testo() {
+    const QByteArray byte =
+        byteDi(QStringLiteral(GESTIONALE_SOURCES "/docs/manuale/") + QLatin1String(GetParam().nome));
+    return QString::fromUtf8(byte).replace(QRegularExpression(QStringLiteral("\n *(?!\\|)")),
+                                           QStringLiteral(" "));
+  }
+  static bool previsto(const QString& citato) {
+    return std::ranges::any_of(GetParam().testi,
+                               [&](const char16_t* uno) { return citato == QString::fromUtf16(uno); });
+  }
+};
+
+TEST_P(PagineDellaProgrammazione, HannoOgniTestoCheSiPuoLeggere) {
+  const QString pagina = testo();
+  for (const char16_t* uno : GetParam().testi)
+    EXPECT_TRUE(pagina.contains(u'"' + QString::fromUtf16(uno) + u'"'))
+        << QString::fromUtf16(uno).toStdString();
+}
+
+TEST_P(PagineDellaProgrammazione, NonCitanoUnTestoCheNessunoLegge) {
+  static const QRegularExpression citazione(QStringLiteral("\"([^\"]+)\""));
+  int viste = 0;
+  for (const QString& riga : testo().split(u'\n')) {
+    // The first cell of a row is what the person reads, the others are about it.
+    if (!riga.startsWith(QStringLiteral("| "))) continue;
+    const QString cella = riga.section(u'|', 1, 1);
+    for (auto quale = citazione.globalMatch(cella); quale.hasNext(); ++viste) {
+      const QString citato = quale.next().captured(1);
+      EXPECT_TRUE(previsto(citato)) << citato.toStdString();
+    }
+  }
+  EXPECT_GT(viste, 15);
+}
+
+INSTANTIATE_TEST_SUITE_P(Manuale, PagineDellaProgrammazione,
+                         testing::Values(kPaginaProgrammazione, kPaginaGriglie), [](const auto& pagina) {
+                           return std::string(pagina.index == 0 ? "Area" : "Griglie");
+                         });
 
 }  // namespace

@@ -3,9 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <vector>
 
 #include "config/configuration_file.h"
 #include "controls/FlexGrid.h"
+#include "editors/Form_IVA.h"
+#include "editors/Form_PLU.h"
+#include "editors/Form_Reparti.h"
+#include "editors/Form_Valuta.h"
 #include "platform/error.h"
 #include "sostegno/program_fixture.h"
 
@@ -194,6 +199,60 @@ TEST(TabelleDegliEditor, UnRiempimentoCheFallisceDiceNomeNumeroEDescrizione) {
   RiempiGriglia(griglia, tabella, programma.user);
   expectBoxes(programma, {criticalBox(t("RiempiGridProva 9 - Indice non compreso nell'intervallo"))});
 }
+
+namespace {
+
+/// A laid-down table with a column that fails at the records whose first byte is '!'.
+struct RiempimentoConGuasto {
+  const Tabella& (*tabella)();
+  const char* nome;
+};
+void PrintTo(const RiempimentoConGuasto& caso, std::ostream* uscita) {
+  *uscita << caso.nome;
+}
+QString alPuntoEsclamativo(config::RecordLetto record) {
+  if (record[0] == '!') throw Errore{13, QStringLiteral("Tipo non corrispondente")};
+  return QStringLiteral("letto");
+}
+
+class RiempimentiConGuasto : public testing::TestWithParam<RiempimentoConGuasto> {
+ protected:
+  RiempimentiConGuasto() : tabella(GetParam().tabella()) {
+    config::azzeraConfigurazione();
+    scriviTesto(immagine.record(tabella.famiglia, 0), config::reparto::kDescrizione, t("PRIMO"));
+    scriviTesto(immagine.record(tabella.famiglia, 1), config::reparto::kDescrizione, t("!"));
+    scriviTesto(immagine.record(tabella.famiglia, 2), config::reparto::kDescrizione, t("TERZO"));
+  }
+  ~RiempimentiConGuasto() override { config::azzeraConfigurazione(); }
+
+  ProgramFixture programma;
+  config::ImmagineProgrammazione& immagine = config::immagineProgrammazione();
+  Tabella tabella;
+  FlexGrid griglia;
+};
+
+}  // namespace
+
+TEST_P(RiempimentiConGuasto, DiconoIlLoroNomeIlNumeroELaDescrizioneEFinisconoLi) {
+  std::vector<Colonna> colonne(tabella.colonne.begin(), tabella.colonne.end());
+  colonne[2].leggi = alPuntoEsclamativo;
+  tabella.colonne = colonne;
+  DisponiGriglia(griglia, tabella);
+  RiempiGriglia(griglia, tabella, programma.user);
+  expectBoxes(programma, {criticalBox(QLatin1String(GetParam().nome) + t(" 13 - Tipo non corrispondente"))});
+  EXPECT_EQ(griglia.TextMatrix(1, 1), t("PRIMO"));
+  EXPECT_EQ(griglia.TextMatrix(1, 2), t("letto"));
+  EXPECT_EQ(griglia.TextMatrix(2, 1), t("!"));
+  EXPECT_EQ(griglia.TextMatrix(2, 2), QString());
+  EXPECT_EQ(griglia.TextMatrix(3, 1), QString());
+}
+
+INSTANTIATE_TEST_SUITE_P(Editor, RiempimentiConGuasto,
+                         testing::Values(RiempimentoConGuasto{TabellaReparti, "RiempiGridReparti"},
+                                         RiempimentoConGuasto{TabellaPLU, "RiempiGridPLU"},
+                                         RiempimentoConGuasto{TabellaIVA, "RiempiGridIVA"},
+                                         RiempimentoConGuasto{TabellaValute, "RiempiGridVAL"}),
+                         [](const auto& caso) { return std::string(caso.param.nome); });
 
 TEST(TabelleDegliEditor, UnaRigaCheNonStaNelRecordLasciaTuttiIRecordComErano) {
   ProgramFixture programma;

@@ -316,6 +316,37 @@ TEST_F(EditorInGriglia, UnaModificaAccendeLaBandieraESegnaLaRiga) {
   EXPECT_EQ(schermo.foot(), t("Modifiche non salvate: 1 reparto (2)"));
 }
 
+TEST_F(EditorInGriglia, OltreIlLimiteSiContanoICaratteriDaSubitoFinoACheTornanoDentro) {
+  const GuidedEditor schermo = apri();
+  schermo.write(2, kDesc, QString(24, u'A'));
+  EXPECT_EQ(schermo.foot(), t("Modifiche non salvate: 1 reparto (2)"));
+  schermo.type(t("B"));
+  EXPECT_EQ(schermo.foot(),
+            t("Modifiche non salvate: 1 reparto (2) - 25/24 caratteri, gli ultimi si perdono"));
+  schermo.type(t("CD"));
+  EXPECT_EQ(schermo.foot(),
+            t("Modifiche non salvate: 1 reparto (2) - 27/24 caratteri, gli ultimi si perdono"));
+  for (int i = 0; i < 3; ++i) schermo.press(Qt::Key_Backspace);
+  EXPECT_EQ(schermo.foot(), t("Modifiche non salvate: 1 reparto (2)"));
+}
+
+TEST_F(EditorInGriglia, IlContoDeiCaratteriEDellaCellaDoveSiScriveENonDeiNumeri) {
+  const GuidedEditor schermo = apri();
+  schermo.write(2, kDesc, QString(27, u'A'));
+  schermo.write(3, kDesc, t("B"));
+  EXPECT_EQ(schermo.foot(), t("Modifiche non salvate: 2 reparti (2, 3)"));
+  schermo.write(2, kDesc, QString(27, u'C'));
+  schermo.write(2, kPrz, t("1"));
+  EXPECT_EQ(schermo.foot(), t("Modifiche non salvate: 2 reparti (2, 3)"));
+}
+
+TEST_F(EditorInGriglia, RimettendoLaCellaIlContoVaVia) {
+  const GuidedEditor schermo = apri();
+  schermo.write(2, kDesc, QString(27, u'A'));
+  schermo.press(Qt::Key_Escape);
+  EXPECT_EQ(schermo.foot(), t("80 reparti"));
+}
+
 TEST_F(EditorInGriglia, UnTestoUgualeAQuelloDellaCellaNonSegnaNulla) {
   const GuidedEditor schermo = apri();
   schermo.clickCell(2, kTipo);
@@ -611,6 +642,69 @@ TEST_F(EditorInGriglia, OgniEditorHaLaSuaBandiera) {
   aliquote.click(kSalva);
   EXPECT_EQ(aliquote.foot(), t("Nessuna modifica da salvare"));
   EXPECT_EQ(varGestionePRG().ModificaReparti, kVero);
+}
+
+// A fill that fails.
+
+namespace {
+
+QString guasto(config::RecordLetto) {
+  throw Errore{13, QStringLiteral("Tipo non corrispondente")};
+}
+
+/// The departments' screen with a column that cannot be read.
+class RepartiIlleggibili : public EditorGriglia {
+ public:
+  explicit RepartiIlleggibili(Contesto& contesto)
+      : EditorGriglia(contesto, tabella(), editors::SalvaReparti) {}
+
+ private:
+  static const editors::Tabella& tabella() {
+    static const std::vector<editors::Colonna> colonne = [] {
+      const auto vere = editors::TabellaReparti().colonne;
+      std::vector<editors::Colonna> copia(vere.begin(), vere.end());
+      copia[kPrz].leggi = guasto;
+      return copia;
+    }();
+    static const editors::Tabella unica = [] {
+      editors::Tabella copia = editors::TabellaReparti();
+      copia.colonne = colonne;
+      return copia;
+    }();
+    return unica;
+  }
+};
+
+}  // namespace
+
+TEST_F(EditorInGriglia, UnRiempimentoCheFallisceSiDiceELaSchermataResta) {
+  program.screens.registra(kSchermo, [](Contesto& c) { return new RepartiIlleggibili(c); });
+  put(kReparto1, QByteArray("Fresco"));
+  const GuidedEditor schermo = apri();
+  const Box riquadro = criticalBox(t("RiempiGridReparti 13 - Tipo non corrispondente"));
+  expectBoxes(program, {riquadro});
+  EXPECT_EQ(schermo.row(1).mid(0, 3), QStringList({t("1"), t("Fresco"), QString()}));
+  EXPECT_EQ(schermo.grid().Rows(), 81);
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kFalso);
+  schermo.click(kAnnulla);
+  expectBoxes(program, {riquadro});
+  EXPECT_TRUE(schermo.alive());
+}
+
+TEST_F(EditorInGriglia, DopoUnRiempimentoFallitoIRepartiCheNonSiVedonoNonSiSalvanoVuoti) {
+  program.screens.registra(kSchermo, [](Contesto& c) { return new RepartiIlleggibili(c); });
+  put(kReparto1, QByteArray("Fresco"));
+  const QByteArray prima = onDisk(0, 245114);
+  const GuidedEditor schermo = apri();
+  program.takeBoxes();
+  schermo.write(2, kDesc, t("Bar"));
+  schermo.write(2, kIva, t("1"));
+  schermo.write(2, kTallon, t("1"));
+  schermo.click(kSalva);
+  expectBoxes(program, {plainBox(t("Error 6 (*"))});
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kVero);
+  EXPECT_EQ(onDisk(0, 245114), prima);
+  EXPECT_EQ(inMemory(kReparto1, 6), QByteArray("Fresco"));
 }
 
 // Its looks.

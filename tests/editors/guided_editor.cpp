@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include "core/state.h"
+#include "editors/chosen_model.h"
 
 namespace {
 
@@ -15,6 +16,7 @@ const QColor kMark(255, 128, 0);
 }  // namespace
 
 ConfigurationOpen::ConfigurationOpen() {
+  editors::azzeraModelloScelto();
   varGestionePRG().PathConfigurazione =
       program.folder.write(kFile, QByteArray("V03.00KAR").leftJustified(kFileBytes, '\0'));
   EXPECT_EQ(config::CaricaConfigurazione(varGestionePRG().PathConfigurazione, program.user), 0);

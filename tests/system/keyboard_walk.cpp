@@ -119,7 +119,7 @@ bool excludesOthers(const QWidget& widget) {
 QList<QWidget*> byArrows(QWidget& window, QWidget& first) {
   QList<QWidget*> met{&first};
   first.setFocus(Qt::TabFocusReason);
-  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up})
+  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Right, Qt::Key_Left})
     for (int step = 0; step < kMostTabs; ++step) {
       QWidget* const before = focusOf(window);
       QTest::keyClick(before, key);

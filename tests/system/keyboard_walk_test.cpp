@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QVBoxLayout>
 #include <optional>
 
@@ -20,11 +22,18 @@
 #include "core/manual_viewer.h"
 #include "core/menu.h"
 #include "core/start.h"
+#include "editors/Form_GestioneCodiceTastiera.h"
 #include "editors/Form_IVA.h"
+#include "editors/Form_Negozio.h"
+#include "editors/Form_OPE.h"
+#include "editors/Form_OpzioniGen.h"
 #include "editors/Form_PLU.h"
 #include "editors/Form_Reparti.h"
 #include "editors/Form_Valuta.h"
 #include "editors/MDIForm_PRG.h"
+#include "editors/changes.h"
+#include "editors/chosen_model.h"
+#include "editors/frmTastiOpzione.h"
 #include "platform/ui/message_box.h"
 #include "sales/Form_ArchivioVenduto.h"
 #include "sales/Form_RicezioneVenduto.h"
@@ -49,7 +58,12 @@ class Shop {
     room.screens.registra<Form_Reparti>();
     room.screens.registra<Form_PLU>();
     room.screens.registra<Form_IVA>();
+    room.screens.registra<Form_Negozio>();
+    room.screens.registra<Form_OPE>();
+    room.screens.registra<Form_OpzioniGen>();
     room.screens.registra<Form_Valuta>();
+    room.screens.registra<Form_GestioneCodiceTastiera>();
+    room.screens.registra<frmTastiOpzione>();
     room.screens.registra<Form_TrasferimentoProgrammazione>();
     registraSchermateMancanti(room.screens);
     // A display that asks nothing.
@@ -150,6 +164,8 @@ void openConfiguration(Shop& shop, const Use& use) {
   QTest::keyClick(&screen.window(), Qt::Key_N, Qt::ControlModifier);
   ASSERT_TRUE(screen.enabled(QStringLiteral("Toolbar1_6")));
   use(screen.window());
+  // The arrows changed some pairs on the way; the frame asks for them when it goes.
+  editors::azzeraModifiche();
 }
 
 /// The workspace of the configuration with one of its editors in it.
@@ -157,6 +173,20 @@ auto editor(const char* button) {
   return [button](Shop& shop, const Use& use) {
     openConfiguration(shop, [&](QWidget& window) {
       press(GuidedScreen(window), button, Qt::Key_Space);
+      use(window);
+    });
+  };
+}
+
+/// The same with another of its tabs in front, from 0.
+auto editorTab(const char* button, int which) {
+  return [button, which](Shop& shop, const Use& use) {
+    editor(button)(shop, [&](QWidget& window) {
+      auto* tabs = window.findChild<QTabWidget*>(QStringLiteral("SSTab1"));
+      ASSERT_NE(tabs, nullptr);
+      tabs->tabBar()->setFocus(Qt::TabFocusReason);
+      for (int i = 0; i < which; ++i) QTest::keyClick(tabs->tabBar(), Qt::Key_Right);
+      ASSERT_EQ(tabs->currentIndex(), which);
       use(window);
     });
   };
@@ -303,6 +333,41 @@ auto undoesChangesOf(const char* grid) {
   };
 }
 
+/// Changes a field by keys, undoes it by the tab's own command.
+auto undoesChangeOf(const char* field, const char* command) {
+  return [field, command](Shop& /*shop*/, const GuidedScreen& screen) {
+    const QString before = screen.text(QLatin1String(field));
+    screen.type(QLatin1String(field), QStringLiteral("7"));
+    EXPECT_NE(screen.text(QLatin1String(field)), before);
+    press(screen, command, Qt::Key_Space);
+    EXPECT_EQ(screen.text(QLatin1String(field)), before);
+  };
+}
+
+/// The same for one of a pair, which is changed by an arrow.
+auto undoesChoiceOf(const char* pair, const char* command, const char* row = "") {
+  return [pair, command, row](Shop& /*shop*/, const GuidedScreen& screen) {
+    auto& yes =
+        screen.control<QRadioButton>(QLatin1String(pair) + QStringLiteral("_SI") + QLatin1String(row));
+    auto& no = screen.control<QRadioButton>(QLatin1String(pair) + QStringLiteral("_NO") + QLatin1String(row));
+    const bool before = yes.isChecked();
+    QRadioButton& chosen = before ? yes : no;
+    chosen.setFocus(Qt::TabFocusReason);
+    screen.key(before ? Qt::Key_Right : Qt::Key_Left);
+    EXPECT_EQ(yes.isChecked(), !before);
+    press(screen, command, Qt::Key_Space);
+    EXPECT_EQ(yes.isChecked(), before);
+  };
+}
+
+void confirmsMachineByReturn(Shop& shop, const GuidedScreen& screen) {
+  shop.room.user.answers(Answer::Yes);
+  press(screen, "vkOptionButtonTipoMacchina_9", Qt::Key_Return);
+  shop.room.takeBoxes();
+  EXPECT_EQ(editors::modelloScelto(), 9);
+  editors::azzeraModelloScelto();
+}
+
 void leavesByEscape(Shop& /*shop*/, const GuidedScreen& screen) {
   screen.key(Qt::Key_Escape);
   EXPECT_FALSE(screen.alive());
@@ -333,6 +398,24 @@ const std::vector<Screen> kScreens{
     {"Reparti", editor("Toolbar1_6"), undoesChangesOf("MSFlexGridReparti")},
     {"Iva", editor("Toolbar1_8"), undoesChangesOf("MSFlexGridIVA")},
     {"Valute", editor("Toolbar1_9"), undoesChangesOf("MSFlexGridVAL")},
+    {"Negozio", editor("Toolbar1_5"), undoesChangeOf("vkTextBox_telefono", "Cmd_Reset")},
+    {"NegozioIntestazione", editorTab("Toolbar1_5", 1), undoesChangeOf("vkTextBox_INT_7", "Cmd_Reset")},
+    {"NegozioCortesia", editorTab("Toolbar1_5", 2), undoesChangeOf("vkTextBox_COR_1", "Cmd_Reset")},
+    {"Operatori", editor("Toolbar1_10"), undoesChangeOf("vkTextBox_OPE_9", "Cmd_Reset")},
+    {"OpzioniPeriferiche", editor("Toolbar1_11"),
+     undoesChoiceOf("vkOptionButtonTagl", "vkCommand_AnnullaPerf")},
+    {"OpzioniScontrino", editorTab("Toolbar1_11", 1), undoesChangeOf("vkTextBoxMaxImporto", "Cmd_Reset")},
+    {"OpzioniVarie", editorTab("Toolbar1_11", 2),
+     undoesChangeOf("vkTextBox_Subtender_1", "vkCommand_AnnullaVarie")},
+    {"OpzioniCalendario", editorTab("Toolbar1_11", 3),
+     undoesChoiceOf("vkOptionButton_Grafica", "vkCommand2", "_0")},
+    {"OpzioniTallon", editorTab("Toolbar1_11", 4), undoesChoiceOf("vkOptionButton_TALLON", "vkCommand6")},
+    {"SceltaECR", editor("Toolbar1_13"), confirmsMachineByReturn},
+    {"SceltaTasti", named("frmTastiOpzione"),
+     [](Shop&, const GuidedScreen& screen) {
+       press(screen, "cmdTastoOpzione_0", Qt::Key_Return);
+       EXPECT_EQ(screen.text(QStringLiteral("txtTastoOpzione")), QStringLiteral("REP 1"));
+     }},
     {"TrasferimentoProgrammazione", named("Form_TrasferimentoProgrammazione"), connectsByReturn},
     {"TrasferimentoProgrammazioneCollegato", connected("Form_TrasferimentoProgrammazione"),
      [](Shop&, const GuidedScreen& screen) {

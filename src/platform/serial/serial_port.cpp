@@ -6,14 +6,25 @@
 
 namespace {
 
-Errore openingError(QSerialPort::SerialPortError error) {
+/// Who may not use the device is told the group that may, and the command that puts a person into it.
+QString noRight(const QFileInfo& device) {
+  return QStringLiteral(
+             "Nessun diritto sulla porta %1: serve il gruppo %2 (sudo usermod -aG %2 UTENTE, poi "
+             "rientrare nel sistema)")
+      .arg(device.filePath(), device.group().isEmpty() ? QString::number(device.groupId()) : device.group());
+}
+
+Errore openingError(QSerialPort::SerialPortError error, const QString& path) {
+  const QFileInfo device(path);
   switch (error) {
     case QSerialPort::DeviceNotFoundError:
-      return {errors::kPortMissing, QStringLiteral("Numero di porta non valido")};
+      return {errors::kPortMissing, path.isEmpty() ? QStringLiteral("Numero di porta non valido")
+                                                   : QStringLiteral("La porta %1 non c'è").arg(path)};
     case QSerialPort::PermissionError:
-      return {errors::kPortBusy, QStringLiteral("Porta già aperta")};
+      if (!device.isReadable() || !device.isWritable()) return {errors::kPortBusy, noRight(device)};
+      return {errors::kPortBusy, QStringLiteral("Porta già aperta da un altro programma: ") + path};
     default:
-      return {errors::kPortSettings, QStringLiteral("Impossibile impostare lo stato della porta")};
+      return {errors::kPortSettings, QStringLiteral("Impossibile impostare lo stato della porta ") + path};
   }
 }
 
@@ -75,7 +86,7 @@ void SerialPort::open(const QString& path, int speed) {
   QSerialPort& port = impl_->port;
   close();
   const QString real = QFileInfo(path).canonicalFilePath();
-  if (real.isEmpty()) throw openingError(QSerialPort::DeviceNotFoundError);
+  if (real.isEmpty()) throw openingError(QSerialPort::DeviceNotFoundError, path);
   // Before the opening: a pseudo-terminal refuses a change of parity afterwards.
   port.setPortName(real);
   port.setBaudRate(speed);
@@ -86,7 +97,7 @@ void SerialPort::open(const QString& path, int speed) {
   impl_->opens = true;
   const bool isOpen = port.open(QIODevice::ReadWrite);
   impl_->opens = false;
-  if (!isOpen) throw openingError(port.error());
+  if (!isOpen) throw openingError(port.error(), real);
 }
 
 void SerialPort::close() {

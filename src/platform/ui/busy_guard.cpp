@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <QObject>
 #include <QPointer>
+#include <QWidget>
+#include <QWindow>
 #include <utility>
 
 namespace {
@@ -43,11 +45,19 @@ bool toBeEaten(QEvent::Type kind) {
   }
 }
 
+/// The window that may be closed; none where it is null.
+const QWidget* closable = nullptr;
+
+bool closesTheClosable(const QObject* who, const QEvent& event) {
+  return closable != nullptr && event.type() == QEvent::Close &&
+         (who == closable || who == closable->windowHandle());
+}
+
 class Filter : public QObject {
  public:
   using QObject::QObject;
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (!BusyGuard::active() || !toBeEaten(event->type())) return false;
+  bool eventFilter(QObject* who, QEvent* event) override {
+    if (!BusyGuard::active() || !toBeEaten(event->type()) || closesTheClosable(who, *event)) return false;
     // A closing that nobody refuses hides the window all the same; other input must not climb to the parent.
     event->setAccepted(event->type() != QEvent::Close && event->type() != QEvent::Quit);
     return true;
@@ -82,6 +92,12 @@ bool BusyGuard::active() {
 
 unsigned BusyGuard::number() {
   return begun;
+}
+
+BusyGuard::Closable::Closable(QWidget& window) : before_(std::exchange(closable, &window)) {}
+
+BusyGuard::Closable::~Closable() {
+  closable = before_;
 }
 
 BusyGuard::Suspended::Suspended() {

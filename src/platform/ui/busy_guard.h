@@ -1,5 +1,7 @@
 #pragma once
 
+class QWidget;
+
 /// The one busy guard. While an instance lives, keys, clicks, shortcuts and closings that an event pass
 /// would deliver are eaten, so that a transfer cannot be started twice nor its screen closed under it.
 /// The end of the last one eats what was waiting: a click made while a long call stood still is not a wish
@@ -16,6 +18,19 @@ class BusyGuard {
   static bool active();
   /// Tells one command from the next: a number that changes with every outermost instance.
   static unsigned number();
+
+  /// Lets one window be closed all the same, for its own life: the way out of a work that nobody knows the
+  /// length of. Whoever does that work asks behind each step whether the window is still wanted.
+  class Closable {
+   public:
+    explicit Closable(QWidget& window);
+    ~Closable();
+    Closable(const Closable&) = delete;
+    Closable& operator=(const Closable&) = delete;
+
+   private:
+    const QWidget* before_;
+  };
 
   /// Lifts the guard for its own life: what the user port holds while a box is open.
   class Suspended {
