@@ -31,7 +31,7 @@ constexpr int kPrimoAnno = 2000;
 constexpr int kUltimoAnno = 2100;
 constexpr int kAnniPerSecolo = 100;
 /// Of a number, which has no limit of its own: what the longest stored one takes.
-constexpr int kCaratteriNumero = 12;
+constexpr int kCaratteriNumero = 20;
 /// Digits of a time.
 constexpr int kCaratteriOra = 6;
 
@@ -411,6 +411,8 @@ void CampoScritto::scrivi() {
 std::optional<Rejection> CampoScritto::rifiuto(const QString& scritto) const {
   const QString messaggio = dato().verifica(scritto);
   if (messaggio.isEmpty()) return std::nullopt;
+  // It would be replaced by itself, and nobody who passes over the field could leave it.
+  if (!dato().predefinito && scritto == caricato_) return std::nullopt;
   return Rejection{messaggio, dato().predefinito ? testo(dato().predefinito) : caricato_};
 }
 

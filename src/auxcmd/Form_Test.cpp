@@ -1,0 +1,122 @@
+#include "auxcmd/Form_Test.h"
+
+#include <QDir>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+#include "auxcmd/script_file.h"
+#include "controls/command_key.h"
+#include "controls/style.h"
+#include "core/conversions.h"
+#include "platform/text/whole_file.h"
+#include "platform/text/windows1252.h"
+#include "platform/ui/user_port.h"
+#include "ui_Form_Test.h"
+
+namespace {
+
+using Genere = OutcomeBar::Kind;
+
+/// A script is read by eye: one beyond that is none.
+constexpr qsizetype kByteMassimi = qsizetype{1} << 20;
+
+}  // namespace
+
+Form_Test::Form_Test(Contesto& contesto) : Schermo(contesto), ui_(std::make_unique<Ui::Form_Test>()) {
+  ui_->setupUi(this);
+  vista_ = std::make_unique<auxcmd::VistaBanco>(*ui_->Cmd_Esci, contesto);
+  style::primary(*ui_->Cmd_Invia, QStringLiteral("upload"));
+  ui_->Cmd_Salva->setIcon(style::icon(QStringLiteral("save")));
+  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
+  commandKey(*ui_->Cmd_Salva, QKeySequence::Save);
+  for (QPushButton* uno : {ui_->Cmd_Invia, ui_->Cmd_Salva, ui_->vkCommandReset}) uno->setAutoDefault(false);
+  notByEnter(*ui_->Cmd_Esci);
+  carica();
+  connect(ui_->RichTextBoxTest, &QPlainTextEdit::textChanged, this,
+          [this] { ui_->Cmd_Salva->setEnabled(true); });
+  ui_->RichTextBoxTest->setFocus();
+}
+
+Form_Test::~Form_Test() = default;
+
+void Form_Test::carica() {
+  const QString file = auxcmd::fileScript(QLatin1String(auxcmd::kScriptInvio), contesto());
+  if (!FileEsiste(file)) return;
+  reazioni::protetta(contesto().utente, QStringLiteral("Form_Load"), objectName(), [&] {
+    const QString testo = windows1252::toText(ReadWholeFile(file, kByteMassimi));
+    ui_->RichTextBoxTest->setPlainText(QString(testo).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+  });
+}
+
+bool Form_Test::presente() {
+  const QString file = auxcmd::fileScript(QLatin1String(auxcmd::kScriptInvio), contesto());
+  if (FileEsiste(file)) return true;
+  contesto().utente.MsgBox(
+      QStringLiteral("Attenzione controllare il percorso [ %1 ] potrebbe essere inesistente")
+          .arg(QDir::toNativeSeparators(file)),
+      Icon::Critical);
+  return false;
+}
+
+void Form_Test::salva() {
+  QString testo = ui_->RichTextBoxTest->toPlainText();
+  testo.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
+  WriteWholeFile(auxcmd::fileScript(QLatin1String(auxcmd::kScriptInvio), contesto()),
+                 windows1252::toBytes(testo));
+}
+
+void Form_Test::on_Cmd_Salva_clicked() {
+  esegui("Cmd_Salva_Click", [this] {
+    if (!presente()) return;
+    salva();
+    ui_->Cmd_Invia->setEnabled(true);
+    ui_->Cmd_Salva->setEnabled(false);
+    ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Salvato in test_invio.txt"));
+  });
+}
+
+void Form_Test::on_Cmd_Invia_clicked() {
+  // A second click while the lines go out would send them among each other.
+  if (inCorso_) return;
+  esegui("Cmd_Invia_Click", [this] { invia(); });
+}
+
+void Form_Test::invia() {
+  if (!presente()) return;
+  salva();
+  int porta = 0;
+  if (!vista_->portaValida(porta)) return auxcmd::avvisaPorta(contesto());
+  const QScopedValueRollback suo(inCorso_, true);
+  const int esito = reazioni::oppure(
+      [&] {
+        return auxcmd::InviaFileXonXoff(auxcmd::fileScript(QLatin1String(auxcmd::kScriptInvio), contesto()),
+                                        *vista_, contesto());
+      },
+      [&](const Errore& errore) {
+        auxcmd::guastoDelBanco(errore, *vista_, contesto());
+        return 1;
+      });
+  if (esito == 0 && !vista_->chiusa())
+    ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Inviato test_invio.txt"));
+}
+
+void Form_Test::on_vkCommandReset_clicked() {
+  esegui("vkCommandReset_Click", [this] {
+    ui_->RichTextBoxTest->clear();
+    ui_->RichTextBoxTest->setFocus();
+  });
+}
+
+void Form_Test::on_Cmd_Esci_clicked() {
+  reject();
+}
+
+void Form_Test::reject() {
+  vista_->chiudi();
+  QDialog::reject();
+}
+
+void Form_Test::keyPressEvent(QKeyEvent* evento) {
+  if (evento->key() == Qt::Key_F9 && !evento->isAutoRepeat()) return ui_->Cmd_Invia->click();
+  Schermo::keyPressEvent(evento);
+}

@@ -1,0 +1,249 @@
+#include "auxcmd/channel.h"
+
+#include <algorithm>
+
+#include "auxcmd/dump_file.h"
+#include "auxcmd/serial_line.h"
+#include "auxcmd/state_record.h"
+#include "core/context.h"
+#include "core/state.h"
+#include "platform/ecrcom/library.h"
+#include "platform/text/line_reader.h"
+#include "platform/text/windows1252.h"
+#include "platform/ui/busy_guard.h"
+#include "platform/ui/event_wait.h"
+#include "platform/ui/user_port.h"
+#include "platform/ui/wait_pointer.h"
+
+namespace auxcmd {
+
+namespace {
+
+/// What one reception asks the library for, and how long it may wait, in tenths of a second.
+constexpr qsizetype kBlocco = 1024;
+constexpr int kAttesaRete = 30;
+constexpr int kMessaggioLibreria = 80;
+constexpr char kChiocciola = '@';
+
+/// The answer to the state command on the serial line: its echo, and the record.
+constexpr qsizetype kEco = 4;
+const QString kEcoStato = QStringLiteral("X89F");
+constexpr qsizetype kRispostaStato = kEco + static_cast<qsizetype>(kByteStato);
+
+/// "COM  7" and "COM  16": the number stands behind five characters.
+constexpr qsizetype kPrimaDelNumero = 5;
+constexpr qsizetype kPortaAUnaCifra = 6;
+constexpr qsizetype kPortaADueCifre = 7;
+
+constexpr int kFallito = 1;
+
+std::span<const std::uint8_t> comeByte(const QByteArray& byte, qsizetype quanti) {
+  return {reinterpret_cast<const std::uint8_t*>(byte.constData()), static_cast<std::size_t>(quanti)};
+}
+
+/// "@" at the end of the first `quanti` bytes.
+int chiocciolePrimaDellaFine(const QByteArray& byte, qsizetype quanti) {
+  int viste = 0;
+  while (viste < kFineDump && quanti > 0 && byte[quanti - 1] == kChiocciola) {
+    ++viste;
+    --quanti;
+  }
+  return viste;
+}
+
+void apri(int porta, VistaCanale& vista) {
+  LineaCOM& linea = vista.linea();
+  linea.apri(porta, vista.velocita());
+  varGlobal().FlagRisposta = kInCorso;
+  varGlobal().BufferRx.clear();
+  linea.InputLen(1);
+}
+
+void manda(VistaCanale& vista, const QByteArray& byte) {
+  vista.annota(Verso::Inviato, byte);
+  vista.linea().Output(byte);
+}
+
+/// Until the exchange is over. The person can close what waits for it meanwhile; the timer ends a wait for a
+/// line that says nothing.
+void attendi(VistaCanale& vista, Contesto& contesto) {
+  const BusyGuard::Suspended siPuoChiudere;
+  while (varGlobal().FlagRisposta == kInCorso && !vista.chiusa()) {
+    WaitForEvent();
+    contesto.utente.DoEvents();
+  }
+}
+
+int inviaSullaRete(VistaCanale& vista, const QString& comando, Contesto& contesto) {
+  QByteArray byte = windows1252::toBytes(comando);
+  vista.annota(Verso::Inviato, byte);
+  const int codice = contesto.libreria.ecr_send_xonxoff_ntw(commonForKora().hConnXonXoff, byte);
+  if (codice == 0) return 0;
+  if (!vista.chiusa()) erroreDiComunicazione(codice, vista, contesto);
+  return kFallito;
+}
+
+/// One block of a dump. True if the end of the dump stood at the end of it.
+bool bloccoDiDump(const QByteArray& blocco, qsizetype ricevuti) {
+  // The blanks behind what came are written too: a dump file is made of whole blocks.
+  scriviFileDump(funzioniCmdXonXoff().NumFileDump, blocco);
+  if (chiocciolePrimaDellaFine(blocco, ricevuti) < kFineDump) return false;
+  scriviFileDump(funzioniCmdXonXoff().NumFileDump, QByteArray(kFineDump, kChiocciola));
+  return true;
+}
+
+int ricevi(VistaCanale& vista, Contesto& contesto) {
+  for (;;) {
+    contesto.utente.DoEvents();
+    if (vista.chiusa()) return kFallito;
+    QByteArray blocco(kBlocco, ' ');
+    const std::int32_t ricevuti =
+        contesto.libreria.ecr_recv_xonxoff_ntw(commonForKora().hConnXonXoff, blocco, kAttesaRete);
+    // Closed while the call waited: nothing is stored any more.
+    if (vista.chiusa()) return kFallito;
+    if (ricevuti <= 0) {
+      erroreDiComunicazione(ricevuti, vista, contesto);
+      return kFallito;
+    }
+    vista.annota(Verso::Ricevuto, blocco.left(ricevuti));
+    vista.scambiaLed();
+    if (funzioniCmdXonXoff().FlagDump == 0) {
+      // The record comes alone, without the echo of the serial line. One of another length is none.
+      RiempiStatoECR(comeByte(blocco, ricevuti));
+      return 0;
+    }
+    if (bloccoDiDump(blocco, ricevuti)) return 0;
+  }
+}
+
+void carattereDiDump(VistaCanale& vista, const QByteArray& byte) {
+  FunzioniCmdXonXoff& funzioni = funzioniCmdXonXoff();
+  // A dump that has begun may take its time.
+  vista.linea().fermaTimer();
+  scriviFileDump(funzioni.NumFileDump, byte);
+  for (const char uno : byte)
+    funzioni.ContaFine =
+        uno == kChiocciola ? static_cast<std::int16_t>(funzioni.ContaFine + 1) : std::int16_t{0};
+  if (funzioni.ContaFine < kFineDump) return;
+  varGlobal().FlagRisposta = kCompleta;
+  vista.togliAttesa();
+  vista.spegniLed();
+  vista.abilitaComandi();
+}
+
+void forseLoStato(VistaCanale& vista) {
+  const QString& risposta = varGlobal().BufferRisposta;
+  if (!risposta.startsWith(kEcoStato) || risposta.size() != kRispostaStato) return;
+  const QByteArray record = windows1252::toBytes(risposta.mid(kEco));
+  if (!RiempiStatoECR(comeByte(record, record.size()))) return;
+  vista.linea().fermaTimer();
+  vista.togliAttesa();
+  varGlobal().FlagRisposta = kCompleta;
+}
+
+}  // namespace
+
+int DammiPortaCOM(VistaCanale& vista) {
+  if (vista.linea().aperta()) vista.linea().chiudi();
+  const QString testo = vista.porta();
+  if (testo.size() == kPortaAUnaCifra) return testo.mid(kPrimaDelNumero, 1).toInt();
+  if (testo.size() == kPortaADueCifre) return testo.mid(kPrimaDelNumero, 2).toInt();
+  return 0;
+}
+
+void erroreDiComunicazione(int codice, VistaCanale& vista, Contesto& contesto) {
+  const QByteArray testo =
+      contesto.libreria.ecr_get_err(static_cast<std::int16_t>(codice), kMessaggioLibreria);
+  vista.annota(Verso::Guasto, testo);
+  contesto.utente.MsgBox(QStringLiteral("Errore nella comunicazione con ECR: ") + windows1252::toText(testo),
+                         Icon::Critical);
+}
+
+int InviaRiceviXonXoff(int porta, VistaCanale& vista, const QString& comando, Contesto& contesto) {
+  if (!commonForKora().IP_ECR.isEmpty()) {
+    const WaitPointer puntatore;
+    return RiceviXonXoffRete(vista, comando, contesto);
+  }
+  vista.fuocoSuEsci();
+  apri(porta, vista);
+  manda(vista, windows1252::toBytes(comando));
+  vista.linea().avviaTimer(kScadenzaRisposta);
+  vista.mostraAttesa();
+  attendi(vista, contesto);
+  if (vista.chiusa()) return kFallito;
+  vista.togliAttesa();
+  varGlobal().BufferRx.clear();
+  vista.linea().fermaTimer();
+  return 0;
+}
+
+int RiceviXonXoffRete(VistaCanale& vista, const QString& comando, Contesto& contesto) {
+  if (inviaSullaRete(vista, comando, contesto) != 0) {
+    if (!vista.chiusa()) vista.abilitaComandi();
+    return kFallito;
+  }
+  const int esito = ricevi(vista, contesto);
+  if (vista.chiusa()) return esito;
+  vista.spegniLed();
+  vista.abilitaComandi();
+  return esito;
+}
+
+int InviaXonXoff(int porta, VistaCanale& vista, const QString& comando, Contesto& contesto) {
+  vista.fuocoSuEsci();
+  if (commonForKora().hConnXonXoff != 0) return inviaSullaRete(vista, comando, contesto);
+  apri(porta, vista);
+  manda(vista, windows1252::toBytes(comando));
+  vista.linea().avviaTimer(kScadenzaRisposta);
+  attendi(vista, contesto);
+  varGlobal().BufferRx.clear();
+  return 0;
+}
+
+int InviaFileXonXoff(const QString& file, VistaCanale& vista, Contesto& contesto) {
+  // The till is told by an empty sequence that a script follows.
+  if (commonForKora().hConnXonXoff != 0)
+    if (const int esito = inviaSullaRete(vista, {}, contesto); esito != 0) return esito;
+  const int porta = commonForKora().hConnXonXoff != 0 ? 0 : DammiPortaCOM(vista);
+  LineReader righe(file);
+  while (!righe.atEnd() && !vista.chiusa()) {
+    const QString riga = windows1252::toText(righe.next().bytes);
+    if (riga.trimmed().isEmpty()) continue;
+    // A line that cut off has told so: those behind it would each tell it again.
+    if (const int esito = InviaXonXoff(porta, vista, riga, contesto); esito != 0) return esito;
+  }
+  return 0;
+}
+
+void InviaByteCOM(const QByteArray& byte, VistaCanale& vista, Contesto& contesto) {
+  varGlobal().FlagRisposta = kInCorso;
+  varGlobal().BufferRx.clear();
+  vista.linea().InputLen(0);
+  manda(vista, byte);
+  vista.linea().avviaTimer(kScadenzaByte);
+  attendi(vista, contesto);
+  varGlobal().BufferRx.clear();
+}
+
+void DatiRicevuti(VistaCanale& vista, const QByteArray& byte) {
+  vista.annota(Verso::Ricevuto, byte);
+  varGlobal().BufferRx = windows1252::toText(byte);
+  const bool dump = funzioniCmdXonXoff().FlagDump != 0;
+  if (!dump) varGlobal().BufferRisposta += varGlobal().BufferRx;
+  // Events have their turn between two arrivals: one pass more at each character would cost more than the
+  // rest.
+  vista.scambiaLed();
+  if (dump)
+    carattereDiDump(vista, byte);
+  else
+    forseLoStato(vista);
+}
+
+void DatiDelBanco(VistaCanale& vista, const QByteArray& byte) {
+  vista.annota(Verso::Ricevuto, byte);
+  varGlobal().BufferRx = windows1252::toText(byte);
+  varGlobal().BufferRisposta += varGlobal().BufferRx;
+  vista.scambiaLed();
+}
+
+}  // namespace auxcmd

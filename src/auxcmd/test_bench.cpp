@@ -1,0 +1,122 @@
+#include "auxcmd/test_bench.h"
+
+#include <QButtonGroup>
+#include <QKeyEvent>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+#include <QStyle>
+
+#include "auxcmd/test_sequences.h"
+#include "controls/command_key.h"
+#include "controls/style.h"
+#include "core/state.h"
+#include "ui_test_bench.h"
+
+namespace {
+
+using Genere = OutcomeBar::Kind;
+
+QString testo(const char16_t* di) {
+  return QString::fromUtf16(di);
+}
+
+}  // namespace
+
+BancoProva::BancoProva(Contesto& contesto, const auxcmd::BancoDiProva& banco)
+    : Schermo(contesto),
+      banco_(banco),
+      ui_(std::make_unique<Ui::BancoProva>()),
+      opzioni_(new QButtonGroup(this)) {
+  ui_->setupUi(this);
+  vista_ = std::make_unique<auxcmd::VistaBanco>(*ui_->vkCommandEsci, contesto);
+  setObjectName(testo(banco.schermata));
+  setWindowTitle(testo(banco.titolo));
+  ui_->TitoloBanco->setText(testo(banco.titolo));
+  creaOpzioni();
+  // The card is the ground of what scrolls on it, upwards only.
+  ui_->elenco->viewport()->setAutoFillBackground(false);
+  ui_->opzioni->setAutoFillBackground(false);
+  ui_->elenco->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  ui_->elenco->setMinimumWidth(ui_->opzioni->sizeHint().width() +
+                               style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+  style::primary(*ui_->Cmd_Avvio, QStringLiteral("upload"));
+  ui_->vkCommandEsci->setIcon(style::icon(QStringLiteral("arrow-left")));
+  notByEnter(*ui_->vkCommandEsci);
+}
+
+BancoProva::~BancoProva() = default;
+
+void BancoProva::creaOpzioni() {
+  QWidget* prima = nullptr;
+  for (const auxcmd::Prova& prova : banco_.prove) {
+    auto* opzione = new QRadioButton(testo(prova.didascalia), ui_->opzioni);
+    opzione->setObjectName(QStringLiteral("vkOptionButtonTest_%1").arg(prova.numero));
+    // What goes out can be read before it does.
+    opzione->setToolTip(QStringLiteral("Invia  %1").arg(testo(prova.sequenza)));
+    opzione->setAccessibleName(opzione->text().simplified());
+    ui_->disposizioneOpzioni->addWidget(opzione);
+    opzioni_->addButton(opzione, prova.numero);
+    if (prima) {
+      opzione->setFocusPolicy(Qt::ClickFocus);
+      setTabOrder(prima, opzione);
+    }
+    prima = opzione;
+  }
+  ui_->disposizioneOpzioni->addStretch(1);
+  setTabOrder(prima, ui_->Cmd_Avvio);
+  setTabOrder(ui_->Cmd_Avvio, ui_->vkCommandEsci);
+  opzioni_->buttons().front()->setFocus();
+}
+
+void BancoProva::on_Cmd_Avvio_clicked() {
+  esegui("Cmd_Avvio_Click", [this] { invia(); });
+}
+
+void BancoProva::invia() {
+  int porta = 0;
+  if (!inCorso_ && !vista_->portaValida(porta)) return auxcmd::avvisaPorta(contesto());
+  varGlobal().BufferRisposta.clear();
+  const int scelta = opzioni_->checkedId();
+  for (const auxcmd::Prova& prova : banco_.prove)
+    if (prova.numero == scelta) coda_ << testo(prova.sequenza);
+  svuotaCoda();
+  vista_->togliAttesa();
+}
+
+void BancoProva::svuotaCoda() {
+  // The sequence on the line ends first; whoever sends it sees to the rest.
+  if (inCorso_) return;
+  const QScopedValueRollback suo(inCorso_, true);
+  while (!coda_.isEmpty() && !vista_->chiusa()) {
+    const QString sequenza = coda_.takeFirst();
+    int porta = 0;
+    if (!vista_->portaValida(porta)) return auxcmd::avvisaPorta(contesto());
+    const int esito =
+        reazioni::oppure([&] { return auxcmd::InviaXonXoff(porta, *vista_, sequenza, contesto()); },
+                         [&](const Errore& errore) {
+                           auxcmd::guastoDelBanco(errore, *vista_, contesto());
+                           return 1;
+                         });
+    if (vista_->chiusa()) return;
+    if (esito == 0)
+      ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Inviata la sequenza ") + sequenza);
+    else
+      coda_.clear();
+  }
+}
+
+void BancoProva::on_vkCommandEsci_clicked() {
+  reject();
+}
+
+void BancoProva::reject() {
+  vista_->chiudi();
+  QDialog::reject();
+}
+
+void BancoProva::keyPressEvent(QKeyEvent* evento) {
+  if (evento->key() == Qt::Key_F9 && !evento->isAutoRepeat()) return ui_->Cmd_Avvio->click();
+  const bool invio = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+  if (invio && !evento->isAutoRepeat()) return ui_->Cmd_Avvio->click();
+  Schermo::keyPressEvent(evento);
+}
