@@ -31,7 +31,7 @@ constexpr int kPrimoAnno = 2000;
 constexpr int kUltimoAnno = 2100;
 constexpr int kAnniPerSecolo = 100;
 /// Of a number, which has no limit of its own: what the longest stored one takes.
-constexpr int kCaratteriNumero = 20;
+constexpr int kCaratteriNumero = 12;
 /// Digits of a time.
 constexpr int kCaratteriOra = 6;
 
