@@ -165,8 +165,12 @@ constexpr std::array kRiquadriCortesia{
 
 constexpr std::array kPagine{
     Pagina{.titolo = u"Configurazione Negozio", .riquadri = kRiquadriNegozio},
-    Pagina{.titolo = u"Intestazione", .riquadri = kRiquadriIntestazione, .salva = nullptr},
-    Pagina{.titolo = u"Cortesia", .riquadri = kRiquadriCortesia, .salva = nullptr},
+    Pagina{.titolo = u"Intestazione",
+           .riquadri = kRiquadriIntestazione,
+           .riempimento = "RiempiINT",
+           .salva = nullptr},
+    Pagina{
+        .titolo = u"Cortesia", .riquadri = kRiquadriCortesia, .riempimento = "RiempiCOR", .salva = nullptr},
 };
 
 constexpr Modulo kModulo{.schermata = "Form_Negozio",

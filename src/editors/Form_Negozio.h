@@ -16,7 +16,11 @@ class Form_Negozio : public EditorModulo {
  public:
   explicit Form_Negozio(Contesto& contesto);
 
+  void salvaInMemoria() override { SalvaNegozio(); }
+
  private:
+  /// Every field into its record: the shop's block, the number of the till, header and courtesy lines.
+  void SalvaNegozio() { EditorModulo::salvaInMemoria(); }
   void creaLarghezze();
   void limita(int caratteri);
 };

@@ -16,9 +16,13 @@ class Form_OPE : public EditorModulo {
  public:
   explicit Form_OPE(Contesto& contesto);
 
+  void salvaInMemoria() override { SalvaOperatori(); }
+
  protected:
   bool controlla() override { return Check_Password_Change(); }
 
  private:
   bool Check_Password_Change();
+  /// Every row into its record.
+  void SalvaOperatori() { EditorModulo::salvaInMemoria(); }
 };

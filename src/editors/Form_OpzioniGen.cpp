@@ -83,7 +83,7 @@ void Form_OpzioniGen::RiempiOpzGen() {
 
 /// Not filled anew: the kind of zeroing would go back to its first entry, and the next save would write that.
 void Form_OpzioniGen::dopoIlSalvataggio() {
-  dimenticaSegni();
+  ResetBackColorFrame();
   // With its mark a pair gives back the ground that it was marked on.
   ResetBackColorDate();
 }

@@ -19,6 +19,7 @@ class Form_OpzioniGen : public EditorModulo {
   explicit Form_OpzioniGen(Contesto& contesto);
 
   void ricarica() override;
+  void salvaInMemoria() override { SalvaOpzioni(); }
 
  protected:
   bool controlla() override { return CheckTempoAzz(); }
@@ -28,6 +29,8 @@ class Form_OpzioniGen : public EditorModulo {
 
  private:
   void RiempiOpzGen();
+  /// Every field into its record; the dates have been tested by then.
+  void SalvaOpzioni() { EditorModulo::salvaInMemoria(); }
   bool CheckTempoAzz();
   bool CheckCampoDataInizio(std::size_t riga);
   bool CheckCampoDataFine(std::size_t riga);

@@ -245,19 +245,28 @@ QWidget& EditorModulo::carta(const char* nome) const {
   return *questa;
 }
 
+QString EditorModulo::riempimentoDi(const editors::CampoModulo& campo) const {
+  for (int i = 0; i < ui_->schede->count(); ++i) {
+    const char* suo = modulo_.pagine[static_cast<std::size_t>(i)].riempimento;
+    if (suo != nullptr && ui_->schede->widget(i)->isAncestorOf(&campo)) return QLatin1String(suo);
+  }
+  return QLatin1String(modulo_.riempimento);
+}
+
 void EditorModulo::ricarica() {
   // Without the till's library its dates cannot be read, which is told once; the other fields are filled.
   std::optional<Errore> guasto;
+  QString riempimento;
   for (editors::CampoModulo* campo : campi_) {
     try {
       campo->mostra();
     } catch (const Errore& errore) {
+      if (!guasto) riempimento = riempimentoDi(*campo);
       if (!guasto) guasto = errore;
     }
   }
-  if (guasto)
-    reazioni::segnalaImprevisto(contesto().utente, *guasto, QLatin1String(modulo_.riempimento), objectName());
-  dimenticaSegni();
+  if (guasto) reazioni::segnalaImprevisto(contesto().utente, *guasto, riempimento, objectName());
+  ResetBackColorFrame();
 }
 
 void EditorModulo::salvaInMemoria() {
@@ -314,7 +323,7 @@ void EditorModulo::cambiato(editors::CampoModulo& campo) {
   dopo(campo);
 }
 
-void EditorModulo::dimenticaSegni() {
+void EditorModulo::ResetBackColorFrame() {
   for (editors::CampoModulo* campo : campi_) {
     campo->segna(false);
     campo->tieni();

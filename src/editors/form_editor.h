@@ -55,7 +55,7 @@ class EditorModulo : public Schermo<QWidget>, public editors::Editor {
   /// The field's tab in front, and the focus on it.
   void porta(editors::CampoModulo& campo);
   Bandiera& modificato() const { return varGestionePRG().*modulo_.modificato; }
-  void dimenticaSegni();
+  void ResetBackColorFrame();
 
  private:
   void costruisci();
@@ -68,6 +68,7 @@ class EditorModulo : public Schermo<QWidget>, public editors::Editor {
   QWidget* comandi(const editors::Pagina& pagina);
   editors::CampoModulo& trovato(const char* controllo, std::size_t riga) const;
 
+  QString riempimentoDi(const editors::CampoModulo& campo) const;
   void cambiato(editors::CampoModulo& campo);
   bool controllaSegnati();
   void salva();

@@ -111,6 +111,8 @@ struct Riquadro {
 struct Pagina {
   const char16_t* titolo;
   std::span<const Riquadro> riquadri;
+  /// Name of the procedure that fills the tab, where it is not that of the whole screen.
+  const char* riempimento = nullptr;
   const char* salva = "Cmd_Modifica";
   const char* annulla = "Cmd_Reset";
 };

@@ -399,11 +399,23 @@ constexpr std::array kRiquadriTallon{
 };
 
 constexpr std::array kPagine{
-    Pagina{u"Periferiche", kRiquadriPeriferiche, "vkCommand_SalvaPerif", "vkCommand_AnnullaPerf"},
-    Pagina{u"Informazioni per Scontrino", kRiquadriScontrino, "Cmd_Modifica", "Cmd_Reset"},
-    Pagina{u"Varie", kRiquadriVarie, "vkCommand_SalvaVarie", "vkCommand_AnnullaVarie"},
-    Pagina{u"Altre", kRiquadriAltre, "vkCommand1", "vkCommand2"},
-    Pagina{u"Gestione TALLON", kRiquadriTallon, "vkCommand5", "vkCommand6"},
+    Pagina{.titolo = u"Periferiche",
+           .riquadri = kRiquadriPeriferiche,
+           .salva = "vkCommand_SalvaPerif",
+           .annulla = "vkCommand_AnnullaPerf"},
+    Pagina{.titolo = u"Informazioni per Scontrino",
+           .riquadri = kRiquadriScontrino,
+           .salva = "Cmd_Modifica",
+           .annulla = "Cmd_Reset"},
+    Pagina{.titolo = u"Varie",
+           .riquadri = kRiquadriVarie,
+           .salva = "vkCommand_SalvaVarie",
+           .annulla = "vkCommand_AnnullaVarie"},
+    Pagina{.titolo = u"Altre", .riquadri = kRiquadriAltre, .salva = "vkCommand1", .annulla = "vkCommand2"},
+    Pagina{.titolo = u"Gestione TALLON",
+           .riquadri = kRiquadriTallon,
+           .salva = "vkCommand5",
+           .annulla = "vkCommand6"},
 };
 
 constexpr Modulo kModulo{.schermata = "Form_OpzioniGen",
