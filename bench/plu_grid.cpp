@@ -40,12 +40,13 @@ class PlainModel : public QAbstractTableModel {
   int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : kColumns; }
   QVariant data(const QModelIndex& index, int role) const override {
     if (role != Qt::DisplayRole) return {};
-    return cells_[static_cast<std::size_t>(index.row() * kColumns + index.column())];
+    return cells_[static_cast<std::size_t>(index.row()) * kColumns +
+                  static_cast<std::size_t>(index.column())];
   }
 
   void fill(std::span<const std::uint8_t> image) {
     std::vector<QString> cells;
-    cells.reserve(static_cast<std::size_t>(kRows * kColumns));
+    cells.reserve(static_cast<std::size_t>(qsizetype{kRows} * kColumns));
     for (int row = 0; row < kRows; ++row) {
       const std::uint8_t* record = image.data() + static_cast<std::size_t>(row) * config::kBytePLU;
       const std::uint32_t price =

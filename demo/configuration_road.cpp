@@ -1,5 +1,6 @@
 #include <QWidget>
 
+#include "controls/outcome_bar.h"
 #include "demo/expectations.h"
 #include "demo/moments.h"
 #include "demo/road.h"
@@ -10,8 +11,18 @@ const QString kMenu = QStringLiteral("start");
 const QString kFrame = QStringLiteral("MDIForm_PRG");
 const QString kExchange = QStringLiteral("Form_TrasferimentoProgrammazione");
 const QString kDepartments = QStringLiteral("MSFlexGridReparti");
+const QString kTabs = QStringLiteral("SSTab1");
+const QString kSave = QStringLiteral("Cmd_Modifica");
 constexpr std::size_t kDepartmentBytes = 3361;
 constexpr std::size_t kPrice = 26;
+/// Of the file: where the shop's name begins.
+constexpr std::size_t kShopName = 9;
+/// Of the options: number of the till, and whether an operator has to be named.
+constexpr std::size_t kTillNumber = 5;
+constexpr std::size_t kOperatorNeeded = 6;
+/// Of an operator.
+constexpr std::size_t kEnabled = 25;
+constexpr std::size_t kPassword = 26;
 
 Director::When shows(const QString& name) {
   return [name] {
@@ -23,7 +34,8 @@ Director::When shows(const QString& name) {
 
 }  // namespace
 
-/// A configuration made from the template, a department changed in its grid, and all of it on the till.
+/// A configuration made from the template, a department, the shop, an operator and an option changed, and all
+/// of it on the till.
 void Road::configuration() {
   director_.step(QStringLiteral("menu for the configuration"), visible(kMenu),
                  [] { click(kMenu, QStringLiteral("Label3")); });
@@ -42,10 +54,14 @@ void Road::configuration() {
   editDepartment();
   for (const auto& [button, grid, photo] :
        {std::tuple{"Toolbar1_8", "MSFlexGridIVA", "iva"}, {"Toolbar1_9", "MSFlexGridVAL", "valute"}}) {
-    director_.step(QLatin1String(photo), visible(kFrame), [=] { click(kFrame, QLatin1String(button)); });
+    director_.step(QLatin1String(photo), visible(kFrame),
+                   [button = button] { click(kFrame, QLatin1String(button)); });
     director_.step(QLatin1String(grid), shows(QLatin1String(grid)),
-                   [=, this] { photograph(kFrame, QLatin1String(photo)); });
+                   [this, photo = photo] { photograph(kFrame, QLatin1String(photo)); });
   }
+  editShop();
+  editOperator();
+  editOptions();
   sendConfiguration();
   director_.step(
       QStringLiteral("configuration done"), [] { return window(kExchange) == nullptr; },
@@ -70,11 +86,96 @@ void Road::editDepartment() {
   });
 }
 
+void Road::editShop() {
+  openEditor(QStringLiteral("Toolbar1_5"), QStringLiteral("vkTextBox_rag_sociale"), [] {
+    type(kFrame, QStringLiteral("vkTextBox_rag_sociale"), QStringLiteral("Panificio Sole"));
+    type(kFrame, QStringLiteral("vkTextBox_citta"), QStringLiteral("Torino"));
+    type(kFrame, QStringLiteral("vkTextBox_num_cassa"), QStringLiteral("3"));
+  });
+  tab(0, QStringLiteral("negozio"));
+  tab(1, QStringLiteral("negozio-intestazione"), [] {
+    type(kFrame, QStringLiteral("vkTextBox_INT_0"), QStringLiteral("PANIFICIO SOLE"));
+    click(kFrame, QStringLiteral("vkOptionButtonINT_SI_0"));
+  });
+  tab(2, QStringLiteral("negozio-cortesia"));
+  save(kSave, QStringLiteral("negozio-salvato"));
+}
+
+void Road::editOperator() {
+  openEditor(QStringLiteral("Toolbar1_10"), QStringLiteral("vkTextBox_OPE_0"), [] {
+    type(kFrame, QStringLiteral("vkTextBox_OPE_0"), QStringLiteral("MARIA"));
+    type(kFrame, QStringLiteral("vkTextBox_Password_OPE_0"), QStringLiteral("246810"));
+    click(kFrame, QStringLiteral("vkOptionButtonAbil_OPE_SI_0"));
+  });
+  director_.step(QStringLiteral("operator typed"), visible(kFrame),
+                 [this] { photograph(kFrame, QStringLiteral("operatori")); });
+  save(kSave, QStringLiteral("operatori-salvati"));
+}
+
+void Road::editOptions() {
+  openEditor(QStringLiteral("Toolbar1_11"), QStringLiteral("ComboCOM1"), [] {});
+  tab(0, QStringLiteral("opzioni-periferiche"));
+  tab(1, QStringLiteral("opzioni-scontrino"),
+      [] { click(kFrame, QStringLiteral("vkOptionButtonObblOpe_SI")); });
+  tab(2, QStringLiteral("opzioni-varie"));
+  tab(4, QStringLiteral("opzioni-tallon"));
+  tab(3, QStringLiteral("opzioni-calendario"));
+  save(QStringLiteral("vkCommand1"), QStringLiteral("opzioni-salvate"));
+}
+
+void Road::openEditor(const QString& button, const QString& field, const Director::Action& typing) {
+  director_.step(button, visible(kFrame), [button] { click(kFrame, button); });
+  director_.step(field, shows(field), typing);
+}
+
+/// In steps of their own: what has been changed is laid out between them.
+void Road::tab(int which, const QString& photo, const Director::Action& typing) {
+  director_.step(photo + QStringLiteral(" in front"), visible(kFrame), [=] {
+    clickTab(kFrame, kTabs, which);
+    if (typing) typing();
+  });
+  director_.step(photo, visible(kFrame), [=, this] { photograph(kFrame, photo); });
+}
+
+void Road::save(const QString& command, const QString& what) {
+  director_.step(what + QStringLiteral(" asked for"), visible(kFrame), [=, this] {
+    stopwatch_.start();
+    click(kFrame, command);
+  });
+  director_.step(what, visible(kFrame), [=, this] {
+    // The editor's own foot, and not its frame's.
+    const QWidget* editor = control(kFrame, kTabs).parentWidget();
+    const auto* foot = editor->findChild<OutcomeBar*>(QStringLiteral("BarraEsito"));
+    require(foot != nullptr && foot->text().startsWith(QStringLiteral("Salvato: ")), what);
+    row(QStringLiteral("Configurazione"), foot->text());
+    photograph(kFrame, what);
+  });
+}
+
+/// What was typed, byte for byte, in the files that the till keeps.
+void Road::compareConfiguration() {
+  const auto onTill = [this](const char* file) {
+    return expectations::readFile(path(till_.file(QLatin1String(file))));
+  };
+  const std::string file = expectations::readFile(path(inFolder(QStringLiteral("configurazione.dat"))));
+  require(file.substr(kShopName, 15) == std::string("Panificio Sole\0", 15),
+          QStringLiteral("il nome del negozio nella configurazione"));
+  require(onTill("intestazione.bin").substr(0, 16) == std::string("\1PANIFICIO SOLE\0", 16),
+          QStringLiteral("la prima riga di intestazione sulla cassa"));
+  const std::string cashier = onTill("operatori.bin").substr(0, 33);
+  require(cashier.substr(0, 6) == std::string("MARIA\0", 6), QStringLiteral("l'operatore sulla cassa"));
+  require(cashier[kEnabled] == 1 && cashier.substr(kPassword, 7) == std::string("246810\0", 7),
+          QStringLiteral("abilitazione e password dell'operatore sulla cassa"));
+  const std::string options = onTill("prog_param.bin");
+  require(options[kTillNumber] == 3, QStringLiteral("il numero della cassa"));
+  require(options[kOperatorNeeded] == 1, QStringLiteral("l'obbligo dell'operatore sulla cassa"));
+}
+
 void Road::sendConfiguration() {
   director_.step(QStringLiteral("exchange"), visible(kFrame), [this] {
-    // The next morning: a till with fiscal data of the day takes no programme.
+    // The next morning: a till whose fiscal day is still open takes no programme.
     till_.stop();
-    till_.start();
+    till_.start({QStringLiteral("--chiusura")});
     click(kFrame, QStringLiteral("Toolbar1_14"));
   });
   director_.step(QStringLiteral("exchange open"), visible(kExchange),
@@ -90,6 +191,7 @@ void Road::sendConfiguration() {
                 QStringLiteral("il reparto sulla cassa"));
         require(sent.substr(third + kPrice, 4) == std::string("\xFA\0\0\0", 4),
                 QStringLiteral("il prezzo del reparto sulla cassa"));
+        compareConfiguration();
         row(QStringLiteral("Reparti in cassa"), QString::number(sent.size()) + QStringLiteral(" byte"));
         photograph(kExchange, QStringLiteral("invio-configurazione-fatto"));
         click(kExchange, QStringLiteral("Cmd_Esci"));

@@ -10,6 +10,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPixmap>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTest>
 #include <cstdio>
@@ -172,6 +174,13 @@ void clickCell(const QString& windowName, const QString& grid, int row, int colu
   const QModelIndex cell = view.model()->index(row, column);
   view.scrollTo(cell);
   QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(cell).center());
+}
+
+void clickTab(const QString& windowName, const QString& tabs, int which) {
+  auto* found = qobject_cast<QTabWidget*>(&control(windowName, tabs));
+  if (found == nullptr) throw std::runtime_error(qPrintable(tabs + QStringLiteral(" has no tabs")));
+  QTabBar& bar = *found->tabBar();
+  QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(which).center());
 }
 
 void chooseEntry(const QString& windowName, const QString& menuName, const QString& entryName) {

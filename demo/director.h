@@ -59,6 +59,8 @@ void retype(const QString& window, const QString& name, const QString& text);
 QList<QStringList> cells(const QString& window, const QString& grid);
 /// Clicks a cell of a grid, both from 0, the heading left out.
 void clickCell(const QString& window, const QString& grid, int row, int column);
+/// Clicks a tab, from 0.
+void clickTab(const QString& window, const QString& tabs, int which);
 /// Opens a menu of the window and clicks one of its entries.
 void chooseEntry(const QString& window, const QString& menu, const QString& entry);
 /// Whether a file dialog or a box stands in front.

@@ -26,7 +26,9 @@ bool clean(QDir folder) {
   bool done = true;
   for (const QString& name : folder.entryList(ours, QDir::Files)) done = folder.remove(name) && done;
   QDir till(folder.filePath(QStringLiteral("cassa")));
-  for (const QString& name : till.entryList({QStringLiteral("*.bin")}, QDir::Files))
+  const QStringList tills{QStringLiteral("*.bin"), QStringLiteral("giornale.txt"),
+                          QStringLiteral("memoria_fiscale.txt"), QStringLiteral("contatori.txt")};
+  for (const QString& name : till.entryList(tills, QDir::Files))
     done = till.remove(name) && done;
   return done;
 }

@@ -36,6 +36,16 @@ class Road {
   void salesArchive();
   void configuration();
   void editDepartment();
+  void editShop();
+  void editOperator();
+  void editOptions();
+  /// Opens an editor of the configuration and types into it.
+  void openEditor(const QString& button, const QString& field, const Director::Action& typing);
+  /// Puts one of its tabs in front, types there, and photographs it.
+  void tab(int which, const QString& photo, const Director::Action& typing = {});
+  /// Clicks a save command; the bar tells it as done in the next step.
+  void save(const QString& command, const QString& what);
+  void compareConfiguration();
   void sendConfiguration();
   void farewell();
   void backToWork();

@@ -31,7 +31,13 @@ constexpr std::array kNames{
     Name{"corto", FaultKind::ShortFile},
     Name{"lungo", FaultKind::LongFile},
     Name{"spazzatura", FaultKind::Garbage},
+    Name{"rumore", FaultKind::Noise},
+    Name{"taglio-testa", FaultKind::CutHead},
+    Name{"taglio-marcatore", FaultKind::CutMarker},
 };
+constexpr std::string_view kKeysMode = "tasti";
+constexpr std::string_view kPrinterStates = "OTE";
+constexpr std::string_view kPaperStates = "OF";
 
 [[noreturn]] void refuse(const std::string& what, std::string_view value) {
   throw std::invalid_argument(what + ": " + std::string(value));
@@ -46,10 +52,19 @@ Number number(std::string_view text, Number min, Number max, const std::string& 
   return value;
 }
 
-char state(const std::string& text) {
-  if (text.size() != 1 || kStates.find(text[0]) == std::string_view::npos)
-    refuse("Lo stato deve essere I, P, V, A o L", text);
+char letter(const std::string& text, std::string_view letters, const std::string& refusal) {
+  if (text.size() != 1 || letters.find(text[0]) == std::string_view::npos) refuse(refusal, text);
   return text[0];
+}
+
+bool ofKeysAlone(FaultKind kind) {
+  return kind == FaultKind::Noise || kind == FaultKind::CutHead || kind == FaultKind::CutMarker;
+}
+
+/// Key sequences have names for what they ask, in place of files.
+void checkNames(const Fault& fault, const std::string& text) {
+  const bool named = fault.file.empty() || fault.file == kStateSequence || fault.file == kDumpSequence;
+  if (fault.mode == kKeySequences ? !named : ofKeysAlone(fault.what)) refuse("Guasto non previsto", text);
 }
 
 FaultKind what(std::string_view name) {
@@ -69,7 +84,11 @@ void apply(Request& request, const std::string& option, const std::string& value
   } else if (option == "--bitmap") {
     request.options.bitmap = value;
   } else if (option == "--stato") {
-    request.options.state = state(value);
+    request.options.state = letter(value, kStates, "Lo stato deve essere I, P, V, A o L");
+  } else if (option == "--stampante") {
+    request.options.printer = letter(value, kPrinterStates, "La stampante deve essere O, T o E");
+  } else if (option == "--carta") {
+    request.options.paper = letter(value, kPaperStates, "La carta deve essere O o F");
   } else if (option == "--fiscale") {
     request.options.fiscal = number(value, 0, kMaxBytes, option);
   } else if (option == "--seriale") {
@@ -85,6 +104,13 @@ void apply(Request& request, const std::string& option, const std::string& value
   }
 }
 
+/// What an option without a value sets, null for any other.
+bool* flagOf(Request& request, const std::string& option) {
+  if (option == "--help") return &request.help;
+  if (option == "--video") return &request.video;
+  return option == "--chiusura" ? &request.closeDay : nullptr;
+}
+
 }  // namespace
 
 Fault readFault(const std::string& text) {
@@ -93,11 +119,14 @@ Fault readFault(const std::string& text) {
   const std::size_t last = text.rfind(':');
   const std::string_view all = text;
   Fault fault;
-  fault.mode = number<int>(all.substr(0, first), ECR_INFO_MODE, ECR_FISCAL_CLOSURE_MODE, "--guasto");
+  const std::string_view mode = all.substr(0, first);
+  fault.mode = mode == kKeysMode ? kKeySequences
+                                 : number<int>(mode, ECR_INFO_MODE, ECR_FISCAL_CLOSURE_MODE, "--guasto");
   if (last > first) fault.file = text.substr(first + 1, last - first - 1);
   const std::string_view name = all.substr(last + 1);
   const std::size_t equal = name.find('=');
   fault.what = what(name.substr(0, equal));
+  checkNames(fault, text);
   if (equal == std::string_view::npos) return fault;
   if (fault.what != FaultKind::Code) refuse("Guasto non previsto", name);
   fault.code = number<int>(name.substr(equal + 1), 1, kMaxCode, "--guasto");
@@ -108,8 +137,9 @@ Request readCommandLine(std::span<const char* const> arguments) {
   Request request;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const std::string option = arguments[i];
-    if (option == "--help") {
-      request.help = true;
+    bool* const flag = flagOf(request, option);
+    if (flag != nullptr) {
+      *flag = true;
       continue;
     }
     if (i + 1 == arguments.size()) refuse("Opzione sconosciuta o senza valore", option);
@@ -127,12 +157,18 @@ const char* helpText() {
          "  --stato I|P|V|A|L    stato: idle, programmazione, vendita, azzeramento, lettura (I)\n"
          "  --fiscale N          dati fiscali non ancora chiusi (0)\n"
          "  --seriale LINK       apre anche una linea seriale, raggiungibile da LINK\n"
+         "  --stampante O|T|E    stampante: in ordine, testa alta, errore (O)\n"
+         "  --carta O|F          carta: presente, finita (O)\n"
+         "  --video              mostra display e carta\n"
+         "  --chiusura           chiude prima la giornata fiscale rimasta aperta\n"
          "  --giornata N         batte N scontrini sugli articoli di plu.bin prima di rispondere\n"
          "  --seme K             seme della giornata (1)\n"
          "  --guasto MODO[:FILE]:COSA\n"
          "                       guasto a ogni comando di quel modo (e file): codice[=N], silenzio,\n"
          "                       taglio-prima, taglio-dentro, taglio-dopo, corto, lungo, spazzatura;\n"
-         "                       si ripete a piacere\n"
+         "                       si ripete a piacere; con MODO \"tasti\" (FILE: stato o dump) colpisce le\n"
+         "                       sequenze di tasti, in rete e in seriale, e vi sono anche rumore,\n"
+         "                       taglio-testa e taglio-marcatore\n"
          "  --help               questo testo\n";
 }
 

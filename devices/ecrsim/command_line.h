@@ -16,6 +16,10 @@ struct Request {
   /// Receipts to ring up before listening.
   int salesDay = 0;
   std::uint32_t seed = 1;
+  /// Close the fiscal day that was left open, before listening.
+  bool closeDay = false;
+  /// Show paper and display on the standard output.
+  bool video = false;
   bool help = false;
 };
 
@@ -23,7 +27,8 @@ struct Request {
 /// eyes, for an option unknown, without its value, or with a value that is none.
 Request readCommandLine(std::span<const char* const> arguments);
 /// MODE[:FILE]:WHAT, WHAT being codice[=N], silenzio, taglio-prima, taglio-dentro, taglio-dopo, corto, lungo
-/// or spazzatura. Throws std::invalid_argument.
+/// or spazzatura. The mode "tasti" stands for key sequences, with "stato" or "dump" for the file, and with
+/// rumore, taglio-testa and taglio-marcatore besides. Throws std::invalid_argument.
 Fault readFault(const std::string& text);
 /// The options, for --help. Italian.
 const char* helpText();

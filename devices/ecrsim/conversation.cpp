@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "ecrcom/codes.h"
-#include "ecrsim/keys.h"
+#include "ecrsim/key_faults.h"
 #include "platform/ecrcom/ecrcom.h"
 
 namespace ecrsim {
@@ -123,16 +123,53 @@ bool Conversation::spoilData(const Fault& fault, Frame& frame) {
 
 bool Conversation::keys(const std::string& sequence) {
   if (!keysOpen_) return false;
-  const KeyResult outcome = press(till_, sequence);
-  if (!answer(0, {outcome.code, {}})) return false;
+  const std::optional<Fault> fault = till_.fault(kKeySequences, faultNameOf(sequence));
+  return fault ? spoilKeys(*fault, sequence) : print(till_.press(sequence));
+}
+
+/// A sequence that goes wrong. Only what spoils its answer, or cuts the line behind it, lets it be obeyed.
+bool Conversation::spoilKeys(const Fault& fault, const std::string& sequence) {
+  if (spoilsAnswer(fault.what)) {
+    KeyResult result = till_.press(sequence);
+    for (LineAnswer& answer : result.answers) ecrsim::spoil(answer, fault.what);
+    return print(result);
+  }
+  if (fault.what == FaultKind::Code) return answer(0, {static_cast<std::int16_t>(fault.code), {}});
+  if (fault.what == FaultKind::CutAfter) till_.press(sequence);
+  if (fault.what == FaultKind::Garbage) send(std::vector<std::uint8_t>(kGarbageBytes, kAlienByte));
+  if (fault.what == FaultKind::Garbage || fault.what == FaultKind::Silence) awaitEnd();
+  return false;
+}
+
+bool Conversation::print(const KeyResult& result) const {
+  if (!answer(0, {result.code, {}})) return false;
+  return std::all_of(result.answers.begin(), result.answers.end(),
+                     [this](const LineAnswer& one) { return print(one); });
+}
+
+/// Block by block, so that a dump takes no more memory than one. The PC looks for the marker at the end of a
+/// block: it is never parted, and never stands behind a text that broke off.
+bool Conversation::print(const LineAnswer& answer) const {
+  std::array<char, kMaxKeys> piece;
+  std::uint64_t rest = answer.text->size();
+  for (;; rest -= kMaxKeys) {
+    const std::size_t count = answer.text->read(piece);
+    const std::string_view block(piece.data(), count);
+    if (count < std::min<std::uint64_t>(rest, kMaxKeys)) return false;
+    if (count < kMaxKeys) return printEnd(block, answer.marker) && !answer.cut;
+    if (!sendBlock(block)) return false;
+  }
+}
+
+bool Conversation::printEnd(std::string_view block, const std::string& marker) const {
+  if (block.size() + marker.size() <= kMaxKeys) return sendBlock(std::string(block) + marker);
+  return sendBlock(block) && sendBlock(marker);
+}
+
+bool Conversation::sendBlock(std::string_view block) const {
   Header head;
   head.kind = FrameType::KeysReply;
-  for (Bytes rest = byteOf(outcome.text); !rest.empty();) {
-    const Bytes block = rest.first(std::min(rest.size(), kMaxKeys));
-    if (!send(compose(head, block))) return false;
-    rest = rest.subspan(block.size());
-  }
-  return true;
+  return block.empty() || send(compose(head, byteOf(block)));
 }
 
 bool Conversation::answer(std::uint8_t mode, const Reply& reply) const {

@@ -22,6 +22,11 @@ class Conversation {
   bool spoil(const Fault& fault, const ecrcom::HeaderBytes& head, ecrcom::Frame& frame);
   bool spoilData(const Fault& fault, ecrcom::Frame& frame);
   bool keys(const std::string& sequence);
+  bool spoilKeys(const Fault& fault, const std::string& sequence);
+  bool print(const KeyResult& result) const;
+  bool print(const LineAnswer& answer) const;
+  bool printEnd(std::string_view block, const std::string& marker) const;
+  bool sendBlock(std::string_view block) const;
   bool answer(std::uint8_t mode, const Reply& reply) const;
   bool send(ecrcom::Bytes byte) const;
   bool complete(const ecrcom::HeaderBytes& head, ecrcom::Frame& frame) const;

@@ -11,6 +11,8 @@ inline constexpr std::string_view kPluFile = "plu.bin";
 inline constexpr std::string_view kSalesFile = "venduto.bin";
 inline constexpr std::string_view kInvoicesFile = "fatture.bin";
 inline constexpr std::string_view kJournalFile = "giornale.txt";
+inline constexpr std::string_view kFiscalMemoryFile = "memoria_fiscale.txt";
+inline constexpr std::string_view kCountersFile = "contatori.txt";
 
 struct KnownFile {
   std::string_view name;

@@ -1,13 +1,12 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
-#include <memory>
 #include <span>
 #include <stdexcept>
 
 #include "ecrcom/frame.h"
 #include "ecrsim/command_line.h"
-#include "ecrsim/serial_line.h"
+#include "ecrsim/video.h"
 
 namespace {
 
@@ -30,11 +29,11 @@ void awaitEnd(const sigset_t& signals) {
 
 void run(const ecrsim::Request& request) {
   const sigset_t signals = blockSignals();
-  ecrsim::Simulator till(request.options);
-  std::unique_ptr<ecrsim::SerialLine> line;
-  if (!request.serial.empty())
-    line = std::make_unique<ecrsim::SerialLine>(
-        request.serial, [&](const std::string& sequence) { return till.press(sequence); });
+  ecrsim::Options options = request.options;
+  if (request.video) options.watcher = ecrsim::video(stdout);
+  ecrsim::Simulator till(options);
+  if (request.closeDay && !till.closeDay()) throw std::runtime_error("chiusura fiscale non riuscita");
+  if (!request.serial.empty()) till.openSerial(request.serial);
   if (request.salesDay > 0) {
     const long long takings = till.salesDay(request.salesDay, request.seed);
     std::printf("ECRSIM giornata di %d scontrini, incasso %lld centesimi\n", request.salesDay, takings);

@@ -1,148 +1,111 @@
 #include "ecrsim/sales_day.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
-#include <limits>
 #include <random>
-#include <span>
 #include <stdexcept>
 #include <string>
-
-#include "config/image.h"
-#include "ecrcom/codes.h"
-#include "ecrsim/known_files.h"
+#include <utility>
+#include <vector>
 
 namespace ecrsim {
 namespace {
 
 constexpr std::uint32_t kMaxRows = 8;
 constexpr std::uint32_t kMaxPieces = 6;
-/// One line in so many is discounted, by so much in the hundred.
+/// One line in so many is discounted.
 constexpr std::uint32_t kOneDiscountIn = 10;
-constexpr std::int64_t kDiscountPercent = 10;
-/// Where the three arrays of venduto.bin begin.
-constexpr std::size_t kAmounts = 0;
-constexpr std::size_t kPieces = kPlaces * 4;
-constexpr std::size_t kDiscounts = 2 * kPlaces * 4;
-static_assert(kPlaces == config::kNumeroPLU);
+constexpr const char* kDiscount = "10,00*1M";
+/// Receipts that are written to the memory at once.
+constexpr int kBatch = 1000;
+constexpr int kOpens = (8 * 60 + 30) * 60;
+constexpr int kOpenSeconds = 11 * 60 * 60;
 
 struct Article {
-  std::size_t place;
-  std::string description;
-  std::int32_t price;
+  int number = 0;
+  Cents price = 0;
 };
 
-struct Row {
-  const Article* article;
-  std::int32_t pieces;
-  std::int64_t amount;
-  std::int64_t discount;
-};
-
-std::int32_t integer(ecrcom::Bytes byte, std::size_t start) {
-  std::uint32_t value = 0;
-  for (std::size_t i = 4; i > 0; --i) value = value << 8U | byte[start + i - 1];
-  return static_cast<std::int32_t>(value);
-}
-
-void add(std::span<std::uint8_t> byte, std::size_t start, std::int64_t scale) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  const std::int64_t sum =
-      std::clamp<std::int64_t>(integer(byte, start) + scale, Limits::min(), Limits::max());
-  for (std::size_t i = 0; i < 4; ++i)
-    byte[start + i] = static_cast<std::uint8_t>(static_cast<std::uint64_t>(sum) >> 8U * i);
-}
-
-std::string text(ecrcom::Bytes record, const config::Campo& field) {
-  const auto start = record.begin() + static_cast<std::ptrdiff_t>(field.inizio);
-  return {start, std::find(start, start + static_cast<std::ptrdiff_t>(field.larghezza), std::uint8_t{0})};
-}
-
-std::vector<Article> articles(ecrcom::Bytes byte) {
+std::vector<Article> articles(Programme& programme) {
   std::vector<Article> found;
-  const std::size_t count = std::min(byte.size() / config::kBytePLU, kPlaces);
-  for (std::size_t place = 0; place < count; ++place) {
-    const ecrcom::Bytes record = byte.subspan(place * config::kBytePLU, config::kBytePLU);
-    std::string description = text(record, config::plu::kDescrizione);
-    if (description.empty() && text(record, config::plu::kCodiceEAN).empty()) continue;
-    found.push_back({place, std::move(description), integer(record, config::plu::kPrezzo.inizio)});
+  for (int number = 1; number <= kPlus; ++number) {
+    const Plu plu = programme.plu(number);
+    const bool sells = plu.price > 0 || (plu.price == 0 && plu.zeroPrice);
+    if (plu.programmed && sells) found.push_back({number, plu.price});
   }
   return found;
 }
 
-/// The generator's numbers are fixed by the standard; its distributions are not, hence the remainders.
-Row tap(std::mt19937& which, const std::vector<Article>& articles) {
-  const Article& article = articles[which() % articles.size()];
-  const auto pieces = static_cast<std::int32_t>(1 + which() % kMaxPieces);
-  const std::int64_t amount = std::int64_t{article.price} * pieces;
-  const std::int64_t discount = which() % kOneDiscountIn == 0 ? amount * kDiscountPercent / 100 : 0;
-  return {&article, pieces, amount, discount};
+/// A clock that goes through the opening hours of one date, as far as receipt `number` of `count`.
+Moment timeOf(Moment date, int number, int count) {
+  const int second = kOpens + static_cast<int>(std::int64_t{kOpenSeconds} * number / count);
+  date.hour = second / 3600;
+  date.minute = second / 60 % 60;
+  date.second = second % 60;
+  return date;
 }
 
-void count(std::span<std::uint8_t> sales, const Row& row) {
-  const std::size_t counter = row.article->place * 4;
-  add(sales, kAmounts + counter, row.amount);
-  add(sales, kPieces + counter, row.pieces);
-  add(sales, kDiscounts + counter, row.discount);
-}
+class Day {
+ public:
+  Day(Machine& machine, std::uint32_t seed)
+      : machine_(machine), which_(seed), articles_(articles(machine.desk().programme())) {}
 
-std::string euro(std::int64_t cents) {
-  std::array<char, 32> text;
-  const std::int64_t absolute = cents < 0 ? -cents : cents;
-  std::snprintf(text.data(), text.size(), "%s%lld,%02lld", cents < 0 ? "-" : "",
-                static_cast<long long>(absolute / 100), static_cast<long long>(absolute % 100));
-  return text.data();
-}
-
-std::string print(const Row& row) {
-  std::string text = "  " + std::to_string(row.pieces) + " x " + row.article->description + "  " +
-                     euro(row.article->price) + "  " + euro(row.amount) + "\r\n";
-  if (row.discount != 0) text += "    SCONTO  -" + euro(row.discount) + "\r\n";
-  return text;
-}
-
-std::vector<std::uint8_t> counters(const Memory& memory) {
-  std::vector<std::uint8_t> sales;
-  if (memory.read(kSalesFile, sales) != ecrcom::kDone) sales.clear();
-  sales.resize(kSalesBytes);
-  return sales;
-}
-
-/// One receipt: counts it, prints it, returns what its lines come to before discounts.
-std::int64_t receipt(std::mt19937& which, const std::vector<Article>& articles, std::span<std::uint8_t> sales,
-                     std::string& journal) {
-  std::int64_t gross = 0;
-  std::int64_t discounts = 0;
-  for (std::uint32_t rows = 1 + which() % kMaxRows; rows > 0; --rows) {
-    const Row row = tap(which, articles);
-    count(sales, row);
-    journal += print(row);
-    gross += row.amount;
-    discounts += row.discount;
+  bool empty() const { return articles_.empty(); }
+  Cents takings() const { return takings_; }
+  void receipt() {
+    for (std::uint32_t rows = 1 + which_() % kMaxRows; rows > 0; --rows) row();
+    press("1T");
   }
-  journal += "  TOTALE  " + euro(gross - discounts) + "\r\n";
-  return gross;
+
+ private:
+  /// The generator's numbers are fixed by the standard; its distributions are not, hence the remainders.
+  void row() {
+    const Article& article = articles_[which_() % articles_.size()];
+    const auto pieces = static_cast<std::int64_t>(1 + which_() % kMaxPieces);
+    const bool discounted = which_() % kOneDiscountIn == 0;
+    if (!press(std::to_string(pieces) + "*" + std::to_string(article.number) + "P")) return;
+    takings_ += pieces * article.price;
+    if (discounted) press(kDiscount);
+  }
+  /// Whether the till took it. The lamp is put out, so that the day goes on without what it refuses.
+  bool press(const std::string& keys) {
+    std::vector<LineAnswer> answers;
+    machine_.type(keys, answers);
+    const bool taken = !machine_.error();
+    if (machine_.memoryFailed()) throw std::runtime_error("memoria della cassa non scrivibile");
+    if (!taken) machine_.type("c", answers);
+    return taken;
+  }
+
+  Machine& machine_;
+  std::mt19937 which_;
+  std::vector<Article> articles_;
+  Cents takings_ = 0;
+};
+
+void check(bool done) {
+  if (!done) throw std::runtime_error("memoria della cassa non leggibile o non scrivibile");
 }
 
 }  // namespace
 
-std::int64_t ringUp(const Memory& memory, int receipts, std::uint32_t seed) {
-  std::vector<std::uint8_t> archive;
-  if (memory.read(kPluFile, archive) != ecrcom::kDone) return 0;
-  const std::vector<Article> onSale = articles(archive);
-  if (onSale.empty() || receipts <= 0) return 0;
-  std::vector<std::uint8_t> sales = counters(memory);
-  std::mt19937 which(seed);
-  std::string journal;
-  std::int64_t takings = 0;
-  for (int number = 1; number <= receipts; ++number) {
-    journal += "SCONTRINO " + std::to_string(number) + "\r\n";
-    takings += receipt(which, onSale, sales, journal);
+std::int64_t ringUp(Machine& machine, int receipts, std::uint32_t seed) {
+  Day day(machine, seed);
+  if (day.empty() || receipts <= 0) return 0;
+  const Moment date = machine.desk().now();
+  int number = 0;
+  TillClock before = machine.desk().clock([&] { return timeOf(date, number, receipts); });
+  try {
+    while (number < receipts) {
+      check(machine.desk().books().beginBatch());
+      for (const int end = std::min(receipts, number + kBatch); number < end; ++number) day.receipt();
+      check(machine.desk().books().endBatch());
+    }
+  } catch (...) {
+    machine.desk().clock(std::move(before));
+    throw;
   }
-  if (memory.write(kSalesFile, sales) != ecrcom::kDone || !memory.note(kJournalFile, journal))
-    throw std::runtime_error("memoria della cassa non scrivibile");
-  return takings;
+  machine.desk().clock(std::move(before));
+  return day.takings();
 }
 
 }  // namespace ecrsim

@@ -2,15 +2,14 @@
 
 #include <cstdint>
 
-#include "ecrsim/memory.h"
+#include "ecrsim/machine.h"
 
 namespace ecrsim {
 
-/// Rings up `receipts` receipts over the articles of plu.bin, a slot counting as an article if it has a
-/// description or an EAN. Adds to the counters of venduto.bin (amounts are price times pieces, discounts
-/// stand beside them) and writes the receipts behind giornale.txt. The same articles, number and seed give
-/// the same day everywhere. Returns what the amounts have grown by, in hundredths; 0 without articles.
-/// Throws std::runtime_error if the memory cannot be written.
-std::int64_t ringUp(const Memory& memory, int receipts, std::uint32_t seed);
+/// Rings up `receipts` receipts over the articles of plu.bin that have a price or may have none, by pressing
+/// the keys of the till. Their times begin at 8.30 of the till's date. The same articles, number and seed
+/// give the same day everywhere. Returns what the amounts of venduto.bin have grown by, in hundredths; 0
+/// without articles. Throws std::runtime_error if the memory cannot be read or written.
+std::int64_t ringUp(Machine& machine, int receipts, std::uint32_t seed);
 
 }  // namespace ecrsim

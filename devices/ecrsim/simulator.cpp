@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "ecrsim/keys.h"
 #include "ecrsim/listener.h"
+#include "ecrsim/serial_line.h"
 #include "ecrsim/till.h"
 
 namespace ecrsim {
@@ -13,6 +13,7 @@ struct Simulator::Impl {
 
   Till till;
   Listener listener;
+  std::unique_ptr<SerialLine> serial;
 };
 
 Simulator::Simulator(Options options) : impl_(std::make_unique<Impl>(std::move(options))) {}
@@ -42,7 +43,26 @@ std::int64_t Simulator::salesDay(int receipts, std::uint32_t seed) {
 }
 
 std::string Simulator::press(const std::string& sequence) {
-  return ecrsim::press(impl_->till, sequence).text;
+  std::string printed;
+  const KeyResult result = impl_->till.press(sequence);
+  for (const LineAnswer& answer : result.answers) {
+    std::string text(answer.text->size(), '\0');
+    text.resize(answer.text->read(text));
+    printed += text + answer.marker;
+  }
+  return printed;
+}
+
+bool Simulator::error() const {
+  return impl_->till.error();
+}
+
+bool Simulator::closeDay() {
+  return impl_->till.closeDay();
+}
+
+void Simulator::openSerial(const std::string& link) {
+  impl_->serial = std::make_unique<SerialLine>(link, impl_->till);
 }
 
 const std::filesystem::path& Simulator::folder() const {

@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "ecrsim/moment.h"
+#include "ecrsim/paper.h"
+
 /// A cash register that answers on the network, for tests (in process, a thread of its own) and for people
 /// (the program `ecrsim`). Its memory is a folder: `plu.bin` sent to it is `plu.bin` there, and a
 /// `venduto.bin` laid there is what it hands over.
@@ -22,7 +25,17 @@ enum class FaultKind {
   ShortFile,  ///< the file, or the reply, is handed over short; a file sent to it arrives short
   LongFile,   ///< the same, too long
   Garbage,    ///< bytes that are no frame
+  // Of key sequences alone.
+  Noise,      ///< other characters than those of the answer
+  CutHead,    ///< a dump that breaks off in its first line
+  CutMarker,  ///< a dump that breaks off within the characters that end it
 };
+
+/// What Fault::mode is for key sequences, beside the modes of commands, and what Fault::file is for those
+/// that read the state and for dumps.
+inline constexpr int kKeySequences = 9;
+inline constexpr const char* kStateSequence = "stato";
+inline constexpr const char* kDumpSequence = "dump";
 
 struct Fault {
   int mode = 0;
@@ -52,6 +65,13 @@ struct Options {
   /// If not empty, the text that mode 0 answers with, whatever the rest says.
   std::string infoReply{};
   std::vector<Fault> faults{};
+  /// 'O' in order, 'T' head lifted, 'E' broken; paper 'O' there, anything else none.
+  char printer = 'O';
+  char paper = 'O';
+  /// The till's clock; none: the PC's.
+  TillClock clock{};
+  /// Who sees paper and display; called from the till's threads, one at a time.
+  Watcher watcher{};
   /// How long a frame may take once its first byte is there, and a reply to be taken.
   std::chrono::milliseconds wait{10000};
 };
@@ -80,12 +100,17 @@ class Simulator {
   void infoReply(std::string text);
   /// Whether a transfer is open.
   bool transferOpen() const;
-  /// Rings up `receipts` receipts of a day that the seed decides, over the articles of plu.bin: moves the
-  /// sales counters of venduto.bin, and the fiscal data that are not closed. Returns the takings in
-  /// hundredths.
+  /// Rings up `receipts` receipts of a day that the seed decides, over the articles of plu.bin, by the keys
+  /// of the till: moves all that keys move. Returns the takings before discounts, in hundredths.
   std::int64_t salesDay(int receipts, std::uint32_t seed);
   /// What a key sequence prints to the line; empty for one that prints nothing or is not understood.
   std::string press(const std::string& sequence);
+  /// Whether the error lamp is lit.
+  bool error() const;
+  /// Closes the fiscal day if a receipt was printed since the last closure. False if it could not.
+  bool closeDay();
+  /// Opens a serial line as well, a pseudo-terminal with a link to it; throws std::system_error.
+  void openSerial(const std::string& link);
   const std::filesystem::path& folder() const;
   const std::string& address() const;
 

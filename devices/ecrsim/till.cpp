@@ -18,6 +18,12 @@ constexpr std::string_view kClosureStates = "IPA";
 constexpr std::size_t kMaxInfo = 256;
 constexpr std::string_view kDoneReply = "OK";
 
+constexpr unsigned char kFirstPrintable = 0x20;
+
+bool printable(char character) {
+  return static_cast<unsigned char>(character) >= kFirstPrintable;
+}
+
 std::vector<std::uint8_t> byteOf(std::string_view text) {
   const ecrcom::Bytes byte = ecrcom::byteOf(text);
   return {byte.begin(), byte.end()};
@@ -26,7 +32,13 @@ std::vector<std::uint8_t> byteOf(std::string_view text) {
 }  // namespace
 
 Till::Till(Options options)
-    : options_(std::move(options)), memory_(options_.folder), faults_(options_.faults) {}
+    : options_(std::move(options)),
+      memory_(options_.folder),
+      machine_(memory_, options_.state, options_.mmc, options_.clock, options_.watcher),
+      faults_(options_.faults) {
+  machine_.desk().printer = options_.printer;
+  machine_.desk().paper = options_.paper;
+}
 
 std::optional<Fault> Till::fault(int mode, const std::string& file) {
   const std::lock_guard lock(mutex_);
@@ -59,7 +71,7 @@ std::int16_t Till::permission(int mode) const {
   if (mode == ECR_INFO_MODE || mode == ECR_CLOSE_MODE) return ecrcom::kDone;
   const bool closing = mode == ECR_FISCAL_CLOSURE_MODE;
   const std::string_view states = closing ? kClosureStates : kTransferStates;
-  if (states.find(options_.state) == std::string_view::npos) return ecrcom::kWrongState;
+  if (states.find(machine_.state()) == std::string_view::npos) return ecrcom::kWrongState;
   const bool wantsClosed = closing || mode == ECR_OPEN_MODE;
   if (wantsClosed && open_) return ecrcom::kTransferOpen;
   if (!wantsClosed && !open_) return ecrcom::kTransferClosed;
@@ -74,6 +86,7 @@ Reply Till::work(int mode, const std::string& file, ecrcom::Bytes data) {
     case ECR_OPEN_MODE:
     case ECR_CLOSE_MODE:
       open_ = mode == ECR_OPEN_MODE;
+      machine_.transferOpen(open_);
       break;
     case ECR_RESET_MODE:
       code = clearProgramming();
@@ -89,10 +102,19 @@ Reply Till::work(int mode, const std::string& file, ecrcom::Bytes data) {
     case ECR_FETCH_MODE:
       return handOverFile(file);
     default:
-      options_.fiscal = 0;
+      code = closeFiscalDay();
       break;
   }
   return code == ecrcom::kDone ? Reply{code, byteOf(kDoneReply)} : Reply{code, {}};
+}
+
+std::int16_t Till::closeFiscalDay() {
+  machine_.refresh();
+  if (machine_.fiscalClosure()) {
+    options_.fiscal = 0;
+    return ecrcom::kDone;
+  }
+  return machine_.memoryFailed() ? ecrcom::kTillMemory : ecrcom::kWrongState;
 }
 
 /// Positions, not keys, are what the PC goes by: software 1, size class 2, memory card 3, state 11, model 12,
@@ -101,16 +123,16 @@ Reply Till::info() const {
   std::string text = options_.infoReply;
   if (text.empty()) {
     text = "VER=" + options_.version + ",BMP=" + options_.bitmap + ",MMC=" + options_.mmc +
-           ",PLU=5000,REP=80,IVA=8,VAL=4,OPE=10,CLI=250,FAT=1000,STATO=" + options_.state +
+           ",PLU=5000,REP=80,IVA=8,VAL=4,OPE=10,CLI=250,FAT=1000,STATO=" + machine_.state() +
            ",MOD=" + options_.pattern +
-           ",MATR=0000001,CASSA=1,LAN=1,COM=2,FISC=" + std::to_string(options_.fiscal) + ",DGFE=1,PROT=1";
+           ",MATR=0000001,CASSA=1,LAN=1,COM=2,FISC=" + std::to_string(openReceipts()) + ",DGFE=1,PROT=1";
     text.resize(std::min(text.size(), kMaxInfo));
   }
   return {ecrcom::kDone, byteOf(text)};
 }
 
 std::int16_t Till::clearProgramming() const {
-  if (options_.fiscal > 0) return ecrcom::kWrongState;
+  if (openReceipts() > 0) return ecrcom::kWrongState;
   for (const KnownFile& file : knownFiles()) {
     if (!file.programming) continue;
     const std::int16_t code = memory_.clear(file.name, file.byte(options_.bitmap));
@@ -122,7 +144,7 @@ std::int16_t Till::clearProgramming() const {
 std::int16_t Till::takeFile(const std::string& file, ecrcom::Bytes data) const {
   const KnownFile* known = knownFile(file);
   if (known == nullptr || !known->sendable) return ecrcom::kUnknownFile;
-  if (options_.fiscal > 0 && known->wantsClosedDay()) return ecrcom::kWrongState;
+  if (openReceipts() > 0 && known->wantsClosedDay()) return ecrcom::kWrongState;
   if (!known->accepts(data.size(), options_.bitmap)) return ecrcom::kBadLength;
   const std::size_t read = known->byte(options_.bitmap);
   return memory_.write(file, read == 0 ? data : data.first(read));
@@ -143,10 +165,46 @@ Reply Till::handOverFile(const std::string& file) const {
   return reply;
 }
 
-/// Kind, maker, serial number; fiscal, receipt closed, fiscal; two receipt numbers; memory card and fiscal
-/// memory in per cent; printer and paper in order, card present.
-std::string Till::stateRecord() const {
-  return "ECRSIM0000001FCF000000000000000 000 OOP";
+KeyResult Till::press(std::string_view sequence) {
+  const std::lock_guard lock(mutex_);
+  if (!std::all_of(sequence.begin(), sequence.end(), printable)) return {ecrcom::kBadText, {}};
+  machine_.refresh();
+  std::vector<LineAnswer> answers;
+  machine_.type(sequence, answers);
+  return resultOf(std::move(answers));
+}
+
+KeyResult Till::press(const Stroke& stroke) {
+  const std::lock_guard lock(mutex_);
+  machine_.refresh();
+  std::vector<LineAnswer> answers;
+  machine_.press(stroke, answers);
+  return resultOf(std::move(answers));
+}
+
+/// A key that is refused shows on the till alone; a memory that fails is told to the PC as well.
+KeyResult Till::resultOf(std::vector<LineAnswer> answers) {
+  return {machine_.memoryFailed() ? ecrcom::kTillMemory : ecrcom::kDone, std::move(answers)};
+}
+
+void Till::pause() {
+  const std::lock_guard lock(mutex_);
+  machine_.pause();
+}
+
+bool Till::waits() const {
+  const std::lock_guard lock(mutex_);
+  return machine_.waits();
+}
+
+bool Till::error() const {
+  const std::lock_guard lock(mutex_);
+  return machine_.error();
+}
+
+bool Till::closeDay() {
+  const std::lock_guard lock(mutex_);
+  return closeFiscalDay() == ecrcom::kDone;
 }
 
 std::vector<Call> Till::calls() const {
@@ -161,7 +219,7 @@ void Till::forgetCalls() {
 
 void Till::state(char letter) {
   const std::lock_guard lock(mutex_);
-  options_.state = letter;
+  machine_.state(letter);
 }
 
 void Till::faults(std::vector<Fault> faults) {
@@ -181,9 +239,8 @@ bool Till::transferOpen() const {
 
 std::int64_t Till::salesDay(int receipts, std::uint32_t seed) {
   const std::lock_guard lock(mutex_);
-  const std::int64_t takings = ringUp(memory_, receipts, seed);
-  if (takings > 0) options_.fiscal += receipts;
-  return takings;
+  machine_.refresh();
+  return ringUp(machine_, receipts, seed);
 }
 
 }  // namespace ecrsim

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "ecrsim/line_text.h"
+#include "ecrsim/machine.h"
 #include "ecrsim/memory.h"
 #include "ecrsim/simulator.h"
 
@@ -29,8 +31,16 @@ class Till {
   Reply run(int mode, const std::string& file, ecrcom::Bytes data);
   /// Notes a command that is not run.
   void note(int mode, const std::string& file, std::size_t byte);
-  /// The 39 bytes that tell the till's state to a key sequence.
-  std::string stateRecord() const;
+
+  /// A key sequence from its first key to its last. Control characters are refused whole.
+  KeyResult press(std::string_view sequence);
+  /// One stroke of a line that has no sequences, only keys.
+  KeyResult press(const Stroke& stroke);
+  /// The keys of such a line have come to rest; whether something waits for that.
+  void pause();
+  bool waits() const;
+  bool error() const;
+  bool closeDay();
 
   std::vector<Call> calls() const;
   void forgetCalls();
@@ -46,6 +56,9 @@ class Till {
 
  private:
   std::int16_t permission(int mode) const;
+  std::int16_t closeFiscalDay();
+  std::int64_t openReceipts() const { return options_.fiscal + machine_.receipts(); }
+  KeyResult resultOf(std::vector<LineAnswer> answers);
   Reply work(int mode, const std::string& file, ecrcom::Bytes data);
   Reply info() const;
   std::int16_t clearProgramming() const;
@@ -55,6 +68,7 @@ class Till {
   mutable std::mutex mutex_;
   Options options_;
   Memory memory_;
+  Machine machine_;
   std::vector<Call> calls_;
   std::vector<Fault> faults_;
   bool open_ = false;

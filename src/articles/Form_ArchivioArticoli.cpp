@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <utility>
 
 #include "articles/archive_grid.h"
 #include "articles/archive_save.h"
@@ -78,7 +79,7 @@ void Form_ArchivioArticoli::preparaTasti() {
 }
 
 void Form_ArchivioArticoli::sorveglia(QLineEdit& campo, KeyRule regola, FieldCheck controllo) {
-  new GuardedField(campo, regola, controllo, [this](const QString& messaggio) {
+  new GuardedField(campo, regola, std::move(controllo), [this](const QString& messaggio) {
     reazioni::protetta(contesto().utente, QStringLiteral("LostFocus"), objectName(), [&] {
       contesto().utente.MsgBox(messaggio, Icon::Critical);
       ui_->BarraEsito->tell(Genere::Warning, messaggio);

@@ -37,7 +37,7 @@ void avvisaModelloAssente(Contesto& contesto) {
 }
 
 QString ConservaArchivio(const QString& percorso, Contesto& contesto) {
-  const QString copia = PreviousName(percorso);
+  QString copia = PreviousName(percorso);
   try {
     // Open, the archive is copied by the engine: at rest, and without what a killed program left half done.
     const store::Database aperto = contesto.area.OpenDatabase(percorso);
@@ -55,7 +55,7 @@ QString NuovoDatabase(const QString& percorso, Contesto& contesto) {
   const QString modello = percorsoModello(contesto);
   // Without the template nothing is overwritten, and the copy of the time before stays.
   const bool sovrascrive = FileEsiste(modello) && FileEsiste(percorso);
-  const QString precedente = sovrascrive ? ConservaArchivio(percorso, contesto) : QString();
+  QString precedente = sovrascrive ? ConservaArchivio(percorso, contesto) : QString();
   store::CopyArchive(modello, percorso);
   ApriDatabase(percorso, contesto);
   return precedente;

@@ -23,6 +23,7 @@ namespace {
 constexpr const char* kIntestazione = "vkTextBox_INT";
 constexpr const char* kCortesia = "vkTextBox_COR";
 constexpr const char* kRiquadroLarghezza = "RiquadroLarghezza";
+constexpr const char* kCartaIntestazione = "vkTextBoxStampanteFiscale_1";
 constexpr int kCaratteri24 = 24;
 constexpr int kCaratteri26 = 26;
 constexpr int kCaratteri36 = 36;
@@ -107,7 +108,7 @@ constexpr std::array kDatiCassa{
     mostrato("vkTextBoxNumTasti", u"Num. Tasti", numeroTasti),
     larghezza("vkTextBoxStampanteFiscale_0"),
 };
-constexpr std::array kLarghezzaIntestazione{larghezza("vkTextBoxStampanteFiscale_1")};
+constexpr std::array kLarghezzaIntestazione{larghezza(kCartaIntestazione)};
 constexpr std::array kLarghezzaCortesia{larghezza("vkTextBoxStampanteFiscale_2")};
 
 constexpr std::array kDatiIntestazione{
@@ -199,6 +200,7 @@ void Form_Negozio::creaLarghezze() {
   auto* scelta = new QButtonGroup(this);
   int posizione = 0;
   const int usata = varGestionePRG().LarghezzaRiga;
+  QWidget* prima = &campo(editors::kCartaIntestazione).controllo();
   for (const int caratteri : {editors::kCaratteri36, editors::kCaratteri24}) {
     auto* voce = new QRadioButton(QStringLiteral("%1 caratteri").arg(caratteri), &carta);
     voce->setObjectName(QStringLiteral("vkOptionButtonLarCar_%1").arg(posizione));
@@ -206,6 +208,9 @@ void Form_Negozio::creaLarghezze() {
         QStringLiteral("Quanto possono essere lunghe le righe di intestazione e cortesia che si scrivono"));
     scelta->addButton(voce);
     fianco->addWidget(voce);
+    // The Tab key comes to them before the lines that they are for.
+    setTabOrder(prima, voce);
+    prima = voce;
     ++posizione;
     voce->setChecked(caratteri == usata ||
                      (caratteri == editors::kCaratteri36 && usata != editors::kCaratteri26));

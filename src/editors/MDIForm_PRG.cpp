@@ -178,7 +178,14 @@ bool MDIForm_PRG::guardia(Ricarica ricarica) {
   if (!editors::ciSonoModifiche() || !editors::chiediDiSalvare(contesto())) return true;
   const editors::EsitoSalvataggio esito = editors::SalvaModificati(contesto());
   if (!esito.salvato) return false;
-  ui_->BarraEsito->tell(OutcomeBar::Kind::Done, esito.racconto);
+  if (esito.perse.isEmpty())
+    ui_->BarraEsito->tell(OutcomeBar::Kind::Done, esito.racconto);
+  else
+    ui_->BarraEsito->tell(
+        OutcomeBar::Kind::Warning,
+        QStringLiteral("%1. Non salvate le modifiche di: %2. Si salva un editor alla volta, e "
+                       "prima ce n'era un altro con modifiche")
+            .arg(esito.racconto, esito.perse.join(QStringLiteral(", "))));
   if (ricarica == Ricarica::Si) editors::RicaricaEditor(contesto());
   return true;
 }

@@ -54,10 +54,25 @@ class MemoriaDiPrima {
   bool tenuta_ = false;
 };
 
+/// Titles of the open screens whose flags are set behind the first one.
+QStringList dietroLaPrima(const Contesto& contesto) {
+  QStringList titoli;
+  bool dietro = false;
+  for (const Voce& voce : kOrdine) {
+    if (!segnata(voce)) continue;
+    const QWidget* schermata = dietro ? contesto.schermate.trova(QLatin1String(voce.schermata)) : nullptr;
+    if (schermata) titoli << schermata->windowTitle();
+    dietro = true;
+  }
+  return titoli;
+}
+
 EsitoSalvataggio racconta(const config::Salvataggio& fatto) {
   if (fatto.esito != 0) return {};
-  return {true, fatto.racconto.isEmpty() ? QStringLiteral("Salvato: nessuna differenza nel file")
-                                         : QStringLiteral("Salvato: ") + fatto.racconto};
+  return {true,
+          fatto.racconto.isEmpty() ? QStringLiteral("Salvato: nessuna differenza nel file")
+                                   : QStringLiteral("Salvato: ") + fatto.racconto,
+          {}};
 }
 
 }  // namespace
@@ -86,11 +101,13 @@ EsitoSalvataggio SalvaModificati(Contesto& contesto) {
     }
   const config::Salvataggio fatto =
       config::SalvaConfigurazioneRaccontando(varGestionePRG().PathConfigurazione, contesto.utente);
+  EsitoSalvataggio esito = racconta(fatto);
   if (fatto.esito == 0) {
+    esito.perse = dietroLaPrima(contesto);
     prima.tieni();
     azzeraModifiche();
   }
-  return racconta(fatto);
+  return esito;
 }
 
 void RicaricaEditor(Contesto& contesto) {

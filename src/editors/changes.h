@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include "core/state.h"
 
@@ -43,6 +44,8 @@ struct EsitoSalvataggio {
   bool salvato = false;
   /// "Salvato: 3 reparti"
   QString racconto = {};
+  /// Titles of the open editors whose changes were not among what was saved, and have lost their mark.
+  QStringList perse = {};
 };
 
 /// Moves the screen of the first flag that is set into memory, saves the configuration and clears all seven

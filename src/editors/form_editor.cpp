@@ -91,8 +91,9 @@ EditorModulo::EditorModulo(Contesto& contesto, const editors::Modulo& modulo)
 EditorModulo::~EditorModulo() = default;
 
 void EditorModulo::costruisci() {
+  // The Tab key goes through them as they are made: commands come behind the fields of every tab.
+  for (const editors::Pagina& una : modulo_.pagine) ui_->schede->addTab(pagina(una), testo(una.titolo));
   for (const editors::Pagina& una : modulo_.pagine) {
-    ui_->schede->addTab(pagina(una), testo(una.titolo));
     if (una.salva != nullptr) ui_->comandi->addWidget(comandi(una));
     comandiDi_.push_back(ui_->comandi->count() - 1);
   }

@@ -58,7 +58,8 @@ class CampoModulo : public QFrame {
   void segnaSbagliato();
   const Dato& dato() const { return dato_; }
   std::size_t riga() const { return posto_.riga; }
-  /// Caption and row, for messages and readers of the screen.
+  /// Caption and row, or the card and the caption where that is not enough, for messages and readers of the
+  /// screen.
   QString nome() const;
 
  protected:

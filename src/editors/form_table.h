@@ -103,6 +103,8 @@ struct Riquadro {
   int affiancati = 1;
   /// In the second column of the tab.
   bool secondaColonna = false;
+  /// Its title says which fields are meant: others have the same captions, or these say little alone.
+  bool nominato = false;
   /// Object name of the card, where it has one of its own.
   const char* nome = "";
 };

@@ -193,8 +193,8 @@ constexpr std::array kDatiPAVO{
     siNo("vkOptionButtonCUTTER_PAVO", u"Abilitazione CUTTER", p::kCutter),
 };
 constexpr std::array kRiquadriPeriferiche{
-    Riquadro{.titolo = u"COM 1", .dati = kDatiCOM1, .affiancati = 2},
-    Riquadro{.titolo = u"COM 3", .dati = kDatiCOM3, .affiancati = 2},
+    Riquadro{.titolo = u"COM 1", .dati = kDatiCOM1, .affiancati = 2, .nominato = true},
+    Riquadro{.titolo = u"COM 3", .dati = kDatiCOM3, .affiancati = 2, .nominato = true},
     Riquadro{.titolo = u"Stampante della cassa", .dati = kDatiFiscale, .affiancati = 2},
     Riquadro{
         .titolo = u"Stampanti ausiliarie", .dati = kDatiAusiliarie, .affiancati = 2, .secondaColonna = true},
@@ -258,10 +258,14 @@ constexpr std::array kDatiPercB{
 };
 constexpr std::array kRiquadriScontrino{
     Riquadro{.titolo = u"Vendita", .dati = kDatiObblighi, .affiancati = 2},
-    Riquadro{.titolo = u"Max Importo in Vendita", .dati = kDatiMaxImporto},
-    Riquadro{.titolo = u"Percentuale A", .dati = kDatiPercA, .affiancati = 2},
+    Riquadro{.titolo = u"Max Importo in Vendita", .dati = kDatiMaxImporto, .nominato = true},
+    Riquadro{.titolo = u"Percentuale A", .dati = kDatiPercA, .affiancati = 2, .nominato = true},
     Riquadro{.titolo = u"Che cosa si stampa", .dati = kDatiStampati, .affiancati = 2, .secondaColonna = true},
-    Riquadro{.titolo = u"Percentuale B", .dati = kDatiPercB, .affiancati = 2, .secondaColonna = true},
+    Riquadro{.titolo = u"Percentuale B",
+             .dati = kDatiPercB,
+             .affiancati = 2,
+             .secondaColonna = true,
+             .nominato = true},
 };
 
 // Varie
@@ -338,7 +342,8 @@ constexpr std::array kRiquadriVarie{
              .righe = p::kSubtender.quanti,
              .nomi = kNomiSubtender,
              .secondaColonna = true},
-    Riquadro{.titolo = u"Num reparti da shiftare", .dati = kDatiShift, .secondaColonna = true},
+    Riquadro{
+        .titolo = u"Num reparti da shiftare", .dati = kDatiShift, .secondaColonna = true, .nominato = true},
     Riquadro{.titolo = u"Avvisi e orologio", .dati = kDatiAvvisi, .affiancati = 2, .secondaColonna = true},
 };
 

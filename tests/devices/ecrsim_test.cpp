@@ -317,7 +317,8 @@ TEST_F(Programma, LAiutoNominaOgniOpzione) {
   EXPECT_EQ(processo.exitCode(), 0);
   const QByteArray aiuto = processo.readAllStandardOutput();
   for (const char* opzione : {"--address", "--dir", "--bitmap", "--stato", "--fiscale", "--seriale",
-                              "--giornata", "--seme", "--guasto"})
+                              "--giornata", "--seme", "--guasto", "--stampante", "--carta", "--video",
+                              "--chiusura", "rumore", "taglio-testa", "taglio-marcatore"})
     EXPECT_TRUE(aiuto.contains(opzione)) << opzione;
 }
 
@@ -343,12 +344,69 @@ TEST(LineaSeriale, UnCollegamentoVecchioSiSostituisceUnFileNo) {
   TemporaryFolder cartella;
   const QString linea = cartella.file(QStringLiteral("COM2"));
   ASSERT_TRUE(QFile::link(QStringLiteral("/dev/inesistente"), linea));
-  const auto muta = [](const std::string&) { return std::string(); };
+  ecrsim::Options opzioni;
+  opzioni.folder = cartella.path().toStdString();
+  ecrsim::Till cassa(opzioni);
   {
-    const ecrsim::SerialLine seriale(linea.toStdString(), muta);
+    const ecrsim::SerialLine seriale(linea.toStdString(), cassa);
     EXPECT_TRUE(QFileInfo::exists(linea));
   }
   cartella.write(QStringLiteral("COM2"), "documento");
-  EXPECT_THROW(ecrsim::SerialLine(linea.toStdString(), muta), std::system_error);
+  EXPECT_THROW(ecrsim::SerialLine(linea.toStdString(), cassa), std::system_error);
   EXPECT_EQ(cartella.read(QStringLiteral("COM2")), "documento");
+}
+
+TEST(RigaComando, VideoChiusuraStampanteECartaArrivanoAlLoroPosto) {
+  const ecrsim::Request richiesta = leggi({"--video", "--chiusura", "--stampante", "T", "--carta", "F"});
+  EXPECT_TRUE(richiesta.video);
+  EXPECT_TRUE(richiesta.closeDay);
+  EXPECT_EQ(richiesta.options.printer, 'T');
+  EXPECT_EQ(richiesta.options.paper, 'F');
+  const ecrsim::Request nessuna = leggi({});
+  EXPECT_FALSE(nessuna.video || nessuna.closeDay);
+  for (const auto& argomenti : std::vector<std::vector<const char*>>{{"--stampante", "X"}, {"--carta", "T"}})
+    EXPECT_THROW(leggi(argomenti), std::invalid_argument);
+}
+
+TEST_F(Programma, ConVideoMostraCartaEDisplay) {
+  avvia({QStringLiteral("--address"), indirizzo, QStringLiteral("--dir"), QStringLiteral("memoria"),
+         QStringLiteral("--video")});
+  EXPECT_TRUE(riga().startsWith("ECRSIM pronto su "));
+  Library libreria;
+  QByteArray ip = indirizzo.toLatin1();
+  const int maniglia = libreria.ecr_conn_xonxoff_ntw(ip.data());
+  QByteArray tasti = "\"CAFF\xC8\"100H1R";
+  EXPECT_EQ(libreria.ecr_send_xonxoff_ntw(maniglia, tasti.data()), 0);
+  QByteArray mostrato;
+  while (!mostrato.contains("[TOTALE          1,00]")) {
+    const QByteArray una = riga();
+    ASSERT_FALSE(una.isEmpty()) << mostrato.constData();
+    mostrato += una;
+  }
+  EXPECT_TRUE(mostrato.contains("  | CAFFÈ                               1,00\n")) << mostrato.constData();
+  libreria.ecr_disc_xonxoff_ntw(maniglia);
+}
+
+TEST_F(Programma, ConChiusuraLaGiornataRimastaApertaSiChiude) {
+  const QStringList memoria{QStringLiteral("--address"), indirizzo, QStringLiteral("--dir"),
+                            QStringLiteral("memoria")};
+  ASSERT_TRUE(QDir().mkdir(QStringLiteral("memoria")));
+  QByteArray plu(240000, '\0');
+  plu.replace(0, 4, "PANE");
+  plu[27] = 100;
+  cartella.write(QStringLiteral("memoria/plu.bin"), plu);
+  Library libreria;
+  const auto fiscali = [&](const QStringList& argomenti) {
+    avvia(memoria + argomenti);
+    QByteArray una = riga();
+    while (!una.startsWith("ECRSIM pronto su ") && !una.isEmpty()) una = riga();
+    EXPECT_EQ(libreria.command(indirizzo, ECR_INFO_MODE), ecrcom::kDone);
+    processo.terminate();
+    EXPECT_TRUE(processo.waitForFinished(10000));
+    return libreria.reply.split(',').value(16);
+  };
+  EXPECT_EQ(fiscali({QStringLiteral("--giornata"), QStringLiteral("5")}), "FISC=5");
+  EXPECT_EQ(fiscali({}), "FISC=5") << "the day stays open in the till's memory";
+  EXPECT_EQ(fiscali({QStringLiteral("--chiusura")}), "FISC=0");
+  EXPECT_EQ(cartella.read(QStringLiteral("memoria/memoria_fiscale.txt")).left(5), "0001 ");
 }

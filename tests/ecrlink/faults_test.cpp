@@ -44,6 +44,11 @@ QString messaggioDi(const Caso& caso) {
       return QStringLiteral("Collegamento con la cassa interrotto");
     case FaultKind::Garbage:
       return QStringLiteral("Risposta della cassa non riconosciuta");
+    // Of key sequences alone.
+    case FaultKind::Noise:
+    case FaultKind::CutHead:
+    case FaultKind::CutMarker:
+      break;
     case FaultKind::ShortFile:
     case FaultKind::LongFile:
       return caso.modo == Modo::Invia ? QStringLiteral("Lunghezza del file non accettata dalla cassa")

@@ -626,6 +626,45 @@ TEST_F(DatiNegozio, UnByteDiAltezzaCheNonEZeroNeUnoSiVedeSiESiSalvaUno) {
   EXPECT_EQ(onDisk(inizioRiga(0), 1), QByteArray("\x01"));
 }
 
+TEST_F(DatiNegozio, IlTabulatorePassaDallaLarghezzaAlleRigheEPoiAiComandi) {
+  const GuidedForm schermo(program, kSchermo);
+  schermo.window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&schermo.window()));
+  for (const Scheda scheda : {kIntestazione, kCortesia}) {
+    schermo.tab(scheda);
+    schermo.tabs().tabBar()->setFocus();
+    QStringList fermate;
+    const int quante = scheda == kIntestazione ? 1 + 2 * kRighe + 2 : 3 * kRigheCortesia + 2;
+    for (int i = 0; i < quante; ++i) {
+      schermo.press(Qt::Key_Tab);
+      fermate << schermo.focus();
+    }
+    QStringList attese;
+    if (scheda == kIntestazione) attese << k36;
+    for (int riga = 0; scheda == kIntestazione && riga < kRighe; ++riga)
+      attese << QStringLiteral("vkTextBox_INT_%1").arg(riga)
+             << QStringLiteral("vkOptionButtonINT_NO_%1").arg(riga);
+    for (int riga = 0; scheda == kCortesia && riga < kRigheCortesia; ++riga)
+      attese << QStringLiteral("vkTextBox_COR_%1").arg(riga)
+             << QStringLiteral("vkOptionButtonCOR_NO_%1").arg(riga)
+             << QStringLiteral("vkOptionButtonAbilCOR_NO_%1").arg(riga);
+    attese << kSalva << kAnnulla;
+    EXPECT_EQ(fermate, attese);
+  }
+}
+
+TEST_F(DatiNegozio, LaLarghezzaSiSceglieAncheConLeFrecce) {
+  const GuidedForm schermo(program, kSchermo);
+  schermo.window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&schermo.window()));
+  schermo.tab(kIntestazione);
+  schermo.control(k36).setFocus();
+  schermo.press(Qt::Key_Right);
+  EXPECT_EQ(schermo.focus(), k24);
+  EXPECT_TRUE(schermo.checked(k24));
+  EXPECT_EQ(schermo.line(QStringLiteral("vkTextBox_INT_7")).maxLength(), 24);
+}
+
 TEST_F(DatiNegozio, ADodiciPuntiSta) {
   expectTabsFitAtTwelvePoints(apri());
 }

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFrame>
+#include <QMap>
 #include <QTemporaryDir>
 #include <functional>
 
@@ -959,15 +960,19 @@ const std::vector<Modifica>& modifiche() {
       {"vkOptionButtonTagl", kPeriferiche,
        [](const GuidedFields& s) { s.clickOn(t("vkOptionButtonTagl_SI")); }, "Taglierina"},
       {"ComboVelCOM1", kPeriferiche, [](const GuidedFields& s) { s.stepDown(t("ComboVelCOM1")); },
-       "Velocità"},
+       "COM 1, Velocità"},
+      {"ComboVelCOM2", kPeriferiche, [](const GuidedFields& s) { s.stepDown(t("ComboVelCOM2")); },
+       "COM 3, Velocità"},
       {"ComboPrinterAUXFatture", kPeriferiche,
        [](const GuidedFields& s) { s.stepDown(t("ComboPrinterAUXFatture")); }, "Stampante per le fatture"},
       {"vkTextBox_nlinee_body", kPeriferiche,
        [](const GuidedFields& s) { s.write(t("vkTextBox_nlinee_body"), t("12")); }, "Num. linee"},
       {"vkTextBox_repsconto", kScontrino,
-       [](const GuidedFields& s) { s.write(t("vkTextBox_repsconto"), t("5")); }, "Percent. Sconto"},
+       [](const GuidedFields& s) { s.write(t("vkTextBox_repsconto"), t("5")); },
+       "Percentuale A, Percent. Sconto"},
       {"vkTextBoxDescrizioneTipoPercA", kScontrino,
-       [](const GuidedFields& s) { s.write(t("vkTextBoxDescrizioneTipoPercA"), t("Saldi")); }, "Descrizione"},
+       [](const GuidedFields& s) { s.write(t("vkTextBoxDescrizioneTipoPercA"), t("Saldi")); },
+       "Percentuale A, Descrizione"},
       {"vkTextBoxTempoAzz", kVarie,
        [](const GuidedFields& s) { s.write(t("vkTextBoxTempoAzz"), t("120000")); }, "Tempo Azzeramento"},
       {"vkTextBox_Password", kVarie,
@@ -1009,6 +1014,24 @@ TEST_F(OpzioniGenerali, OgniGenereDiModificaAccendeLaBandieraEIlSuoSegno) {
     EXPECT_EQ(schermo.foot(), t("Modifiche annullate: ") + t(una.nome));
   }
   expectBoxes(program, {});
+}
+
+TEST_F(OpzioniGenerali, NessunControlloSiLeggeComeUnAltro) {
+  const GuidedFields schermo = apri();
+  QMap<QString, QString> nomi;
+  for (const QWidget* uno : schermo.tabs().findChildren<QWidget*>()) {
+    if (!qobject_cast<const QLineEdit*>(uno) && !qobject_cast<const QComboBox*>(uno) &&
+        !qobject_cast<const QRadioButton*>(uno))
+      continue;
+    EXPECT_FALSE(nomi.contains(uno->accessibleName()))
+        << uno->accessibleName().toStdString() << ": " << uno->objectName().toStdString() << " e "
+        << nomi.value(uno->accessibleName()).toStdString();
+    nomi.insert(uno->accessibleName(), uno->objectName());
+  }
+  EXPECT_EQ(nomi.value(t("COM 1, Apparato")), t("ComboCOM1"));
+  EXPECT_EQ(nomi.value(t("COM 3, Apparato")), t("ComboCOM2"));
+  EXPECT_EQ(nomi.value(t("Percentuale B, Tipo, Maggiorazione")), t("vkOptionButtonScontoB_SI"));
+  EXPECT_EQ(nomi.value(t("Num reparti da shiftare, Valore")), t("vkTextBoxNumdaShift"));
 }
 
 TEST_F(OpzioniGenerali, SalvareERiempireTolgonoISegniELaBandiera) {

@@ -602,6 +602,26 @@ TEST_F(AreaProgrammazione, ConDueEditorModificatiSiChiedeUnaVoltaSiSalvaIlPrimoE
     EXPECT_FALSE(aperto(QLatin1String(altro))) << altro;
 }
 
+// The first flag is that of an editor that was left with No; what the open one had goes with the refill.
+TEST_F(AreaProgrammazione, LeModificheCheIlSiNonHaSalvatoSiDiconoAlPiede) {
+  crea();
+  premi(6);
+  varGestionePRG().ModificaReparti = kVero;
+  bottega.user.answers(Answer::No);
+  premi(8);
+  bottega.screens.trova(QStringLiteral("Form_IVA"))->setWindowTitle(QStringLiteral("Gestione IVA"));
+  varGestionePRG().ModificaIVA = kVero;
+  chiamate.clear();
+  bottega.user.answers(Answer::Yes);
+  premi(9);
+  expectBoxes(bottega, {kDomanda, kDomanda});
+  EXPECT_EQ(chiamate.value(0), QStringLiteral("ricarica Form_IVA"));
+  EXPECT_EQ(piede(), QStringLiteral("Salvato: nessuna differenza nel file. Non salvate le modifiche di: "
+                                    "Gestione IVA. Si salva un editor alla volta, e prima ce n'era un altro "
+                                    "con modifiche"));
+  EXPECT_EQ(schermo->findChild<OutcomeBar*>(QStringLiteral("BarraEsito"))->kind(), OutcomeBar::Kind::Warning);
+}
+
 TEST_F(AreaProgrammazione, ConNoNonSiSalvaISegniRestanoEIlComandoProsegue) {
   crea();
   premi(6);

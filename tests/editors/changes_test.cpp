@@ -41,6 +41,24 @@ TEST_F(Modifiche, ConRepartiEIvaModificatiSoloIRepartiVannoInMemoriaEEntrambiISe
   EXPECT_EQ(QFileInfo(prg.PathConfigurazione).size(), kByteFile);
 }
 
+TEST_F(Modifiche, SiDiceDiQualiEditorApertiLeModificheNonSonoTraLeSalvate) {
+  apri({QStringLiteral("Form_IVA"), QStringLiteral("Form_OPE"), QStringLiteral("Form_OpzioniGen")});
+  for (const char* nome : {"Form_IVA", "Form_OPE", "Form_OpzioniGen"})
+    bottega.screens.trova(QLatin1String(nome))
+        ->setWindowTitle(QStringLiteral("Titolo ") + QLatin1String(nome));
+  // The departments' screen has been closed, and nobody touched the options.
+  prg.ModificaReparti = kVero;
+  prg.ModificaIVA = kVero;
+  prg.ModificaValuta = kVero;
+  prg.ModificaOperatori = kVero;
+  const editors::EsitoSalvataggio esito = editors::SalvaModificati(bottega.contesto);
+  EXPECT_TRUE(esito.salvato);
+  EXPECT_TRUE(chiamate.isEmpty());
+  EXPECT_EQ(esito.perse, (QStringList{QStringLiteral("Titolo Form_IVA"), QStringLiteral("Titolo Form_OPE")}));
+  prg.ModificaIVA = kVero;
+  EXPECT_EQ(editors::SalvaModificati(bottega.contesto).perse, QStringList());
+}
+
 struct Precedenza {
   Bandiera VarGestionePRG::*segno;
   const char* schermata;
