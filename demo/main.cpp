@@ -28,8 +28,7 @@ bool clean(QDir folder) {
   QDir till(folder.filePath(QStringLiteral("cassa")));
   const QStringList tills{QStringLiteral("*.bin"), QStringLiteral("giornale.txt"),
                           QStringLiteral("memoria_fiscale.txt"), QStringLiteral("contatori.txt")};
-  for (const QString& name : till.entryList(tills, QDir::Files))
-    done = till.remove(name) && done;
+  for (const QString& name : till.entryList(tills, QDir::Files)) done = till.remove(name) && done;
   return done;
 }
 

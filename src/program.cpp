@@ -8,6 +8,13 @@
 #include "articles/Form_ArchivioArticoli.h"
 #include "articles/Form_Help_CodiceEAN.h"
 #include "articles/Form_TrasferimentoArticoli.h"
+#include "auxcmd/Form_ATTESA_MF_DGFE.h"
+#include "auxcmd/Form_Comandi_XONXOFF.h"
+#include "auxcmd/Form_Dump_MF_DGFE.h"
+#include "auxcmd/Form_Help_CodiciErrori.h"
+#include "auxcmd/Form_STATO_ECR.h"
+#include "auxcmd/Form_Test.h"
+#include "auxcmd/bench_screens.h"
 #include "config/Form_TrasferimentoProgrammazione.h"
 #include "controls/style.h"
 #include "controls/svg_icon.h"
@@ -79,6 +86,13 @@ Program::Program(const QString& folder)
   screens_.registra<Form_GestioneCodiceTastiera>();
   screens_.registra<frmTastiOpzione>();
   screens_.registra<Form_TrasferimentoProgrammazione>();
+  screens_.registra<Form_Comandi_XONXOFF>();
+  screens_.registra<Form_STATO_ECR>();
+  screens_.registra<Form_ATTESA_MF_DGFE>();
+  screens_.registra<Form_Dump_MF_DGFE>();
+  screens_.registra<Form_Help_CodiciErrori>();
+  screens_.registra<Form_Test>();
+  auxcmd::registraBanchi(screens_);
   registraSchermateMancanti(screens_);
 }
 

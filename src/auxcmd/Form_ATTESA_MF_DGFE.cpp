@@ -32,6 +32,8 @@ Form_ATTESA_MF_DGFE::Form_ATTESA_MF_DGFE(Contesto& /*contesto*/)
     : QWidget(nullptr, kCornice), ui_(std::make_unique<Ui::Form_ATTESA_MF_DGFE>()) {
   ui_->setupUi(this);
   keepNeededHeight(*this);
+  // Its doubled blanks are laid down; read aloud they are pauses.
+  ui_->Label1->setAccessibleName(ui_->Label1->text().simplified());
   ui_->Picture1->setPixmap(style::icon(QStringLiteral("hourglass")).pixmap(kFigura));
 }
 

@@ -7,6 +7,7 @@
 #include <QScopeGuard>
 
 #include "auxcmd/Form_ATTESA_MF_DGFE.h"
+#include "auxcmd/Form_Help_CodiciErrori.h"
 #include "auxcmd/dump_command.h"
 #include "auxcmd/script_file.h"
 #include "controls/command_key.h"
@@ -45,6 +46,7 @@ constexpr int kCifreNumero = 5;
 constexpr qsizetype kCifreData = 6;
 const QString kSeleziona = QStringLiteral("Seleziona");
 const QString kNessunaPorta = QStringLiteral("Attenzione selezionare una porta COM valida");
+const QString kScegliere = QStringLiteral("Selezionare una delle opzioni !!!");
 const QString kComandoStato = QStringLiteral("X89F");
 /// What the till takes for its whole record: the end lies in 1999 by its form, and tills know it so.
 const QString kGlobale = QStringLiteral("000101991201");
@@ -111,12 +113,18 @@ void Form_Comandi_XONXOFF::vesti() {
     });
   }
   linea_.suDati([this](const QByteArray& byte) {
-    reazioni::oppure([&] { auxcmd::DatiRicevuti(*this, byte); },
-                     [&](const Errore& errore) {
-                       // The wait must end before the box comes up: nobody could answer it behind that.
-                       varGlobal().FlagRisposta = auxcmd::kErrorePorta;
-                       guastoDellaPorta(errore);
-                     });
+    reazioni::oppure(
+        [&] {
+          auxcmd::DatiRicevuti(*this, byte);
+          // A dump that came after nobody waited for it any more.
+          const FunzioniCmdXonXoff& funzioni = funzioniCmdXonXoff();
+          if (!inCorso_ && funzioni.FlagDump != 0 && funzioni.ContaFine == auxcmd::kFineDump) diciLetto();
+        },
+        [&](const Errore& errore) {
+          // The wait must end before the box comes up: nobody could answer it behind that.
+          varGlobal().FlagRisposta = auxcmd::kErrorePorta;
+          guastoDellaPorta(errore);
+        });
   });
   linea_.suErrore([this] {
     varGlobal().FlagRisposta = auxcmd::kErrorePorta;
@@ -306,8 +314,7 @@ void Form_Comandi_XONXOFF::on_Cmd_Avvia_clicked() {
     const ecrlink::AlLavoro questa(*ui_->pannello);
     avvia();
   });
-  // Closed in the middle: what was left to the end of the command is done now.
-  if (chiusa_) scollega();
+  if (chiusa_) finisci();
 }
 
 void Form_Comandi_XONXOFF::avvia() {
@@ -323,8 +330,7 @@ void Form_Comandi_XONXOFF::avvia() {
       [this] {
         if (ui_->vkOptionButton_RX_STATO_ECR->isChecked()) return leggiStato();
         if (ui_->vkOptionButton_Rx_PRG->isChecked()) return leggiMemoria();
-        contesto().utente.MsgBox(QStringLiteral("Selezionare una delle opzioni !!!"), Icon::Information);
-        ridaiComandi();
+        rifiuta(kScegliere, Icon::Information);
       },
       [this](const Errore& errore) { guastoDellaPorta(errore); });
 }
@@ -347,20 +353,30 @@ void Form_Comandi_XONXOFF::leggiStato() {
   varGlobal().BufferRx.clear();
   varGlobal().BufferRisposta.clear();
   if (!portaValida()) return;
-  const auto prima = varGestionePRG().StatoECR;
-  esegueNelCanale(kComandoStato);
+  const int esito = esegueNelCanale(kComandoStato);
   if (chiusa_) return;
   togliAttesa();
   // Without an answer too: the record shown is then the one that was there.
   contesto().schermate.scarica(QStringLiteral("Form_STATO_ECR"));
   contesto().schermate.mostra(QStringLiteral("Form_STATO_ECR"), contesto());
   ridaiComandi();
-  const bool arrivato = commonForKora().IP_ECR.isEmpty() ? varGlobal().FlagRisposta == auxcmd::kCompleta
-                                                         : varGestionePRG().StatoECR != prima;
-  if (arrivato) return ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Letto lo stato della cassa"));
-  if (commonForKora().IP_ECR.isEmpty())
-    ui_->BarraEsito->tell(Genere::Warning,
-                          QStringLiteral("La cassa non ha risposto: lo stato mostrato è quello di prima"));
+  if (esito == 0) diciStato();
+}
+
+void Form_Comandi_XONXOFF::diciStato() {
+  switch (varGlobal().FlagRisposta) {
+    case auxcmd::kCompleta:
+      return ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Letto lo stato della cassa"));
+    case auxcmd::kErrorePorta:
+      return ui_->BarraEsito->tell(
+          Genere::Warning, QStringLiteral("La linea si è interrotta: lo stato mostrato è quello di prima"));
+    case auxcmd::kTempoScaduto:
+      return ui_->BarraEsito->tell(
+          Genere::Warning, QStringLiteral("La cassa non ha risposto: lo stato mostrato è quello di prima"));
+    default:  // a network answer of another length
+      return ui_->BarraEsito->tell(
+          Genere::Warning, QStringLiteral("La cassa ha risposto altro: lo stato mostrato è quello di prima"));
+  }
 }
 
 void Form_Comandi_XONXOFF::leggiMemoria() {
@@ -370,34 +386,47 @@ void Form_Comandi_XONXOFF::leggiMemoria() {
   ultimo_ = file_.di(memoria());
   ui_->LabelNomeFileDUMP->setText(QStringLiteral("Creazione del file ") + nomeUltimoDump());
   varGlobal().BufferRisposta.clear();
-  esegueNelCanale(comando);
+  const int esito = esegueNelCanale(comando);
   if (chiusa_) return;
   contesto().utente.DoEvents();
-  const bool finito = ui_->Cmd_Avvia->isEnabled();
+  if (chiusa_) return;
   // A port that said nothing stays open, and what it says later still goes into the file; "Avvia" stays off.
   ui_->Cmd_Esci->setEnabled(true);
-  if (finito)
-    ui_->BarraEsito->tell(Genere::Done,
-                          QStringLiteral("Letto nel file %1: uscire con Esci/Visualizza File per vederlo")
-                              .arg(nomeUltimoDump()));
-  else
-    ui_->BarraEsito->tell(Genere::Warning,
-                          QStringLiteral("La cassa non ha ancora risposto: quello che arriva va nel file %1")
-                              .arg(nomeUltimoDump()));
+  diciDump(esito);
 }
 
-void Form_Comandi_XONXOFF::esegueNelCanale(const QString& comando) {
+void Form_Comandi_XONXOFF::diciLetto() {
+  ui_->BarraEsito->tell(
+      Genere::Done,
+      QStringLiteral("Letto nel file %1: uscire con Esci/Visualizza File per vederlo").arg(nomeUltimoDump()));
+}
+
+void Form_Comandi_XONXOFF::diciDump(int esito) {
+  const std::int16_t risposta = varGlobal().FlagRisposta;
+  // A file that takes no more has been told already.
+  if (risposta == auxcmd::kErrorePorta && ui_->Cmd_Avvia->isEnabled()) return;
+  if (esito != 0 || risposta == auxcmd::kErrorePorta)
+    return ui_->BarraEsito->tell(
+        Genere::Failed,
+        QStringLiteral("Lettura interrotta: quello che è arrivato è nel file %1").arg(nomeUltimoDump()));
+  if (risposta == auxcmd::kCompleta) return diciLetto();
+  ui_->BarraEsito->tell(Genere::Warning,
+                        QStringLiteral("La cassa non ha ancora risposto: quello che arriva va nel file %1")
+                            .arg(nomeUltimoDump()));
+}
+
+int Form_Comandi_XONXOFF::esegueNelCanale(const QString& comando) {
   const int numero = commonForKora().IP_ECR.isEmpty() ? auxcmd::DammiPortaCOM(*this) : 0;
-  auxcmd::InviaRiceviXonXoff(numero, *this, comando, contesto());
+  return auxcmd::InviaRiceviXonXoff(numero, *this, comando, contesto());
 }
 
 Memoria Form_Comandi_XONXOFF::memoria() const {
   return ui_->vkOptionButton_MF->isChecked() ? Memoria::MF : Memoria::DGFE;
 }
 
-QString Form_Comandi_XONXOFF::rifiuta(const QString& messaggio, bool critico) {
-  contesto().utente.MsgBox(messaggio, critico ? Icon::Critical : Icon::Warning);
-  ui_->BarraEsito->tell(critico ? Genere::Failed : Genere::Warning, messaggio.simplified());
+QString Form_Comandi_XONXOFF::rifiuta(const QString& messaggio, Icon icona) {
+  contesto().utente.MsgBox(messaggio, icona);
+  ui_->BarraEsito->tell(icona == Icon::Critical ? Genere::Failed : Genere::Warning, messaggio.simplified());
   ridaiComandi();
   return {};
 }
@@ -405,18 +434,18 @@ QString Form_Comandi_XONXOFF::rifiuta(const QString& messaggio, bool critico) {
 QString Form_Comandi_XONXOFF::comandoDump() {
   const Memoria quale = memoria();
   if (!ui_->vkOptionButton_DGFE->isChecked() && !ui_->vkOptionButton_MF->isChecked())
-    return rifiuta(QStringLiteral("Selezionare una delle opzioni !!!"), false);
+    return rifiuta(kScegliere, Icon::Information);
   if (ui_->vkOptionButtonGlobale->isChecked()) return auxcmd::comandoPerDate(quale, kGlobale);
   if (ui_->vkOptionButtonPerDate->isChecked()) return perDate(quale);
   if (ui_->vkOptionButtonPerScontrini->isChecked()) return perNumeri(quale);
-  return rifiuta(QStringLiteral("Selezionare una delle opzioni !!!"), false);
+  return rifiuta(kScegliere, Icon::Information);
 }
 
 QString Form_Comandi_XONXOFF::perDate(Memoria quale) {
   const ComboData inizio = combiData(*this, DataDiSchermo::Inizio);
   const ComboData fine = combiData(*this, DataDiSchermo::Fine);
   if (aammgg(inizio).toInt() > aammgg(fine).toInt())
-    return rifiuta(QStringLiteral("Attenzione la data inizio  > data fine ."), true);
+    return rifiuta(QStringLiteral("Attenzione la data inizio  > data fine ."), Icon::Critical);
   for (const ComboData& giorno : {inizio, fine})
     if (CheckDataScontrino(ggmmaa(giorno), contesto().utente) == kFalso) {
       ridaiComandi();
@@ -429,10 +458,11 @@ QString Form_Comandi_XONXOFF::perNumeri(Memoria quale) {
   const QString primo = ui_->vkTextBoxNum1->text();
   const QString ultimo = ui_->vkTextBoxNum2->text();
   if (primo.isEmpty() || ultimo.isEmpty())
-    return rifiuta(QStringLiteral("Attenzione inserire il numero di scontrino."), false);
+    return rifiuta(QStringLiteral("Attenzione inserire il numero di scontrino."), Icon::Warning);
   if (Val(primo) > Val(ultimo))
     return rifiuta(
-        QStringLiteral("Attenzione il numero del primo scontrino e' > numero del secondo scontrino."), true);
+        QStringLiteral("Attenzione il numero del primo scontrino e' > numero del secondo scontrino."),
+        Icon::Critical);
   return auxcmd::comandoPerNumeri(quale, aammgg(combiData(*this, DataDiSchermo::Scontrino)), primo.toInt(),
                                   ultimo.toInt());
 }
@@ -455,6 +485,8 @@ void Form_Comandi_XONXOFF::occupa(bool occupata) {
                                                       ui_->vkFrameFonte, ui_->vkFrameRicerca,
                                                       ui_->vkFrameDate, ui_->vkFrameNumeri, ui_->menubar})
     uno->setEnabled(!occupata);
+  // What had the focus was off meanwhile: a keyboard is left nowhere.
+  if (!occupata && !chiusa_ && (!focusWidget() || !focusWidget()->isEnabled())) fuocoSuEsci();
 }
 
 QString Form_Comandi_XONXOFF::nomeUltimoDump() const {
@@ -506,12 +538,25 @@ void Form_Comandi_XONXOFF::scollega() {
   linea_.chiudi();
 }
 
+/// Closed in the middle of a command: what was left to its end is done now.
+void Form_Comandi_XONXOFF::finisci() {
+  esegui("Form_Unload", [this] { scollega(); });
+  deleteLater();
+}
+
 void Form_Comandi_XONXOFF::closeEvent(QCloseEvent* evento) {
   evento->accept();
-  chiusa_ = true;
+  if (std::exchange(chiusa_, true)) return;
   togliAttesa();
-  // A command that runs leaves by itself at its next step, and disconnects then.
-  if (!inCorso_) esegui("Form_Unload", [this] { scollega(); });
+  linea_.fermaTimer();
+  linea_.chiudi();
+  contesto().schermate.scarica(QStringLiteral("Form_STATO_ECR"));
+  // A command that runs leaves by itself at its next step, and disconnects then; the screen under its feet
+  // stays until it has.
+  if (inCorso_)
+    setAttribute(Qt::WA_DeleteOnClose, false);
+  else
+    esegui("Form_Unload", [this] { scollega(); });
   esegui("Form_Unload", [this] { MostraMenu(contesto()); });
 }
 
@@ -577,12 +622,21 @@ void Form_Comandi_XONXOFF::on_mnuTestSeqCmd_triggered() {
     if (scelto && !scelto->isEmpty()) inviaScript(*scelto);
     if (!chiusa_) contesto().schermate.mostraModale(QStringLiteral("Form_Test"), contesto());
   });
-  if (chiusa_) scollega();
+  if (chiusa_) finisci();
 }
 
 void Form_Comandi_XONXOFF::inviaScript(const QString& file) {
+  // Two commands must not overlap: while a line of the script waits, nothing else starts.
+  const bool avviabile = ui_->Cmd_Avvia->isEnabled();
+  ui_->Cmd_Avvia->setEnabled(false);
+  ui_->Cmd_Esci->setEnabled(false);
   occupa(true);
-  const auto libera = qScopeGuard([this] { occupa(false); });
+  const auto libera = qScopeGuard([this, avviabile] {
+    ui_->Cmd_Avvia->setEnabled(avviabile);
+    ui_->Cmd_Esci->setEnabled(true);
+    occupa(false);
+  });
+  const BusyGuard::Closable siPuoUscire(*this);
   funzioniCmdXonXoff().FlagDump = 0;
   varGlobal().BufferRisposta.clear();
   reazioni::oppure([&] { auxcmd::SendFileTXT(file, *this, contesto()); },
@@ -591,9 +645,7 @@ void Form_Comandi_XONXOFF::inviaScript(const QString& file) {
 
 void Form_Comandi_XONXOFF::on_mnuCodiciErrori_triggered() {
   esegui(
-      "mnuCodiciErrori_Click",
-      [this] { contesto().schermate.mostraModale(QStringLiteral("Form_Help_CodiciErrori"), contesto()); },
-      Piede::Resta);
+      "mnuCodiciErrori_Click", [this] { auxcmd::MostraCodiciErrori(contesto()); }, Piede::Resta);
 }
 
 void Form_Comandi_XONXOFF::on_mnuManuale_triggered() {

@@ -69,13 +69,16 @@ class Form_Comandi_XONXOFF : public Schermo<QMainWindow>, public auxcmd::VistaCa
   void avvia();
   void leggiStato();
   void leggiMemoria();
-  void esegueNelCanale(const QString& comando);
+  int esegueNelCanale(const QString& comando);
+  void diciStato();
+  void diciLetto();
+  void diciDump(int esito);
   /// The command of a dump; empty for one that was refused, which was told.
   QString comandoDump();
   QString perDate(auxcmd::Memoria memoria);
   QString perNumeri(auxcmd::Memoria memoria);
   auxcmd::Memoria memoria() const;
-  QString rifiuta(const QString& messaggio, bool critico);
+  QString rifiuta(const QString& messaggio, Icon icona);
   void ridaiComandi();
   bool portaValida();
   void occupa(bool occupata);
@@ -88,6 +91,7 @@ class Form_Comandi_XONXOFF : public Schermo<QMainWindow>, public auxcmd::VistaCa
   void esci();
   void offriFile();
   void scollega();
+  void finisci();
   QString nomeUltimoDump() const;
 
   std::unique_ptr<Ui::Form_Comandi_XONXOFF> ui_;

@@ -109,10 +109,12 @@ int ricevi(VistaCanale& vista, Contesto& contesto) {
     vista.scambiaLed();
     if (funzioniCmdXonXoff().FlagDump == 0) {
       // The record comes alone, without the echo of the serial line. One of another length is none.
-      RiempiStatoECR(comeByte(blocco, ricevuti));
+      if (RiempiStatoECR(comeByte(blocco, ricevuti))) varGlobal().FlagRisposta = kCompleta;
       return 0;
     }
-    if (bloccoDiDump(blocco, ricevuti)) return 0;
+    if (!bloccoDiDump(blocco, ricevuti)) continue;
+    varGlobal().FlagRisposta = kCompleta;
+    return 0;
   }
 }
 
@@ -178,6 +180,7 @@ int InviaRiceviXonXoff(int porta, VistaCanale& vista, const QString& comando, Co
 }
 
 int RiceviXonXoffRete(VistaCanale& vista, const QString& comando, Contesto& contesto) {
+  varGlobal().FlagRisposta = kInCorso;
   if (inviaSullaRete(vista, comando, contesto) != 0) {
     if (!vista.chiusa()) vista.abilitaComandi();
     return kFallito;

@@ -5,6 +5,7 @@
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QStyle>
+#include <QStyleOptionButton>
 
 #include "auxcmd/test_sequences.h"
 #include "controls/command_key.h"
@@ -19,6 +20,41 @@ using Genere = OutcomeBar::Kind;
 QString testo(const char16_t* di) {
   return QString::fromUtf16(di);
 }
+
+/// The longest line of a caption, pixels at scale 1: with what stands around it the screen is no wider than
+/// 1024.
+constexpr int kRigaMassima = 860;
+
+/// An option whose caption goes on in a second line where it is too long for the screen.
+class OpzioneProva : public QRadioButton {
+ public:
+  using QRadioButton::QRadioButton;
+
+  QSize sizeHint() const override {
+    ensurePolished();
+    QStyleOptionButton opzione;
+    initStyleOption(&opzione);
+    const QSize scritta = fontMetrics().size(Qt::TextShowMnemonic, opzione.text);
+    return style()->sizeFromContents(QStyle::CT_RadioButton, &opzione, scritta, this);
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionButton* opzione) const override {
+    QRadioButton::initStyleOption(opzione);
+    opzione->text = piegata();
+  }
+
+ private:
+  QString piegata() const {
+    QString intera = text();
+    if (fontMetrics().horizontalAdvance(intera) <= kRigaMassima) return intera;
+    qsizetype taglio = intera.lastIndexOf(u' ');
+    while (taglio > 0 && fontMetrics().horizontalAdvance(intera.left(taglio)) > kRigaMassima)
+      taglio = intera.lastIndexOf(u' ', taglio - 1);
+    if (taglio > 0) intera[taglio] = u'\n';
+    return intera;
+  }
+};
 
 }  // namespace
 
@@ -49,7 +85,7 @@ BancoProva::~BancoProva() = default;
 void BancoProva::creaOpzioni() {
   QWidget* prima = nullptr;
   for (const auxcmd::Prova& prova : banco_.prove) {
-    auto* opzione = new QRadioButton(testo(prova.didascalia), ui_->opzioni);
+    auto* opzione = new OpzioneProva(testo(prova.didascalia), ui_->opzioni);
     opzione->setObjectName(QStringLiteral("vkOptionButtonTest_%1").arg(prova.numero));
     // What goes out can be read before it does.
     opzione->setToolTip(QStringLiteral("Invia  %1").arg(testo(prova.sequenza)));
@@ -90,7 +126,11 @@ void BancoProva::svuotaCoda() {
   while (!coda_.isEmpty() && !vista_->chiusa()) {
     const QString sequenza = coda_.takeFirst();
     int porta = 0;
-    if (!vista_->portaValida(porta)) return auxcmd::avvisaPorta(contesto());
+    if (!vista_->portaValida(porta)) {
+      coda_.clear();
+      return auxcmd::avvisaPorta(contesto());
+    }
+    varGlobal().FlagRisposta = auxcmd::kInCorso;
     const int esito =
         reazioni::oppure([&] { return auxcmd::InviaXonXoff(porta, *vista_, sequenza, contesto()); },
                          [&](const Errore& errore) {
@@ -98,11 +138,16 @@ void BancoProva::svuotaCoda() {
                            return 1;
                          });
     if (vista_->chiusa()) return;
-    if (esito == 0)
-      ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Inviata la sequenza ") + sequenza);
-    else
-      coda_.clear();
+    if (esito != 0) coda_.clear();
+    if (esito == 0) diciInviata(sequenza);
   }
+}
+
+void BancoProva::diciInviata(const QString& sequenza) {
+  if (varGlobal().FlagRisposta == auxcmd::kErrorePorta)
+    return ui_->BarraEsito->tell(Genere::Failed,
+                                 QStringLiteral("La linea si è interrotta dopo la sequenza ") + sequenza);
+  ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Inviata la sequenza ") + sequenza);
 }
 
 void BancoProva::on_vkCommandEsci_clicked() {

@@ -37,6 +37,7 @@ class BancoProva : public Schermo<QDialog> {
   void creaOpzioni();
   void invia();
   void svuotaCoda();
+  void diciInviata(const QString& sequenza);
 
   const auxcmd::BancoDiProva& banco_;
   std::unique_ptr<Ui::BancoProva> ui_;

@@ -82,7 +82,9 @@ void Form_OpzioniGen::RiempiOpzGen() {
 }
 
 /// Not filled anew: the kind of zeroing would go back to its first entry, and the next save would write that.
+/// The numbers are shown as they are stored.
 void Form_OpzioniGen::dopoIlSalvataggio() {
+  mostraNumeri();
   ResetBackColorFrame();
   // With its mark a pair gives back the ground that it was marked on.
   ResetBackColorDate();

@@ -324,6 +324,12 @@ void EditorModulo::cambiato(editors::CampoModulo& campo) {
   dopo(campo);
 }
 
+void EditorModulo::mostraNumeri() {
+  for (editors::CampoModulo* campo : campi_)
+    if (campo->dato().genere == editors::Genere::Centesimi || campo->dato().genere == editors::Genere::Numero)
+      campo->mostra();
+}
+
 void EditorModulo::ResetBackColorFrame() {
   for (editors::CampoModulo* campo : campi_) {
     campo->segna(false);

@@ -56,6 +56,8 @@ class EditorModulo : public Schermo<QWidget>, public editors::Editor {
   void porta(editors::CampoModulo& campo);
   Bandiera& modificato() const { return varGestionePRG().*modulo_.modificato; }
   void ResetBackColorFrame();
+  /// What is typed as a number, once more from the records.
+  void mostraNumeri();
 
  private:
   void costruisci();

@@ -1108,6 +1108,16 @@ TEST_F(OpzioniGenerali, DopoUnSalvataggioUnaPasswordSbagliataTornaAQuellaSalvata
   EXPECT_EQ(schermo.text(t("vkTextBox_Password")), t("222222"));
 }
 
+TEST_F(OpzioniGenerali, DopoUnSalvataggioINumeriSiLeggonoComeSonoScritti) {
+  const GuidedFields schermo = apri();
+  schermo.write(t("vkTextBoxNumdaShift"), QString());
+  schermo.write(t("vkTextBox_repsconto"), t("7"));
+  schermo.save();
+  EXPECT_EQ(schermo.text(t("vkTextBoxNumdaShift")), t("0"));
+  EXPECT_EQ(schermo.text(t("vkTextBox_repsconto")), t("7,00"));
+  EXPECT_EQ(varGestionePRG().ModificaOpzioni, kFalso);
+}
+
 TEST_F(OpzioniGenerali, DopoUnSalvataggioIlTipoDiAzzeramentoRestaQuelloScelto) {
   const GuidedFields schermo = apri();
   schermo.choose(t("ComboTipoAzz"), 2);

@@ -16,6 +16,13 @@
 #include "articles/Form_Help_CodiceEAN.h"
 #include "articles/Form_TrasferimentoArticoli.h"
 #include "articles/back_room.h"
+#include "auxcmd/Form_ATTESA_MF_DGFE.h"
+#include "auxcmd/Form_Comandi_XONXOFF.h"
+#include "auxcmd/Form_Dump_MF_DGFE.h"
+#include "auxcmd/Form_Help_CodiciErrori.h"
+#include "auxcmd/Form_STATO_ECR.h"
+#include "auxcmd/Form_Test.h"
+#include "auxcmd/bench_screens.h"
 #include "config/Form_TrasferimentoProgrammazione.h"
 #include "controls/FlexGrid.h"
 #include "controls/outcome_bar.h"
@@ -65,6 +72,13 @@ class Shop {
     room.screens.registra<Form_GestioneCodiceTastiera>();
     room.screens.registra<frmTastiOpzione>();
     room.screens.registra<Form_TrasferimentoProgrammazione>();
+    room.screens.registra<Form_Comandi_XONXOFF>();
+    room.screens.registra<Form_STATO_ECR>();
+    room.screens.registra<Form_ATTESA_MF_DGFE>();
+    room.screens.registra<Form_Dump_MF_DGFE>();
+    room.screens.registra<Form_Help_CodiciErrori>();
+    room.screens.registra<Form_Test>();
+    auxcmd::registraBanchi(room.screens);
     registraSchermateMancanti(room.screens);
     // A display that asks nothing.
     room.screens.registra(QStringLiteral("start"), [](Contesto& contesto) {
@@ -373,6 +387,41 @@ void leavesByEscape(Shop& /*shop*/, const GuidedScreen& screen) {
   EXPECT_FALSE(screen.alive());
 }
 
+/// The console, connected, with what its walk does not come back to picked beforehand: a walk goes over the
+/// options by the arrows, and some of them turn others off.
+auto console(std::vector<const char*> options) {
+  return [options = std::move(options)](Shop& shop, const Use& use) {
+    const GuidedScreen screen(shop.room, QStringLiteral("Form_Comandi_XONXOFF"));
+    screen.connectTo(shop.till);
+    ASSERT_TRUE(screen.enabled(QStringLiteral("Cmd_Avvia")));
+    for (const char* option : options) press(screen, option, Qt::Key_Space);
+    use(screen.window());
+  };
+}
+
+void readsStateByF9(Shop& shop, const GuidedScreen& screen) {
+  press(screen, "vkOptionButton_RX_STATO_ECR", Qt::Key_Space);
+  screen.key(Qt::Key_F9);
+  EXPECT_EQ(foot(screen), QStringLiteral("Letto lo stato della cassa"));
+  EXPECT_NE(shop.room.screens.trova(QStringLiteral("Form_STATO_ECR")), nullptr);
+}
+
+/// A screen of the test bench over the connected console.
+auto bench(const char* name) {
+  return [name](Shop& shop, const Use& use) {
+    console({})(
+        shop, [&](QWidget& /*console*/) { use(GuidedScreen(shop.room, QString::fromUtf8(name)).window()); });
+  };
+}
+
+void sendsSequenceByReturn(Shop& /*shop*/, const GuidedScreen& screen) {
+  auto* first = screen.window().findChildren<QRadioButton*>().first();
+  first->setFocus(Qt::TabFocusReason);
+  screen.key(Qt::Key_Space);
+  screen.key(Qt::Key_Return);
+  EXPECT_TRUE(foot(screen).startsWith(QStringLiteral("Inviata la sequenza "))) << foot(screen).toStdString();
+}
+
 const std::vector<Screen> kScreens{
     {"Menu", named("start"), opensAbout},
     {"Gestione", openArchive, closesArchive},
@@ -423,7 +472,20 @@ const std::vector<Screen> kScreens{
        EXPECT_TRUE(screen.control<QRadioButton>("vkOptionRicezioneECR").isChecked());
      }},
     {"Clienti", named("Form_GestioneClienti"), leavesByEscape},
-    {"ComandiAusiliari", named("Form_Comandi_XONXOFF"), leavesByEscape},
+    {"ComandiAusiliari", console({"vkOptionButton_RX_STATO_ECR"}), readsStateByF9},
+    {"ComandiAusiliariGlobale",
+     console({"vkOptionButton_Rx_PRG", "vkOptionButton_DGFE", "vkOptionButtonGlobale"}), leavesByEscape},
+    {"ComandiAusiliariPerNumeri",
+     console({"vkOptionButton_Rx_PRG", "vkOptionButton_DGFE", "vkOptionButtonPerScontrini"}), leavesByEscape},
+    {"StatoECR", named("Form_STATO_ECR"), leavesByEscape},
+    {"AttesaScarico", named("Form_ATTESA_MF_DGFE"), nullptr},
+    {"DumpMemoria", named("Form_Dump_MF_DGFE"), leavesByEscape},
+    {"HelpCodiciErrori", named("Form_Help_CodiciErrori"), leavesByEscape},
+    {"ProvaLibera", bench("Form_Test"), leavesByEscape},
+    {"ProvaVendita", bench("Form_TestVendita"), sendsSequenceByReturn},
+    {"ProvaModificatori", bench("Form_TestModificatori"), sendsSequenceByReturn},
+    {"ProvaPagamento", bench("Form_TestPagamento"), sendsSequenceByReturn},
+    {"ProvaUtilita", bench("Form_TestUtilità"), sendsSequenceByReturn},
     {"Domanda", question, answersByLetter},
     {"AvvisoChePuoPassare", offeringNotice, leavesByEscape},
 };

@@ -174,3 +174,54 @@ TEST(Occupato, IlClicRimastoInAttesaNonRispondeAlRiquadroCheSiApre) {
   }
   EXPECT_EQ(finestra.clic, 0);
 }
+
+TEST(Occupato, LaFinestraCheSiPuoChiudereSiChiudeLeAltreNo) {
+  FinestraProva finestra;
+  FinestraProva altra;
+  const BusyGuard guardia;
+  const BusyGuard::Closable siPuo(finestra);
+  EXPECT_FALSE(altra.close());
+  EXPECT_TRUE(altra.isVisible());
+  EXPECT_TRUE(finestra.close());
+  EXPECT_FALSE(finestra.isVisible());
+}
+
+TEST(Occupato, ChiusaDallaCorniceLaFinestraCheSiPuoChiudereSiChiude) {
+  FinestraProva finestra;
+  const BusyGuard guardia;
+  const BusyGuard::Closable siPuo(finestra);
+  QApplication::postEvent(finestra.windowHandle(), new QCloseEvent);
+  QApplication::processEvents();
+  EXPECT_FALSE(finestra.isVisible());
+}
+
+TEST(Occupato, NellaFinestraCheSiPuoChiudereClicETastiSonoMangiatiLoStesso) {
+  FinestraProva finestra;
+  const BusyGuard guardia;
+  const BusyGuard::Closable siPuo(finestra);
+  finestra.usa();
+  EXPECT_EQ(finestra.clic, 0);
+  EXPECT_EQ(finestra.casella.text(), QString());
+  EXPECT_EQ(finestra.scorciatoie, 0);
+}
+
+TEST(Occupato, FinitoIlPermessoLaChiusuraERifiutataDiNuovo) {
+  FinestraProva finestra;
+  const BusyGuard guardia;
+  { const BusyGuard::Closable siPuo(finestra); }
+  EXPECT_FALSE(finestra.close());
+  EXPECT_TRUE(finestra.isVisible());
+}
+
+TEST(Occupato, IlPermessoAnnidatoFinendoRidaQuelloDiPrima) {
+  FinestraProva finestra;
+  FinestraProva altra;
+  const BusyGuard guardia;
+  const BusyGuard::Closable fuori(finestra);
+  {
+    const BusyGuard::Closable dentro(altra);
+    EXPECT_FALSE(finestra.close());
+  }
+  EXPECT_FALSE(altra.close());
+  EXPECT_TRUE(finestra.close());
+}
