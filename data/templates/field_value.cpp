@@ -139,11 +139,15 @@ void WriteValue(config::Record record, const Campo& field, const QString& value)
       return scriviFlag(record, field, yesOrNo(value));
     case Tipo::Byte:
       return scriviByte(record, field, static_cast<std::uint8_t>(within(wholeNumber(value), field)));
+    case Tipo::SenzaSegno16:
+      return ::record::scriviSenzaSegno16(record, field,
+                                          static_cast<std::uint16_t>(within(wholeNumber(value), field)));
     case Tipo::Intero32:
       return scriviIntero(record, field, within(hundredths(value), field));
     case Tipo::SenzaSegno32:
       return scriviSenzaSegno(record, field, moment(value, field));
     case Tipo::CampoTesto:
+    case Tipo::TestoPieno:
       return writeText(record, field, value);
     case Tipo::Riservato:
       return writeHead(record, field, value);

@@ -4,6 +4,7 @@
 #include <QScopedValueRollback>
 #include <utility>
 
+#include "articles/Form_Help_CodiceEAN.h"
 #include "articles/archive_grid.h"
 #include "articles/archive_save.h"
 #include "articles/archive_search.h"
@@ -23,8 +24,6 @@
 #include "ui_Form_ArchivioArticoli.h"
 
 namespace {
-
-constexpr auto kFileAiuto = "/Help_CodiceEAN.rtf";
 
 using Genere = OutcomeBar::Kind;
 
@@ -174,15 +173,6 @@ void Form_ArchivioArticoli::modifica() {
   seguiCampi();
 }
 
-void Form_ArchivioArticoli::aiuto() {
-  if (!FileEsiste(contesto().cartella + QLatin1String(kFileAiuto))) {
-    contesto().utente.MsgBox(QStringLiteral("Attenzione il file di Help per Codice EAN non presente"),
-                             Icon::Critical);
-    return;
-  }
-  contesto().schermate.mostraModale(QStringLiteral("Form_Help_CodiceEAN"), contesto());
-}
-
 void Form_ArchivioArticoli::keyPressEvent(QKeyEvent* evento) {
   const bool invio = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
   // Enter saves without leaving the field, which is checked as if it were left.
@@ -249,7 +239,7 @@ void Form_ArchivioArticoli::on_Cmd_Export_clicked() {
 
 void Form_ArchivioArticoli::on_vkCommandHELP_clicked() {
   esegui(
-      "vkCommandHELP_Click", [this] { aiuto(); }, Piede::Resta);
+      "vkCommandHELP_Click", [this] { articles::MostraCodiceEAN(contesto()); }, Piede::Resta);
 }
 
 void Form_ArchivioArticoli::on_Cmd_Esci_clicked() {

@@ -49,7 +49,6 @@ class Form_ArchivioArticoli : public Schermo<QDialog> {
   void sorveglia(QLineEdit& campo, KeyRule regola = {}, FieldCheck controllo = nullptr);
   void apri();
   void modifica();
-  void aiuto();
   /// The primary command, and the mark in the list, follow what stands in the fields.
   void seguiCampi();
   void mostraQuanti();

@@ -1,45 +1,18 @@
 #include "articles/Form_Help_CodiceEAN.h"
 
-#include <QKeyEvent>
-#include <QLayout>
-
-#include "controls/rtf.h"
-#include "controls/style.h"
-#include "core/context.h"
-#include "platform/text/whole_file.h"
-#include "platform/ui/held_keys.h"
-#include "ui_Form_Help_CodiceEAN.h"
-
 namespace {
 
-/// A line of this many letters is read without losing the place.
-constexpr int kLettereRiga = 90;
-constexpr int kMargine = 24;
-constexpr int kAltezza = 620;
+constexpr Aiuto kAiuto{.schermata = "Form_Help_CodiceEAN",
+                       .titolo = "Help Codice EAN",
+                       .file = "Help_CodiceEAN.rtf",
+                       .ritorno = "Torna all'archivio degli articoli (Esc)",
+                       .assente = "Attenzione il file di Help per Codice EAN non presente",
+                       .icona = Icon::Critical};
 
 }  // namespace
 
-Form_Help_CodiceEAN::Form_Help_CodiceEAN(Contesto& contesto)
-    : ui_(std::make_unique<Ui::Form_Help_CodiceEAN>()) {
-  ui_->setupUi(this);
-  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
-  ignoreHeldKeys(*this);
-  connect(ui_->Cmd_Esci, &QPushButton::clicked, this, &QWidget::close);
-  QTextDocument& testo = *ui_->RichTextBox1->document();
-  testo.setDefaultFont(ui_->RichTextBox1->font());
-  rtf::read(ReadWholeFile(contesto.cartella + QStringLiteral("/Help_CodiceEAN.rtf"), rtf::kMaxBytes), testo);
-  testo.setDocumentMargin(kMargine);
-  ui_->RichTextBox1->moveCursor(QTextCursor::Start);
-  ui_->RichTextBox1->setMaximumWidth(ui_->RichTextBox1->fontMetrics().averageCharWidth() * kLettereRiga +
-                                     4 * kMargine);
-  const QMargins bordi = layout()->contentsMargins();
-  resize(ui_->RichTextBox1->maximumWidth() + bordi.left() + bordi.right(), kAltezza);
-}
+Form_Help_CodiceEAN::Form_Help_CodiceEAN(const Contesto& contesto) : FinestraAiuto(kAiuto, contesto) {}
 
-Form_Help_CodiceEAN::~Form_Help_CodiceEAN() = default;
-
-void Form_Help_CodiceEAN::keyPressEvent(QKeyEvent* event) {
-  // Who reads does not leave by Enter, unless the button has the focus.
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
-  QDialog::keyPressEvent(event);
+void articles::MostraCodiceEAN(Contesto& contesto) {
+  MostraAiuto(kAiuto, contesto);
 }

@@ -1,25 +1,18 @@
 #pragma once
 
-#include <QDialog>
-#include <memory>
-
-struct Contesto;
-namespace Ui {
-class Form_Help_CodiceEAN;
-}
+#include "core/help_window.h"
 
 /// "Help Codice EAN": the help text on article codes from the application folder, to be read.
-class Form_Help_CodiceEAN : public QDialog {
+class Form_Help_CodiceEAN : public FinestraAiuto {
   Q_OBJECT
 
  public:
-  /// Throws Errore 53 if the file is not there, 75 or 321 if it cannot be read.
-  explicit Form_Help_CodiceEAN(Contesto& contesto);
-  ~Form_Help_CodiceEAN() override;
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override;
-
- private:
-  std::unique_ptr<Ui::Form_Help_CodiceEAN> ui_;
+  explicit Form_Help_CodiceEAN(const Contesto& contesto);
 };
+
+namespace articles {
+
+/// Opens the help text modally; tells that it is not there where it is not.
+void MostraCodiceEAN(Contesto& contesto);
+
+}  // namespace articles

@@ -2,12 +2,12 @@
 
 #include <QDir>
 
+#include "core/archive_file.h"
 #include "core/context.h"
 #include "core/conversions.h"
 #include "core/reactions.h"
 #include "core/state.h"
 #include "platform/store/store.h"
-#include "platform/text/previous_file.h"
 #include "platform/ui/user_port.h"
 
 namespace articles {
@@ -36,27 +36,8 @@ void avvisaModelloAssente(Contesto& contesto) {
                          Icon::Critical, QStringLiteral("ATTENZIONE"));
 }
 
-QString ConservaArchivio(const QString& percorso, Contesto& contesto) {
-  QString copia = PreviousName(percorso);
-  try {
-    // Open, the archive is copied by the engine: at rest, and without what a killed program left half done.
-    const store::Database aperto = contesto.area.OpenDatabase(percorso);
-    store::CopyArchive(percorso, copia);
-    return copia;
-  } catch (const Errore& errore) {
-    if (errore.numero != errors::kNotADatabase) throw;
-  }
-  // The person may name any file: one that is no archive is kept as it is.
-  store::CopyArchive(percorso, copia);
-  return copia;
-}
-
 QString NuovoDatabase(const QString& percorso, Contesto& contesto) {
-  const QString modello = percorsoModello(contesto);
-  // Without the template nothing is overwritten, and the copy of the time before stays.
-  const bool sovrascrive = FileEsiste(modello) && FileEsiste(percorso);
-  QString precedente = sovrascrive ? ConservaArchivio(percorso, contesto) : QString();
-  store::CopyArchive(modello, percorso);
+  QString precedente = archivio::CopiaModello(percorsoModello(contesto), percorso, contesto);
   ApriDatabase(percorso, contesto);
   return precedente;
 }

@@ -24,9 +24,6 @@ QString percorsoModello(const Contesto& contesto);
 /// Tells that the template is missing, under "ATTENZIONE"; nothing if it is there. The caller goes on.
 void avvisaModelloAssente(Contesto& contesto);
 
-/// Keeps a copy of the archive at `percorso` beside it, under its PreviousName, which it returns; a file that
-/// is no archive is kept as it is. Throws Errore 61, 70, 75 or 3260.
-QString ConservaArchivio(const QString& percorso, Contesto& contesto);
 /// Copies the template over `percorso` and opens it. The archive open before is let go, not closed. What
 /// stood at `percorso` is kept beside it, in place of what was kept so before; returns the path of that,
 /// empty if nothing stood there. Throws Errore 53 for a missing template, 61, 70, 75 or 3260 for a failed

@@ -10,6 +10,7 @@
 #include "articles/transfer.h"
 #include "config/companion_archive.h"
 #include "config/configuration_file.h"
+#include "core/archive_file.h"
 #include "core/context.h"
 #include "core/conversions.h"
 #include "core/figures.h"
@@ -136,7 +137,7 @@ bool salvaArticoli(const QString& percorso, Contesto& contesto) {
   return reazioni::oppure(
       [&] {
         const ArchivioCompagno compagno(percorso, contesto);
-        articles::ConservaArchivio(PercorsoCompagno(percorso), contesto);
+        archivio::Conserva(PercorsoCompagno(percorso), contesto);
         return articles::SalvaPLU(contesto) == 0;
       },
       [&](const Errore& errore) {

@@ -1,85 +1,27 @@
 #pragma once
 
-#include <QString>
-#include <cstddef>
-#include <cstdint>
-#include <span>
-#include <string_view>
+#include "core/record_field.h"
 
-/// A fixed-layout record described once, as data. The bytes are the record's only state: readers decode,
-/// writers edit in place and touch no byte outside their field, so stale and reserved bytes survive.
-/// All integers are little endian, two's complement.
+/// The records of the configuration are made of the program's record fields.
 namespace config {
 
-enum class Tipo {
-  Flag,          ///< one byte, 1 yes, 0 no
-  Byte,          ///< one unsigned byte
-  Intero32,      ///< signed 32-bit, usually hundredths
-  SenzaSegno32,  ///< unsigned 32-bit in the till's date or time encoding
-  CampoTesto,    ///< the text's bytes, one NUL, stale bytes behind it
-  Riservato,     ///< carried through, never written
-};
+using record::Campo;
+using record::coerente;
+using record::kByteIntero;
+using record::Record;
+using record::RecordLetto;
+using record::Tipo;
 
-struct Campo {
-  std::string_view nome;
-  std::size_t inizio;
-  std::size_t larghezza;
-  Tipo tipo;
-  /// Longest text in characters; 0 for other kinds.
-  std::size_t limite = 0;
-};
-
-inline constexpr std::size_t kByteIntero = 4;
-
-/// In order, covering a record of `byte` bytes without a gap or an overlap, widths fitting their kinds. A
-/// text's NUL stands inside its field, or in the reserve right behind it.
-constexpr bool coerente(std::span<const Campo> campi, std::size_t byte);
-
-using Record = std::span<std::uint8_t>;
-using RecordLetto = std::span<const std::uint8_t>;
-
-/// The text up to its first NUL or the field's end.
-QString leggiTesto(RecordLetto record, const Campo& campo);
-/// Whether `leggiTesto` is empty, without the text.
-bool senzaTesto(RecordLetto record, const Campo& campo);
-/// Cuts to the limit, writes the bytes and one NUL; what lay behind stays.
-void scriviTesto(Record record, const Campo& campo, const QString& testo);
-/// As above from Windows-1252 bytes.
-void scriviTesto(Record record, const Campo& campo, std::string_view byte);
-bool leggiFlag(RecordLetto record, const Campo& campo);
-void scriviFlag(Record record, const Campo& campo, bool valore);
-std::uint8_t leggiByte(RecordLetto record, const Campo& campo);
-void scriviByte(Record record, const Campo& campo, std::uint8_t valore);
-std::int32_t leggiIntero(RecordLetto record, const Campo& campo);
-void scriviIntero(Record record, const Campo& campo, std::int32_t valore);
-std::uint32_t leggiSenzaSegno(RecordLetto record, const Campo& campo);
-void scriviSenzaSegno(Record record, const Campo& campo, std::uint32_t valore);
-
-constexpr bool coerente(std::span<const Campo> campi, std::size_t byte) {
-  std::size_t prossimo = 0;
-  std::size_t fineTesto = 0;
-  for (const Campo& campo : campi) {
-    if (campo.inizio != prossimo || campo.larghezza == 0) return false;
-    if (campo.inizio < fineTesto && campo.tipo != Tipo::Riservato) return false;
-    prossimo = campo.inizio + campo.larghezza;
-    switch (campo.tipo) {
-      case Tipo::Flag:
-      case Tipo::Byte:
-        if (campo.larghezza != 1) return false;
-        break;
-      case Tipo::Intero32:
-      case Tipo::SenzaSegno32:
-        if (campo.larghezza != kByteIntero) return false;
-        break;
-      case Tipo::CampoTesto:
-        if (campo.limite == 0) return false;
-        fineTesto = campo.inizio + campo.limite + 1;
-        break;
-      case Tipo::Riservato:
-        break;
-    }
-  }
-  return prossimo == byte && fineTesto <= byte;
-}
+using record::leggiByte;
+using record::leggiFlag;
+using record::leggiIntero;
+using record::leggiSenzaSegno;
+using record::leggiTesto;
+using record::scriviByte;
+using record::scriviFlag;
+using record::scriviIntero;
+using record::scriviSenzaSegno;
+using record::scriviTesto;
+using record::senzaTesto;
 
 }  // namespace config

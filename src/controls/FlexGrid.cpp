@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
 #include <numeric>
@@ -16,6 +17,8 @@
 #include "controls/cell_model.h"
 #include "controls/fixed_columns.h"
 #include "controls/heading_view.h"
+
+static_assert(FlexGrid::kGeneralAlignment == CellModel::kGeneral);
 
 namespace {
 
@@ -67,6 +70,9 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new CellModel(t
   connect(this, &QAbstractItemView::clicked, this,
           [this](const QModelIndex& cell) { Q_EMIT cellClicked(cell.row() + 1, cell.column()); });
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::resized);
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &FlexGrid::scrolled);
+  connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &FlexGrid::scrolled);
+  hearFixedCells();
   model_->setPalette(palette());
   // Narrow columns are laid down too.
   horizontalHeader()->setMinimumSectionSize(1);
@@ -74,6 +80,22 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new CellModel(t
 }
 
 FlexGrid::~FlexGrid() = default;
+
+void FlexGrid::hearFixedCells() {
+  const auto ofCell = [this](const QModelIndex& cell) {
+    Q_EMIT cellDoubleClicked(cell.row() + 1, cell.column());
+  };
+  const auto ofHeading = [this](int column) { Q_EMIT cellDoubleClicked(0, column); };
+  for (QTableView* view : {static_cast<QTableView*>(this), static_cast<QTableView*>(fixedView_)}) {
+    connect(view, &QAbstractItemView::doubleClicked, this, ofCell);
+    QHeaderView* heading = view->horizontalHeader();
+    connect(heading, &QHeaderView::sectionDoubleClicked, this, ofHeading);
+    // What a heading leaves of a right click goes no further than the view below it.
+    heading->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(heading, &QWidget::customContextMenuRequested, this,
+            [this, heading](const QPoint& at) { openMenu(heading->viewport()->mapToGlobal(at)); });
+  }
+}
 
 int FlexGrid::Rows() const {
   return model_->rows();
@@ -89,7 +111,10 @@ void FlexGrid::setRows(int rows) {
 }
 
 void FlexGrid::setCols(int columns) {
-  if (Col() >= std::max(columns, 0)) selectionModel()->clear();
+  if (Col() >= std::max(columns, 0)) {
+    selectionModel()->clear();
+    headingCell_ = -1;
+  }
   model_->setColumnCount(columns);
   columns_.resize(Cols(), {kColumnTwips, {}, false});
   showColumns();
@@ -139,6 +164,27 @@ void FlexGrid::setCellAlignment(int row, int column, Qt::Alignment alignment) {
   CellModel::Look look = model_->look(row, column);
   look.alignment = static_cast<int>(alignment);
   model_->setLook(row, column, look);
+}
+
+QFont FlexGrid::CellFont(int row, int column) const {
+  const std::optional<QFont> its = model_->look(row, column).font;
+  return its ? its->resolve(font()) : font();
+}
+
+void FlexGrid::setCellFont(int row, int column, const QFont& font) {
+  CellModel::Look look = model_->look(row, column);
+  look.font = font.resolveMask() != 0 ? std::optional(font) : std::nullopt;
+  model_->setLook(row, column, look);
+}
+
+QColor FlexGrid::ShownBackColor(int row, int column) const {
+  const QVariant its = model_->value(row, column, Qt::BackgroundRole);
+  return its.isValid() ? its.value<QColor>() : palette().color(row == 0 ? QPalette::Window : QPalette::Base);
+}
+
+QColor FlexGrid::ShownForeColor(int row, int column) const {
+  const QVariant its = model_->value(row, column, Qt::ForegroundRole);
+  return its.isValid() ? its.value<QColor>() : palette().color(QPalette::Text);
 }
 
 void FlexGrid::setColAlignment(int column, Qt::Alignment alignment) {
@@ -205,6 +251,20 @@ void FlexGrid::setFixedCols(int columns) {
 
 int FlexGrid::FixedCols() const {
   return std::min(fixedCols_, Cols());
+}
+
+bool FlexGrid::isFixedCell(int row, int column) const {
+  return row == 0 || column < FixedCols();
+}
+
+QRect FlexGrid::CellRect(int row, int column) const {
+  if (row < 0 || row >= Rows() || column < 0 || column >= Cols()) return {};
+  const QTableView* columns = column < FixedCols() ? static_cast<const QTableView*>(fixedView_) : this;
+  const QPoint left(columns->columnViewportPosition(column), 0);
+  const QHeaderView& heading = *horizontalHeader();
+  const int top = row == 0 ? heading.y() : viewport()->y() + rowViewportPosition(row - 1);
+  return {columns->viewport()->mapTo(this, left).x(), top, columns->columnWidth(column),
+          row == 0 ? heading.height() : rowHeight(row - 1)};
 }
 
 void FlexGrid::showColumns() {
@@ -297,7 +357,7 @@ int FlexGrid::Row() const {
 }
 
 int FlexGrid::Col() const {
-  return currentIndex().column();
+  return headingCell_ >= 0 ? headingCell_ : currentIndex().column();
 }
 
 void FlexGrid::setCell(int row, int column) {
@@ -305,6 +365,19 @@ void FlexGrid::setCell(int row, int column) {
   if (!cell.isValid() || column < FixedCols()) return;
   setCurrentIndex(cell);
   scrollTo(cell);
+}
+
+void FlexGrid::setFixedCell(int row, int column) {
+  if (row < 0 || row >= Rows() || column < 0 || column >= Cols() || !isFixedCell(row, column)) return;
+  const int sideways = horizontalScrollBar()->value();
+  const bool fixedColumn = column < FixedCols();
+  // The heading stands above whatever row is the uppermost just then.
+  scrollTo(model_->index(row == 0 ? std::max(rowAt(0), 0) : row - 1, fixedColumn ? FixedCols() : column));
+  if (fixedColumn) horizontalScrollBar()->setValue(sideways);
+  if (row > 0) return setCurrentIndex(model_->index(row - 1, column));
+  selectionModel()->clear();
+  headingCell_ = column;
+  Q_EMIT entered(row, column);
 }
 
 void FlexGrid::markRow(int row) {
@@ -353,7 +426,15 @@ void FlexGrid::fixedPressed(const QModelIndex& cell) {
 
 void FlexGrid::currentChanged(const QModelIndex& fresh, const QModelIndex& before) {
   QTableView::currentChanged(fresh, before);
+  headingCell_ = -1;
   if (fresh.isValid()) Q_EMIT entered(fresh.row() + 1, fresh.column());
+}
+
+QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  const QModelIndex now = currentIndex();
+  // The columns are hidden in this view, which finds no way out of a hidden one.
+  if (now.isValid() && now.column() < FixedCols()) return model_->index(now.row(), FixedCols());
+  return QTableView::moveCursor(action, modifiers);
 }
 
 void FlexGrid::setRedraw(bool on) {
@@ -390,6 +471,10 @@ void FlexGrid::setCopyEntries(const QList<CopyEntry>& entries) {
   copyEntries_ = entries;
 }
 
+void FlexGrid::setOwnMenu(bool on) {
+  ownMenu_ = on;
+}
+
 void FlexGrid::copy() const {
   // With nothing selected the clipboard keeps what it holds.
   if (selectionModel()->hasSelection()) QGuiApplication::clipboard()->setText(Clip());
@@ -409,13 +494,24 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
   event->accept();
 }
 
+void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) return QTableView::mouseDoubleClickEvent(event);
+  event->accept();
+}
+
 void FlexGrid::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() != QContextMenuEvent::Keyboard) return openMenu(event->globalPos());
+  if (!ownMenu_ && Col() >= 0) Q_EMIT menuAsked(mapToGlobal(CellRect(Row(), Col()).center()));
+  if (!ownMenu_) return;
   const int below = Row() > 0 ? rowViewportPosition(Row() - 1) + rowHeight(Row() - 1) : 0;
   openMenu(Row(), viewport()->mapToGlobal(QPoint(0, below)));
 }
 
 void FlexGrid::openMenu(const QPoint& at) {
+  if (!ownMenu_) {
+    Q_EMIT menuAsked(at);
+    return;
+  }
   openMenu(rowAt(viewport()->mapFromGlobal(at).y()) + 1, at);
 }
 

@@ -39,8 +39,18 @@ class FlexGrid : public QTableView {
   void setCellForeColor(int row, int column, const QColor& colour);
   Qt::Alignment CellAlignment(int row, int column) const;
   void setCellAlignment(int row, int column, Qt::Alignment alignment);
+  /// For `setCellAlignment` and `setColAlignment`: numbers at the right, other texts at the left. Read back,
+  /// it is the one of the two that the cell has just then.
+  static constexpr Qt::Alignment kGeneralAlignment = Qt::AlignJustify;
   /// For the cells of a column that have none of their own, its heading among them.
   void setColAlignment(int column, Qt::Alignment alignment);
+
+  /// What a font leaves open is taken from the grid's; one that leaves all open is the grid's.
+  QFont CellFont(int row, int column) const;
+  void setCellFont(int row, int column, const QFont& font);
+  /// Ground and text of a cell as they are painted.
+  QColor ShownBackColor(int row, int column) const;
+  QColor ShownForeColor(int row, int column) const;
 
   /// In twips, 1440 to the inch at 96 dots: a width of 1500 is 100 pixels at scale 1. 0 hides the column.
   /// Reads what the person's hand made of it.
@@ -60,15 +70,23 @@ class FlexGrid : public QTableView {
   /// The leading columns that do not scroll sideways and take no current cell.
   void setFixedCols(int columns);
   int FixedCols() const;
+  /// Whether a cell is one of the heading or of a fixed column.
+  bool isFixedCell(int row, int column) const;
+  /// Where a cell stands in the grid, its lines with it; empty for one that is hidden or outside. A cell that
+  /// is scrolled away keeps its distance.
+  QRect CellRect(int row, int column) const;
   /// Background of the cells that have no colour of their own; invalid: the palette's.
   void setBackColor(const QColor& colour);
 
-  /// The current cell; row 0 and column -1 with none.
+  /// The current cell; row 0 and column -1 with none, row 0 and a column for one of the heading.
   int Row() const;
   int Col() const;
   /// Makes a data cell the current one and brings it into view; a cell outside the data or in a fixed column
   /// does nothing.
   void setCell(int row, int column);
+  /// Makes a cell of the heading or of a fixed column the current one and brings it into view. Neither mouse
+  /// nor keys lead there, and the next move leads away.
+  void setFixedCell(int row, int column);
   /// Marks the whole row from its first to its last column, as the current one; the current column stays if
   /// it is in that row already.
   void markRow(int row);
@@ -107,24 +125,34 @@ class FlexGrid : public QTableView {
     int column;
   };
   void setCopyEntries(const QList<CopyEntry>& entries);
+  /// Off: `menuAsked` is all that the right button does. On at first.
+  void setOwnMenu(bool on);
 
  Q_SIGNALS:
   /// A data cell was clicked, or chosen by Enter or Space.
   void cellClicked(int row, int column);
+  /// Fixed cells as well.
+  void cellDoubleClicked(int row, int column);
+  /// A menu is asked for at this place of the screen, and the grid shows none of its own.
+  void menuAsked(const QPoint& at);
   /// Another cell became the current one.
   void entered(int row, int column);
   /// The cells may stand elsewhere in the view: their sizes, or the view's own, have changed.
   void arranged();
+  /// Sideways or up and down.
+  void scrolled();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   bool viewportEvent(QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void updateGeometries() override;
   void resizeEvent(QResizeEvent* event) override;
   void currentChanged(const QModelIndex& fresh, const QModelIndex& before) override;
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
  private:
   struct Column {
@@ -140,6 +168,7 @@ class FlexGrid : public QTableView {
   void sizeRows();
   void resized(int column, int before, int width);
   void fixedPressed(const QModelIndex& cell);
+  void hearFixedCells();
   void copy() const;
   QString rowText(int row, int first, int last) const;
   void openMenu(const QPoint& at);
@@ -155,6 +184,9 @@ class FlexGrid : public QTableView {
   int headingHeight_ = 0;
   int spare_ = -1;
   int off_ = 0;
+  /// The current cell, while it is one of the heading; the model has no index for it. -1 for none.
+  int headingCell_ = -1;
+  bool ownMenu_ = true;
   bool arranging_ = false;
   /// Widths were set while nothing is painted.
   bool columnsWait_ = false;

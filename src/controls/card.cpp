@@ -19,6 +19,19 @@ constexpr int kTitleSpace = 4;
 
 constexpr double kZoom = 1.35;
 
+/// Average letters of a caption that never takes a second line.
+constexpr int kOneLine = 26;
+
+/// Width of a caption, a long one in two lines parted where they come out alike.
+int captionWidth(const QFontMetrics& metrics, const QString& text) {
+  int width = metrics.horizontalAdvance(text);
+  if (width <= kOneLine * metrics.averageCharWidth()) return width;
+  for (qsizetype at = text.indexOf(u' '); at >= 0; at = text.indexOf(u' ', at + 1))
+    width = std::min(width, std::max(metrics.horizontalAdvance(text.left(at)),
+                                     metrics.horizontalAdvance(text.mid(at + 1))));
+  return width;
+}
+
 }  // namespace
 
 Card::Card(QWidget* parent) : QPushButton(parent) {
@@ -33,14 +46,25 @@ void Card::setHint(const QString& hint) {
 }
 
 bool Card::flat() const {
-  return height() < kFlatHeight;
+  return height() < std::max(kFlatHeight, tallHeight());
 }
 
-QFont Card::titleFormat() const {
+QFont Card::titleFormat(double zoom) const {
   QFont character = font();
   character.setWeight(QFont::DemiBold);
-  if (!flat()) character.setPointSizeF(character.pointSizeF() * kZoom);
+  character.setPointSizeF(character.pointSizeF() * zoom);
   return character;
+}
+
+int Card::tallTitleHeight() const {
+  const QRect room(0, 0, width() - 2 * kMargin, 0);
+  return QFontMetrics(titleFormat(kZoom))
+      .boundingRect(room, Qt::AlignHCenter | Qt::TextWordWrap, text())
+      .height();
+}
+
+int Card::tallHeight() const {
+  return kDisc + kSpace + tallTitleHeight() + kTitleSpace + fontMetrics().height();
 }
 
 QSize Card::sizeHint() const {
@@ -48,9 +72,7 @@ QSize Card::sizeHint() const {
 }
 
 QSize Card::minimumSizeHint() const {
-  QFont character = font();
-  character.setWeight(QFont::DemiBold);
-  const int width = QFontMetrics(character).horizontalAdvance(text());
+  const int width = captionWidth(QFontMetrics(titleFormat(1)), text());
   return {width + kFlatDisc + kSpace + 2 * kMargin, kFlatDisc + kMargin};
 }
 
@@ -77,21 +99,22 @@ void Card::drawFlat(QPainter& painter) {
   const int side = std::min(kFlatDisc, height() - kFlatMargin);
   const QRect disc(kMargin, (height() - side) / 2, side, side);
   drawDisc(painter, disc);
-  painter.setFont(titleFormat());
+  painter.setFont(titleFormat(1));
   painter.setPen(palette().color(QPalette::ButtonText));
-  painter.drawText(rect().adjusted(disc.right() + kSpace, 0, -kMargin, 0), Qt::AlignVCenter | Qt::AlignLeft,
-                   text());
+  painter.drawText(rect().adjusted(disc.right() + kSpace, 0, -kMargin, 0),
+                   Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, text());
 }
 
 void Card::drawTall(QPainter& painter) {
-  const int title = QFontMetrics(titleFormat()).height();
+  const int title = tallTitleHeight();
   const int known = fontMetrics().height();
-  int y = (height() - kDisc - kSpace - title - kTitleSpace - known) / 2;
+  int y = (height() - tallHeight()) / 2;
   drawDisc(painter, QRect((width() - kDisc) / 2, y, kDisc, kDisc));
   y += kDisc + kSpace;
-  painter.setFont(titleFormat());
+  painter.setFont(titleFormat(kZoom));
   painter.setPen(palette().color(QPalette::ButtonText));
-  painter.drawText(QRect(0, y, width(), title), Qt::AlignCenter, text());
+  painter.drawText(QRect(kMargin, y, width() - 2 * kMargin, title), Qt::AlignCenter | Qt::TextWordWrap,
+                   text());
   y += title + kTitleSpace;
   painter.setFont(font());
   // The style sheet has thinned the widget's own placeholder colour.

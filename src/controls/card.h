@@ -3,7 +3,8 @@
 #include <QPushButton>
 
 /// A large command of a workspace: its icon on a disc, its caption, and a line that says what it is for. With
-/// room the three stand one below the other; in a low place the caption stands beside the icon, alone.
+/// room the three stand one below the other; in a low place the caption stands beside the icon, alone. A long
+/// caption takes two lines where there is no room for one.
 class Card : public QPushButton {
   Q_OBJECT
   /// What the command is for, in one line.
@@ -23,7 +24,10 @@ class Card : public QPushButton {
 
  private:
   bool flat() const;
-  QFont titleFormat() const;
+  QFont titleFormat(double zoom) const;
+  /// Of the caption in its large letters, on as many lines as it needs; and of all three of a tall card.
+  int tallTitleHeight() const;
+  int tallHeight() const;
   void drawGround(QPainter& painter);
   void drawDisc(QPainter& painter, const QRect& disc);
   void drawFlat(QPainter& painter);

@@ -1,13 +1,27 @@
 #include "controls/cell_model.h"
 
+#include <QLocale>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "controls/contrast.h"
 
 namespace {
 constexpr Qt::Alignment kAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+constexpr Qt::Alignment kOfNumbers = Qt::AlignRight | Qt::AlignVCenter;
+
+/// With a comma, as the screens show amounts, or with a point, as the files do.
+bool isNumber(const QString& text) {
+  const QString number = text.trimmed();
+  for (const QLocale& writing : {QLocale(QLocale::Italian), QLocale::c()}) {
+    bool read = false;
+    if (std::isfinite(writing.toDouble(number, &read)) && read) return true;
+  }
+  return false;
 }
+
+}  // namespace
 
 CellModel::CellModel(QObject* parent) : QAbstractTableModel(parent) {}
 
@@ -52,6 +66,10 @@ QVariant CellModel::value(int row, int column, int role) const {
     }
     case Qt::ForegroundRole:
       return textColour(row, look(row, column));
+    case Qt::FontRole: {
+      const Look its = look(row, column);
+      return its.font ? QVariant(*its.font) : QVariant();
+    }
     case kInFieldsRole:
       return row == inFields_;
     case Qt::AccessibleDescriptionRole:
@@ -173,7 +191,9 @@ CellModel::Number CellModel::numberOf(const Look& look) {
 Qt::Alignment CellModel::alignment(int row, int column) const {
   if (!inside(row, column)) return kAlignment;
   const int its = look(row, column).alignment;
-  return its != 0 ? Qt::Alignment(its) : ofColumns_[static_cast<std::size_t>(column)];
+  const Qt::Alignment wanted = its != 0 ? Qt::Alignment(its) : ofColumns_[static_cast<std::size_t>(column)];
+  if (wanted != kGeneral) return wanted;
+  return isNumber(texts_[place(row, column)]) ? kOfNumbers : kAlignment;
 }
 
 void CellModel::setColumnAlignment(int column, Qt::Alignment alignment) {

@@ -2,8 +2,10 @@
 
 #include <QAbstractTableModel>
 #include <QColor>
+#include <QFont>
 #include <QPalette>
 #include <map>
+#include <optional>
 #include <tuple>
 #include <vector>
 
@@ -14,7 +16,7 @@ class CellModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  /// Of a cell that wants other than its column and its grid give it. Invalid colours and no alignment:
+  /// Of a cell that wants other than its column and its grid give it. Without colours, font and alignment:
   /// theirs.
   struct Look {
     bool hasBack = false;
@@ -22,12 +24,17 @@ class CellModel : public QAbstractTableModel {
     QRgb background = 0;
     QRgb text = 0;
     int alignment = 0;
+    std::optional<QFont> font;
     bool operator<(const Look& other) const {
-      return std::tie(hasBack, hasFore, background, text, alignment) <
-             std::tie(other.hasBack, other.hasFore, other.background, other.text, other.alignment);
+      return std::tie(hasBack, hasFore, background, text, alignment, font) <
+             std::tie(other.hasBack, other.hasFore, other.background, other.text, other.alignment,
+                      other.font);
     }
   };
 
+  /// An alignment that looks at the text: a number stands at the right, anything else at the left. No text
+  /// of one line is set flush at both sides, so that flag is free for it.
+  static constexpr Qt::Alignment kGeneral = Qt::AlignJustify;
   /// Whether a cell stands in the row that the screen's fields hold.
   static constexpr int kInFieldsRole = Qt::UserRole;
 
@@ -37,6 +44,9 @@ class CellModel : public QAbstractTableModel {
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation direction, int role) const override;
+
+  /// What the views ask for by `data` and `headerData`, for a row as the grid counts it.
+  QVariant value(int row, int column, int role) const;
 
   int rows() const { return rows_; }
   int columns() const { return columns_; }
@@ -48,6 +58,7 @@ class CellModel : public QAbstractTableModel {
   void setText(int row, int column, const QString& text);
   Look look(int row, int column) const;
   void setLook(int row, int column, const Look& look);
+  /// As the cell is painted: never `kGeneral`.
   Qt::Alignment alignment(int row, int column) const;
   void setColumnAlignment(int column, Qt::Alignment alignment);
   void setHeadingToolTip(int column, const QString& text);
@@ -69,7 +80,6 @@ class CellModel : public QAbstractTableModel {
 
   bool inside(int row, int column) const;
   std::size_t place(int row, int column) const;
-  QVariant value(int row, int column, int role) const;
   QColor background(int row, const Look& look) const;
   QColor ground(const QColor& wanted) const;
   QVariant textColour(int row, const Look& look) const;

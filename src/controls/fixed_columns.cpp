@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <utility>
 
 #include "controls/heading_view.h"
 
@@ -76,9 +77,14 @@ void FixedColumns::mouseMoveEvent(QMouseEvent* event) {
 
 void FixedColumns::mouseDoubleClickEvent(QMouseEvent* event) {
   event->accept();
+  const QModelIndex cell = indexAt(event->position().toPoint());
+  if (event->button() != Qt::LeftButton || !cell.isValid()) return;
+  doubled_ = true;
+  Q_EMIT doubleClicked(cell);
 }
 
 void FixedColumns::mouseReleaseEvent(QMouseEvent* event) {
+  if (std::exchange(doubled_, false)) return;
   const QModelIndex cell = indexAt(event->position().toPoint());
   if (event->button() == Qt::LeftButton && cell.isValid()) Q_EMIT cellPressed(cell);
 }

@@ -3,8 +3,8 @@
 #include <QTableView>
 
 /// The leading columns of a grid that stand still while the others scroll sideways: a second view of the same
-/// cells, kept on the grid's rows, in the place that the grid leaves free for it. It takes no focus and no
-/// current cell.
+/// cells, kept on the grid's rows, in the place that the grid leaves free for it. It takes no focus, and no
+/// current cell by the mouse; a double click is told by `doubleClicked`.
 class FixedColumns : public QTableView {
   Q_OBJECT
 
@@ -36,4 +36,6 @@ class FixedColumns : public QTableView {
 
   QTableView& grid_;
   bool following_ = false;
+  /// The release that ends a double click is no second press.
+  bool doubled_ = false;
 };

@@ -16,6 +16,8 @@ void HeadingView::paintSection(QPainter* painter, const QRect& place, int sectio
   if (!ground.isValid()) return QHeaderView::paintSection(painter, place, section);
   painter->save();
   painter->fillRect(place.adjusted(0, 0, -1, -1), ground.value<QColor>());
+  if (const QVariant font = ask(Qt::FontRole); font.isValid())
+    painter->setFont(font.value<QFont>().resolve(painter->font()));
   painter->setPen(ask(Qt::ForegroundRole).value<QColor>());
   painter->drawText(place.adjusted(kMargin, 0, -kMargin, 0), ask(Qt::TextAlignmentRole).toInt(),
                     ask(Qt::DisplayRole).toString());

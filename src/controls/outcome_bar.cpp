@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QStyle>
 #include <QToolButton>
+#include <algorithm>
 #include <utility>
 
 #include "controls/style.h"
@@ -13,6 +14,9 @@ namespace {
 
 constexpr int kSign = 18;
 constexpr int kGap = 8;
+/// Average letters of a word that the bar makes room for. A longer one, a file's name, is cut and stands
+/// whole in the tooltip: the window keeps its width.
+constexpr int kWord = 24;
 
 /// How a kind looks: name of its icon, and the value that the style sheet asks for.
 struct Appearance {
@@ -82,6 +86,9 @@ void OutcomeBar::tell(Kind kind, const QString& text, Action action) {
   text_->setProperty("outcome", QLatin1String(now.value));
   text_->style()->unpolish(text_);
   text_->style()->polish(text_);
+  text_->setMinimumWidth(0);
+  text_->setMinimumWidth(
+      std::min(text_->minimumSizeHint().width(), kWord * text_->fontMetrics().averageCharWidth()));
 }
 
 void OutcomeBar::clear() {

@@ -13,6 +13,7 @@
 #include "core/conversions.h"
 #include "core/figures.h"
 #include "core/reactions.h"
+#include "core/table_text.h"
 #include "core/wait_box.h"
 #include "platform/text/whole_file.h"
 #include "platform/text/windows1252.h"
@@ -39,10 +40,6 @@ int postoDi(const store::Recordset& righe, const char* campo) {
   return campo == nullptr ? kAssente : righe.place(QLatin1String(campo));
 }
 
-QString testoDi(const char16_t* testo) {
-  return testo ? QString::fromUtf16(testo) : QString();
-}
-
 /// One fill under way.
 class Corsa {
  public:
@@ -63,7 +60,8 @@ class Corsa {
       esito_.intero = true;
     } else {
       dimensiona();
-      tutte(*righe);
+      esito_.intero = tutte(*righe);
+      if (come_.rottura) chiudi();
     }
     return esito_;
   }
@@ -72,9 +70,17 @@ class Corsa {
   /// True unless the list ends here.
   template <typename Passo>
   bool passo(Passo&& corpo) {
-    const auto fatto =
-        reazioni::prossimaIstruzioneRiempimento(contesto_.utente, come_.prefisso, std::forward<Passo>(corpo));
-    if (fatto != reazioni::Esito::Segnalato) return true;
+    bool detto = false;
+    const auto fatto = reazioni::prossimaIstruzioneRiempimento(contesto_.utente, come_.prefisso, [&] {
+      try {
+        corpo();
+      } catch (const Errore& errore) {
+        if (errore.numero != come_.nonPassa) throw;
+        reazioni::segnala(contesto_.utente, come_.prefisso, errore);
+        detto = true;
+      }
+    });
+    if (!detto && fatto != reazioni::Esito::Segnalato) return true;
     if (come_.alGuasto == AlGuasto::Termina) contesto_.utente.Terminate();
     return come_.alGuasto == AlGuasto::Prosegue;
   }
@@ -90,11 +96,13 @@ class Corsa {
   /// What was there goes with its colours and its current cell; of a list that keeps its cells only the rows
   /// behind the query's.
   void dimensiona() {
-    if (!come_.conserva) griglia_.setRows(kPrimaRiga);
+    if (!come_.conserva || come_.rottura) griglia_.setRows(kPrimaRiga);
     const int prima = griglia_.Rows();
     for (int riga = std::max(prima - come_.coda, kPrimaRiga); riga < prima; ++riga) pulisci(riga);
-    griglia_.setRows(kPrimaRiga + esito_.righe + come_.coda);
-    for (int riga = kPrimaRiga + esito_.righe; riga < griglia_.Rows(); ++riga) pulisci(riga);
+    // A list with breaks has one behind each row at the most; what it does not use is cut at its end.
+    const int alPiu = come_.rottura ? 2 * esito_.righe : esito_.righe;
+    griglia_.setRows(kPrimaRiga + alPiu + come_.coda);
+    for (int riga = kPrimaRiga + alPiu; riga < griglia_.Rows(); ++riga) pulisci(riga);
   }
 
   void pulisci(int riga) {
@@ -105,43 +113,79 @@ class Corsa {
     }
   }
 
-  void tutte(store::Recordset& righe) {
+  /// False if the list was given up.
+  bool tutte(store::Recordset& righe) {
     std::vector<int> posti;
     for (const Colonna& colonna : come_.colonne) posti.push_back(postoDi(righe, colonna.campo));
     const int marca = come_.marca ? postoDi(righe, come_.marca->campo) : kAssente;
-    int numero = kPrimaRiga;
-    for (; !righe.atEnd(); righe.MoveNext(), ++numero) {
-      if (!una(righe, posti, numero)) return;
-      if (marca != kAssente) colora(righe, marca, numero);
+    const int rottura = come_.rottura ? postoDi(righe, come_.rottura->campo) : kAssente;
+    for (int numero = kPrimaRiga; !righe.atEnd(); righe.MoveNext(), ++numero, ++riga_) {
+      if (rottura != kAssente) spezza(righe.text(rottura));
+      if (!una(righe, posti, numero)) return false;
+      if (marca != kAssente) colora(righe, marca);
       if (come_.attesa) come_.attesa->avanza(numero, esito_.righe);
       contesto_.utente.DoEventsAtRecord();
     }
-    esito_.intero = true;
+    return true;
   }
 
   bool una(const store::Recordset& righe, const std::vector<int>& posti, int numero) {
     for (std::size_t i = 0; i < posti.size(); ++i) {
       const bool avanti = passo([&] {
         const Cella cella{righe, posti[i], numero, esito_.totali[i]};
-        griglia_.setTextMatrix(numero, static_cast<int>(i), come_.colonne[i].testo(cella));
+        griglia_.setTextMatrix(riga_, static_cast<int>(i), come_.colonne[i].testo(cella));
       });
       if (!avanti) return false;
     }
     return true;
   }
 
-  void colora(const store::Recordset& righe, int posto, int riga) {
+  /// Before a row of the run `questa`: the row of the run that ends here.
+  void spezza(QString questa) {
+    if (riga_ > kPrimaRiga && questa != serie_) scriviRottura();
+    serie_ = std::move(questa);
+  }
+
+  void scriviRottura() {
+    come_.rottura->scrivi(griglia_, riga_++, esito_.totali);
+    for (Totale& totale : esito_.totali) totale.parziale = 0;
+  }
+
+  /// The end of a list with breaks: the last of them, and no row that nobody wrote.
+  void chiudi() {
+    if (esito_.intero)
+      scriviRottura();
+    else
+      ++riga_;
+    griglia_.setRows(riga_ + come_.coda);
+  }
+
+  void colora(const store::Recordset& righe, int posto) {
     const Marca& marca = *come_.marca;
     const bool marcata = righe.text(posto) == QStringView(marca.valore);
     for (int colonna = marca.prima; colonna <= marca.ultima; ++colonna)
-      griglia_.setCellBackColor(riga, colonna, marcata ? marca.marcata : marca.altre);
+      griglia_.setCellBackColor(riga_, colonna, marcata ? marca.marcata : marca.altre);
   }
 
   FlexGrid& griglia_;
   const Riempimento& come_;
   Contesto& contesto_;
   EsitoElenco esito_;
+  /// The row of the grid that is being written.
+  int riga_ = kPrimaRiga;
+  /// What the rows of the present run have in common.
+  QString serie_;
 };
+
+bool diSomme(const FlexGrid& griglia, int riga, const FormaCSV& forma) {
+  return forma.colonnaSomme >= 0 && griglia.TextMatrix(riga, forma.colonnaSomme) == u" ";
+}
+
+int righeEsportate(const FlexGrid& griglia, const FormaCSV& forma) {
+  int quante = 0;
+  for (int riga = kPrimaRiga; riga < griglia.Rows(); ++riga) quante += diSomme(griglia, riga, forma) ? 0 : 1;
+  return quante;
+}
 
 }  // namespace
 
@@ -170,14 +214,14 @@ void Disponi(FlexGrid& griglia, Colonne colonne, const QColor& fondo, int blu) {
   QList<FlexGrid::CopyEntry> menu;
   int numero = 0;
   for (const Colonna& colonna : colonne) {
-    griglia.setTextMatrix(kTestata, numero, testoDi(colonna.testata));
-    griglia.setColSample(numero, testoDi(colonna.campione));
+    griglia.setTextMatrix(kTestata, numero, ::testo(colonna.testata));
+    griglia.setColSample(numero, ::testo(colonna.campione));
     if (!griglia.isSizedByHand(numero)) griglia.setColWidth(numero, colonna.twip);
     griglia.setColAlignment(numero, colonna.allineamento);
-    griglia.setHeadingToolTip(numero, testoDi(colonna.spiega));
+    griglia.setHeadingToolTip(numero, ::testo(colonna.spiega));
     if (numero < blu) griglia.setCellForeColor(kTestata, numero, kBlu);
     if (colonna.elastica) griglia.setSpareColumn(numero);
-    if (colonna.copia) menu.append({testoDi(colonna.copia), numero});
+    if (colonna.copia) menu.append({::testo(colonna.copia), numero});
     ++numero;
   }
   griglia.setCopyEntries(menu);
@@ -205,7 +249,7 @@ Caselle::Caselle(const QWidget& schermo, Colonne colonne) : colonne_(colonne) {
       throw Errore{kMembroAssente, QStringLiteral("Proprietà o metodo non supportati dall'oggetto: ") + nome};
     campi_.push_back(campo);
     if (campo && colonna.campione)
-      widthFromSample(*campo, testoDi(colonna.campione),
+      widthFromSample(*campo, ::testo(colonna.campione),
                       colonna.elastica ? FieldWidth::AtLeast : FieldWidth::Exact);
   }
 }
@@ -243,6 +287,7 @@ QByteArray TestoCSV(const FlexGrid& griglia, Colonne colonne, const FormaCSV& fo
   const QString separatore = QStringLiteral(";");
   QString lista;
   for (int riga = kPrimaRiga; riga < griglia.Rows(); ++riga) {
+    if (diSomme(griglia, riga, forma)) continue;
     QString linea = forma.numerata ? QString::number(riga) : QString();
     bool prima = !forma.numerata;
     for (std::size_t i = 0; i < colonne.size(); ++i) {
@@ -265,7 +310,7 @@ void Esporta(const QString& titolo, const FlexGrid& griglia, Colonne colonne, co
   WriteWholeFile(*scelto, TestoCSV(griglia, colonne, forma));
   contesto.utente.MsgBox(QStringLiteral("Creazione del file ") + *scelto + QStringLiteral(" terminata."),
                          Icon::Information);
-  const int righe = griglia.Rows() - kPrimaRiga;
+  const int righe = righeEsportate(griglia, forma);
   const QString quante = righe == 1 ? QStringLiteral("Esportata 1 riga")
                                     : QStringLiteral("Esportate %1 righe").arg(cifra(righe));
   const auto apri = [&contesto, percorso = *scelto] {

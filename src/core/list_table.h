@@ -28,6 +28,8 @@ inline constexpr const char* kFiltroCSV = "csv (*.csv)|*.csv";
 struct Totale {
   std::int64_t intero = 0;
   double reale = 0;
+  /// Of the rows behind the last break of the list.
+  std::int64_t parziale = 0;
 };
 
 /// What a cell is made from.
@@ -123,6 +125,13 @@ struct Marca {
   int ultima;
 };
 
+/// A row between the rows: behind each run of them with one text in a column of the query, the last run too.
+struct Rottura {
+  const char* campo;
+  /// Writes the row's cells from what the run came to, `parziale`, which is zero again behind it.
+  void (*scrivi)(FlexGrid& griglia, int riga, const std::vector<Totale>& totali);
+};
+
 /// How a list is filled.
 struct Riempimento {
   Colonne colonne;
@@ -138,6 +147,10 @@ struct Riempimento {
   Attesa* attesa = nullptr;
   /// What stands in the middle of a list without rows.
   QString senzaRighe = {};
+  /// Such a list is emptied first, whatever `conserva` says.
+  std::optional<Rottura> rottura = std::nullopt;
+  /// Number of a failure that other lists pass over and this one tells.
+  std::optional<int> nonPassa = std::nullopt;
 };
 
 struct EsitoElenco {
@@ -145,6 +158,7 @@ struct EsitoElenco {
   bool letto = false;
   /// False if the list was given up before its last row.
   bool intero = false;
+  /// Those of the query.
   int righe = 0;
   /// A total a column.
   std::vector<Totale> totali;
@@ -186,6 +200,8 @@ struct FormaCSV {
   bool numerata = false;
   /// A further column of one blank.
   bool chiusa = false;
+  /// Rows with one blank in this column of the grid stay out: they are sums between the rows. -1 for none.
+  int colonnaSomme = -1;
 };
 
 /// The exported columns of rows 1 to the last.

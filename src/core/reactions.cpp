@@ -8,7 +8,6 @@ namespace reazioni {
 
 namespace {
 constexpr int kNessuno = 0;
-constexpr int kRipresaSenzaErrore = 20;
 }  // namespace
 
 bool ignorata(int numero) {

@@ -16,6 +16,10 @@ enum class Esito {
   Segnalato,  ///< it failed and the person was told
 };
 
+/// A resumption with no failure to resume from: passed over by the lists, told by the searches of customers
+/// and invoices.
+inline constexpr int kRipresaSenzaErrore = 20;
+
 /// True for the failures that every data procedure passes over: 0, 20, 53, 75, 3021.
 bool ignorata(int numero);
 

@@ -7,6 +7,7 @@
 #include "controls/outcome_bar.h"
 #include "core/screen.h"
 
+class ComandiLink;
 class PannelloECR;
 class QKeyEvent;
 class QPushButton;
@@ -23,8 +24,6 @@ class FinestraLink : public Schermo<QDialog> {
 
   /// Esc and the frame's close: the way out while Cmd_Esci is enabled, nothing otherwise.
   void reject() override;
-
-  bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
  protected:
   struct Comandi {
@@ -51,24 +50,17 @@ class FinestraLink : public Schermo<QDialog> {
   /// What the person should keep in mind from the connection on, told at the foot with it; empty for nothing.
   virtual QString avvertenza() const { return {}; }
 
-  /// F9 starts. Enter presses the button that has the focus, the exit aside: the link has put the focus there
-  /// by itself, and whoever goes on typing must not leave with it.
+  /// F9 starts. Enter presses the button that has the focus, the exit aside.
   void keyPressEvent(QKeyEvent* evento) override;
   void showEvent(QShowEvent* evento) override;
 
  private:
   void connetti();
-  void spiegaComandi();
   /// As high as its texts need: one at the foot may take more lines than the one before.
   void cresci();
 
   QString casa_;
   PannelloECR* pannello_ = nullptr;
-  QPushButton* avvio_ = nullptr;
-  QPushButton* esci_ = nullptr;
   OutcomeBar* piede_ = nullptr;
-  /// Tooltips of the commands while they are on.
-  QString aCheServe_;
-  QString doveSiTorna_;
-  bool collegata_ = false;
+  ComandiLink* comandi_ = nullptr;
 };

@@ -6,8 +6,10 @@
 #include <memory>
 
 #include "config/configuration_file.h"
+#include "controls/outcome_bar.h"
 #include "core/context.h"
 #include "core/screens.h"
+#include "core/wait_box.h"
 #include "platform/ui/user_port.h"
 
 namespace editors {
@@ -127,6 +129,19 @@ EsitoSalvataggio SalvaEditor(Editor& editor, Bandiera& modificato, Contesto& con
     modificato = kFalso;
   }
   return racconta(fatto);
+}
+
+void SalvaEditorRaccontando(Editor& editor, Bandiera& modificato, const std::function<void()>& salvato,
+                            OutcomeBar& piede, Contesto& contesto) {
+  EsitoSalvataggio esito;
+  {
+    const Attesa attesa(contesto, Attesa::Quando::Subito);
+    esito = SalvaEditor(editor, modificato, contesto);
+    if (esito.salvato) salvato();
+  }
+  if (esito.salvato) return piede.tell(OutcomeBar::Kind::Done, esito.racconto);
+  piede.tell(OutcomeBar::Kind::Failed,
+             QStringLiteral("Non salvato nel file: togliere la causa e salvare di nuovo"));
 }
 
 }  // namespace editors

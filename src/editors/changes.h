@@ -2,9 +2,11 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 #include "core/state.h"
 
+class OutcomeBar;
 struct Contesto;
 
 /// What the editors of a configuration have changed and nobody has saved yet: one flag an editor in
@@ -61,5 +63,9 @@ void RicaricaEditor(Contesto& contesto);
 /// Saves one editor as its own command does: screen into memory, memory into the file, its flag cleared.
 /// Where that failed the flag stays set, and memory is as before.
 EsitoSalvataggio SalvaEditor(Editor& editor, Bandiera& modificato, Contesto& contesto);
+/// The same under the wait pointer, which stays until `salvato` has shown what is in the file now; the foot
+/// tells what became of it.
+void SalvaEditorRaccontando(Editor& editor, Bandiera& modificato, const std::function<void()>& salvato,
+                            OutcomeBar& piede, Contesto& contesto);
 
 }  // namespace editors

@@ -14,7 +14,7 @@
 #include "controls/style.h"
 #include "core/figures.h"
 #include "core/reactions.h"
-#include "core/wait_box.h"
+#include "core/table_text.h"
 #include "editors/form_field.h"
 #include "platform/ui/user_port.h"
 #include "ui_form_editor.h"
@@ -32,10 +32,6 @@ constexpr int kLatoSegno = 16;
 constexpr qreal kBordoSegno = 4;
 /// Scale at which the dot is drawn, for displays up to that.
 constexpr int kScalaSegno = 2;
-
-QString testo(const char16_t* di) {
-  return QString::fromUtf16(di);
-}
 
 QIcon segnoDi(const QColor& colore) {
   QPixmap figura(kLatoSegno * kScalaSegno, kLatoSegno * kScalaSegno);
@@ -294,15 +290,8 @@ void EditorModulo::salva() {
     return ui_->BarraEsito->tell(Genere::Plain, QStringLiteral("Nessuna modifica da salvare"));
   if (!premuto() && !editors::chiediDiSalvare(contesto())) return mostraStato();
   if (!salvabile()) return;
-  editors::EsitoSalvataggio esito;
-  {
-    const Attesa attesa(contesto(), Attesa::Quando::Subito);
-    esito = editors::SalvaEditor(*this, modificato(), contesto());
-    if (esito.salvato) dopoIlSalvataggio();
-  }
-  if (esito.salvato) return ui_->BarraEsito->tell(Genere::Done, esito.racconto);
-  ui_->BarraEsito->tell(Genere::Failed,
-                        QStringLiteral("Non salvato nel file: togliere la causa e salvare di nuovo"));
+  editors::SalvaEditorRaccontando(
+      *this, modificato(), [this] { dopoIlSalvataggio(); }, *ui_->BarraEsito, contesto());
 }
 
 /// A press on the command itself is an answer already.

@@ -17,6 +17,7 @@
 #include "controls/wheel_guard.h"
 #include "core/conversions.h"
 #include "core/date_combos.h"
+#include "core/table_text.h"
 #include "platform/ecrcom/library.h"
 
 namespace editors {
@@ -49,10 +50,6 @@ constexpr int kPostoOra = 9;
 constexpr int kPostoMinuti = 12;
 constexpr int kPostoSecondi = 15;
 constexpr int kCifre = 2;
-
-QString testo(const char16_t* di) {
-  return QString::fromUtf16(di);
-}
 
 int parte(const QString& momento, int posto) {
   return QStringView(momento).mid(posto, kCifre).toInt();
@@ -100,6 +97,69 @@ void tieniIlPosto(QWidget& chi) {
 /// A sample as wide as `caratteri` characters usually are.
 QString campione(int caratteri) {
   return QString(caratteri, u'n');
+}
+
+/// Where a line that is typed is stored.
+struct Riposto {
+  const Dato& dato;
+  std::size_t riga;
+  EcrLibrary& libreria;
+
+  // What is shown or dropped has no record.
+  config::Record record() const { return recordDi(dato, riga); }
+  config::Campo campo() const { return campoDi(dato, riga); }
+};
+
+QString leggiOra(const Riposto& dove) {
+  const QString quando = momento(dove.libreria, config::leggiSenzaSegno(dove.record(), dove.campo()));
+  return quando.mid(kPostoOra, kCifre) + quando.mid(kPostoMinuti, kCifre) + quando.mid(kPostoSecondi, kCifre);
+}
+
+void scriviOra(const Riposto& dove, const QString& scritto) {
+  const std::uint32_t ora =
+      dove.libreria.ecr_time_decode(parte(scritto, 0), parte(scritto, kCifre), parte(scritto, 2 * kCifre));
+  config::scriviSenzaSegno(dove.record(), dove.campo(), ora);
+}
+
+/// The way of a line out of its record, and back into it.
+struct Modo {
+  QString (*leggi)(const Riposto& dove);
+  void (*scrivi)(const Riposto& dove, const QString& scritto);
+};
+
+Modo modoDi(Genere genere) {
+  const auto nessuno = [](const Riposto&, const QString&) {};
+  switch (genere) {
+    case Genere::Centesimi:
+      return {
+          [](const Riposto& dove) { return CentInTesto(config::leggiIntero(dove.record(), dove.campo())); },
+          [](const Riposto& dove, const QString& scritto) {
+            config::scriviIntero(dove.record(), dove.campo(), TestoInCent(scritto));
+          }};
+    case Genere::Numero:
+      return {
+          [](const Riposto& dove) { return QString::number(config::leggiByte(dove.record(), dove.campo())); },
+          [](const Riposto& dove, const QString& scritto) {
+            config::scriviByte(dove.record(), dove.campo(), byteDi(scritto));
+          }};
+    case Genere::Ora:
+      return {leggiOra, scriviOra};
+    case Genere::Mostrato:
+      return {[](const Riposto& dove) { return dove.dato.valore(); }, nessuno};
+    case Genere::Perso:
+      return {[](const Riposto&) { return QString(); }, nessuno};
+    case Genere::Testo:
+    case Genere::SiNo:
+    case Genere::Lista:
+    case Genere::Codici:
+    case Genere::Data:
+    case Genere::Giorno:
+      break;
+  }
+  return {[](const Riposto& dove) { return config::leggiTesto(dove.record(), dove.campo()); },
+          [](const Riposto& dove, const QString& scritto) {
+            config::scriviTesto(dove.record(), dove.campo(), scritto);
+          }};
 }
 
 }  // namespace
@@ -345,30 +405,7 @@ void CampoScritto::conta() {
 }
 
 QString CampoScritto::letto() const {
-  const config::Campo questo = campo();
-  switch (dato().genere) {
-    case Genere::Centesimi:
-      return CentInTesto(config::leggiIntero(record(), questo));
-    case Genere::Numero:
-      return QString::number(config::leggiByte(record(), questo));
-    case Genere::Ora: {
-      const QString quando = momento(posto().libreria, config::leggiSenzaSegno(record(), questo));
-      return quando.mid(kPostoOra, kCifre) + quando.mid(kPostoMinuti, kCifre) +
-             quando.mid(kPostoSecondi, kCifre);
-    }
-    case Genere::Mostrato:
-      return dato().valore();
-    case Genere::Perso:
-      return {};
-    case Genere::Testo:
-    case Genere::SiNo:
-    case Genere::Lista:
-    case Genere::Codici:
-    case Genere::Data:
-    case Genere::Giorno:
-      break;
-  }
-  return config::leggiTesto(record(), questo);
+  return modoDi(dato().genere).leggi({dato(), riga(), posto().libreria});
 }
 
 void CampoScritto::riempi() {
@@ -383,30 +420,8 @@ void CampoScritto::riempi() {
 }
 
 void CampoScritto::scrivi() {
-  const config::Campo questo = campo();
   const QString scritto = dato().rifilato ? casella_->text().trimmed() : casella_->text();
-  switch (dato().genere) {
-    case Genere::Centesimi:
-      return config::scriviIntero(record(), questo, TestoInCent(scritto));
-    case Genere::Numero:
-      return config::scriviByte(record(), questo, byteDi(scritto));
-    case Genere::Ora:
-      return config::scriviSenzaSegno(
-          record(), questo,
-          posto().libreria.ecr_time_decode(parte(scritto, 0), parte(scritto, kCifre),
-                                           parte(scritto, 2 * kCifre)));
-    case Genere::Mostrato:
-    case Genere::Perso:
-      return;
-    case Genere::Testo:
-    case Genere::SiNo:
-    case Genere::Lista:
-    case Genere::Codici:
-    case Genere::Data:
-    case Genere::Giorno:
-      break;
-  }
-  config::scriviTesto(record(), questo, scritto);
+  modoDi(dato().genere).scrivi({dato(), riga(), posto().libreria}, scritto);
 }
 
 std::optional<Rejection> CampoScritto::rifiuto(const QString& scritto) const {

@@ -4,16 +4,16 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
-#include <QScrollBar>
 #include <algorithm>
 
 #include "controls/FlexGrid.h"
+#include "controls/cell_box.h"
 #include "controls/command_key.h"
 #include "controls/guarded_field.h"
 #include "controls/outcome_bar.h"
 #include "controls/style.h"
 #include "core/figures.h"
-#include "core/wait_box.h"
+#include "core/table_text.h"
 #include "platform/ui/user_port.h"
 #include "ui_grid_editor.h"
 
@@ -25,14 +25,6 @@ constexpr int kColonneLegenda = 3;
 /// How many changed rows the foot names.
 constexpr int kNominate = 8;
 const QColor kArancio(255, 128, 0);
-
-/// A box has the room of its cell, less than a field has.
-constexpr auto kStileCasella =
-    "QLineEdit, QLineEdit:focus { border: 2px solid palette(highlight); border-radius: 0; padding: 0 1px; }";
-
-QString testo(const char16_t* di) {
-  return QString::fromUtf16(di);
-}
 
 bool senzaTastiUniti(const QKeyEvent& evento) {
   return (evento.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
@@ -82,7 +74,7 @@ void EditorGriglia::creaCaselle() {
   for (std::size_t i = 1; i < tabella_.colonne.size(); ++i) {
     auto* casella = new QLineEdit(griglia().viewport());
     casella->setObjectName(QStringLiteral("casella_%1").arg(i));
-    casella->setStyleSheet(QLatin1String(kStileCasella));
+    cellbox::dress(*casella);
     casella->setAlignment(tabella_.colonne[i].forma.allineamento);
     casella->hide();
     new GuardedField(*casella, tabella_.colonne[i].regola.tasti);
@@ -103,8 +95,7 @@ void EditorGriglia::seguiGriglia() {
   // The cell that is the current one already is entered by no move, but by a click, Enter or F2.
   connect(&griglia(), &FlexGrid::cellClicked, this, &EditorGriglia::colloca);
   connect(&griglia(), &FlexGrid::arranged, this, &EditorGriglia::posa);
-  connect(griglia().verticalScrollBar(), &QScrollBar::valueChanged, this, &EditorGriglia::posa);
-  connect(griglia().horizontalScrollBar(), &QScrollBar::valueChanged, this, &EditorGriglia::posa);
+  connect(&griglia(), &FlexGrid::scrolled, this, &EditorGriglia::posa);
 }
 
 FlexGrid& EditorGriglia::griglia() const {
@@ -129,8 +120,7 @@ void EditorGriglia::colloca(int riga, int colonna) {
     prima_ = {griglia().TextMatrix(riga, colonna), modificate_.contains(riga), modificato()};
     const QScopedValueRollback nessunoScrive(daProgramma_, true);
     casella().setText(prima_.testo);
-    casella().setAccessibleName(
-        QStringLiteral("%1, riga %2").arg(testo(this->colonna().forma.testata)).arg(riga));
+    cellbox::name(casella(), testo(this->colonna().forma.testata), riga);
     griglia().setRowInFields(riga);
   }
   posa();
@@ -138,17 +128,12 @@ void EditorGriglia::colloca(int riga, int colonna) {
 }
 
 void EditorGriglia::posa() {
-  if (colonna_ == 0) return;
-  // What has a sheet of its own takes no font over from above.
-  casella().setFont(griglia().font());
-  casella().setGeometry(griglia().visualRect(griglia().model()->index(riga_ - 1, colonna_)));
+  if (colonna_ > 0) cellbox::lay(casella(), griglia(), riga_, colonna_);
 }
 
 void EditorGriglia::mostra() {
   QLineEdit& questa = casella();
-  questa.raise();
-  questa.show();
-  questa.setFocus(Qt::OtherFocusReason);
+  cellbox::open(questa);
   questa.selectAll();
   // Behind the move of the focus: hidden with it, the old one would send it anywhere.
   for (QLineEdit* altra : caselle_)
@@ -157,20 +142,14 @@ void EditorGriglia::mostra() {
 
 void EditorGriglia::nascondi() {
   if (colonna_ == 0) return;
-  if (casella().hasFocus()) griglia().setFocus(Qt::OtherFocusReason);
-  for (QLineEdit* una : caselle_) una->hide();
+  for (QLineEdit* una : caselle_) cellbox::close(*una, griglia());
   riga_ = 0;
   colonna_ = 0;
 }
 
 bool EditorGriglia::eventFilter(QObject* /*casella*/, QEvent* evento) {
-  const bool premuto = evento->type() == QEvent::KeyPress;
-  if (!premuto && evento->type() != QEvent::ShortcutOverride) return false;
-  const auto& tasto = *static_cast<const QKeyEvent*>(evento);
-  if (premuto) return nellaCasella(tasto);
-  // Nobody above leaves the screen by the key that takes a cell back.
-  if (tasto.key() == Qt::Key_Escape) evento->accept();
-  return tasto.key() == Qt::Key_Escape;
+  if (evento->type() == QEvent::KeyPress) return nellaCasella(*static_cast<const QKeyEvent*>(evento));
+  return cellbox::keepsEscape(*evento);
 }
 
 /// True if the key goes no further.
@@ -310,15 +289,8 @@ void EditorGriglia::salva() {
   if (!tuttoSalvabile()) return;
   const bool premuto = window()->focusWidget() == ui_->Cmd_Modifica;
   if (!premuto && !editors::chiediDiSalvare(contesto())) return mostraStato();
-  editors::EsitoSalvataggio esito;
-  {
-    const Attesa attesa(contesto(), Attesa::Quando::Subito);
-    esito = editors::SalvaEditor(*this, modificato(), contesto());
-    if (esito.salvato) annulla();
-  }
-  if (esito.salvato) return ui_->BarraEsito->tell(Genere::Done, esito.racconto);
-  ui_->BarraEsito->tell(Genere::Failed,
-                        QStringLiteral("Non salvato nel file: togliere la causa e salvare di nuovo"));
+  editors::SalvaEditorRaccontando(
+      *this, modificato(), [this] { annulla(); }, *ui_->BarraEsito, contesto());
 }
 
 /// Shows the first cell that cannot be saved, and tells it.

@@ -5,6 +5,7 @@
 
 #include "articles/article_database.h"
 #include "config/configuration_file.h"
+#include "core/archive_file.h"
 #include "core/context.h"
 #include "core/conversions.h"
 #include "core/state.h"
@@ -28,7 +29,7 @@ QString modelloConfigurazione(const Contesto& contesto) {
 }
 
 void copiaDatabase(const QString& sorgente, const QString& percorso, Contesto& contesto) {
-  if (FileEsiste(percorso)) articles::ConservaArchivio(percorso, contesto);
+  if (FileEsiste(percorso)) archivio::Conserva(percorso, contesto);
   store::CopyArchive(sorgente, percorso);
 }
 

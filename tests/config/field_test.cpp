@@ -27,10 +27,13 @@ void scriviQualcosa(Record record, const Campo& campo) {
       return scriviFlag(record, campo, true);
     case Tipo::Byte:
       return scriviByte(record, campo, 0x5A);
+    case Tipo::SenzaSegno16:
+      return ::record::scriviSenzaSegno16(record, campo, 0xC0FF);
     case Tipo::Intero32:
       return scriviIntero(record, campo, -1250);
     case Tipo::SenzaSegno32:
       return scriviSenzaSegno(record, campo, 0x80C0FFEE);
+    case Tipo::TestoPieno:
     case Tipo::CampoTesto:
       return scriviTesto(record, campo, QStringLiteral("x"));
     case Tipo::Riservato:
@@ -46,12 +49,16 @@ void leggiQualcosa(RecordLetto record, const Campo& campo) {
     case Tipo::Byte:
       leggiByte(record, campo);
       return;
+    case Tipo::SenzaSegno16:
+      ::record::leggiSenzaSegno16(record, campo);
+      return;
     case Tipo::Intero32:
       leggiIntero(record, campo);
       return;
     case Tipo::SenzaSegno32:
       leggiSenzaSegno(record, campo);
       return;
+    case Tipo::TestoPieno:
     case Tipo::CampoTesto:
       leggiTesto(record, campo);
       return;

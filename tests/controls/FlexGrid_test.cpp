@@ -176,6 +176,130 @@ TEST_F(Griglia, UnAllineamentoDellaCellaVinceSuQuelloDellaColonna) {
   EXPECT_EQ(griglia_.CellAlignment(1, 2), Qt::AlignLeft | Qt::AlignVCenter);
 }
 
+TEST_F(Griglia, LAllineamentoGeneraleMetteINumeriADestraEIlRestoASinistra) {
+  griglia_.setColAlignment(1, FlexGrid::kGeneralAlignment);
+  griglia_.setCellAlignment(1, 2, FlexGrid::kGeneralAlignment);
+  for (const int colonna : {1, 2}) {
+    griglia_.setTextMatrix(1, colonna, QStringLiteral("1.234,50"));
+    EXPECT_EQ(griglia_.CellAlignment(1, colonna), Qt::AlignRight | Qt::AlignVCenter);
+    EXPECT_EQ(dato(1, colonna, Qt::TextAlignmentRole).toInt(), int(Qt::AlignRight | Qt::AlignVCenter));
+    griglia_.setTextMatrix(1, colonna, QStringLiteral("AB"));
+    EXPECT_EQ(griglia_.CellAlignment(1, colonna), Qt::AlignLeft | Qt::AlignVCenter);
+  }
+  griglia_.setTextMatrix(2, 2, QStringLiteral("12"));
+  EXPECT_EQ(griglia_.CellAlignment(2, 2), Qt::AlignLeft | Qt::AlignVCenter) << "another cell";
+}
+
+TEST_F(Griglia, IlCarattereDiUnaCellaSiDipingeECioCheLasciaApertoEDellaGriglia) {
+  QFont grassetto;
+  grassetto.setBold(true);
+  griglia_.setCellFont(1, 2, grassetto);
+  griglia_.setCellFont(0, 2, grassetto);
+  QFont grande = griglia_.font();
+  grande.setPointSize(14);
+  griglia_.setFont(grande);
+  EXPECT_TRUE(griglia_.CellFont(1, 2).bold());
+  EXPECT_EQ(griglia_.CellFont(1, 2).pointSize(), 14);
+  EXPECT_FALSE(griglia_.CellFont(1, 1).bold());
+  EXPECT_TRUE(dato(1, 2, Qt::FontRole).value<QFont>().bold());
+  EXPECT_TRUE(dato(0, 2, Qt::FontRole).value<QFont>().bold());
+  EXPECT_FALSE(dato(1, 1, Qt::FontRole).isValid());
+  griglia_.setCellFont(1, 2, {});
+  EXPECT_FALSE(griglia_.CellFont(1, 2).bold());
+  griglia_.setCellFont(1, 2, grassetto);
+  griglia_.Clear();
+  EXPECT_FALSE(griglia_.CellFont(1, 2).bold());
+  EXPECT_EQ(griglia_.CellFont(99, 0), grande);
+}
+
+TEST_F(Griglia, IlPostoDiUnaCellaContaTestataColonneFisseEScorrimento) {
+  griglia_.setFixedCols(1);
+  mostra();
+  const auto vista = [&](int riga, int colonna) {
+    const QRect cella = griglia_.visualRect(griglia_.model()->index(riga - 1, colonna));
+    return QRect(griglia_.viewport()->mapTo(&griglia_, cella.topLeft()), cella.size() + QSize(1, 1));
+  };
+  EXPECT_EQ(griglia_.CellRect(2, 3), vista(2, 3));
+  EXPECT_EQ(griglia_.CellRect(0, 3).bottom() + 1, griglia_.viewport()->y());
+  EXPECT_EQ(griglia_.CellRect(0, 3).left(), griglia_.CellRect(2, 3).left());
+  EXPECT_EQ(griglia_.CellRect(2, 0).right() + 1, griglia_.viewport()->x());
+  EXPECT_EQ(griglia_.CellRect(2, 0).top(), griglia_.CellRect(2, 3).top());
+  const QRect prima = griglia_.CellRect(2, 0);
+  griglia_.horizontalScrollBar()->setValue(40);
+  EXPECT_EQ(griglia_.CellRect(2, 3), vista(2, 3));
+  EXPECT_EQ(griglia_.CellRect(2, 0), prima);
+  griglia_.verticalScrollBar()->setValue(3);
+  EXPECT_EQ(griglia_.CellRect(2, 3), vista(2, 3));
+  EXPECT_LT(griglia_.CellRect(2, 0).top(), prima.top());
+  griglia_.setColWidth(3, 0);
+  EXPECT_TRUE(griglia_.CellRect(2, 3).isEmpty());
+  for (const auto& [riga, colonna] : {std::pair(-1, 0), {0, -1}, {31, 0}, {0, 5}})
+    EXPECT_TRUE(griglia_.CellRect(riga, colonna).isEmpty());
+}
+
+TEST_F(Griglia, UnaCellaFissaECorrenteSoloPerProgrammaEFinoAllaMossaSeguente) {
+  griglia_.setFixedCols(1);
+  mostra();
+  const QSignalSpy entrate(&griglia_, &FlexGrid::entered);
+  const auto corrente = [&] { return std::pair(griglia_.Row(), griglia_.Col()); };
+  griglia_.setFixedCell(4, 0);
+  EXPECT_EQ(corrente(), std::pair(4, 0));
+  EXPECT_EQ(ultima(entrate), std::pair(4, 0));
+  griglia_.setFixedCell(0, 3);
+  EXPECT_EQ(corrente(), std::pair(0, 3));
+  EXPECT_EQ(ultima(entrate), std::pair(0, 3));
+  for (const auto& [riga, colonna] : {std::pair(2, 2), {-1, 0}, {0, 5}, {31, 0}, {0, -1}}) {
+    griglia_.setFixedCell(riga, colonna);
+    EXPECT_EQ(corrente(), std::pair(0, 3)) << "no fixed cell";
+  }
+  const QSignalSpy scelte(&griglia_, &FlexGrid::cellClicked);
+  tasto(Qt::Key_Return);
+  EXPECT_EQ(scelte.size(), 0) << "no data cell";
+  clicca(2, 2);
+  EXPECT_EQ(corrente(), std::pair(2, 2));
+  griglia_.setFixedCell(0, 4);
+  griglia_.setCols(3);
+  EXPECT_EQ(corrente(), std::pair(0, -1)) << "it went";
+  griglia_.setFixedCell(4, 0);
+  tasto(Qt::Key_Down);
+  EXPECT_EQ(corrente(), std::pair(4, 1)) << "to the cells beside it";
+}
+
+TEST_F(Griglia, SenzaMenuSuoIlTastoDestroChiedeSoltanto) {
+  griglia_.setFixedCols(1);
+  griglia_.setOwnMenu(false);
+  mostra();
+  const QSignalSpy chiesti(&griglia_, &FlexGrid::menuAsked);
+  for (QWidget* vista : {griglia_.viewport(), fisse().viewport()}) {
+    QContextMenuEvent chiede(QContextMenuEvent::Mouse, {5, 5}, vista->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(vista, &chiede);
+    ASSERT_FALSE(chiesti.isEmpty());
+    EXPECT_EQ(chiesti.last().at(0).toPoint(), vista->mapToGlobal(QPoint(5, 5)));
+  }
+  EXPECT_EQ(chiesti.size(), 2);
+  EXPECT_EQ(griglia_.findChild<QMenu*>(QStringLiteral("MenuElenco")), nullptr);
+}
+
+TEST_F(Griglia, IlDoppioClicSiRaccontaAncheDelleCelleFisse) {
+  griglia_.setFixedCols(1);
+  mostra();
+  const QSignalSpy doppi(&griglia_, &FlexGrid::cellDoubleClicked);
+  const QSignalSpy scelte(&griglia_, &FlexGrid::cellClicked);
+  const auto doppio = [&](int riga, int colonna, Qt::MouseButton con) {
+    QTest::mouseDClick(griglia_.windowHandle(), con, {}, griglia_.CellRect(riga, colonna).center());
+  };
+  for (const auto& [riga, colonna] : {std::pair(2, 1), {3, 0}, {0, 1}, {0, 0}}) {
+    doppio(riga, colonna, Qt::LeftButton);
+    EXPECT_EQ(ultima(doppi), std::pair(riga, colonna));
+  }
+  EXPECT_EQ(doppi.size(), 4);
+  EXPECT_EQ(std::count_if(scelte.begin(), scelte.end(), [](const auto& una) { return una.at(0) == 3; }), 1)
+      << "the second press of a fixed cell is no choice of its own";
+  griglia_.setOwnMenu(false);
+  doppio(2, 1, Qt::RightButton);
+  EXPECT_EQ(doppi.size(), 4);
+}
+
 TEST_F(Griglia, UnColoreNonValidoRidaQuelloDellaGriglia) {
   griglia_.setBackColor(Qt::yellow);
   griglia_.setCellBackColor(1, 1, QColor(255, 128, 0));

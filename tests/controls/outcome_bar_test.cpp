@@ -70,6 +70,19 @@ TEST(BarraEsito, LOraStaAccantoACioCheSiDiceESenzaTestoNonCE) {
   EXPECT_EQ(ora(barra), QString());
 }
 
+TEST(BarraEsito, UnNomeSenzaFineNonLaAllargaEStaInteroNelSuggerimento) {
+  OutcomeBar barra;
+  barra.tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio creato"));
+  const int corta = barra.minimumSizeHint().width();
+  const QString lungo = QStringLiteral("Archivio creato: ") + QString(200, QLatin1Char('n'));
+  barra.tell(OutcomeBar::Kind::Done, lungo);
+  EXPECT_LT(barra.minimumSizeHint().width(), 400);
+  EXPECT_EQ(barra.text(), lungo);
+  EXPECT_EQ(barra.accessibleName(), lungo);
+  barra.tell(OutcomeBar::Kind::Done, QStringLiteral("Archivio creato"));
+  EXPECT_EQ(barra.minimumSizeHint().width(), corta);
+}
+
 TEST(BarraEsito, VuotaNonPrendeIlFuoco) {
   OutcomeBar barra;
   const auto prendonoIlFuoco = [&] {

@@ -54,6 +54,23 @@ constexpr std::array kColonne{
 };
 constexpr std::array kConTotale{Colonna{u"P", 500, elenco::kDestra, "Prezzo", euro},
                                 Colonna{u"P", 500, elenco::kDestra, "Prezzo", euro}};
+/// Cents, summed behind each run.
+QString sommata(const Cella& cella) {
+  const std::int32_t prezzo = cella.righe.field(cella.posto).int32();
+  cella.totale.intero += prezzo;
+  cella.totale.parziale += prezzo;
+  return QString::number(prezzo);
+}
+
+void scriviSomma(FlexGrid& griglia, int riga, const std::vector<elenco::Totale>& totali) {
+  griglia.setTextMatrix(riga, 0, QStringLiteral(" "));
+  griglia.setTextMatrix(riga, 2, QString::number(totali[2].parziale));
+  griglia.setCellForeColor(riga, 2, Qt::red);
+}
+
+constexpr std::array kConSomme{Colonna{u"N.", 500, elenco::kCentro, nullptr, elenco::numeroDiRiga},
+                               Colonna{u"CODICE", 500, elenco::kSinistra, "Codice_EAN"},
+                               Colonna{u"PREZZO", 500, elenco::kDestra, "Prezzo", sommata}};
 constexpr std::array kConGuasto{Colonna{u"A", 500, elenco::kSinistra, "Prezzo", fallisce},
                                 Colonna{u"B", 500, elenco::kSinistra, "Codice_EAN"}};
 
@@ -331,6 +348,118 @@ TEST_F(ElencoGuasto, UnNumeroPassatoNonSiDiceENonFerma) {
   esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo =3021 WHERE auto_id =2"));
   EXPECT_TRUE(riempi(come(AlGuasto::Ferma)).intero);
   EXPECT_EQ(righe(), testi({"buona|81", "vecchia|82", "buona|83"}));
+}
+
+TEST_F(ElencoGuasto, UnNumeroCheQuestoElencoNonPassaSiDiceComeGliAltri) {
+  esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo =20 WHERE auto_id =2"));
+  EXPECT_TRUE(riempi(come(AlGuasto::Ferma)).intero);
+  elenco::Riempimento severo = come(AlGuasto::Termina);
+  severo.nonPassa = 20;
+  EXPECT_THROW(riempi(severo), ProgramEnded);
+  EXPECT_THAT(programma_.takeBoxes(), ElementsAre(criticalBox(QStringLiteral("Elenco 20 - motivo"))));
+  severo.nonPassa = 53;
+  EXPECT_TRUE(riempi(severo).intero) << "the others are passed over as ever";
+}
+
+// Rows between the rows.
+
+/// The articles in runs of one Codice_Articolo: "A", "A", "B".
+class ElencoConSomme : public Elenco {
+ protected:
+  ElencoConSomme() {
+    esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_Articolo ='A' WHERE auto_id <=2"));
+    esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_Articolo ='B' WHERE auto_id =3"));
+    elenco::Disponi(griglia_, kConSomme);
+  }
+  static elenco::Riempimento conSomme() {
+    elenco::Riempimento come = semplice(kConSomme);
+    come.rottura = elenco::Rottura{.campo = "Codice_Articolo", .scrivi = scriviSomma};
+    return come;
+  }
+  const store::Statement aSerie_ =
+      store::Statement(u"SELECT Codice_EAN,Prezzo,Codice_Articolo,Filler from TAB_ARTICOLI ORDER BY auto_id");
+};
+
+TEST_F(ElencoConSomme, OgniSerieHaLaSuaRigaDietroConCioCheAvevaSommato) {
+  const EsitoElenco esito = riempi(conSomme(), aSerie_);
+  EXPECT_EQ(righe(), testi({"1|81|105", "2|82|210", " ||315", "3|83|315", " ||315"}));
+  EXPECT_EQ(esito.righe, 3) << "those of the query";
+  EXPECT_EQ(esito.totali[2].intero, 630);
+  EXPECT_EQ(esito.totali[2].parziale, 0);
+  EXPECT_EQ(programma_.user.passes(), 3);
+}
+
+TEST_F(ElencoConSomme, UnaSerieCheTornaEUnAltraSerie) {
+  esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_Articolo ='B' WHERE auto_id =1"));
+  riempi(conSomme(), aSerie_);
+  EXPECT_EQ(righe(), testi({"1|81|105", " ||105", "2|82|210", " ||210", "3|83|315", " ||315"}));
+}
+
+TEST_F(ElencoConSomme, UnNulloEUnaSerieComeLeAltre) {
+  esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_Articolo =null WHERE auto_id <=2"));
+  riempi(conSomme(), aSerie_);
+  EXPECT_EQ(righe(), testi({"1|81|105", "2|82|210", " ||315", "3|83|315", " ||315"}));
+}
+
+TEST_F(ElencoConSomme, SenzaLaColonnaDelleSerieUnaSommaStaInFondo) {
+  riempi(conSomme());
+  EXPECT_EQ(righe(), testi({"1|81|105", "2|82|210", "3|83|315", " ||630"}));
+}
+
+TEST_F(ElencoConSomme, SenzaRigheNonCESomma) {
+  const EsitoElenco esito = riempi(conSomme(), kNessuno);
+  EXPECT_TRUE(esito.intero);
+  EXPECT_EQ(righe(), testi({"||"}));
+}
+
+TEST_F(ElencoConSomme, RiempitoDiNuovoNonRestanoRigheNeColoriDiPrima) {
+  elenco::Riempimento come = conSomme();
+  come.conserva = true;
+  riempi(come, aSerie_);
+  EXPECT_EQ(griglia_.CellForeColor(3, 2), QColor(Qt::red));
+  esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Codice_Articolo ='A' WHERE auto_id =3"));
+  riempi(come, aSerie_);
+  EXPECT_EQ(righe(), testi({"1|81|105", "2|82|210", "3|83|315", " ||630"}));
+  EXPECT_FALSE(griglia_.CellForeColor(3, 2).isValid());
+  EXPECT_EQ(griglia_.CellForeColor(4, 2), QColor(Qt::red));
+}
+
+TEST_F(ElencoConSomme, LaMarcaSegueLaSuaRigaELaCodaStaDietroLUltimaSomma) {
+  esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Filler ='ERR' WHERE auto_id =3"));
+  elenco::Riempimento come = conSomme();
+  come.coda = 1;
+  come.marca = elenco::Marca{.campo = "Filler",
+                             .valore = u"ERR",
+                             .marcata = Qt::yellow,
+                             .altre = Qt::white,
+                             .prima = 1,
+                             .ultima = 1};
+  riempi(come, aSerie_);
+  EXPECT_EQ(righe(), testi({"1|81|105", "2|82|210", " ||315", "3|83|315", " ||315", "||"}));
+  EXPECT_EQ(griglia_.CellBackColor(4, 1), QColor(Qt::yellow));
+  EXPECT_FALSE(griglia_.CellBackColor(3, 1).isValid());
+}
+
+TEST_F(ElencoConSomme, UnElencoFermatoFinisceDoveEArrivatoSenzaSomma) {
+  esegui(QStringLiteral("UPDATE TAB_ARTICOLI SET Prezzo =null WHERE auto_id =3"));
+  const EsitoElenco esito = riempi(conSomme(), aSerie_);
+  EXPECT_FALSE(esito.intero);
+  EXPECT_THAT(programma_.takeBoxes(),
+              ElementsAre(criticalBox(QStringLiteral("Elenco 94 - Utilizzo non valido di Null"))));
+  EXPECT_EQ(righe(), testi({"1|81|105", "2|82|210", " ||315", "3|83|"}));
+}
+
+TEST_F(ElencoConSomme, LeRigheDiSommeNonVannoNelFileENonSiContano) {
+  riempi(conSomme(), aSerie_);
+  const elenco::FormaCSV forma{.chiusa = true, .colonnaSomme = 0};
+  EXPECT_EQ(elenco::TestoCSV(griglia_, kConSomme, forma),
+            QByteArray("1;81;105; \r\n2;82;210; \r\n3;83;315; \r\n"));
+  EXPECT_EQ(elenco::TestoCSV(griglia_, kConSomme, {}),
+            QByteArray("1;81;105\r\n2;82;210\r\n ;;315\r\n3;83;315\r\n ;;315\r\n"));
+  programma_.user.chooses(programma_.folder.file(QStringLiteral("lista.csv")));
+  elenco::Esporta(QStringLiteral("Export Prova"), griglia_, kConSomme, forma, programma_.contesto, piede_);
+  programma_.takeBoxes();
+  EXPECT_EQ(piede_.text(), QStringLiteral("Esportate 3 righe in lista.csv"));
 }
 
 // The fields beside a list.

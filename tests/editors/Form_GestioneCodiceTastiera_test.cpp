@@ -18,10 +18,6 @@ const Box kDomanda{QStringLiteral("Si è sicuri della scelta effettuata ?"), Ico
                    QStringLiteral("Caricamento configurazione"), Buttons::YesNo};
 constexpr int kOpzioni = 13;
 
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
-
 QString opzione(int indice) {
   return QStringLiteral("vkOptionButtonTipoMacchina_%1").arg(indice);
 }

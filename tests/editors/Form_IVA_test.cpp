@@ -17,10 +17,6 @@ constexpr qsizetype kValore = 25;
 
 enum Colonna { kNumero, kDesc, kAliquota };
 
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
-
 class AliquoteIVA : public ConfigurationOpen {
  protected:
   AliquoteIVA() { program.screens.registra<Form_IVA>(); }

@@ -36,10 +36,6 @@ constexpr int kRigheCortesia = 2;
 const QColor kGiallo(255, 255, 0);
 const QColor kBianco(255, 255, 255);
 
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
-
 /// One text of the shop's block: its control, its caption, where it stands and its longest text.
 struct Voce {
   const char* controllo;

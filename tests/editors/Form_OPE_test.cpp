@@ -26,10 +26,6 @@ constexpr qsizetype kFile = 245114;
 const QColor kGiallo(255, 255, 0);
 const QColor kBianco(255, 255, 255);
 
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
-
 QString nome(int riga) {
   return QStringLiteral("vkTextBox_OPE_%1").arg(riga);
 }
@@ -47,7 +43,7 @@ qsizetype inizio(int riga) {
   return kPrimo + riga * kByteRecord;
 }
 
-QByteArray record(const char* descrizione, char abilitazione, const char* password) {
+QByteArray byteOperatore(const char* descrizione, char abilitazione, const char* password) {
   QByteArray byte = QByteArray(descrizione).leftJustified(25, '\0') + abilitazione;
   return byte + QByteArray(password).leftJustified(7, '\0');
 }
@@ -58,7 +54,7 @@ class Operatori : public ConfigurationOpen {
     program.screens.registra<Form_OPE>();
     QByteArray tutti;
     for (int riga = 0; riga < kOperatori; ++riga)
-      tutti += record(QByteArray("CASSA " + QByteArray::number(riga)).constData(), 1, "111111");
+      tutti += byteOperatore(QByteArray("CASSA " + QByteArray::number(riga)).constData(), 1, "111111");
     put(kPrimo, tutti);
   }
   GuidedForm apri() { return GuidedForm(program, kSchermo); }
@@ -70,7 +66,7 @@ class Operatori : public ConfigurationOpen {
 }  // namespace
 
 TEST_F(Operatori, UnaRigaPerOperatoreSottoQuellaDiNessuno) {
-  put(inizio(3), record("MARIA", 0, "123456"));
+  put(inizio(3), byteOperatore("MARIA", 0, "123456"));
   const GuidedForm schermo = apri();
   EXPECT_EQ(schermo.window().windowTitle(), t("Operatori"));
   const QStringList scritte = schermo.labels();
@@ -144,7 +140,7 @@ TEST_F(Operatori, DiecimilaCaratteriIncollatiSiTagliano) {
   schermo.paste(password(4), QString(10000, u'7'));
   EXPECT_EQ(schermo.text(password(4)), t("777777"));
   schermo.click(kSalva);
-  EXPECT_EQ(onDisk(inizio(4), kByteRecord), record("ZZZZZZZZZZ", 1, "777777"));
+  EXPECT_EQ(onDisk(inizio(4), kByteRecord), byteOperatore("ZZZZZZZZZZ", 1, "777777"));
 }
 
 // "Salva Modifiche".
@@ -189,7 +185,7 @@ TEST_F(Operatori, OgniRigaHaISuoiByte) {
 }
 
 TEST_F(Operatori, ITestiVecchiDietroLoZeroRestano) {
-  put(inizio(1), record("VECCHIONE", 1, "111111"));
+  put(inizio(1), byteOperatore("VECCHIONE", 1, "111111"));
   const GuidedForm schermo = apri();
   schermo.type(nome(1), t("AB"));
   schermo.click(kSalva);

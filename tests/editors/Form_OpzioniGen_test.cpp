@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QFrame>
 #include <QMap>
-#include <QTemporaryDir>
 #include <functional>
 
 #include "core/state.h"
@@ -36,10 +35,6 @@ enum Scheda { kPeriferiche, kScontrino, kVarie, kAltre, kGestioneTallon };
 
 const QColor kGrigio(0xE0, 0xE0, 0xE0);
 const QColor kRosso(0xFF, 0, 0);
-
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
 
 const Box kSeiCaratteri = warning(t("Attenzione la password deve essere di 6 caratteri !!!"));
 const Box kOreMassime =
@@ -1244,35 +1239,17 @@ TEST_F(OpzioniGenerali, ADodiciPuntiSta) {
 
 namespace {
 
-class SenzaLaLibreriaDellaCassa : public testing::Test {
+class SenzaLaLibreriaDellaCassa : public ConfigurationWithoutLibrary {
  protected:
   SenzaLaLibreriaDellaCassa() {
     program.screens.registra<Form_OpzioniGen>();
-    QByteArray file = QByteArray("V03.00KAR").leftJustified(kByteFile, '\0');
-    file.replace(kPassword, 6, "111111");
-    file.replace(kRevisione, 4, giorno(15, 6, 24));
-    file.replace(kTempo, 4, intero(3723));
-    file.replace(kCalendario + 1, 8, giorno(5, 3) + giorno(20, 9));
-    file.replace(kOpzioni + 162, 6, "Omaggi");
-    varGestionePRG().PathConfigurazione = program.folder.write(t("negozio.dat"), file);
-    EXPECT_EQ(config::CaricaConfigurazione(varGestionePRG().PathConfigurazione, program.user), 0);
+    put(kPassword, "111111");
+    put(kRevisione, giorno(15, 6, 24));
+    put(kTempo, intero(3723));
+    put(kCalendario + 1, giorno(5, 3) + giorno(20, 9));
+    put(kOpzioni + 162, "Omaggi");
   }
-  ~SenzaLaLibreriaDellaCassa() override {
-    program.screens.scaricaTutte();
-    config::azzeraConfigurazione();
-  }
-  /// One box: failure 53 in that procedure.
-  void expectManca(const char* procedura) {
-    const std::vector<Box> viste = program.takeBoxes();
-    ASSERT_EQ(viste.size(), 1U) << testing::PrintToString(viste);
-    EXPECT_TRUE(viste[0].text.startsWith(t("Error 53 ("))) << viste[0].text.toStdString();
-    EXPECT_TRUE(viste[0].text.endsWith(t(") in procedure ") + t(procedura) + t(" of Modulo Form_OpzioniGen")))
-        << viste[0].text.toStdString();
-  }
-
-  WithLocale locale{"it_IT"};
-  QTemporaryDir vuota;
-  ProgramFixture program{vuota.path()};
+  void expectManca(const char* procedura) { expectFailure(program, 53, procedura, "Form_OpzioniGen"); }
 };
 
 }  // namespace

@@ -24,10 +24,6 @@ constexpr qsizetype kEan = 31;
 
 enum Colonna { kNumero, kDesc, kPrz, kRep, kVar, kZero };
 
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
-
 class GestionePLU : public ConfigurationOpen {
  protected:
   GestionePLU() { program.screens.registra<Form_PLU>(); }

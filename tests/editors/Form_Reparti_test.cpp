@@ -29,10 +29,6 @@ constexpr qsizetype kPrezzo = 26;
 
 enum Colonna { kNumero, kDesc, kPrz, kIva, kMin, kMax, kTipo, kSconto, kSingola, kTallon };
 
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
-
 class Reparti : public ConfigurationOpen {
  protected:
   Reparti() { program.screens.registra<Form_Reparti>(); }

@@ -16,10 +16,6 @@ constexpr qsizetype kByteRecord = 29;
 
 enum Colonna { kNumero, kDesc, kCambio };
 
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
-
 class Valute : public ConfigurationOpen {
  protected:
   Valute() { program.screens.registra<Form_Valuta>(); }

@@ -22,6 +22,7 @@
 #include "controls/outcome_bar.h"
 #include "core/start.h"
 #include "editors/Form_Reparti.h"
+#include "editors/guided_editor.h"
 #include "editors/recorded_editor.h"
 #include "platform/text/whole_file.h"
 #include "sostegno/guided_screen.h"
@@ -102,6 +103,8 @@ struct AreaProgrammazione : testing::Test {
     return quali;
   }
   bool aperto(const QString& nome) const { return bottega.screens.trova(nome) != nullptr; }
+  /// Of a command of the tool bar.
+  void expectGuasto(int numero) { expectFailure(bottega, numero, "Toolbar1_ButtonClick", "MDIForm_PRG"); }
 
   ProgramFixture bottega;
   QStringList chiamate;
@@ -459,9 +462,7 @@ TEST_F(AreaProgrammazione, CreaDaSeStessaSiRifiutaELasciaIlFile) {
   const QByteArray prima = bottega.folder.read(kNegozio);
   bottega.user.chooses(file(kNegozio)).chooses(file(kNegozio));
   premi(3);
-  const std::vector<Box> visti = bottega.takeBoxes();
-  ASSERT_EQ(visti.size(), 1U);
-  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Error 70 (")));
+  expectGuasto(70);
   EXPECT_EQ(bottega.folder.read(kNegozio), prima);
 }
 
@@ -470,9 +471,7 @@ TEST_F(AreaProgrammazione, CreaDaUnaConfigurazioneSenzaDatabaseFalliscePrimaDiCa
   ASSERT_TRUE(QFile::remove(file(kCompagno)));
   bottega.user.chooses(file(kNegozio)).chooses(file(QStringLiteral("copia.dat")));
   premi(3);
-  const std::vector<Box> visti = bottega.takeBoxes();
-  ASSERT_EQ(visti.size(), 1U);
-  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Error 53 (")));
+  expectGuasto(53);
   EXPECT_EQ(varGestionePRG().PathConfigurazione, file(kNegozio));
 }
 
@@ -546,11 +545,7 @@ TEST_F(AreaProgrammazione, SenzaDatabaseCompagnoIlTastoPluDiceLErrore) {
   crea();
   ASSERT_TRUE(QFile::remove(file(kCompagno)));
   premi(7);
-  const std::vector<Box> visti = bottega.takeBoxes();
-  ASSERT_EQ(visti.size(), 1U);
-  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Error 3024 (")));
-  EXPECT_TRUE(
-      visti[0].text.endsWith(QStringLiteral(") in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG")));
+  expectGuasto(3024);
 }
 
 TEST_F(AreaProgrammazione, ColDatabaseCompagnoBloccatoIlTastoPluDiceLErrore) {
@@ -559,11 +554,7 @@ TEST_F(AreaProgrammazione, ColDatabaseCompagnoBloccatoIlTastoPluDiceLErrore) {
     const OtherProgram altro(file(kCompagno), {QStringLiteral("BEGIN EXCLUSIVE")});
     premi(7);
   }
-  const std::vector<Box> visti = bottega.takeBoxes();
-  ASSERT_EQ(visti.size(), 1U);
-  EXPECT_TRUE(visti[0].text.startsWith(QStringLiteral("Error 3260 (")));
-  EXPECT_TRUE(
-      visti[0].text.endsWith(QStringLiteral(") in procedure Toolbar1_ButtonClick of Modulo MDIForm_PRG")));
+  expectGuasto(3260);
   EXPECT_FALSE(varGlobal().DB_Articoli.isOpen());
   EXPECT_EQ(stato(), QString());
 }

@@ -3,14 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "core/state.h"
+#include "editors/utf8_text.h"
 #include "platform/error.h"
 #include "sostegno/program_fixture.h"
 
 namespace {
-
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
 
 /// As at process start before and behind.
 struct ModelloScelto : testing::Test {

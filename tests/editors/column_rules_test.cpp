@@ -11,6 +11,7 @@
 #include "editors/Form_PLU.h"
 #include "editors/Form_Reparti.h"
 #include "editors/Form_Valuta.h"
+#include "editors/utf8_text.h"
 #include "platform/error.h"
 #include "sostegno/program_fixture.h"
 
@@ -28,10 +29,6 @@ Esame passa(const char* testo) {
 Esame torna(const char* valore, const QString& messaggio) {
   return {QString::fromUtf8(valore), messaggio};
 }
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
-
 }  // namespace
 
 // The checks.

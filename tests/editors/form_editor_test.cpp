@@ -34,10 +34,6 @@ constexpr qsizetype kFile = 245114;
 
 const QColor kGiallo(255, 255, 0);
 
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
-
 namespace tabella {
 
 using namespace editors;
@@ -397,17 +393,13 @@ TEST_F(EditorDiCampi, ICampiSiScrivonoConISalvataggiSoltanto) {
 }
 
 TEST_F(EditorDiCampi, MentreSalvaCELaSchermataDiAttesa) {
-  int viste = 0;
-  program.screens.registra(t("Form_ATTESA"), [&](Contesto&) {
-    ++viste;
-    return new QWidget;
-  });
+  countWaitScreens();
   const GuidedForm schermo = apri();
   schermo.click(kSalva);
-  EXPECT_EQ(viste, 0);
+  EXPECT_EQ(waitScreens, 0);
   schermo.click(t("coppia_SI"));
   schermo.click(kSalva);
-  EXPECT_EQ(viste, 1);
+  EXPECT_EQ(waitScreens, 1);
   EXPECT_EQ(program.screens.trova(t("Form_ATTESA")), nullptr);
 }
 
@@ -726,33 +718,21 @@ TEST_F(EditorDiCampi, UnTestoPiuLungoDelLimiteNelFileSiLeggeTuttoESiSalvaTagliat
 
 namespace {
 
-/// The till's library is not where the program looks for it.
-class EditorSenzaLibreria : public testing::Test {
+class EditorSenzaLibreria : public ConfigurationWithoutLibrary {
  protected:
   EditorSenzaLibreria() {
     program.screens.registra(kSchermo, [](Contesto& c) { return new Prova<>(c); });
-    QByteArray file = QByteArray("V03.00KAR").leftJustified(kFile, '\0');
-    file.replace(kParametri + 27, 5, "dieci").replace(kParametri + 135, 4, "\1\2\3\4");
-    file.replace(kParametri + 162, 6, "aaaaaa");
-    varGestionePRG().PathConfigurazione = program.folder.write(t("negozio.dat"), file);
-    EXPECT_EQ(config::CaricaConfigurazione(varGestionePRG().PathConfigurazione, program.user), 0);
+    put(kParametri + 27, "dieci");
+    put(kParametri + 135, "\1\2\3\4");
+    put(kParametri + 162, "aaaaaa");
   }
-  ~EditorSenzaLibreria() override {
-    program.screens.scaricaTutte();
-    config::azzeraConfigurazione();
-  }
-  WithLocale locale{"it_IT"};
-  ProgramFixture program{QStringLiteral("/nessuna/cartella")};
 };
 
 }  // namespace
 
 TEST_F(EditorSenzaLibreria, SiDiceUnaVoltaEGliAltriCampiSiRiempiono) {
   const GuidedForm schermo(program, kSchermo);
-  const std::vector<Box> detto = program.takeBoxes();
-  ASSERT_EQ(detto.size(), 1U);
-  EXPECT_TRUE(detto.front().text.startsWith(t("Error 53 ("))) << detto.front().text.toStdString();
-  EXPECT_TRUE(detto.front().text.endsWith(t(") in procedure RiempiProva of Modulo Form_OpzioniGen")));
+  expectFailure(program, 53, "RiempiProva", "Form_OpzioniGen");
   EXPECT_EQ(schermo.text(t("testo")), t("dieci"));
   EXPECT_EQ(schermo.text(t("parola_0")), t("aaaaaa"));
   EXPECT_EQ(schermo.text(t("ora")), QString());
@@ -767,9 +747,7 @@ TEST_F(EditorSenzaLibreria, UnSalvataggioNonScriveOreInventate) {
   program.takeBoxes();
   schermo.type(t("testo"), t("x"));
   schermo.click(kSalva);
-  const std::vector<Box> detto = program.takeBoxes();
-  ASSERT_EQ(detto.size(), 1U) << "what is not saved is told";
-  EXPECT_TRUE(detto.front().text.startsWith(t("Error 53 (")));
+  expectFailure(program, 53, "Cmd_Modifica_Click", "Form_OpzioniGen");
   EXPECT_TRUE(program.folder.read(t("negozio.dat")) == prima);
   EXPECT_EQ(varGestionePRG().ModificaOpzioni, kVero);
   EXPECT_TRUE(schermo.dotted(t("testo")));

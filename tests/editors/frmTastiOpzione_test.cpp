@@ -10,6 +10,7 @@
 #include "controls/FlexGrid.h"
 #include "core/state.h"
 #include "editors/keyboard_caller.h"
+#include "editors/utf8_text.h"
 #include "platform/error.h"
 #include "sostegno/guided_screen.h"
 
@@ -69,10 +70,6 @@ constexpr const char* kFunzioni[] = {"REP 1",
                                      "SCONTRINO MENSILE",
                                      "FATTURA MENSILE",
                                      "RISTAMPA FATTURA"};
-
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
 
 QString tasto(int indice) {
   return QStringLiteral("cmdTastoOpzione_%1").arg(indice);

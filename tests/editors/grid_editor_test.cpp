@@ -32,10 +32,6 @@ constexpr qsizetype kReparto1 = 528;
 enum Colonna { kNumero, kDesc, kPrz, kIva, kMin, kMax, kTipo, kSconto, kSingola, kTallon };
 constexpr int kUltimaRiga = 80;
 
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
-
 /// The mechanism of all grids, on the one with most columns.
 class EditorInGriglia : public ConfigurationOpen {
  protected:
@@ -526,17 +522,13 @@ TEST_F(EditorInGriglia, DentroUnaCorniceLavoraComeDaSolo) {
 }
 
 TEST_F(EditorInGriglia, MentreSalvaCELaSchermataDiAttesa) {
-  int viste = 0;
-  program.screens.registra(t("Form_ATTESA"), [&](Contesto&) {
-    ++viste;
-    return new QWidget;
-  });
+  countWaitScreens();
   const GuidedEditor schermo = apri();
   schermo.click(kSalva);
-  EXPECT_EQ(viste, 0);
+  EXPECT_EQ(waitScreens, 0);
   schermo.write(1, kDesc, t("Bar"));
   schermo.click(kSalva);
-  EXPECT_EQ(viste, 1);
+  EXPECT_EQ(waitScreens, 1);
   EXPECT_EQ(program.screens.trova(t("Form_ATTESA")), nullptr);
 }
 

@@ -15,7 +15,7 @@ const QColor kMark(255, 128, 0);
 
 }  // namespace
 
-ConfigurationOpen::ConfigurationOpen() {
+ConfigurationOpen::ConfigurationOpen(const QString& libraryFolder) : program(libraryFolder) {
   editors::azzeraModelloScelto();
   varGestionePRG().PathConfigurazione =
       program.folder.write(kFile, QByteArray("V03.00KAR").leftJustified(kFileBytes, '\0'));
@@ -30,6 +30,13 @@ ConfigurationOpen::~ConfigurationOpen() {
 void ConfigurationOpen::put(qsizetype offset, const QByteArray& bytes) {
   program.folder.write(kFile, program.folder.read(kFile).replace(offset, bytes.size(), bytes));
   EXPECT_EQ(config::CaricaConfigurazione(varGestionePRG().PathConfigurazione, program.user), 0);
+}
+
+void ConfigurationOpen::countWaitScreens() {
+  program.screens.registra(QStringLiteral("Form_ATTESA"), [this](Contesto&) {
+    ++waitScreens;
+    return new QWidget;
+  });
 }
 
 QByteArray ConfigurationOpen::onDisk(qsizetype offset, qsizetype bytes) const {
@@ -119,4 +126,14 @@ QList<int> GuidedEditor::marked() const {
 
 Box warning(const QString& text) {
   return box(text, Icon::Warning);
+}
+
+void expectFailure(ProgramFixture& program, int number, const char* procedure, const char* screen) {
+  const std::vector<Box> boxes = program.takeBoxes();
+  ASSERT_EQ(boxes.size(), 1U) << testing::PrintToString(boxes);
+  const QString& text = boxes.front().text;
+  EXPECT_TRUE(text.startsWith(QStringLiteral("Error %1 (").arg(number))) << text.toStdString();
+  EXPECT_TRUE(text.endsWith(
+      QStringLiteral(") in procedure %1 of Modulo %2").arg(QLatin1String(procedure), QLatin1String(screen))))
+      << text.toStdString();
 }

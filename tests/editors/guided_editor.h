@@ -5,6 +5,7 @@
 #include "config/configuration_file.h"
 #include "controls/FlexGrid.h"
 #include "controls/outcome_bar.h"
+#include "editors/utf8_text.h"
 #include "sostegno/guided_screen.h"
 #include "sostegno/troubles.h"
 
@@ -12,7 +13,8 @@
 /// for its version and what a test puts there before it opens a screen.
 class ConfigurationOpen : public testing::Test {
  protected:
-  ConfigurationOpen();
+  /// `libraryFolder` holds the communications library.
+  explicit ConfigurationOpen(const QString& libraryFolder = QStringLiteral(GESTIONALE_APP));
   ~ConfigurationOpen() override;
 
   /// Bytes into the file at an offset, and the file into memory again.
@@ -20,9 +22,18 @@ class ConfigurationOpen : public testing::Test {
   QByteArray onDisk(qsizetype offset, qsizetype bytes) const;
   /// The same in memory: the offset is the file's.
   QByteArray inMemory(qsizetype offset, qsizetype bytes) const;
+  /// From here on `waitScreens` counts the wait screens that are shown.
+  void countWaitScreens();
 
   WithLocale locale{"it_IT"};
   ProgramFixture program;
+  int waitScreens = 0;
+};
+
+/// The same where the till's library is not where the program looks for it.
+class ConfigurationWithoutLibrary : public ConfigurationOpen {
+ protected:
+  ConfigurationWithoutLibrary() : ConfigurationOpen(QStringLiteral("/nessuna/cartella")) {}
 };
 
 /// An editor under the hands of a person: cells clicked, keys pressed where the focus is.
@@ -59,3 +70,5 @@ class GuidedEditor : public GuidedScreen {
 
 /// A box with the warning picture.
 Box warning(const QString& text);
+/// One box since the last look: that of the failure of that number, in that procedure of that screen.
+void expectFailure(ProgramFixture& program, int number, const char* procedure, const char* screen);

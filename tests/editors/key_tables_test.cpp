@@ -9,6 +9,7 @@
 
 #include "controls/FlexGrid.h"
 #include "editors/keyboard_caller.h"
+#include "editors/utf8_text.h"
 #include "platform/error.h"
 
 namespace {
@@ -28,10 +29,6 @@ const QByteArray kAttese[] = {
     "20000a00000000f8b0b2c7b1e8ffc0c3eae0edc18db5e58f8cff8effc48784818bc588858280c689"
     "86838a949392919099989796959e9d9c9b9aaeadacab9fa2a1a6a0ff00000000",
 };
-
-QString t(const char* testo) {
-  return QString::fromUtf8(testo);
-}
 
 /// A keyboard layout of the test's own, with as many cells as it is told.
 struct TastieraDiProva : ChiamanteTasti {

@@ -1,8 +1,10 @@
 #include "platform/ecrcom/library.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QLibrary>
 #include <algorithm>
+#include <cstring>
 
 #include "platform/ecrcom/ecrcom.h"
 #include "platform/ecrcom/side_thread.h"
@@ -28,6 +30,16 @@ constexpr qsizetype kDateTimeLength = 18;
 constexpr const char* kServiceEntry = "ecr_set_timeout";
 constexpr std::chrono::seconds kAnswerLimit{5};
 
+/// Another one: whether a block is there, or comes within so many milliseconds.
+constexpr const char* kReadyEntry = "ecr_ready_xonxoff_ntw";
+using ReadyFunction = std::int32_t (*)(std::int32_t handle, std::int32_t milliseconds);
+constexpr std::int32_t kLook = 1;
+/// A line that says nothing for so long pauses, in milliseconds.
+constexpr std::int32_t kPause = 2;
+/// The most blocks of one crossing, and the longest that it goes on collecting.
+constexpr qsizetype kMaxBlocks = 64;
+constexpr std::chrono::milliseconds kCollecting{20};
+
 /// A copy of a byte array that a foreign library may write to.
 class WritableCopy {
  public:
@@ -48,6 +60,14 @@ class WritableCopy {
 
 }  // namespace
 
+QByteArrayView KeysBlocks::bytes(qsizetype which) const {
+  return {room.constData() + which * kBlock, received[static_cast<std::size_t>(which)]};
+}
+
+QByteArray KeysBlocks::whole() const {
+  return QByteArray::fromRawData(room.constData(), count() * kBlock);
+}
+
 struct EcrLibrary::Impl {
   QString folder;
   QLibrary library;
@@ -57,6 +77,12 @@ struct EcrLibrary::Impl {
     if (library.isLoaded()) return;
     library.setFileName(QDir(folder).absoluteFilePath(kName));
     if (!library.load()) throw errors::fileMissing(kName);
+  }
+
+  /// Null in another maker's library.
+  ReadyFunction ready() {
+    load();
+    return reinterpret_cast<ReadyFunction>(library.resolve(kReadyEntry));
   }
 
   template <typename Function>
@@ -139,6 +165,33 @@ std::int32_t EcrLibrary::ecr_recv_xonxoff_ntw(std::int32_t handle, QByteArray& b
   Beside([&] { received = function(handle, copy.data(), copy.length(), wait); });
   buffer = copy.integer();
   return std::min(received, copy.length());
+}
+
+KeysBlocks EcrLibrary::ReceiveBlocks(std::int32_t handle, int wait,
+                                     const std::function<bool(QByteArrayView)>& last) {
+  const auto function = ENTRY(ecr_recv_xonxoff_ntw);
+  const ReadyFunction ready = impl_->ready();
+  constexpr qsizetype kBlock = KeysBlocks::kBlock;
+  KeysBlocks blocks;
+  blocks.room = QByteArray(kMaxBlocks * kBlock + kMargin, Qt::Uninitialized);
+  Beside([&] {
+    const QDeadlineTimer collecting(kCollecting);
+    do {
+      // What a careless library wrote behind the block before is blanked with the rest.
+      char* const block = blocks.room.data() + blocks.count() * kBlock;
+      std::memset(block, ' ', kBlock);
+      blocks.code = function(handle, block, kBlock, wait);
+      if (blocks.failed()) return;
+      blocks.received.push_back(std::min(blocks.code, std::int32_t{kBlock}));
+      if (last(blocks.bytes(blocks.count() - 1))) return;
+    } while (ready && blocks.count() < kMaxBlocks && !collecting.hasExpired() && ready(handle, kPause) != 0);
+  });
+  return blocks;
+}
+
+bool EcrLibrary::BlockWaits(std::int32_t handle) {
+  const ReadyFunction ready = impl_->ready();
+  return ready && ready(handle, kLook) != 0;
 }
 
 std::uint32_t EcrLibrary::ecr_date_decode(int day, int month, int year) {

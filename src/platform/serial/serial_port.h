@@ -52,4 +52,8 @@ QStringList listPorts();
 /// else the device at that place of the list. Empty if there is none.
 QString portPath(int number, const QString& folder);
 
+/// Numbers, from 1 to 16, that lead to a device. Asks the system for its list once, which takes it longer
+/// than all the rest.
+QList<int> presentPorts(const QString& folder);
+
 }  // namespace serial

@@ -11,12 +11,15 @@
 
 namespace store {
 
-/// What the translator has to know of a database: the columns on which a prefix LIKE may become a range.
+/// What the translator has to know of a database: the columns on which a prefix LIKE may become a range, and
+/// those of date and time.
 class Dictionary {
  public:
   void add(std::string_view column);
   bool prefix(std::string_view column) const;
-  void clear() { columns_.clear(); }
+  void addMoment(std::string_view column);
+  bool moment(std::string_view column) const;
+  void clear();
 
  private:
   struct Order {
@@ -24,6 +27,7 @@ class Dictionary {
     bool operator()(std::string_view first, std::string_view second) const;
   };
   std::set<std::string, Order> columns_;
+  std::set<std::string, Order> moments_;
 };
 
 /// A literal lifted out of a statement.

@@ -66,6 +66,13 @@ void sortableDate(sqlite3_context* context, int, sqlite3_value** values) {
   sqlite3_result_error(context, reason.c_str(), -1);
 }
 
+void shortMoment(sqlite3_context* context, int, sqlite3_value** values) {
+  constexpr std::size_t kCentury = 2;
+  const auto moment = isNull(values[0]) ? std::nullopt : ReadDateTime(text(values[0]));
+  if (!moment) return sqlite3_result_null(context);
+  reply(context, SortableForm(*moment).substr(kCentury));
+}
+
 using Body = void (*)(sqlite3_context*, int, sqlite3_value**);
 
 void registerFunction(sqlite3* db, const char* name, int arguments, int property, Body body,
@@ -78,9 +85,10 @@ void registerFunction(sqlite3* db, const char* name, int arguments, int property
 
 void RegisterFunctions(sqlite3* db, const Clock& clock) {
   registerFunction(db, "like", 2, SQLITE_DETERMINISTIC, like);
-  registerFunction(db, "formato", 2, SQLITE_DETERMINISTIC, format);
+  registerFunction(db, kFormatFunction, 2, SQLITE_DETERMINISTIC, format);
   registerFunction(db, "oggi", 0, 0, today, &clock);
   registerFunction(db, kDateFunction, 1, SQLITE_DETERMINISTIC, sortableDate);
+  registerFunction(db, kShortMomentFunction, 1, SQLITE_DETERMINISTIC, shortMoment);
 }
 
 }  // namespace store

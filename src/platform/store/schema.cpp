@@ -63,6 +63,11 @@ void fillDictionary(sqlite3* db, const std::vector<Column>& columns, Dictionary&
     if (!caselessText(db, column)) unfit.add(column.name);
   for (const Column& column : columns)
     if (column.leadsIndex && !unfit.prefix(column.name)) dictionary.add(column.name);
+  Dictionary otherKinds;
+  for (const Column& column : columns)
+    if (!IsDateType(column.kind)) otherKinds.add(column.name);
+  for (const Column& column : columns)
+    if (IsDateType(column.kind) && !otherKinds.prefix(column.name)) dictionary.addMoment(column.name);
 }
 
 std::string quoted(const std::string& name) {

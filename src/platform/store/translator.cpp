@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/store/date_time.h"
+#include "platform/store/functions.h"
 #include "platform/store/like_pattern.h"
 
 namespace store {
@@ -178,6 +179,7 @@ void Translator::function(const Token& token) {
         errors::kUnknownFunction,
         QStringLiteral("Funzione '%1' non definita nell'espressione.")
             .arg(QString::fromUtf8(token.integer.data(), static_cast<qsizetype>(token.integer.size())))};
+  if (translated == kFormatFunction && momentComparison()) return;
   lastName_ = {};
   previous_ = Keyword::None;
   write(translated);
@@ -243,6 +245,19 @@ void Dictionary::add(std::string_view column) {
 
 bool Dictionary::prefix(std::string_view column) const {
   return columns_.find(column) != columns_.end();
+}
+
+void Dictionary::addMoment(std::string_view column) {
+  moments_.emplace(column);
+}
+
+bool Dictionary::moment(std::string_view column) const {
+  return moments_.find(column) != moments_.end();
+}
+
+void Dictionary::clear() {
+  columns_.clear();
+  moments_.clear();
 }
 
 bool Dictionary::Order::operator()(std::string_view first, std::string_view second) const {

@@ -25,6 +25,7 @@ class Translator {
   void number(std::string_view text);
   void data(const Token& token);
   void like(const Token& token);
+  bool momentComparison();
   void end(const Token& token);
   void definitionToken(const Token& token);
 

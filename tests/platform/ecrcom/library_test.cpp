@@ -95,6 +95,30 @@ TEST(EcrLibrary, LeChiamateDellaConnessioneARetePassanoIValori) {
   EXPECT_EQ(libreria.ecr_recv_xonxoff_ntw(3, buffer, 1), -1);
 }
 
+TEST(EcrLibrary, DaUnaLibreriaAltruiIBlocchiArrivanoUnoAllaVolta) {
+  EcrLibrary libreria(kBuona);
+  int chiesti = 0;
+  const KeysBlocks blocchi = libreria.ReceiveBlocks(3, 30, [&](QByteArrayView) {
+    ++chiesti;
+    return false;
+  });
+  ASSERT_EQ(blocchi.count(), 1);
+  EXPECT_EQ(chiesti, 1);
+  EXPECT_FALSE(blocchi.failed());
+  EXPECT_EQ(blocchi.bytes(0).size(), 1024) << "never more than the block holds";
+  EXPECT_EQ(blocchi.whole(), QByteArray("@@").leftJustified(1024, ' '));
+  EXPECT_FALSE(libreria.BlockWaits(3)) << "it cannot be asked";
+}
+
+TEST(EcrLibrary, UnaRicezioneFallitaNonHaBlocchiEHaIlSuoCodice) {
+  EcrLibrary libreria(kBuona);
+  const KeysBlocks blocchi = libreria.ReceiveBlocks(3, 1, [](QByteArrayView) { return false; });
+  EXPECT_EQ(blocchi.count(), 0);
+  EXPECT_TRUE(blocchi.failed());
+  EXPECT_EQ(blocchi.code, -1);
+  EXPECT_EQ(blocchi.whole(), QByteArray());
+}
+
 TEST(EcrLibrary, LeDatePassanoNeiDueSensi) {
   EcrLibrary libreria(kBuona);
   EXPECT_EQ(libreria.ecr_date_decode(24, 11, 2011), 20111124u);

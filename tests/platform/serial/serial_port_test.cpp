@@ -256,6 +256,21 @@ TEST(PercorsoPorta, SenzaCollegamentoValeIlPostoNellElenco) {
     EXPECT_EQ(serial::portPath(numero, cartella.path()), elenco.value(numero - 1)) << numero;
 }
 
+TEST(PercorsoPorta, LePorteCheCiSonoSonoQuelleIlCuiPercorsoPortaAQualcosa) {
+  const TemporaryFolder cartella;
+  Linea linea;
+  ASSERT_TRUE(QDir(cartella.path()).mkdir(QStringLiteral("Porte")));
+  ASSERT_TRUE(QFile::link(linea.percorso(), cartella.file(QStringLiteral("Porte/COM16"))));
+  ASSERT_TRUE(
+      QFile::link(cartella.file(QStringLiteral("sparita")), cartella.file(QStringLiteral("Porte/COM1"))));
+  const QList<int> presenti = serial::presentPorts(cartella.path());
+  EXPECT_TRUE(presenti.contains(16));
+  EXPECT_FALSE(presenti.contains(1)) << "a link that leads nowhere";
+  for (int numero = 1; numero <= 16; ++numero)
+    EXPECT_EQ(presenti.contains(numero), QFileInfo::exists(serial::portPath(numero, cartella.path())))
+        << numero;
+}
+
 TEST(PercorsoPorta, FuoriDaUnoASediciNonCEPorta) {
   const TemporaryFolder cartella;
   ASSERT_TRUE(QDir(cartella.path()).mkdir(QStringLiteral("Porte")));

@@ -78,6 +78,22 @@ TEST_F(IstruzioniClienti, UnTestoCheNonEUnaDataERifiutato) {
   EXPECT_TRUE(read("SELECT Nota FROM TAB_FATTURE").empty());
 }
 
+// Other centuries look alike in two digits of the year, and the same second in another form is none.
+TEST_F(IstruzioniClienti, IlSecoloNonContaELaFormaSi) {
+  fattura("05/03/1924 10:20:30");
+  const char* const domanda =
+      "SELECT NumFattura From TAB_FATTURE where ID_Cliente =0 and "
+      "format(datafattura,'dd/mm/yy hh:mm:ss') = ";
+  const auto trovate = [&](const char* testo) {
+    return archive_.OpenRecordset(asWritten(QString::fromUtf8(domanda) + QString::fromUtf8(testo)))
+        .RecordCount();
+  };
+  EXPECT_EQ(trovate("'05/03/24 10.20.30'"), 1);
+  EXPECT_EQ(trovate("'05/03/24 10:20:30'"), 0);
+  EXPECT_EQ(trovate("'05/03/1924 10.20.30'"), 0);
+  EXPECT_EQ(trovate("'mai'"), 0);
+}
+
 TEST_F(IstruzioniClienti, LaFatturaGiaRicevutaSiRitrovaAlSecondo) {
   fattura("05/03/24 10:20:30");
   EXPECT_FALSE(read("SELECT NumFattura From TAB_FATTURE where ID_Cliente =0 and "

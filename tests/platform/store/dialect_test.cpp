@@ -85,6 +85,37 @@ TEST(Dialetto, IndexENomiRiservatiSonoColonne) {
   EXPECT_EQ(sql("SELECT T.Order, T.* FROM T"), "SELECT [T] . [Order] , [T] . * FROM [T] ");
 }
 
+// A moment compared by its whole form: the index answers first, and the form decides.
+TEST(Dialetto, IlFormatoInteroDiUnMomentoSiCercaPerIndice) {
+  Dictionary dizionario;
+  dizionario.addMoment("DataFattura");
+  const std::string_view sorgente =
+      "SELECT a From T where b =7 and format(datafattura,'dd/mm/yy hh:mm:ss') = '05/03/24 10.20.30'";
+  Translation traduzione;
+  Translate(sorgente, dizionario, traduzione);
+  EXPECT_EQ(traduzione.sql,
+            "SELECT [a] FROM [T] WHERE [b] = ? AND ( substr( [datafattura] , 3 ) = momento_breve( ?3 ) AND "
+            "formato( [datafattura] , ?2 ) = ?3 ) ");
+  EXPECT_EQ(testi(traduzione), "7|'dd/mm/yy hh:mm:ss'|'05/03/24 10.20.30'|");
+  EXPECT_TRUE(traduzione.reusable);
+}
+
+TEST(Dialetto, UnAltroFormatoOUnaColonnaCheNonEUnMomentoRestanoComeSono) {
+  Dictionary dizionario;
+  dizionario.addMoment("DataFattura");
+  for (const std::string_view sorgente :
+       {"SELECT a FROM T WHERE format(DataFattura,'yyyymmdd') = '20240305'",
+        "SELECT a FROM T WHERE format(Data,'dd/mm/yy hh:mm:ss') = '05/03/24 10.20.30'",
+        "SELECT a FROM T WHERE format(DataFattura,'dd/mm/yy hh:mm:ss') <> '05/03/24 10.20.30'",
+        "SELECT a FROM T WHERE format(DataFattura,'dd/mm/yy hh:mm:ss') = 'dell''anno'",
+        "SELECT format(DataFattura,'dd/mm/yy hh:mm:ss') FROM T"}) {
+    Translation traduzione;
+    Translate(sorgente, dizionario, traduzione);
+    EXPECT_EQ(traduzione.sql.find("substr"), std::string::npos) << sorgente;
+    EXPECT_NE(traduzione.sql.find("formato"), std::string::npos) << sorgente;
+  }
+}
+
 TEST(Dialetto, DeleteCascadeEDeleteAsterisco) {
   EXPECT_EQ(sql("Delete  cascade from T where a =1;"), "DELETE FROM [T] WHERE [a] = ? ");
   EXPECT_EQ(sql("DELETE * FROM T"), "DELETE FROM [T] ");

@@ -1,4 +1,4 @@
-#include "config/field.h"
+#include "core/record_field.h"
 
 #include <algorithm>
 
@@ -6,7 +6,7 @@
 #include "platform/error.h"
 #include "platform/text/windows1252.h"
 
-namespace config {
+namespace record {
 
 namespace {
 
@@ -20,6 +20,19 @@ template <typename Byte>
 std::span<Byte> zona(std::span<Byte> record, const Campo& campo, std::size_t larghezza) {
   esigi(record.size(), campo.inizio + larghezza);
   return record.subspan(campo.inizio, larghezza);
+}
+
+std::uint32_t decodifica(RecordLetto byte) {
+  std::uint32_t valore = 0;
+  for (std::size_t i = byte.size(); i-- > 0;) valore = (valore << kBitPerByte) | byte[i];
+  return valore;
+}
+
+void codifica(Record byte, std::uint32_t valore) {
+  for (std::uint8_t& uno : byte) {
+    uno = static_cast<std::uint8_t>(valore);
+    valore >>= kBitPerByte;
+  }
 }
 
 }  // namespace
@@ -39,6 +52,10 @@ void scriviTesto(Record record, const Campo& campo, const QString& testo) {
 
 void scriviTesto(Record record, const Campo& campo, std::string_view byte) {
   const std::string_view tagliato = byte.substr(0, campo.limite);
+  if (campo.tipo == Tipo::TestoPieno && tagliato.size() == campo.larghezza) {
+    std::ranges::copy(tagliato, zona(record, campo, campo.larghezza).begin());
+    return;
+  }
   // A text as long as its field puts its NUL into the reserve behind it: the till expects it there.
   const Record destinazione = zona(record, campo, std::max(campo.larghezza, tagliato.size() + 1));
   std::ranges::copy(tagliato, destinazione.begin());
@@ -70,17 +87,19 @@ void scriviIntero(Record record, const Campo& campo, std::int32_t valore) {
 }
 
 std::uint32_t leggiSenzaSegno(RecordLetto record, const Campo& campo) {
-  std::uint32_t valore = 0;
-  const RecordLetto byte = zona(record, campo, kByteIntero);
-  for (std::size_t i = kByteIntero; i-- > 0;) valore = (valore << kBitPerByte) | byte[i];
-  return valore;
+  return decodifica(zona(record, campo, kByteIntero));
 }
 
 void scriviSenzaSegno(Record record, const Campo& campo, std::uint32_t valore) {
-  for (std::uint8_t& byte : zona(record, campo, kByteIntero)) {
-    byte = static_cast<std::uint8_t>(valore);
-    valore >>= kBitPerByte;
-  }
+  codifica(zona(record, campo, kByteIntero), valore);
 }
 
-}  // namespace config
+std::uint16_t leggiSenzaSegno16(RecordLetto record, const Campo& campo) {
+  return static_cast<std::uint16_t>(decodifica(zona(record, campo, kByteInteroCorto)));
+}
+
+void scriviSenzaSegno16(Record record, const Campo& campo, std::uint16_t valore) {
+  codifica(zona(record, campo, kByteInteroCorto), valore);
+}
+
+}  // namespace record
