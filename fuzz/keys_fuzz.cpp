@@ -20,12 +20,25 @@ constexpr std::size_t kPlu = 48;
 constexpr std::size_t kPrice = 27;
 constexpr std::size_t kFlags = 26;
 
+/// Gone with the program.
+struct Folder {
+  Folder() = default;
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  ~Folder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+  }
+
+  std::filesystem::path path =
+      std::filesystem::temp_directory_path() / ("keys_fuzz-" + std::to_string(::getpid()));
+};
+
 /// A till with ten articles, in a folder that is emptied for each input.
 std::filesystem::path emptyFolder() {
-  static const std::filesystem::path folder =
-      std::filesystem::temp_directory_path() / ("keys_fuzz-" + std::to_string(::getpid()));
-  std::filesystem::remove_all(folder);
-  return folder;
+  static const Folder folder;
+  std::filesystem::remove_all(folder.path);
+  return folder.path;
 }
 
 void layArticles(const Memory& memory) {

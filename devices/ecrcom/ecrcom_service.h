@@ -16,6 +16,10 @@ enum { ECR_CONNECT_MS = 2000, ECR_REPLY_MS = 5000 };
  * milliseconds each, brought to the nearer bound beyond. Holds for the calls begun afterwards. */
 ECRCOM_API void ecr_set_timeout(int32_t connect_ms, int32_t reply_ms);
 
+/* 1 if ecr_recv_xonxoff_ntw would come back at once, with a block or a failure; waits for that from 1 to
+ * 60000 milliseconds. 0 if nothing came, or for no handle. */
+ECRCOM_API int32_t ecr_ready_xonxoff_ntw(int32_t handle, int32_t wait_ms);
+
 #ifdef __cplusplus
 }
 #endif

@@ -2,11 +2,13 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <deque>
 #include <memory>
 #include <mutex>
 #include <new>
 #include <string>
 
+#include "ecrcom/ecrcom_service.h"
 #include "ecrcom/result_code.h"
 #include "ecrcom/timeouts.h"
 #include "platform/ecrcom/ecrcom.h"
@@ -21,6 +23,10 @@ constexpr std::size_t kLinks = 16;
 constexpr std::size_t kPendingBytes = std::size_t{1024} * 1024;
 constexpr std::int32_t kMaxTenths = 6000;
 constexpr std::chrono::milliseconds kTenth{100};
+constexpr std::int32_t kMaxReadyMs = 60000;
+/// Taken from the line at a time; room for the longest frame of this connection many times over.
+constexpr std::size_t kArrival = std::size_t{64} * 1024;
+static_assert(kArrival > kHeaderBytes + kMaxKeys);
 
 class Link {
  public:
@@ -36,25 +42,44 @@ class Link {
 
   /// Bytes copied, or a code below 0.
   std::int32_t take(std::span<char> buffer, Deadline deadline) {
-    while (texts_.empty()) {
-      Frame frame;
+    if (!texts_.empty()) return copyFirst(buffer);
+    Arrived frame;
+    do {
       const std::int16_t code = next(deadline, frame);
       if (code != kDone) return -code;
       if (frame.header.kind != FrameType::KeysReply) return -kGarbledReply;
-      keep(frame);
-    }
+    } while (frame.data.empty());
+    if (frame.data.size() <= buffer.size()) return copy(frame.data, buffer);
+    keep(frame.data);
     return copyFirst(buffer);
   }
 
+  /// Whether `take` would come back at once, be it with a failure.
+  bool ready(Deadline deadline) {
+    if (!texts_.empty()) return true;
+    while (look() == Look::Partial) {
+      const IoResult outcome = fetch(deadline);
+      if (outcome != IoResult::Done) return outcome != IoResult::Expired;
+    }
+    return true;
+  }
+
  private:
+  /// A frame where it arrived; its data stay there until the line is read again.
+  struct Arrived {
+    Header header;
+    Bytes data;
+  };
+  enum class Look { Whole, Partial, Garbage };
+
   /// The till's code for what was just sent. Blocks that were already on their way are kept for later.
   std::int16_t reply(Deadline deadline) {
     for (;;) {
-      Frame frame;
+      Arrived frame;
       const std::int16_t code = next(deadline, frame);
       if (code != kDone) return abort(code);
       if (frame.header.kind == FrameType::Reply) return frame.header.code;
-      if (frame.header.kind != FrameType::KeysReply || !keep(frame)) return abort(kGarbledReply);
+      if (frame.header.kind != FrameType::KeysReply || !keep(frame.data)) return abort(kGarbledReply);
     }
   }
 
@@ -64,57 +89,79 @@ class Link {
     return code;
   }
 
-  bool keep(const Frame& frame) {
-    if (!frame.data.empty()) texts_.push_back(frame.data);
-    pending_ += frame.data.size();
+  bool keep(Bytes data) {
+    if (!data.empty()) texts_.emplace_back(data.begin(), data.end());
+    pending_ += data.size();
     return pending_ <= kPendingBytes;
+  }
+
+  static std::int32_t copy(Bytes data, std::span<char> buffer) {
+    std::memcpy(buffer.data(), data.data(), data.size());
+    return static_cast<std::int32_t>(data.size());
   }
 
   /// One block a call: the end of a dump is looked for at the end of a block. What does not fit stays.
   std::int32_t copyFirst(std::span<char> buffer) {
     std::vector<std::uint8_t>& first = texts_.front();
     const std::size_t count = std::min(buffer.size(), first.size());
-    std::memcpy(buffer.data(), first.data(), count);
+    copy(Bytes(first).first(count), buffer);
     first.erase(first.begin(), first.begin() + static_cast<std::ptrdiff_t>(count));
-    if (first.empty()) texts_.erase(texts_.begin());
+    if (first.empty()) texts_.pop_front();
     pending_ -= count;
     return static_cast<std::int32_t>(count);
   }
 
   /// A wait that ends in the middle of a frame keeps what has come for the next one.
-  std::int16_t next(Deadline deadline, Frame& frame) {
-    while (!extract(frame)) {
-      if (!mightBecomeOne()) return kGarbledReply;
-      std::array<std::uint8_t, 4096> piece;
-      std::size_t count = 0;
-      const IoResult outcome = receiveSome(socket_, piece, deadline, count);
+  std::int16_t next(Deadline deadline, Arrived& frame) {
+    for (;;) {
+      switch (look(&frame)) {
+        case Look::Whole:
+          start_ += kHeaderBytes + frame.data.size();
+          return kDone;
+        case Look::Garbage:
+          return kGarbledReply;
+        case Look::Partial:
+          break;
+      }
+      const IoResult outcome = fetch(deadline);
       if (outcome != IoResult::Done) return codeOf(outcome);
-      arrived_.insert(arrived_.end(), piece.begin(), piece.begin() + static_cast<std::ptrdiff_t>(count));
     }
-    return kDone;
   }
 
-  bool extract(Frame& frame) {
-    std::optional<ReadFrame> read = parseFrame(arrived_);
-    if (!read) return false;
-    frame = std::move(read->frame);
-    arrived_.erase(arrived_.begin(), arrived_.begin() + static_cast<std::ptrdiff_t>(read->length));
-    return true;
+  /// More of the line behind what is there; a part of a frame moves to the front.
+  IoResult fetch(Deadline deadline) {
+    end_ -= start_;
+    std::memmove(arrived_.data(), arrived_.data() + start_, end_);
+    start_ = 0;
+    std::size_t count = 0;
+    const IoResult outcome = receiveSome(socket_, std::span(arrived_).subspan(end_), deadline, count);
+    end_ += count;
+    return outcome;
   }
 
-  /// Whether what has arrived is the beginning of a frame that is not there whole yet.
-  bool mightBecomeOne() const {
-    if (!canBeFrame(arrived_)) return false;
-    if (arrived_.size() < kHeaderBytes) return true;
+  /// What the bytes not taken yet begin with.
+  Look look(Arrived* frame = nullptr) const {
+    const Bytes rest = Bytes(arrived_).subspan(start_, end_ - start_);
+    if (!canBeFrame(rest)) return Look::Garbage;
+    if (rest.size() < kHeaderBytes) return Look::Partial;
     HeaderBytes head;
-    std::copy_n(arrived_.begin(), kHeaderBytes, head.begin());
+    std::copy_n(rest.begin(), kHeaderBytes, head.begin());
     const std::optional<Header> read = parseHeader(head);
-    return read && read->length <= kMaxKeys && arrived_.size() < kHeaderBytes + read->length;
+    if (!read || read->length > kMaxKeys) return Look::Garbage;
+    if (rest.size() < kHeaderBytes + read->length) return Look::Partial;
+    if (!frame) return Look::Whole;
+    const Bytes data = rest.subspan(kHeaderBytes, read->length);
+    if (extendChecksum(headerChecksum(head), data) != read->checksum) return Look::Garbage;
+    *frame = {*read, data};
+    return Look::Whole;
   }
 
   Socket socket_;
-  std::vector<std::uint8_t> arrived_;
-  std::vector<std::vector<std::uint8_t>> texts_;
+  /// From `start_` to `end_`: what came from the line and was not taken yet.
+  std::vector<std::uint8_t> arrived_ = std::vector<std::uint8_t>(kArrival);
+  std::size_t start_ = 0;
+  std::size_t end_ = 0;
+  std::deque<std::vector<std::uint8_t>> texts_;
   std::size_t pending_ = 0;
 };
 
@@ -178,4 +225,12 @@ int32_t ecr_recv_xonxoff_ntw(int32_t handle, char* buffer, int32_t length, int32
   return open->take({buffer, static_cast<std::size_t>(length)}, within(wait));
 } catch (...) {
   return -kNoResources;
+}
+
+int32_t ecr_ready_xonxoff_ntw(int32_t handle, int32_t wait_ms) try {
+  const std::shared_ptr<Link> open = link(handle);
+  if (open == nullptr) return 0;
+  return open->ready(within(std::chrono::milliseconds(std::clamp(wait_ms, 1, kMaxReadyMs)))) ? 1 : 0;
+} catch (...) {
+  return 0;
 }

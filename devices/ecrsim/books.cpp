@@ -8,7 +8,11 @@
 namespace ecrsim {
 
 Books::Books(const Memory& memory)
-    : memory_(memory), sales_(memory), journal_(memory.folder() / kJournalFile), fiscalMemory_(memory) {
+    : memory_(memory),
+      sales_(memory),
+      invoices_(memory),
+      journal_(memory.folder() / kJournalFile),
+      fiscalMemory_(memory) {
   countersSound_ = loadCounters();
 }
 
@@ -21,11 +25,17 @@ bool Books::loadCounters() {
   return read.has_value();
 }
 
-/// The PC fetches and clears the sales between two documents: they are read anew for each.
+/// The PC fetches and clears sales and invoices between two documents: they are read anew for each.
 bool Books::sound() {
   if (batch_) return true;
   sales_.forget();
+  invoices_.forget();
   return countersSound_ && sales_.load() && journal_.sound() && fiscalMemory_.closures().has_value();
+}
+
+const InvoiceArchive* Books::invoices() {
+  if (!batch_) invoices_.forget();
+  return invoices_.load() ? &invoices_ : nullptr;
 }
 
 std::optional<int> Books::closures() const {
@@ -36,6 +46,8 @@ std::optional<int> Books::closures() const {
 
 bool Books::enter(const Entry& entry) {
   if (!sound() || !sales_.load()) return false;
+  if (entry.invoice && !invoices_.load()) return false;
+  if (entry.invoice) invoices_.add(*entry.invoice);
   for (const SlotMove& move : entry.sales) sales_.add(move);
   journal_.add(entry.document);
   const Counters before = std::exchange(counters_, entry.counters);
@@ -53,6 +65,7 @@ bool Books::endBatch() {
   batch_ = false;
   const bool done = write(beforeBatch_, true, std::nullopt);
   sales_.forget();
+  invoices_.forget();
   return done;
 }
 
@@ -60,9 +73,11 @@ bool Books::endBatch() {
 /// again. What fails takes the rest back.
 bool Books::write(const Counters& before, bool sold, const std::optional<Closure>& closure) {
   const bool printed = journal_.write();
-  if (printed && (!sold || sales_.store()) && storeCounters() && store(closure)) return true;
+  if (printed && (!sold || sales_.store()) && invoices_.store() && storeCounters() && store(closure))
+    return true;
   if (printed) journal_.undo();
   if (sold) sales_.restore();
+  invoices_.restore();
   counters_ = before;
   storeCounters();
   return false;

@@ -5,6 +5,7 @@
 
 #include "ecrsim/counters.h"
 #include "ecrsim/fiscal_memory.h"
+#include "ecrsim/invoice_archive.h"
 #include "ecrsim/journal.h"
 #include "ecrsim/memory.h"
 #include "ecrsim/sales_counters.h"
@@ -17,10 +18,11 @@ struct Entry {
   Counters counters{};
   std::vector<SlotMove> sales{};
   std::optional<Closure> closure{};
+  std::optional<Invoice> invoice{};
 };
 
-/// What the till keeps for good: counters, sales of the articles, journal, fiscal memory. All of a document
-/// goes in, or nothing.
+/// What the till keeps for good: counters, sales of the articles, invoices, journal, fiscal memory. All of a
+/// document goes in, or nothing.
 class Books {
  public:
   explicit Books(const Memory& memory);
@@ -32,6 +34,8 @@ class Books {
   std::optional<int> closures() const;
   std::optional<std::vector<Closure>> fiscalMemory() const { return fiscalMemory_.closures(); }
   Journal& journal() { return journal_; }
+  /// The invoices, loaded; null if they cannot be read. Only a document with an invoice needs them.
+  const InvoiceArchive* invoices();
   /// False if the memory could not be written; everything is as before then.
   bool enter(const Entry& entry);
   /// From here to endBatch() nothing is written: many documents at once, no closure among them.
@@ -49,6 +53,7 @@ class Books {
   Counters beforeBatch_{};
   bool countersSound_ = true;
   SalesCounters sales_;
+  InvoiceArchive invoices_;
   Journal journal_;
   FiscalMemory fiscalMemory_;
   bool batch_ = false;

@@ -95,6 +95,8 @@ void apply(Request& request, const std::string& option, const std::string& value
     request.serial = value;
   } else if (option == "--giornata") {
     request.salesDay = number(value, 0, kMaxBytes, option);
+  } else if (option == "--fatture") {
+    request.invoices = number(value, 0, kMaxBytes, option);
   } else if (option == "--seme") {
     request.seed = number(value, Seed::min(), Seed::max(), option);
   } else if (option == "--guasto") {
@@ -162,7 +164,8 @@ const char* helpText() {
          "  --video              mostra display e carta\n"
          "  --chiusura           chiude prima la giornata fiscale rimasta aperta\n"
          "  --giornata N         batte N scontrini sugli articoli di plu.bin prima di rispondere\n"
-         "  --seme K             seme della giornata (1)\n"
+         "  --fatture N          batte altri N scontrini con fattura, ai clienti di clienti.bin e ad altri\n"
+         "  --seme K             seme della giornata e delle fatture (1)\n"
          "  --guasto MODO[:FILE]:COSA\n"
          "                       guasto a ogni comando di quel modo (e file): codice[=N], silenzio,\n"
          "                       taglio-prima, taglio-dentro, taglio-dopo, corto, lungo, spazzatura;\n"

@@ -15,6 +15,8 @@ struct Request {
   std::string serial;
   /// Receipts to ring up before listening.
   int salesDay = 0;
+  /// Receipts with an invoice each, rung up behind them.
+  int invoices = 0;
   std::uint32_t seed = 1;
   /// Close the fiscal day that was left open, before listening.
   bool closeDay = false;

@@ -43,7 +43,8 @@ void demand(bool holds, const char* text) {
 }
 
 Desk::Desk(const Memory& memory, TillClock clock, Watcher watcher)
-    : programme_(memory),
+    : memory_(memory),
+      programme_(memory),
       books_(memory),
       clock_(clock ? std::move(clock) : systemMoment),
       watcher_(std::move(watcher)),
@@ -89,9 +90,10 @@ void Desk::wholeDocument(Closing closing) {
 }
 
 void Desk::endDocument(const Closing& closing) {
-  Entry entry{{}, closing.counters, closing.sales, closing.closure};
+  Entry entry{{}, closing.counters, closing.sales, closing.closure, closing.invoice};
   DocumentHead& head = entry.document.head;
   head.when = now();
+  if (entry.invoice) entry.invoice->when = head.when;
   head.kind = closing.kind;
   head.number = numberOf(closing);
   head.closures = closures();

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ecrsim/books.h"
+#include "ecrsim/customers.h"
 #include "ecrsim/moment.h"
 #include "ecrsim/paper.h"
 #include "ecrsim/programme.h"
@@ -30,6 +31,8 @@ struct Closing {
   std::optional<Closure> closure{};
   /// Printed once the memory has taken the document, not before.
   std::vector<std::string> tail{};
+  /// Issued at the document's moment, whatever its own says.
+  std::optional<Invoice> invoice{};
 };
 
 /// What all keys work with: programme, books, paper, display, clock.
@@ -40,6 +43,8 @@ class Desk {
   Desk(const Memory& memory, TillClock clock, Watcher watcher);
 
   Programme& programme() { return programme_; }
+  /// As the PC has sent them last.
+  Customers customers() const { return Customers(memory_); }
   Books& books() { return books_; }
   const Books& books() const { return books_; }
   Moment now() const { return clock_(); }
@@ -69,6 +74,7 @@ class Desk {
   std::vector<std::string> header();
   std::vector<std::string> foot(const DocumentHead& head, bool courtesy);
 
+  const Memory& memory_;
   Programme programme_;
   Books books_;
   TillClock clock_;

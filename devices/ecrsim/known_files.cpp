@@ -20,8 +20,8 @@ constexpr std::array kFile{
     KnownFile{"operatori.bin", 330 + 1, 330 + 1, kYes, kYes, kYes},
     KnownFile{"prog_param.bin", 428 + 1, 428 + 1, kYes, kYes, kYes},
     KnownFile{"logo.bin", 120 + 1, 120 + 1, kYes, kYes, kYes},
-    KnownFile{"clienti.bin", std::size_t{250} * 177, std::size_t{250} * 177, kYes, kYes, kNo},
-    KnownFile{"bitmap.bin", 0, 0, kYes, kNo, kNo},
+    KnownFile{kCustomersFile, kCustomersBytes, kCustomersBytes, kYes, kYes, kNo},
+    KnownFile{kPicturesFile, 0, 0, kYes, kNo, kNo},
     KnownFile{kSalesFile, kSalesBytes, kSalesBytes, kNo, kYes, kNo},
     KnownFile{kInvoicesFile, kInvoicesBytes, kInvoicesBytes, kNo, kYes, kNo},
 };

@@ -10,13 +10,16 @@ namespace ecrsim {
 inline constexpr std::string_view kPluFile = "plu.bin";
 inline constexpr std::string_view kSalesFile = "venduto.bin";
 inline constexpr std::string_view kInvoicesFile = "fatture.bin";
+inline constexpr std::string_view kCustomersFile = "clienti.bin";
+inline constexpr std::string_view kPicturesFile = "bitmap.bin";
 inline constexpr std::string_view kJournalFile = "giornale.txt";
 inline constexpr std::string_view kFiscalMemoryFile = "memoria_fiscale.txt";
 inline constexpr std::string_view kCountersFile = "contatori.txt";
 
 struct KnownFile {
   std::string_view name;
-  /// Bytes as sent to a till of class "S" and of any other; 0: whatever the length, from 1.
+  /// Bytes as sent to a till of class "S" and of any other; 0: of no
+  /// fixed length, what stands in it decides (pictures.h).
   std::size_t smallBytes;
   std::size_t largeBytes;
   /// Whether the till takes it, and whether it hands it over.
@@ -37,6 +40,7 @@ inline constexpr std::size_t kPlaces = 5000;
 /// Amounts, pieces, discounts: three arrays of a 32-bit integer for each slot.
 inline constexpr std::size_t kSalesBytes = 3 * kPlaces * 4;
 inline constexpr std::size_t kInvoicesBytes = std::size_t{1000} * 77;
+inline constexpr std::size_t kCustomersBytes = std::size_t{250} * 177;
 
 /// The known file of that name, case and all, or null.
 const KnownFile* knownFile(std::string_view name);

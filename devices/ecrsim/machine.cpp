@@ -49,6 +49,22 @@ void Machine::type(std::string_view sequence, std::vector<LineAnswer>& answers) 
   pause();
 }
 
+/// Nothing is typed behind an order that is refused: it would be a receipt without its invoice.
+int Machine::issueInvoice(InvoiceOrder order, std::string_view sequence) {
+  if (error_) return 0;
+  guarded([&] {
+    demand(!transferOpen_, "TRASFERIMENTO PC");
+    demand(state_ == kIdle || state_ == kSale, "FUORI VENDITA");
+    sale_.orderInvoice(std::move(order));
+  });
+  if (error_) return 0;
+  std::vector<LineAnswer> answers;
+  type(sequence, answers);
+  const int number = sale_.invoicing().last();
+  sale_.invoicing().drop();
+  return number;
+}
+
 void Machine::pause() {
   if (!error_ && waits()) guarded([this] { sale_.printMessage(); });
 }

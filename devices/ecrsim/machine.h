@@ -28,6 +28,12 @@ class Machine {
   /// All strokes of a text, and a rest behind them.
   void type(std::string_view sequence, std::vector<LineAnswer>& answers);
 
+  /// Types `sequence`, the last key of which closes a receipt, with an invoice for that receipt. Returns the
+  /// invoice's number, from 1; 0 if none was issued, and then the receipt may be closed all the same.
+  int issueInvoice(InvoiceOrder order, std::string_view sequence);
+  /// What the receipt that is open comes to so far.
+  Cents total() const { return sale_.total(); }
+
   bool error() const { return error_; }
   /// Whether the last refusal was the memory's; forgotten when asked for.
   bool memoryFailed();

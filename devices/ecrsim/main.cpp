@@ -38,6 +38,10 @@ void run(const ecrsim::Request& request) {
     const long long takings = till.salesDay(request.salesDay, request.seed);
     std::printf("ECRSIM giornata di %d scontrini, incasso %lld centesimi\n", request.salesDay, takings);
   }
+  if (request.invoices > 0) {
+    const int issued = till.invoices(request.invoices, request.seed);
+    std::printf("ECRSIM fatture emesse: %d di %d\n", issued, request.invoices);
+  }
   std::printf("ECRSIM pronto su %s:%d\n", till.address().c_str(), int{ecrcom::kPort});
   std::fflush(stdout);
   awaitEnd(signals);

@@ -31,6 +31,10 @@ Cents proportion(Cents value, std::int64_t part, std::int64_t whole) {
   return product < 0 ? -rounded : rounded;
 }
 
+Cents taxWithin(Cents amount, std::int64_t rate) {
+  return proportion(amount, rate, kWholePercent + rate);
+}
+
 std::string euro(Cents cents) {
   return fixed(cents);
 }

@@ -20,6 +20,8 @@ inline constexpr std::int64_t kWholePercent = 10000;
 
 /// value * part / whole, half up in magnitude, so that a refund mirrors its sale. `whole` is above 0.
 Cents proportion(Cents value, std::int64_t part, std::int64_t whole);
+/// The tax within an amount, at a rate in hundredths of a per cent.
+Cents taxWithin(Cents amount, std::int64_t rate);
 /// "-1234,50".
 std::string euro(Cents cents);
 /// "10,25" of 1025.

@@ -16,5 +16,7 @@ struct PaymentForm {
 inline constexpr std::array<PaymentForm, kPayments> kPaymentForms{
     PaymentForm{"CONTANTI", true}, PaymentForm{"ASSEGNI", true}, PaymentForm{"CARTA DI CREDITO", false},
     PaymentForm{"TICKET", true}, PaymentForm{"CREDITO", false}};
+/// The key of the form that is paid later.
+inline constexpr int kCredit = 5;
 
 }  // namespace ecrsim

@@ -45,6 +45,11 @@ Cents amount(const Record& record, const config::Campo& field) {
   return static_cast<std::int32_t>(value);
 }
 
+/// What nobody has described bears the name of its kind and its number.
+std::string described(std::string description, const char* kind, int number) {
+  return description.empty() ? kind + std::to_string(number) : description;
+}
+
 std::size_t place(int number) {
   return static_cast<std::size_t>(number) - 1;
 }
@@ -71,8 +76,7 @@ Department Programme::department(int number) {
   namespace f = config::reparto;
   const Record byte = record(kDepartmentFile, f::kByte, place(number));
   Department department;
-  department.description = text(byte, f::kDescrizione);
-  if (department.description.empty()) department.description = "REPARTO " + std::to_string(number);
+  department.description = described(text(byte, f::kDescrizione), "REPARTO ", number);
   department.vat = byte[f::kAttributi.inizio] & kVatBits;
   department.price = amount(byte, f::kPrezzo);
   department.lowest = amount(byte, f::kMinValore);
@@ -84,9 +88,9 @@ Plu Programme::plu(int number) {
   namespace f = config::plu;
   const Record byte = record(kPluFile, config::kBytePLU, place(number));
   Plu plu;
-  plu.description = text(byte, f::kDescrizione);
-  plu.programmed = !plu.description.empty() || !text(byte, f::kCodiceEAN).empty();
-  if (plu.description.empty()) plu.description = "PLU " + std::to_string(number);
+  const std::string description = text(byte, f::kDescrizione);
+  plu.description = described(description, "PLU ", number);
+  plu.programmed = !description.empty() || !text(byte, f::kCodiceEAN).empty();
   plu.department = byte[f::kReparto.inizio] + 1;
   plu.price = amount(byte, f::kPrezzo);
   plu.freePrice = (byte[f::kAttributi.inizio] & f::kVarPrezzo) != 0;

@@ -48,7 +48,6 @@ std::int64_t Receipt::pieces() const {
   return pieces;
 }
 
-/// Sales of each rate. A change on the subtotal goes to the rates in proportion, to the last cent.
 std::array<Cents, kVatRates> Receipt::vat() const {
   std::array<Cents, kVatRates> vat{};
   for (const ReceiptLine& line : lines_) vat[static_cast<std::size_t>(line.vat)] += line.net();

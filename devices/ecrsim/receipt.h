@@ -56,6 +56,8 @@ class Receipt {
   Cents total() const;
   Cents paid() const { return paid_; }
   Cents rest() const { return total() - paid_; }
+  /// What a form of payment, from 1, has been given for it.
+  Cents paidBy(int form) const { return payments_[static_cast<std::size_t>(form) - 1]; }
   bool beingPaid() const { return beingPaid_; }
   /// Whole pieces on the lines; a quantity with decimals is one piece.
   std::int64_t pieces() const;
@@ -63,9 +65,11 @@ class Receipt {
   Counters countedIn(Counters counters, int cashier, Cents change) const;
   std::vector<SlotMove> sales() const;
 
- private:
+  /// Sales of each rate, tax within. A change on the subtotal goes to the rates in proportion, to the last
+  /// cent.
   std::array<Cents, kVatRates> vat() const;
 
+ private:
   std::vector<ReceiptLine> lines_;
   Cents discount_ = 0;
   Cents surcharge_ = 0;

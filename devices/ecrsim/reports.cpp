@@ -24,11 +24,6 @@ std::string signedQuantity(std::int64_t pieces) {
   return text += quantity(pieces < 0 ? -pieces : pieces);
 }
 
-/// The tax within an amount.
-Cents tax(Cents amount, std::int64_t rate) {
-  return proportion(amount, rate, kWholePercent + rate);
-}
-
 }  // namespace
 
 Lines day(const Counters& counters) {
@@ -89,7 +84,7 @@ Lines vat(const Counters& counters, Programme& programme) {
     if (counters.vat[i] == 0) continue;
     const std::int64_t rate = programme.vatRate(static_cast<int>(i));
     lines.push_back(row(numbered("IVA ", i) + percentage(rate) + "%", euro(counters.vat[i])));
-    lines.push_back(row("  IMPOSTA", euro(tax(counters.vat[i], rate))));
+    lines.push_back(row("  IMPOSTA", euro(taxWithin(counters.vat[i], rate))));
   }
   lines.push_back(row("TOTALE IVA COMPRESA", euro(total)));
   return lines;

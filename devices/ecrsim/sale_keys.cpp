@@ -220,6 +220,11 @@ void SaleKeys::customerCode() {
   desk_.display(vatNumber ? "P.IVA CLIENTE" : "C.F. CLIENTE", code);
 }
 
+void SaleKeys::orderInvoice(InvoiceOrder order) {
+  demand(!nonFiscal_, "NON FISCALE APERTO");
+  invoicing_.order(std::move(order));
+}
+
 void SaleKeys::openNonFiscal() {
   checkNoPrefix();
   demand(!open(), "SCONTRINO APERTO");
@@ -354,12 +359,16 @@ void SaleKeys::close(const Receipt& paid, Cents change, std::vector<std::string>
   if (change > 0) tail.push_back(row("RESTO", euro(change)));
   if (showQuantity_) tail.push_back(row("PEZZI", std::to_string(paid.pieces())));
   if (!customerCode_.empty()) tail.push_back(customerCode_);
+  const Issue issue = invoicing_.issue(paid);
+  tail.insert(tail.end(), issue.lines.begin(), issue.lines.end());
   const Cents total = paid.total();
   desk_.endDocument({kFiscalReceipt,
                      paid.countedIn(desk_.books().counters(), desk_.cashier(), change),
                      paid.sales(),
                      {},
-                     std::move(tail)});
+                     std::move(tail),
+                     issue.invoice});
+  invoicing_.done(issue);
   receipt_.reset();
   typed_ = {};
   customerCode_.clear();

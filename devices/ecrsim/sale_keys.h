@@ -4,6 +4,7 @@
 #include <string>
 
 #include "ecrsim/desk.h"
+#include "ecrsim/invoicing.h"
 #include "ecrsim/receipt.h"
 
 namespace ecrsim {
@@ -12,7 +13,7 @@ namespace ecrsim {
 /// key; it throws Refusal, and has changed nothing then.
 class SaleKeys {
  public:
-  explicit SaleKeys(Desk& desk) : desk_(desk) {}
+  explicit SaleKeys(Desk& desk) : desk_(desk), invoicing_(desk) {}
 
   void amount(const std::string& number);
   void times(const std::string& number);
@@ -39,6 +40,11 @@ class SaleKeys {
   bool open() const { return receipt_ || nonFiscal_; }
   bool nonFiscalOpen() const { return nonFiscal_; }
   void displayState();
+  /// Of the receipt that is open; 0 without one.
+  Cents total() const { return receipt_ ? receipt_->total() : 0; }
+  /// An invoice for the receipt that is open, or for the next one. There is no key for it.
+  void orderInvoice(InvoiceOrder order);
+  Invoicing& invoicing() { return invoicing_; }
 
  private:
   /// What was typed and has not been used by a key yet.
@@ -67,6 +73,7 @@ class SaleKeys {
   void checkNoPrefix() const;
 
   Desk& desk_;
+  Invoicing invoicing_;
   Typed typed_{};
   std::optional<std::string> message_{};
   std::string customerCode_;

@@ -42,6 +42,14 @@ std::int64_t Simulator::salesDay(int receipts, std::uint32_t seed) {
   return impl_->till.salesDay(receipts, seed);
 }
 
+int Simulator::invoices(int count, std::uint32_t seed) {
+  return impl_->till.invoices(count, seed);
+}
+
+int Simulator::issueInvoice(const InvoiceOrder& order, const std::string& keys) {
+  return impl_->till.issueInvoice(order, keys);
+}
+
 std::string Simulator::press(const std::string& sequence) {
   std::string printed;
   const KeyResult result = impl_->till.press(sequence);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "ecrsim/invoice.h"
 #include "ecrsim/moment.h"
 #include "ecrsim/paper.h"
 
@@ -102,7 +103,17 @@ class Simulator {
   bool transferOpen() const;
   /// Rings up `receipts` receipts of a day that the seed decides, over the articles of plu.bin, by the keys
   /// of the till: moves all that keys move. Returns the takings before discounts, in hundredths.
+  /// Some of the receipts come with an invoice: see invoices().
   std::int64_t salesDay(int receipts, std::uint32_t seed);
+  /// Rings up `count` receipts more, from 20.00 of the till's date, each with an invoice that the seed
+  /// decides: to customers of clienti.bin, to codes without a record and to the anonymous one. Returns how
+  /// many invoices fatture.bin took.
+  int invoices(int count, std::uint32_t seed);
+  /// Presses `keys`, a sale and its payment, and issues an invoice for it, which bears the amounts of the
+  /// receipt and the moment of the till's clock. Returns its number, from 1: its place in fatture.bin. 0 if
+  /// none was issued: the order or a key is refused (the error lamp is lit) or the archive is full, which
+  /// only the journal tells.
+  int issueInvoice(const InvoiceOrder& order, const std::string& keys);
   /// What a key sequence prints to the line; empty for one that prints nothing or is not understood.
   std::string press(const std::string& sequence);
   /// Whether the error lamp is lit.

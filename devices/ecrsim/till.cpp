@@ -6,6 +6,7 @@
 
 #include "ecrcom/codes.h"
 #include "ecrsim/known_files.h"
+#include "ecrsim/pictures.h"
 #include "ecrsim/sales_day.h"
 #include "platform/ecrcom/ecrcom.h"
 
@@ -146,8 +147,16 @@ std::int16_t Till::takeFile(const std::string& file, ecrcom::Bytes data) const {
   if (known == nullptr || !known->sendable) return ecrcom::kUnknownFile;
   if (openReceipts() > 0 && known->wantsClosedDay()) return ecrcom::kWrongState;
   if (!known->accepts(data.size(), options_.bitmap)) return ecrcom::kBadLength;
+  if (file == kPicturesFile) return takePictures(data);
   const std::size_t read = known->byte(options_.bitmap);
-  return memory_.write(file, read == 0 ? data : data.first(read));
+  return memory_.write(file, data.first(read));
+}
+
+std::int16_t Till::takePictures(ecrcom::Bytes data) const {
+  const std::optional<Pictures> pictures = readPictures(data, options_.bitmap);
+  if (!pictures) return ecrcom::kBadLength;
+  const std::int16_t code = memory_.write(kPicturesFile, data);
+  return code == ecrcom::kDone ? printPictures(*pictures, memory_) : code;
 }
 
 /// A file that someone laid into the memory goes out as it is, whatever its length. A till that nobody has
@@ -241,6 +250,18 @@ std::int64_t Till::salesDay(int receipts, std::uint32_t seed) {
   const std::lock_guard lock(mutex_);
   machine_.refresh();
   return ringUp(machine_, receipts, seed);
+}
+
+int Till::invoices(int count, std::uint32_t seed) {
+  const std::lock_guard lock(mutex_);
+  machine_.refresh();
+  return ringUpInvoices(machine_, count, seed);
+}
+
+int Till::issueInvoice(InvoiceOrder order, std::string_view keys) {
+  const std::lock_guard lock(mutex_);
+  machine_.refresh();
+  return machine_.issueInvoice(std::move(order), keys);
 }
 
 }  // namespace ecrsim

@@ -49,6 +49,8 @@ class Till {
   void infoReply(std::string text);
   bool transferOpen() const;
   std::int64_t salesDay(int receipts, std::uint32_t seed);
+  int invoices(int count, std::uint32_t seed);
+  int issueInvoice(InvoiceOrder order, std::string_view keys);
   const Memory& memory() const { return memory_; }
   const std::string& address() const { return options_.address; }
   /// How long a frame may take once its first byte is there, and a reply to be taken.
@@ -63,6 +65,7 @@ class Till {
   Reply info() const;
   std::int16_t clearProgramming() const;
   std::int16_t takeFile(const std::string& file, ecrcom::Bytes data) const;
+  std::int16_t takePictures(ecrcom::Bytes data) const;
   Reply handOverFile(const std::string& file) const;
 
   mutable std::mutex mutex_;

@@ -4,7 +4,10 @@
 #include <QComboBox>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScopeGuard>
+#include <QSplitter>
+#include <algorithm>
 
 #include "auxcmd/Form_ATTESA_MF_DGFE.h"
 #include "auxcmd/Form_Help_CodiciErrori.h"
@@ -37,7 +40,6 @@ namespace {
 using Genere = OutcomeBar::Kind;
 using auxcmd::Memoria;
 
-constexpr int kPorte = 16;
 constexpr int kVelocitaPredefinita = 3;
 constexpr int kPrimoAnno = 2000;
 constexpr int kUltimoAnno = 2099;
@@ -55,12 +57,6 @@ const QString kGlobale = QStringLiteral("000101991201");
 const QColor kGrigio(0xC0, 0xC0, 0xC0);
 const QColor kVerdeLed(0, 0xFF, 0);
 const QColor kSpento(0x40, 0x40, 0x40);
-
-void accendi(QFrame& led, const QColor& colore) {
-  led.setAutoFillBackground(true);
-  led.setStyleSheet(QStringLiteral("background: %1; border: 1px solid palette(mid); border-radius: 8px;")
-                        .arg(colore.name()));
-}
 
 /// "COM  7": a blank for a sign, in front of the number.
 QString nomePorta(int numero) {
@@ -97,13 +93,38 @@ Form_Comandi_XONXOFF::Form_Comandi_XONXOFF(Contesto& contesto)
 
 Form_Comandi_XONXOFF::~Form_Comandi_XONXOFF() = default;
 
+template <typename Corpo>
+void Form_Comandi_XONXOFF::eseguiFinoInFondo(const char* procedura, Corpo&& corpo, Piede piede) {
+  const QPointer<Form_Comandi_XONXOFF> qui(this);
+  ++comandi_;
+  esegui(procedura, std::forward<Corpo>(corpo), piede);
+  if (!qui) return;
+  --comandi_;
+  if (chiusa_ && comandi_ == 0) finisci();
+}
+
 void Form_Comandi_XONXOFF::vesti() {
   style::primary(*ui_->Cmd_Avvia, QStringLiteral("download"));
   ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
   ui_->mnuManuale->setIcon(style::icon(QStringLiteral("book-open")));
   notByEnter(*ui_->Cmd_Esci);
+  ui_->Cmd_Avvia->installEventFilter(this);
+  spiegaAvvia();
+  connect(ui_->divisione, &QSplitter::splitterMoved, this, [this] { divisaAMano_ = true; });
   ui_->registro->usa(contesto().orologio);
   spegniLed();
+  vestiNumeri();
+  seguiLinea();
+}
+
+/// A disabled command tells why.
+void Form_Comandi_XONXOFF::spiegaAvvia() {
+  ui_->Cmd_Avvia->setToolTip(ui_->Cmd_Avvia->isEnabled()
+                                 ? QStringLiteral("Chiede i dati alla cassa (F9)")
+                                 : QStringLiteral("Prima collegarsi alla cassa o scegliere una porta"));
+}
+
+void Form_Comandi_XONXOFF::vestiNumeri() {
   for (QLineEdit* numero : {ui_->vkTextBoxNum1, ui_->vkTextBoxNum2}) {
     numero->setMaxLength(kCifreNumero);
     widthFromSample(*numero, QStringLiteral("0000000"), FieldWidth::Exact);
@@ -112,6 +133,9 @@ void Form_Comandi_XONXOFF::vesti() {
       ui_->BarraEsito->tell(Genere::Warning, messaggio);
     });
   }
+}
+
+void Form_Comandi_XONXOFF::seguiLinea() {
   linea_.suDati([this](const QByteArray& byte) {
     reazioni::oppure(
         [&] {
@@ -150,9 +174,7 @@ void Form_Comandi_XONXOFF::carica() {
 
 void Form_Comandi_XONXOFF::riempiPorte() {
   ui_->cboPort->addItem(kSeleziona);
-  for (int numero = 1; numero <= kPorte; ++numero)
-    if (QFileInfo::exists(serial::portPath(numero, contesto().cartella)))
-      ui_->cboPort->addItem(nomePorta(numero));
+  for (const int numero : serial::presentPorts(contesto().cartella)) ui_->cboPort->addItem(nomePorta(numero));
   ui_->Combo2->addItems({QStringLiteral("1200"), QStringLiteral("2400"), QStringLiteral("4800"),
                          QStringLiteral("9600"), QStringLiteral("19200")});
   ui_->Combo2->setCurrentIndex(kVelocitaPredefinita);
@@ -232,7 +254,7 @@ bool Form_Comandi_XONXOFF::CheckDataPerNumScontrini() const {
 // The two carriers
 
 void Form_Comandi_XONXOFF::connetti() {
-  esegui("CmdInviaModECR_Click", [this] {
+  eseguiFinoInFondo("CmdInviaModECR_Click", [this] {
     ecrlink::ConnettiECR(*ui_->pannello, contesto());
     collegaSequenze();
   });
@@ -246,8 +268,12 @@ void Form_Comandi_XONXOFF::collegaSequenze() {
     return;
   }
   // The address in a box of its own: the library writes into what it is handed.
-  if (comune.hConnXonXoff == 0)
+  if (comune.hConnXonXoff == 0) {
+    const ecrlink::AlLavoro questa(*ui_->pannello);
+    ecrlink::Passo passo(QStringLiteral("Apertura del canale dei comandi"), contesto());
     comune.hConnXonXoff = contesto().libreria.ecr_conn_xonxoff_ntw(comune.IP_ECR.toLatin1());
+    if (comune.hConnXonXoff > 0) passo.riuscito();
+  }
   if (comune.hConnXonXoff <= 0) {
     auxcmd::erroreDiComunicazione(comune.hConnXonXoff, *this, contesto());
     ui_->pannello->abilitaConnetti(true);
@@ -285,13 +311,13 @@ void Form_Comandi_XONXOFF::abilitaComandi() {
 
 void Form_Comandi_XONXOFF::scambiaLed() {
   verde_ = !verde_;
-  accendi(*ui_->LedDati, verde_ ? kVerdeLed : kGrigio);
-  accendi(*ui_->LedDati2, verde_ ? kGrigio : kVerdeLed);
+  ui_->LedDati->accendi(verde_ ? kVerdeLed : kGrigio);
+  ui_->LedDati2->accendi(verde_ ? kGrigio : kVerdeLed);
 }
 
 void Form_Comandi_XONXOFF::spegniLed() {
-  accendi(*ui_->LedDati, kSpento);
-  accendi(*ui_->LedDati2, kSpento);
+  ui_->LedDati->accendi(kSpento);
+  ui_->LedDati2->accendi(kSpento);
 }
 
 void Form_Comandi_XONXOFF::mostraAttesa() {
@@ -310,11 +336,10 @@ void Form_Comandi_XONXOFF::annota(auxcmd::Verso verso, const QByteArray& byte) {
 // The commands
 
 void Form_Comandi_XONXOFF::on_Cmd_Avvia_clicked() {
-  esegui("Cmd_Avvia_Click", [this] {
+  eseguiFinoInFondo("Cmd_Avvia_Click", [this] {
     const ecrlink::AlLavoro questa(*ui_->pannello);
     avvia();
   });
-  if (chiusa_) finisci();
 }
 
 void Form_Comandi_XONXOFF::avvia() {
@@ -416,8 +441,13 @@ void Form_Comandi_XONXOFF::diciDump(int esito) {
 }
 
 int Form_Comandi_XONXOFF::esegueNelCanale(const QString& comando) {
-  const int numero = commonForKora().IP_ECR.isEmpty() ? auxcmd::DammiPortaCOM(*this) : 0;
-  return auxcmd::InviaRiceviXonXoff(numero, *this, comando, contesto());
+  if (commonForKora().IP_ECR.isEmpty())
+    return auxcmd::InviaRiceviXonXoff(auxcmd::DammiPortaCOM(*this), *this, comando, contesto());
+  // No wait box comes up for the network: the foot tells what is waited for.
+  ecrlink::Passo passo(QStringLiteral("Attesa dei dati della cassa"), contesto());
+  const int esito = auxcmd::InviaRiceviXonXoff(0, *this, comando, contesto());
+  if (esito == 0) passo.riuscito();
+  return esito;
 }
 
 Memoria Form_Comandi_XONXOFF::memoria() const {
@@ -496,7 +526,7 @@ QString Form_Comandi_XONXOFF::nomeUltimoDump() const {
 // The way out
 
 void Form_Comandi_XONXOFF::on_Cmd_Esci_clicked() {
-  esegui("Cmd_Esci_Click", [this] { esci(); });
+  eseguiFinoInFondo("Cmd_Esci_Click", [this] { esci(); });
 }
 
 /// Whatever fails on the way out, the way goes on.
@@ -518,6 +548,7 @@ void Form_Comandi_XONXOFF::esci() {
   comunque([this] { linea_.chiudi(); });
   ui_->Cmd_Esci->setEnabled(true);
   comunque([this] { offriFile(); });
+  if (chiusa_) return;
   contesto().schermate.scarica(objectName());
 }
 
@@ -536,6 +567,9 @@ void Form_Comandi_XONXOFF::scollega() {
   std::int32_t& collegamento = commonForKora().hConnXonXoff;
   if (collegamento != 0) contesto().libreria.ecr_disc_xonxoff_ntw(std::exchange(collegamento, 0));
   linea_.chiudi();
+  // What was dumped stands in the file already: it only stays open no longer.
+  std::int32_t& numero = funzioniCmdXonXoff().NumFileDump;
+  auxcmd::chiudiFileDump(std::exchange(numero, 0));
 }
 
 /// Closed in the middle of a command: what was left to its end is done now.
@@ -551,20 +585,40 @@ void Form_Comandi_XONXOFF::closeEvent(QCloseEvent* evento) {
   linea_.fermaTimer();
   linea_.chiudi();
   contesto().schermate.scarica(QStringLiteral("Form_STATO_ECR"));
-  // A command that runs leaves by itself at its next step, and disconnects then; the screen under its feet
-  // stays until it has.
-  if (inCorso_)
-    setAttribute(Qt::WA_DeleteOnClose, false);
-  else
-    esegui("Form_Unload", [this] { scollega(); });
+  if (comandi_ > 0) setAttribute(Qt::WA_DeleteOnClose, false);
+  // A reading that runs leaves by itself at its next step, and disconnects then.
+  if (!inCorso_) esegui("Form_Unload", [this] { scollega(); });
   esegui("Form_Unload", [this] { MostraMenu(contesto()); });
 }
 
 void Form_Comandi_XONXOFF::keyPressEvent(QKeyEvent* evento) {
   if (evento->isAutoRepeat()) return;
-  if (evento->key() == Qt::Key_F9) return ui_->Cmd_Avvia->click();
+  // A number that was not left yet is looked at as if it were.
+  if (evento->key() == Qt::Key_F9) {
+    if (GuardedField::settled(*this)) ui_->Cmd_Avvia->click();
+    return;
+  }
   if (evento->key() == Qt::Key_Escape && ui_->Cmd_Esci->isEnabled()) return ui_->Cmd_Esci->click();
   Schermo::keyPressEvent(evento);
+}
+
+void Form_Comandi_XONXOFF::resizeEvent(QResizeEvent* evento) {
+  Schermo::resizeEvent(evento);
+  // Behind the layout of what is above, which folds where it is narrow.
+  QMetaObject::invokeMethod(this, &Form_Comandi_XONXOFF::dividi, Qt::QueuedConnection);
+}
+
+void Form_Comandi_XONXOFF::dividi() {
+  if (divisaAMano_) return;
+  const int altezza = ui_->divisione->height() - ui_->divisione->handleWidth();
+  const int registro =
+      std::max(ui_->vkFrameRegistro->minimumSizeHint().height(), altezza - ui_->corpo->sizeHint().height());
+  ui_->divisione->setSizes({altezza - registro, registro});
+}
+
+bool Form_Comandi_XONXOFF::eventFilter(QObject* oggetto, QEvent* evento) {
+  if (evento->type() == QEvent::EnabledChange && !chiusa_) spiegaAvvia();
+  return Schermo::eventFilter(oggetto, evento);
 }
 
 // The log of the line
@@ -598,7 +652,7 @@ void Form_Comandi_XONXOFF::seguiProve() {
                                         {ui_->mnuTestFormePagamento, u"Form_TestPagamento"},
                                         {ui_->mnuTestUtilita, u"Form_TestUtilità"}})
     connect(voce, &QAction::triggered, this, [this, schermata = schermata] {
-      esegui(
+      eseguiFinoInFondo(
           "mnuTest_Click",
           [&] {
             if (collegata()) contesto().schermate.mostraModale(QString::fromUtf16(schermata), contesto());
@@ -615,14 +669,13 @@ bool Form_Comandi_XONXOFF::collegata() {
 }
 
 void Form_Comandi_XONXOFF::on_mnuTestSeqCmd_triggered() {
-  esegui("mnuTestSeqCmd_Click", [this] {
+  eseguiFinoInFondo("mnuTestSeqCmd_Click", [this] {
     if (!collegata()) return;
     const auto scelto = contesto().utente.AskOpenPath(
         {QStringLiteral("Test sequenza comandi"), QStringLiteral("txt (*.txt)|*.txt"), contesto().cartella});
     if (scelto && !scelto->isEmpty()) inviaScript(*scelto);
     if (!chiusa_) contesto().schermate.mostraModale(QStringLiteral("Form_Test"), contesto());
   });
-  if (chiusa_) finisci();
 }
 
 void Form_Comandi_XONXOFF::inviaScript(const QString& file) {
@@ -644,7 +697,7 @@ void Form_Comandi_XONXOFF::inviaScript(const QString& file) {
 }
 
 void Form_Comandi_XONXOFF::on_mnuCodiciErrori_triggered() {
-  esegui(
+  eseguiFinoInFondo(
       "mnuCodiciErrori_Click", [this] { auxcmd::MostraCodiciErrori(contesto()); }, Piede::Resta);
 }
 

@@ -37,6 +37,8 @@ class Form_Comandi_XONXOFF : public Schermo<QMainWindow>, public auxcmd::VistaCa
  protected:
   void closeEvent(QCloseEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
+  void resizeEvent(QResizeEvent* evento) override;
+  bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
  private Q_SLOTS:
   void on_Cmd_Avvia_clicked();
@@ -48,8 +50,17 @@ class Form_Comandi_XONXOFF : public Schermo<QMainWindow>, public auxcmd::VistaCa
   void on_mnuManuale_triggered();
 
  private:
+  /// A command that lets events through: closed meanwhile, the screen under its feet stays until its end.
+  template <typename Corpo>
+  void eseguiFinoInFondo(const char* procedura, Corpo&& corpo, Piede piede = Piede::Nuovo);
+
   void carica();
   void vesti();
+  void vestiNumeri();
+  void seguiLinea();
+  void spiegaAvvia();
+  /// The log has what the boxes above leave, and no less than its own least height.
+  void dividi();
   void riempiPorte();
   void riempiDate();
   void seguiScelte();
@@ -100,5 +111,7 @@ class Form_Comandi_XONXOFF : public Schermo<QMainWindow>, public auxcmd::VistaCa
   QString ultimo_;
   bool verde_ = false;
   bool inCorso_ = false;
+  int comandi_ = 0;
+  bool divisaAMano_ = false;
   bool chiusa_ = false;
 };

@@ -1,27 +1,13 @@
 #pragma once
 
-#include <QDialog>
-#include <memory>
-
-struct Contesto;
-namespace Ui {
-class Form_Help_CodiciErrori;
-}
+#include "core/help_window.h"
 
 /// "Help Codici Errori": the help text on the till's error codes from the application folder, to be read.
-class Form_Help_CodiciErrori : public QDialog {
+class Form_Help_CodiciErrori : public FinestraAiuto {
   Q_OBJECT
 
  public:
-  /// Throws Errore 53 if the file is not there, 75 or 321 if it cannot be read.
-  explicit Form_Help_CodiciErrori(Contesto& contesto);
-  ~Form_Help_CodiciErrori() override;
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override;
-
- private:
-  std::unique_ptr<Ui::Form_Help_CodiciErrori> ui_;
+  explicit Form_Help_CodiciErrori(const Contesto& contesto);
 };
 
 namespace auxcmd {

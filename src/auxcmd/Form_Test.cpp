@@ -6,6 +6,7 @@
 
 #include "auxcmd/script_file.h"
 #include "controls/command_key.h"
+#include "controls/disabled_reason.h"
 #include "controls/style.h"
 #include "core/conversions.h"
 #include "platform/text/whole_file.h"
@@ -42,10 +43,22 @@ Form_Test::~Form_Test() = default;
 void Form_Test::carica() {
   const QString file = auxcmd::fileScript(QLatin1String(auxcmd::kScriptInvio), contesto());
   if (!FileEsiste(file)) return;
+  bool letto = false;
   reazioni::protetta(contesto().utente, QStringLiteral("Form_Load"), objectName(), [&] {
-    const QString testo = windows1252::toText(ReadWholeFile(file, kByteMassimi));
-    ui_->RichTextBoxTest->setPlainText(QString(testo).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    QString testo = windows1252::toText(ReadWholeFile(file, kByteMassimi));
+    ui_->RichTextBoxTest->setPlainText(testo.replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    letto = true;
   });
+  if (!letto) ferma();
+}
+
+/// An empty box over a script that could not be read would be saved in its place.
+void Form_Test::ferma() {
+  ui_->RichTextBoxTest->setReadOnly(true);
+  for (QPushButton* uno : {ui_->Cmd_Invia, ui_->Cmd_Salva, ui_->vkCommandReset}) {
+    uno->setEnabled(false);
+    tellWhyDisabled(*uno, QStringLiteral("Il file test_invio.txt non si è potuto leggere: resta com'è"));
+  }
 }
 
 bool Form_Test::presente() {
@@ -87,15 +100,12 @@ void Form_Test::invia() {
   int porta = 0;
   if (!vista_->portaValida(porta)) return auxcmd::avvisaPorta(contesto());
   const QScopedValueRollback suo(inCorso_, true);
-  const int esito = reazioni::oppure(
+  const int esito = auxcmd::inviaDalBanco(
       [&] {
         return auxcmd::InviaFileXonXoff(auxcmd::fileScript(QLatin1String(auxcmd::kScriptInvio), contesto()),
                                         *vista_, contesto());
       },
-      [&](const Errore& errore) {
-        auxcmd::guastoDelBanco(errore, *vista_, contesto());
-        return 1;
-      });
+      *vista_, contesto());
   if (esito == 0 && !vista_->chiusa())
     ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Inviato test_invio.txt"));
 }

@@ -31,6 +31,7 @@ class Form_Test : public Schermo<QDialog> {
 
  private:
   void carica();
+  void ferma();
   /// False where the file is not there, which was told.
   bool presente();
   void salva();

@@ -2,6 +2,7 @@
 
 #include "auxcmd/Form_ATTESA_MF_DGFE.h"
 #include "core/context.h"
+#include "core/reactions.h"
 #include "core/screens.h"
 #include "core/state.h"
 #include "platform/ui/user_port.h"
@@ -68,10 +69,13 @@ void avvisaPorta(Contesto& contesto) {
   contesto.utente.MsgBox(QStringLiteral("Attenzione selezionare una porta COM valida"), Icon::Warning);
 }
 
-void guastoDelBanco(const Errore& errore, VistaCanale& vista, Contesto& contesto) {
-  vista.linea().chiudi();
-  vista.annota(Verso::Guasto, errore.descrizione.toUtf8());
-  contesto.utente.MsgBox(QStringLiteral("Errore sulla porta COM: ") + errore.descrizione, Icon::Critical);
+int inviaDalBanco(const std::function<int()>& invio, VistaCanale& vista, Contesto& contesto) {
+  return reazioni::oppure(invio, [&](const Errore& errore) {
+    vista.linea().chiudi();
+    vista.annota(Verso::Guasto, errore.descrizione.toUtf8());
+    contesto.utente.MsgBox(QStringLiteral("Errore sulla porta COM: ") + errore.descrizione, Icon::Critical);
+    return 1;
+  });
 }
 
 }  // namespace auxcmd

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 #include "auxcmd/channel.h"
 #include "auxcmd/serial_line.h"
@@ -43,7 +44,7 @@ class VistaBanco : public VistaCanale {
 
 /// Warns that no port is picked.
 void avvisaPorta(Contesto& contesto);
-/// Tells a failure of the port, and lets it go.
-void guastoDelBanco(const Errore& errore, VistaCanale& vista, Contesto& contesto);
+/// Sends, and returns what `invio` came to; 1 where the port failed, which is told, and lets it go.
+int inviaDalBanco(const std::function<int()>& invio, VistaCanale& vista, Contesto& contesto);
 
 }  // namespace auxcmd

@@ -1,5 +1,6 @@
 #include "auxcmd/channel.h"
 
+#include <QElapsedTimer>
 #include <algorithm>
 
 #include "auxcmd/dump_file.h"
@@ -20,7 +21,7 @@ namespace auxcmd {
 namespace {
 
 /// What one reception asks the library for, and how long it may wait, in tenths of a second.
-constexpr qsizetype kBlocco = 1024;
+constexpr qsizetype kBlocco = KeysBlocks::kBlock;
 constexpr int kAttesaRete = 30;
 constexpr int kMessaggioLibreria = 80;
 constexpr char kChiocciola = '@';
@@ -37,18 +38,20 @@ constexpr qsizetype kPortaADueCifre = 7;
 
 constexpr int kFallito = 1;
 
-std::span<const std::uint8_t> comeByte(const QByteArray& byte, qsizetype quanti) {
-  return {reinterpret_cast<const std::uint8_t*>(byte.constData()), static_cast<std::size_t>(quanti)};
+/// What is passed over at most of answers that nobody read, in bytes and in milliseconds: a till that never
+/// ends its dump must not hold up the next command.
+constexpr qsizetype kAvanziMassimi = qsizetype{4} * 1024 * 1024;
+constexpr qint64 kTempoAvanzi = 500;
+
+std::span<const std::uint8_t> comeByte(QByteArrayView byte) {
+  return {reinterpret_cast<const std::uint8_t*>(byte.data()), static_cast<std::size_t>(byte.size())};
 }
 
-/// "@" at the end of the first `quanti` bytes.
-int chiocciolePrimaDellaFine(const QByteArray& byte, qsizetype quanti) {
-  int viste = 0;
-  while (viste < kFineDump && quanti > 0 && byte[quanti - 1] == kChiocciola) {
-    ++viste;
-    --quanti;
-  }
-  return viste;
+/// Whether the marker stands at the end of what came in one block.
+bool finisceIlDump(QByteArrayView byte) {
+  if (byte.size() < kFineDump) return false;
+  const QByteArrayView fine = byte.last(kFineDump);
+  return std::all_of(fine.begin(), fine.end(), [](char uno) { return uno == kChiocciola; });
 }
 
 void apri(int porta, VistaCanale& vista) {
@@ -70,7 +73,7 @@ void attendi(VistaCanale& vista, Contesto& contesto) {
   const BusyGuard::Suspended siPuoChiudere;
   while (varGlobal().FlagRisposta == kInCorso && !vista.chiusa()) {
     WaitForEvent();
-    contesto.utente.DoEvents();
+    contesto.utente.DoEventsAtRecord();
   }
 }
 
@@ -83,12 +86,39 @@ int inviaSullaRete(VistaCanale& vista, const QString& comando, Contesto& contest
   return kFallito;
 }
 
-/// One block of a dump. True if the end of the dump stood at the end of it.
-bool bloccoDiDump(const QByteArray& blocco, qsizetype ricevuti) {
+/// What nobody read of earlier answers, that of a script say: taken for the next one's, it would tell a state
+/// of a while ago, and each reading would be one behind from then on.
+void passaOltreGliAvanzi(VistaCanale& vista, Contesto& contesto) {
+  const std::int32_t collegamento = commonForKora().hConnXonXoff;
+  QElapsedTimer tempo;
+  tempo.start();
+  qsizetype presi = 0;
+  while (presi < kAvanziMassimi && tempo.elapsed() < kTempoAvanzi &&
+         contesto.libreria.BlockWaits(collegamento)) {
+    QByteArray blocco(kBlocco, ' ');
+    const std::int32_t ricevuti = contesto.libreria.ecr_recv_xonxoff_ntw(collegamento, blocco, kAttesaRete);
+    // A line that is gone is told by the sending.
+    if (ricevuti <= 0 || vista.chiusa()) return;
+    vista.annota(Verso::Ricevuto, blocco.left(ricevuti));
+    presi += ricevuti;
+  }
+}
+
+KeysBlocks prendiBlocchi(Contesto& contesto) {
+  const bool dump = funzioniCmdXonXoff().FlagDump != 0;
+  // A record is one block alone; what a till sends behind it is none of it.
+  return contesto.libreria.ReceiveBlocks(
+      commonForKora().hConnXonXoff, kAttesaRete,
+      [dump](QByteArrayView byte) { return !dump || finisceIlDump(byte); });
+}
+
+/// Blocks of a dump, all in one write. True if the end of the dump stood at the end of the last.
+bool blocchiDiDump(const KeysBlocks& blocchi) {
+  const std::int32_t numero = funzioniCmdXonXoff().NumFileDump;
   // The blanks behind what came are written too: a dump file is made of whole blocks.
-  scriviFileDump(funzioniCmdXonXoff().NumFileDump, blocco);
-  if (chiocciolePrimaDellaFine(blocco, ricevuti) < kFineDump) return false;
-  scriviFileDump(funzioniCmdXonXoff().NumFileDump, QByteArray(kFineDump, kChiocciola));
+  scriviFileDump(numero, blocchi.whole());
+  if (!finisceIlDump(blocchi.bytes(blocchi.count() - 1))) return false;
+  scriviFileDump(numero, QByteArray(kFineDump, kChiocciola));
   return true;
 }
 
@@ -96,25 +126,25 @@ int ricevi(VistaCanale& vista, Contesto& contesto) {
   for (;;) {
     contesto.utente.DoEvents();
     if (vista.chiusa()) return kFallito;
-    QByteArray blocco(kBlocco, ' ');
-    const std::int32_t ricevuti =
-        contesto.libreria.ecr_recv_xonxoff_ntw(commonForKora().hConnXonXoff, blocco, kAttesaRete);
+    const KeysBlocks blocchi = prendiBlocchi(contesto);
     // Closed while the call waited: nothing is stored any more.
     if (vista.chiusa()) return kFallito;
-    if (ricevuti <= 0) {
-      erroreDiComunicazione(ricevuti, vista, contesto);
-      return kFallito;
+    for (qsizetype quale = 0; quale < blocchi.count(); ++quale) {
+      vista.annota(Verso::Ricevuto, blocchi.bytes(quale).toByteArray());
+      vista.scambiaLed();
     }
-    vista.annota(Verso::Ricevuto, blocco.left(ricevuti));
-    vista.scambiaLed();
-    if (funzioniCmdXonXoff().FlagDump == 0) {
+    if (funzioniCmdXonXoff().FlagDump == 0 && blocchi.count() > 0) {
       // The record comes alone, without the echo of the serial line. One of another length is none.
-      if (RiempiStatoECR(comeByte(blocco, ricevuti))) varGlobal().FlagRisposta = kCompleta;
+      if (RiempiStatoECR(comeByte(blocchi.bytes(0)))) varGlobal().FlagRisposta = kCompleta;
       return 0;
     }
-    if (!bloccoDiDump(blocco, ricevuti)) continue;
-    varGlobal().FlagRisposta = kCompleta;
-    return 0;
+    if (blocchi.count() > 0 && blocchiDiDump(blocchi)) {
+      varGlobal().FlagRisposta = kCompleta;
+      return 0;
+    }
+    if (!blocchi.failed()) continue;
+    erroreDiComunicazione(blocchi.code, vista, contesto);
+    return kFallito;
   }
 }
 
@@ -137,7 +167,7 @@ void forseLoStato(VistaCanale& vista) {
   const QString& risposta = varGlobal().BufferRisposta;
   if (!risposta.startsWith(kEcoStato) || risposta.size() != kRispostaStato) return;
   const QByteArray record = windows1252::toBytes(risposta.mid(kEco));
-  if (!RiempiStatoECR(comeByte(record, record.size()))) return;
+  if (!RiempiStatoECR(comeByte(record))) return;
   vista.linea().fermaTimer();
   vista.togliAttesa();
   varGlobal().FlagRisposta = kCompleta;
@@ -174,6 +204,7 @@ int InviaRiceviXonXoff(int porta, VistaCanale& vista, const QString& comando, Co
   attendi(vista, contesto);
   if (vista.chiusa()) return kFallito;
   vista.togliAttesa();
+  vista.spegniLed();
   varGlobal().BufferRx.clear();
   vista.linea().fermaTimer();
   return 0;
@@ -181,6 +212,8 @@ int InviaRiceviXonXoff(int porta, VistaCanale& vista, const QString& comando, Co
 
 int RiceviXonXoffRete(VistaCanale& vista, const QString& comando, Contesto& contesto) {
   varGlobal().FlagRisposta = kInCorso;
+  passaOltreGliAvanzi(vista, contesto);
+  if (vista.chiusa()) return kFallito;
   if (inviaSullaRete(vista, comando, contesto) != 0) {
     if (!vista.chiusa()) vista.abilitaComandi();
     return kFallito;
@@ -209,13 +242,16 @@ int InviaFileXonXoff(const QString& file, VistaCanale& vista, Contesto& contesto
     if (const int esito = inviaSullaRete(vista, {}, contesto); esito != 0) return esito;
   const int porta = commonForKora().hConnXonXoff != 0 ? 0 : DammiPortaCOM(vista);
   LineReader righe(file);
+  int primoGuasto = 0;
   while (!righe.atEnd() && !vista.chiusa()) {
     const QString riga = windows1252::toText(righe.next().bytes);
     if (riga.trimmed().isEmpty()) continue;
-    // A line that cut off has told so: those behind it would each tell it again.
-    if (const int esito = InviaXonXoff(porta, vista, riga, contesto); esito != 0) return esito;
+    // A refused line has told so, and those behind it go all the same: what a script undoes at its end is not
+    // to be left done because a line in its middle was not taken.
+    const int esito = InviaXonXoff(porta, vista, riga, contesto);
+    if (primoGuasto == 0) primoGuasto = esito;
   }
-  return 0;
+  return primoGuasto;
 }
 
 void InviaByteCOM(const QByteArray& byte, VistaCanale& vista, Contesto& contesto) {

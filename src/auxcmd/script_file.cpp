@@ -33,15 +33,16 @@ int SendFileTXT(const QString& file, VistaCanale& vista, Contesto& contesto) {
     return 1;
   }
   LineReader righe(file);
-  int esito = 0;
-  while (esito == 0 && !righe.atEnd() && !vista.chiusa()) {
+  int primoGuasto = 0;
+  while (!righe.atEnd() && !vista.chiusa()) {
     const QString riga = windows1252::toText(righe.next().bytes);
     if (riga.trimmed().isEmpty()) continue;
-    esito =
+    const int esito =
         rete ? InviaXonXoff(porta, vista, riga, contesto) : InviaRiceviXonXoff(porta, vista, riga, contesto);
+    if (primoGuasto == 0) primoGuasto = esito;
   }
   if (!vista.chiusa()) vista.togliAttesa();
-  return esito;
+  return primoGuasto;
 }
 
 }  // namespace auxcmd

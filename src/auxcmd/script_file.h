@@ -18,8 +18,8 @@ QString fileScript(const QString& nome, const Contesto& contesto);
 /// technician who wants them sends them with "Test sequenza comandi".
 int InviaScript(int numero, VistaCanale& vista, Contesto& contesto);
 
-/// A script that asks for an answer to each line over a serial line. 0, or 1 as soon as a line failed. Throws
-/// what the file and the port throw.
+/// A script that asks for an answer to each line over a serial line, to its end. 0, or the code of the first
+/// line that failed. Throws what the file and the port throw.
 int SendFileTXT(const QString& file, VistaCanale& vista, Contesto& contesto);
 
 }  // namespace auxcmd

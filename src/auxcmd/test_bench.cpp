@@ -11,15 +11,12 @@
 #include "controls/command_key.h"
 #include "controls/style.h"
 #include "core/state.h"
+#include "core/table_text.h"
 #include "ui_test_bench.h"
 
 namespace {
 
 using Genere = OutcomeBar::Kind;
-
-QString testo(const char16_t* di) {
-  return QString::fromUtf16(di);
-}
 
 /// The longest line of a caption, pixels at scale 1: with what stands around it the screen is no wider than
 /// 1024.
@@ -116,7 +113,7 @@ void BancoProva::invia() {
   for (const auxcmd::Prova& prova : banco_.prove)
     if (prova.numero == scelta) coda_ << testo(prova.sequenza);
   svuotaCoda();
-  vista_->togliAttesa();
+  if (banco_.toglieAttesa) vista_->togliAttesa();
 }
 
 void BancoProva::svuotaCoda() {
@@ -131,12 +128,8 @@ void BancoProva::svuotaCoda() {
       return auxcmd::avvisaPorta(contesto());
     }
     varGlobal().FlagRisposta = auxcmd::kInCorso;
-    const int esito =
-        reazioni::oppure([&] { return auxcmd::InviaXonXoff(porta, *vista_, sequenza, contesto()); },
-                         [&](const Errore& errore) {
-                           auxcmd::guastoDelBanco(errore, *vista_, contesto());
-                           return 1;
-                         });
+    const int esito = auxcmd::inviaDalBanco(
+        [&] { return auxcmd::InviaXonXoff(porta, *vista_, sequenza, contesto()); }, *vista_, contesto());
     if (vista_->chiusa()) return;
     if (esito != 0) coda_.clear();
     if (esito == 0) diciInviata(sequenza);

@@ -85,7 +85,8 @@ constexpr std::array kUtilita{
           u"\"BNCLRA80A41F205K\"@39FG\"OCCHIALI DA VISTA\"12300H1R1T"},
 };
 
-constexpr BancoDiProva kBancoVendita{u"Form_TestVendita", u"Test comandi XON XOFF per la Vendita", kVendita};
+constexpr BancoDiProva kBancoVendita{u"Form_TestVendita", u"Test comandi XON XOFF per la Vendita", kVendita,
+                                     true};
 constexpr BancoDiProva kBancoModificatori{u"Form_TestModificatori", u"Form Test Modificatori", kModificatori};
 constexpr BancoDiProva kBancoPagamento{u"Form_TestPagamento", u"Test sulle forme di pagamento", kPagamento};
 constexpr BancoDiProva kBancoUtilita{u"Form_TestUtilità", u"Test Utilità generali e rapporti", kUtilita};

@@ -18,6 +18,8 @@ struct BancoDiProva {
   const char16_t* schermata;
   const char16_t* titolo;
   std::span<const Prova> prove;
+  /// Sending a sequence takes away a wait box that the console has left open.
+  bool toglieAttesa = false;
 };
 
 const BancoDiProva& ProveVendita();

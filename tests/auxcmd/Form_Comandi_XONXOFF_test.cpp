@@ -5,9 +5,12 @@
 #include <unistd.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
-#include <QFrame>
+#include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QSemaphore>
+#include <QSplitter>
 #include <QTest>
 
 #include "auxcmd/channel.h"
@@ -41,8 +44,7 @@ Box domandaFile(const QString& nome) {
 }
 
 QString colore(const GuidedScreen& schermo, const char* led) {
-  const QString stile = schermo.control<QFrame>(led).styleSheet();
-  return stile.mid(stile.indexOf(u'#'), 7);
+  return schermo.control(led).property("colore").value<QColor>().name();
 }
 
 /// While it lives this thread is a user who owns nothing, also for the questions whether a file may be used.
@@ -168,6 +170,58 @@ TEST_F(Console, LeDidascalieSonoQuelleDellaCassa) {
 TEST_F(Console, StaNelloSchermoADodiciPunti) {
   const GuidedScreen schermo = console();
   expectFitsAtTwelvePoints(schermo);
+}
+
+TEST_F(Console, IlRegistroStaSempreInVistaConAlmenoOttoRighe) {
+  const GuidedScreen schermo = console();
+  picks(schermo, kTuttoDGFE);
+  const auto& registro = schermo.control<QPlainTextEdit>("registro");
+  for (const int punti : {9, 12}) {
+    QFont lettere = schermo.window().font();
+    lettere.setPointSize(punti);
+    schermo.window().setFont(lettere);
+    schermo.window().resize(1000, 720);
+    QCoreApplication::processEvents();
+    EXPECT_GE(registro.viewport()->height(), 8 * registro.fontMetrics().lineSpacing()) << punti;
+    EXPECT_EQ(registro.visibleRegion().boundingRect().height(), registro.height()) << punti;
+  }
+}
+
+TEST_F(Console, PiuAltaDiQuelloCheServeIlRestoVaAlRegistro) {
+  const GuidedScreen schermo = console();
+  schermo.window().resize(1000, 900);
+  QCoreApplication::processEvents();
+  const int prima = schermo.control("registro").height();
+  schermo.window().resize(1000, 1050);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(schermo.control("registro").height(), prima + 150);
+}
+
+TEST_F(Console, SpostatoAManoIlBordoDelRegistroRestaDoveE) {
+  const GuidedScreen schermo = console();
+  schermo.window().resize(1000, 900);
+  QCoreApplication::processEvents();
+  auto& divisione = schermo.control<QSplitter>("divisione");
+  QWidget* bordo = divisione.handle(1);
+  const int prima = schermo.control("registro").height();
+  QTest::mousePress(bordo, Qt::LeftButton);
+  QTest::mouseMove(bordo, bordo->rect().center() - QPoint(0, 60));
+  QTest::mouseRelease(bordo, Qt::LeftButton, {}, bordo->rect().center());
+  const int alta = schermo.control("registro").height();
+  EXPECT_GT(alta, prima + 30);
+  schermo.window().resize(1010, 900);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(schermo.control("registro").height(), alta);
+}
+
+TEST_F(Console, ITastiStannoNeiSuggerimentiEAvviaSpentoDicePerche) {
+  const GuidedScreen schermo = console();
+  EXPECT_EQ(schermo.control(kAvvia).toolTip(),
+            QStringLiteral("Prima collegarsi alla cassa o scegliere una porta"));
+  EXPECT_EQ(schermo.control(kEsci).toolTip(),
+            QStringLiteral("Chiude, e offre di aprire il file letto (Esc)"));
+  pick(schermo, "cboPort", QStringLiteral("COM  7"));
+  EXPECT_EQ(schermo.control(kAvvia).toolTip(), QStringLiteral("Chiede i dati alla cassa (F9)"));
 }
 
 // What can be set
@@ -321,6 +375,19 @@ TEST_F(Console, SenzaUnNumeroOColPrimoMaggioreDelSecondoSiRifiuta) {
   schermo.type(QStringLiteral("vkTextBoxNum2"), QStringLiteral("9"));
   rifiutata(schermo, criticalBox(QStringLiteral(
                          "Attenzione il numero del primo scontrino e' > numero del secondo scontrino.")));
+}
+
+TEST_F(Console, F9GuardaIlNumeroCheNonSiELasciato) {
+  const GuidedScreen schermo = serialConsole();
+  picks(schermo, {"vkOptionButton_Rx_PRG", "vkOptionButton_MF", "vkOptionButtonPerScontrini"});
+  schermo.type(QStringLiteral("vkTextBoxNum1"), QStringLiteral("1"));
+  schermo.type(QStringLiteral("vkTextBoxNum2"), QStringLiteral("99999"));
+  QTest::keyClick(&schermo.control("vkTextBoxNum2"), Qt::Key_F9);
+  expectBoxes(program, {box(QStringLiteral("Attenzione il numero deve essere compreso tra 1 e 65536!!!"),
+                            Icon::Warning)});
+  EXPECT_EQ(peer.received(), QByteArray());
+  EXPECT_EQ(schermo.text(QStringLiteral("vkTextBoxNum2")), QString());
+  EXPECT_TRUE(schermo.enabled(kAvvia));
 }
 
 // What goes out
@@ -513,6 +580,20 @@ TEST_F(Console, ConnessaLaReteLaPortaELaVelocitaSiChiudono) {
   esci(schermo, false);
 }
 
+TEST_F(Console, MentreSiAspettaLaReteIlPiedeLoDiceConIlLimite) {
+  KeysTill cassa([](const std::string&) { return KeysAnswer{0, {kRecord}}; });
+  const GuidedScreen schermo = networkConsole(cassa.address());
+  picks(schermo, {"vkOptionButton_RX_STATO_ECR"});
+  QString detto;
+  program.user.onPass = [&] { detto = foot(schermo); };
+  schermo.click(kAvvia);
+  program.user.onPass = nullptr;
+  EXPECT_TRUE(detto.startsWith(QStringLiteral("Attesa dei dati della cassa … (fino a ")))
+      << detto.toStdString();
+  EXPECT_EQ(foot(schermo), QStringLiteral("Letto lo stato della cassa"));
+  esci(schermo, false);
+}
+
 TEST_F(Console, UnaConnessioneNonRiuscitaLasciaLaPorta) {
   const GuidedScreen schermo = console();
   schermo.typeAddress(QStringLiteral("1.2.3"));
@@ -555,22 +636,24 @@ TEST_F(Console, ConUnCollegamentoRifiutatoLoStatoVaInReteENonSullaPorta) {
   EXPECT_TRUE(schermo.enabled(kEsci));
 }
 
-TEST_F(Console, UscendoSiScollegaEPoiSiVedeIlMenu) {
+TEST_F(Console, UscendoPrimaSiScollegaEPoiSiVedeIlMenu) {
   KeysTill cassa;
   const GuidedScreen schermo = networkConsole(cassa.address());
   EXPECT_EQ(menusShown, 0);
   esci(schermo, false);
   EXPECT_EQ(commonForKora().hConnXonXoff, 0);
   EXPECT_EQ(menusShown, 1);
+  EXPECT_EQ(linkAtMenu, 0) << "closed before";
   EXPECT_TRUE(QTest::qWaitFor([&] { return cassa.closed() == 1; }));
 }
 
-TEST_F(Console, ChiusaDallaCorniceSiScollegaEPoiSiVedeIlMenu) {
+TEST_F(Console, ChiusaDallaCornicePrimaSiScollegaEPoiSiVedeIlMenu) {
   KeysTill cassa;
   const GuidedScreen schermo = networkConsole(cassa.address());
   schermo.window().close();
   EXPECT_EQ(commonForKora().hConnXonXoff, 0);
   EXPECT_EQ(menusShown, 1);
+  EXPECT_EQ(linkAtMenu, 0) << "closed before";
   EXPECT_TRUE(QTest::qWaitFor([&] { return cassa.closed() == 1; }));
 }
 
@@ -912,13 +995,20 @@ TEST_F(Console, ChiusaDallaCorniceNelMezzoSerialeMostraIlMenuELasciaLaPorta) {
 }
 
 TEST_F(Console, ChiusaNelMezzoDiUnDumpDiReteSiScollegaENonScrivePiu) {
-  KeysTill cassa([](const std::string&) { return KeysAnswer{0, {"uno", "due", kFine}}; });
+  // What is there comes together: the rest stays with the till until the person has closed.
+  QSemaphore chiusa;
+  KeysTill cassa([&](const std::string&) {
+    return KeysAnswer{0, {"uno", "due", kFine}, false, [&](qsizetype quale) {
+                        if (quale == 1) chiusa.acquire();
+                      }};
+  });
   const GuidedScreen schermo = networkConsole(cassa.address());
   picks(schermo, kTuttoDGFE);
   program.user.onPass = [&] {
     if (schermo.alive() && read(kNome).contains("uno")) schermo.window().close();
   };
   schermo.click(kAvvia);
+  chiusa.release();
   program.user.onPass = nullptr;
   EXPECT_FALSE(schermo.alive());
   EXPECT_EQ(menusShown, 1);
@@ -954,6 +1044,80 @@ TEST_F(Console, ChiHaFrettaNonSpezzaUnaLettura) {
   EXPECT_EQ(peer.received(), "X\"000101991201\"10F");
   EXPECT_EQ(read(kNome), kTestaDGFE + "tutto" + kFine);
   esci(schermo, true);
+}
+
+TEST_F(Console, DueClickSuAvviaDiReteSonoUnaLettura) {
+  KeysTill cassa([](const std::string&) { return KeysAnswer{0, {kRecord}}; });
+  const GuidedScreen schermo = networkConsole(cassa.address());
+  picks(schermo, {"vkOptionButton_RX_STATO_ECR"});
+  program.user.onPass = [&] {
+    program.user.onPass = nullptr;
+    postClick(schermo.control(kAvvia));
+  };
+  schermo.click(kAvvia);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(cassa.sequences(), texts({"X89F"}));
+  esci(schermo, false);
+}
+
+TEST_F(Console, ChiusoIlProgrammaMentreUnDumpSerialeArrivaNonSiScrivePiu) {
+  const GuidedScreen schermo = serialConsole();
+  picks(schermo, kTuttoDGFE);
+  peer.onArrival = [this] {
+    if (!peer.received().endsWith('F')) return;
+    peer.say("prima");
+    steps.when([this] { return read(kNome).endsWith("prima"); },
+               [this] {
+                 QApplication::closeAllWindows();
+                 peer.say("dopo" + kFine);
+               });
+  };
+  schermo.click(kAvvia);
+  QCoreApplication::processEvents();
+  expectBoxes(program, {});
+  EXPECT_FALSE(schermo.alive());
+  EXPECT_FALSE(open("Form_ATTESA_MF_DGFE"));
+  EXPECT_EQ(read(kNome), kTestaDGFE + "prima");
+}
+
+TEST_F(Console, ChiusaDallaCorniceIlFileDelDumpSiChiude) {
+  const GuidedScreen schermo = serialConsole();
+  picks(schermo, kTuttoDGFE);
+  comando(schermo);
+  EXPECT_GT(funzioniCmdXonXoff().NumFileDump, 0);
+  schermo.window().close();
+  EXPECT_EQ(funzioniCmdXonXoff().NumFileDump, 0);
+  EXPECT_EQ(read(kNome), kTestaDGFE + kFine);
+}
+
+TEST_F(Console, ChiusaConUnaProvaApertaResteInPiediFinoAllaSuaFine) {
+  const GuidedScreen schermo = serialConsole();
+  QPointer<QWidget> finestra = &schermo.window();
+  bool ancora = false;
+  withModal([&] { schermo.window().findChild<QAction*>(QStringLiteral("mnuTestVendita"))->trigger(); },
+            [&](QWidget& prova) {
+              finestra->close();
+              QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+              ancora = finestra != nullptr;
+              GuidedScreen(prova).click(QStringLiteral("vkCommandEsci"));
+            });
+  EXPECT_TRUE(ancora) << "its slot still runs";
+  EXPECT_EQ(menusShown, 1);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(finestra.isNull());
+}
+
+TEST_F(Console, LaLineaDopoLUscitaNonArrivaPiuANessuno) {
+  const GuidedScreen schermo = serialConsole();
+  picks(schermo, {"vkOptionButton_RX_STATO_ECR"});
+  peer.answers("X89F", "X89F" + kRecord);
+  schermo.click(kAvvia);
+  peer.say("X89F" + QByteArray(39, 'z') + kFine);
+  esci(schermo, false);
+  const QString prima = varGlobal().BufferRisposta;
+  for (int giro = 0; giro < 20; ++giro) QCoreApplication::processEvents();
+  EXPECT_EQ(varGlobal().BufferRisposta, prima);
+  EXPECT_EQ(varGestionePRG().StatoECR[0], 'M');
 }
 
 // The menus

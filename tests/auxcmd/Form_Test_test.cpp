@@ -72,6 +72,25 @@ TEST_F(ProvaLibera, SenzaFileSiApreVuotaEInviareESalvareLoDicono) {
   EXPECT_EQ(cassa.sequences(), QStringList());
 }
 
+TEST_F(ProvaLibera, UnFileCheNonSiLeggeNonSiCopre) {
+  const QByteArray enorme(2 * 1024 * 1024, 'x');
+  write(kScript, enorme);
+  const GuidedScreen schermo = prova();
+  expectBoxes(program, {plainBox(QStringLiteral("Error 62 (*"))});
+  for (const QString& comando : {kInvia, kSalva, kReset}) {
+    EXPECT_FALSE(schermo.enabled(comando));
+    EXPECT_EQ(schermo.control(comando).toolTip(),
+              QStringLiteral("Il file test_invio.txt non si è potuto leggere: resta com'è"));
+  }
+  QTest::keyClicks(&schermo.control(kTesto), QStringLiteral("1R"));
+  schermo.key(Qt::Key_F9);
+  QTest::keyClick(&schermo.window(), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(schermo.text(kTesto), QString());
+  EXPECT_TRUE(read(kScript) == enorme);
+  schermo.click(kEsci);
+  EXPECT_FALSE(schermo.alive());
+}
+
 TEST_F(ProvaLibera, SalvaScriveIlTestoAccendeInviaESiSpegne) {
   write(kScript, "vecchio");
   const GuidedScreen schermo = prova();
@@ -99,7 +118,7 @@ TEST_F(ProvaLibera, InviaSalvaEMandaRigaPerRiga) {
   expectBoxes(program, {});
 }
 
-TEST_F(ProvaLibera, UnaRigaRifiutataFermaLInvioESiDiceUnaVolta) {
+TEST_F(ProvaLibera, UnaRigaRifiutataSiDiceELeAltreVannoLoStesso) {
   write(kScript, "1R\r\n2R\r\n3R\r\n");
   KeysTill cassa([](const std::string& sequenza) { return KeysAnswer{sequenza == "2R" ? 19 : 0, {}}; });
   const GuidedScreen console = networkConsole(cassa.address());
@@ -107,7 +126,7 @@ TEST_F(ProvaLibera, UnaRigaRifiutataFermaLInvioESiDiceUnaVolta) {
   schermo.click(kInvia);
   const QString testo = QStringLiteral("Errore nella comunicazione con ECR: Sequenza di tasti non accettata");
   expectBoxes(program, {criticalBox(testo)});
-  EXPECT_EQ(cassa.sequences(), texts({"", "1R", "2R"}));
+  EXPECT_EQ(cassa.sequences(), texts({"", "1R", "2R", "3R"}));
   EXPECT_EQ(foot(schermo), testo);
 }
 

@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QSemaphore>
 #include <QTest>
 #include <QTimer>
 
@@ -47,6 +48,7 @@ class VistaProva : public auxcmd::VistaCanale {
   void togliAttesa() override { passi << QStringLiteral("senza attesa"); }
   bool chiusa() const override { return siEChiusa; }
   void annota(auxcmd::Verso verso, const QByteArray& byte) override {
+    if (verso == auxcmd::Verso::Ricevuto && !tieneRicevuti) return;
     (verso == auxcmd::Verso::Inviato    ? inviati
      : verso == auxcmd::Verso::Ricevuto ? ricevuti
                                         : guasti) += byte;
@@ -55,6 +57,7 @@ class VistaProva : public auxcmd::VistaCanale {
   QString testoPorta = QStringLiteral("COM  7");
   int bit = 9600;
   bool siEChiusa = false;
+  bool tieneRicevuti = true;
   QStringList passi;
   int scambi = 0;
   QByteArray inviati;
@@ -92,6 +95,10 @@ class Canale : public ApplicationFolder, public testing::Test {
   int chiedi(const QString& comando = kStato) {
     return auxcmd::InviaRiceviXonXoff(kPorta, vista, comando, program.contesto);
   }
+  /// Once an answer that nobody reads waits in the library.
+  bool arrivata() {
+    return QTest::qWaitFor([this] { return program.library.BlockWaits(commonForKora().hConnXonXoff); });
+  }
   /// Ends a wait as the timer would, so that nobody has to sit through it.
   void scade() { varGlobal().FlagRisposta = auxcmd::kTempoScaduto; }
   /// The same as soon as the peer has `quanti` bytes.
@@ -104,6 +111,17 @@ class Canale : public ApplicationFolder, public testing::Test {
   VistaProva vista{cartella_.path()};
   Steps steps;
 };
+
+/// A line of the kernel's account of this process, in KiB.
+qint64 memoria(const char* riga) {
+  QFile stato(QStringLiteral("/proc/self/status"));
+  EXPECT_TRUE(stato.open(QIODevice::ReadOnly));
+  for (const QByteArray& una : stato.readAll().split('\n'))
+    if (una.startsWith(riga))
+      return una.mid(static_cast<qsizetype>(qstrlen(riga))).simplified().split(' ').first().toLongLong();
+  ADD_FAILURE() << riga;
+  return 0;
+}
 
 /// Blocks of the network as they stand in a dump file: blanks behind what came.
 QByteArray blocco(const QByteArray& testo) {
@@ -159,7 +177,7 @@ TEST_F(Canale, LoStatoSerialeEEcoETrentanoveByte) {
   EXPECT_EQ(varGlobal().FlagRisposta, 1);
   EXPECT_EQ(varGlobal().BufferRx, QString());
   EXPECT_EQ(varGlobal().BufferRisposta, QStringLiteral("X89F") + QString::fromLatin1(kRecord));
-  EXPECT_EQ(vista.passi, texts({"fuoco", "attesa", "senza attesa", "senza attesa"}));
+  EXPECT_EQ(vista.passi, texts({"fuoco", "attesa", "senza attesa", "senza attesa", "spenti"}));
   EXPECT_EQ(vista.scambi, 43);
   EXPECT_EQ(vista.inviati, "X89F");
   EXPECT_EQ(vista.ricevuti, "X89F" + kRecord);
@@ -210,6 +228,41 @@ TEST_F(Canale, UnRecordSerialeCortoNonPassaEIlSuoTestoResta) {
   EXPECT_EQ(varGlobal().BufferRisposta, QString::fromLatin1("X89F" + kRecord.left(38)));
 }
 
+TEST_F(Canale, DiQuarantaquattroCaratteriSerialiIPrimiQuarantatreSonoLoStato) {
+  // Told by its length the moment that it is whole: what comes behind is no part of it.
+  peer.answers("X89F", "X89F" + kRecord + "+");
+  chiedi();
+  EXPECT_EQ(varGlobal().FlagRisposta, 1);
+  EXPECT_EQ(record(), kRecord);
+}
+
+TEST_F(Canale, UnDisturboDavantiAllEcoNonEUnoStato) {
+  peer.answers("X89F", QByteArray("\xFF\0\x13", 3) + "X89F" + kRecord);
+  steps.when([] { return varGlobal().BufferRisposta.size() == 46; }, [this] { scade(); });
+  chiedi();
+  EXPECT_EQ(varGlobal().FlagRisposta, 100);
+  EXPECT_EQ(record(), QByteArray(39, '\0'));
+  EXPECT_EQ(varGlobal().BufferRisposta, QString::fromLatin1(QByteArray("\xFF\0\x13", 3) + "X89F" + kRecord));
+}
+
+TEST_F(Canale, SoloDisturbiPerLoStatoNonSiTengono) {
+  QByteArray disturbo;
+  for (int i = 0; i < 300; ++i) disturbo.append(static_cast<char>(i * 37 % 256));
+  peer.answers("X89F", disturbo);
+  steps.when([] { return varGlobal().BufferRisposta.size() == 300; }, [this] { scade(); });
+  EXPECT_EQ(chiedi(), 0);
+  EXPECT_EQ(record(), QByteArray(39, '\0'));
+  EXPECT_EQ(vista.ricevuti, disturbo);
+  expectBoxes(program, {});
+}
+
+TEST_F(Canale, DopoUnaRispostaCheNonBastaLeSpieSiSpengono) {
+  peer.answers("X89F", "X89F");
+  steps.when([] { return varGlobal().BufferRisposta.size() == 4; }, [this] { scade(); });
+  chiedi();
+  EXPECT_EQ(vista.passi.last(), QStringLiteral("spenti"));
+}
+
 TEST_F(Canale, UnErroreDellaPortaFinisceLAttesaSenzaMessaggi) {
   peer.onArrival = [this] { peer.unplug(); };
   EXPECT_EQ(chiedi(), 0);
@@ -238,14 +291,15 @@ TEST_F(Canale, OgniComandoApreLaPortaDaCapo) {
 
 // The dump, serial
 
-TEST_F(Canale, IlDumpSerialeFinisceAlQuarantaseiesimoDiSeguito) {
+TEST_F(Canale, UnDumpSerialeConQuarantacinqueChioccioleUnCarattereEQuarantaseiFinisceAllaSecondaFila) {
   apriDump();
   const QByteArray flusso = "GIORNALE\r\n" + QByteArray(45, '@') + "x" + kFine;
   peer.answers("F", flusso);
   EXPECT_EQ(chiedi(QStringLiteral("X\"000101991201\"10F")), 0);
   EXPECT_EQ(varGlobal().FlagRisposta, 1);
   EXPECT_EQ(funzioniCmdXonXoff().ContaFine, 46);
-  EXPECT_EQ(vista.passi, texts({"fuoco", "attesa", "senza attesa", "spenti", "comandi", "senza attesa"}));
+  EXPECT_EQ(vista.passi,
+            texts({"fuoco", "attesa", "senza attesa", "spenti", "comandi", "senza attesa", "spenti"}));
   EXPECT_EQ(vista.scambi, flusso.size());
   EXPECT_EQ(dump(), flusso);
   EXPECT_EQ(varGlobal().BufferRisposta, QString()) << "a dump goes to its file alone";
@@ -311,12 +365,12 @@ TEST_F(Canale, LoStatoDellaCassaSimulataArrivaSuTuttiEDueIVettori) {
   EXPECT_EQ(record(), seriale);
 }
 
-TEST_F(Canale, UnaRispostaDiReteDi38O40O43ByteNonSiTieneENonDiceNiente) {
+TEST_F(Canale, UnaRispostaDiReteDi38O40O42O43O44ByteNonSiTieneENonDiceNiente) {
   QByteArray risposta;
   KeysTill cassa([&](const std::string&) { return KeysAnswer{0, {risposta}}; });
   collega(cassa.address());
-  for (const qsizetype lunga : {38, 40, 43}) {
-    risposta = ("X89F" + kRecord).right(lunga);
+  for (const qsizetype lunga : {38, 40, 42, 43, 44}) {
+    risposta = ("+X89F" + kRecord).right(lunga);
     EXPECT_EQ(chiedi(), 0);
     EXPECT_EQ(record(), QByteArray(39, '\0')) << lunga;
   }
@@ -388,6 +442,71 @@ TEST_F(Canale, UnCollegamentoCheSiRompeNelDumpLoDiceETieneQuelloCheEArrivato) {
   EXPECT_EQ(vista.guasti, "Collegamento con la cassa interrotto");
 }
 
+TEST_F(Canale, UnDumpDiReteTagliatoInOgniFaseTieneQuelloCheEraArrivato) {
+  struct Taglio {
+    QByteArrayList blocchi;
+    QByteArray restano;
+  };
+  // Behind the command, behind a block, within the end, behind an end that a block parts.
+  const std::vector<Taglio> tagli{
+      {{}, {}},
+      {{"testa"}, blocco("testa")},
+      {{"testa", "coda" + chiocciole(45)}, blocco("testa") + blocco("coda" + chiocciole(45))},
+      {{chiocciole(30), chiocciole(16)}, blocco(chiocciole(30)) + blocco(chiocciole(16))}};
+  for (const Taglio& taglio : tagli) {
+    KeysTill cassa([&](const std::string&) { return KeysAnswer{0, taglio.blocchi, true}; });
+    collega(cassa.address());
+    apriDump();
+    EXPECT_EQ(chiedi(), 1);
+    expectBoxes(program, {criticalBox(QStringLiteral(
+                             "Errore nella comunicazione con ECR: Collegamento con la cassa interrotto"))});
+    EXPECT_EQ(dump(), taglio.restano);
+    EXPECT_TRUE(QFile::remove(app(QStringLiteral("dump.txt"))));
+    program.library.ecr_disc_xonxoff_ntw(commonForKora().hConnXonXoff);
+    commonForKora().hConnXonXoff = 0;
+  }
+}
+
+TEST_F(Canale, UnDumpSerialeTagliatoInOgniFaseTieneQuelloCheEraArrivato) {
+  for (const QByteArray& parte : {QByteArray(), QByteArray("t"), "testa" + chiocciole(45)}) {
+    SerialPeer altro;
+    plug(altro, 8);
+    apriDump();
+    altro.onArrival = [&] {
+      if (altro.received() != "X89F") return;
+      altro.say(parte);
+      steps.when([&] { return vista.ricevuti == parte; }, [&] { altro.unplug(); });
+    };
+    vista.ricevuti.clear();
+    EXPECT_EQ(auxcmd::InviaRiceviXonXoff(8, vista, kStato, program.contesto), 0);
+    EXPECT_EQ(varGlobal().FlagRisposta, 2);
+    EXPECT_EQ(dump(), parte);
+    EXPECT_TRUE(QFile::remove(app(QStringLiteral("dump.txt"))));
+    EXPECT_TRUE(QFile::remove(app(QStringLiteral("Porte/COM8"))));
+  }
+  expectBoxes(program, {});
+}
+
+TEST_F(Canale, UnDumpDiReteDiCentoMegabyteArrivaInPocaMemoria) {
+  apriDump();
+  constexpr qsizetype kBlocchi = 100 * 1024;
+  // All of them share the one block that stands in memory.
+  QByteArrayList blocchi(kBlocchi, QByteArray(1024, 'g'));
+  blocchi << kFine;
+  KeysTill cassa([&](const std::string&) { return KeysAnswer{0, blocchi}; });
+  collega(cassa.address());
+  const qint64 prima = memoria("VmRSS:");
+  QFile azzera(QStringLiteral("/proc/self/clear_refs"));
+  ASSERT_TRUE(azzera.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+  ASSERT_EQ(azzera.write("5"), 1);
+  // What came is kept by the screen of the test alone.
+  vista.tieneRicevuti = false;
+  EXPECT_EQ(chiedi(), 0);
+  EXPECT_LT(memoria("VmHWM:") - prima, 24 * 1024);
+  auxcmd::chiudiFileDump(funzioniCmdXonXoff().NumFileDump);
+  EXPECT_EQ(QFileInfo(app(QStringLiteral("dump.txt"))).size(), (kBlocchi + 1) * 1024 + 46);
+}
+
 TEST_F(Canale, UnaCassaMutaScadeConIlTestoDellaLibreria) {
   KeysTill cassa;
   collega(cassa.address());
@@ -396,14 +515,76 @@ TEST_F(Canale, UnaCassaMutaScadeConIlTestoDellaLibreria) {
                            "Errore nella comunicazione con ECR: Tempo scaduto, la cassa non risponde"))});
 }
 
-TEST_F(Canale, ChiusaMentreArrivaUnDumpNonSiScrivePiuNiente) {
+TEST_F(Canale, ChiusaFraDueArriviNonSiChiedeNeSiScriveAltro) {
   apriDump();
-  KeysTill cassa([](const std::string&) { return KeysAnswer{0, {"a", "b", chiocciole(46)}}; });
+  // The next block comes only once the person has closed.
+  QSemaphore chiusa;
+  KeysTill cassa([&](const std::string&) {
+    return KeysAnswer{0, {"a", "b", chiocciole(46)}, false, [&](qsizetype quale) {
+                        if (quale == 1) chiusa.acquire();
+                      }};
+  });
   collega(cassa.address());
-  program.user.onPass = [this] { vista.siEChiusa = vista.scambi == 1; };
+  program.user.onPass = [&] { vista.siEChiusa = vista.scambi == 1; };
   EXPECT_EQ(chiedi(), 1);
+  chiusa.release();
   EXPECT_EQ(dump(), blocco("a"));
   EXPECT_EQ(vista.passi, QStringList());
+}
+
+TEST_F(Canale, ChiusaMentreSiAspettaNonSiScriveQuelloCheArrivaDopo) {
+  apriDump();
+  QSemaphore chiusa;
+  KeysTill cassa([&](const std::string&) {
+    return KeysAnswer{0, {"a", "b", chiocciole(46)}, false, [&](qsizetype quale) {
+                        if (quale == 1) chiusa.acquire();
+                      }};
+  });
+  collega(cassa.address());
+  // At the pass behind the first block nothing happens yet: the person closes while the second is waited for.
+  QTimer dopo;
+  dopo.setSingleShot(true);
+  QObject::connect(&dopo, &QTimer::timeout, &dopo, [&] {
+    vista.siEChiusa = true;
+    chiusa.release();
+  });
+  program.user.onPass = [&] {
+    if (vista.scambi == 1) dopo.start(50);
+  };
+  EXPECT_EQ(chiedi(), 1);
+  EXPECT_EQ(dump(), blocco("a"));
+  EXPECT_EQ(vista.ricevuti, "a");
+}
+
+TEST_F(Canale, MoltiBlocchiPassanoInsiemeNelLoroOrdine) {
+  QByteArrayList blocchi;
+  for (int i = 0; i < 500; ++i) blocchi << QByteArray::number(i).leftJustified(1 + i * 2, '.');
+  blocchi << "fine"
+          << "oltre";
+  KeysTill cassa([&](const std::string&) { return KeysAnswer{0, blocchi}; });
+  collega(cassa.address());
+  const std::int32_t collegamento = commonForKora().hConnXonXoff;
+  QByteArray tasti = "1R";
+  ASSERT_EQ(program.library.ecr_send_xonxoff_ntw(collegamento, tasti), 0);
+  QByteArrayList presi;
+  qsizetype volte = 0;
+  while (presi.isEmpty() || presi.last() != "fine") {
+    const KeysBlocks insieme = program.library.ReceiveBlocks(
+        collegamento, 30, [](QByteArrayView byte) { return byte == QByteArrayView("fine"); });
+    ASSERT_FALSE(insieme.failed());
+    ASSERT_LE(insieme.count(), 64);
+    for (qsizetype i = 0; i < insieme.count(); ++i) {
+      presi << insieme.bytes(i).toByteArray();
+      EXPECT_EQ(insieme.whole().mid(i * 1024, 1024), blocco(presi.last()));
+    }
+    ++volte;
+  }
+  EXPECT_EQ(presi, blocchi.first(501)) << "the last one wanted is the last one taken";
+  EXPECT_LT(volte, 501);
+  QByteArray resto(1024, ' ');
+  EXPECT_EQ(program.library.ecr_recv_xonxoff_ntw(collegamento, resto, 30), 5);
+  EXPECT_EQ(resto.left(5), "oltre");
+  EXPECT_FALSE(program.library.BlockWaits(collegamento));
 }
 
 TEST_F(Canale, UnInvioRifiutatoLoDiceRidaIComandiENonAspettaRisposta) {
@@ -415,6 +596,35 @@ TEST_F(Canale, UnInvioRifiutatoLoDiceRidaIComandiENonAspettaRisposta) {
                                           "stato attuale della cassa"))});
   EXPECT_EQ(vista.passi, texts({"comandi"}));
   EXPECT_EQ(vista.scambi, 0);
+}
+
+TEST_F(Canale, UnaRispostaCheNessunoHaLettoNonSiPrendePerLoStato) {
+  int volta = 0;
+  KeysTill cassa([&](const std::string&) {
+    return KeysAnswer{0, {QByteArray(kRecord).replace("MISQZ", "MIS0" + QByteArray::number(++volta))}};
+  });
+  collega(cassa.address());
+  // A script of a person asks for the state: over the network nobody reads what it answers.
+  EXPECT_EQ(auxcmd::InviaXonXoff(0, vista, kStato, program.contesto), 0);
+  ASSERT_TRUE(arrivata());
+  EXPECT_EQ(chiedi(), 0);
+  EXPECT_EQ(record().left(5), "MIS02");
+  EXPECT_EQ(chiedi(), 0);
+  EXPECT_EQ(record().left(5), "MIS03");
+  for (const char* uno : {"MIS01", "MIS02", "MIS03"})
+    EXPECT_EQ(vista.ricevuti.count(uno), 1) << "the log has all that came: " << uno;
+}
+
+TEST_F(Canale, LaFineDiUnDumpCheNessunoHaLettoNonFinisceQuelloDopo) {
+  KeysTill cassa([&](const std::string& tasti) {
+    return KeysAnswer{0, {(tasti == "1" ? "vecchio" : "nuovo") + chiocciole(46)}};
+  });
+  collega(cassa.address());
+  EXPECT_EQ(auxcmd::InviaXonXoff(0, vista, QStringLiteral("1"), program.contesto), 0);
+  ASSERT_TRUE(arrivata());
+  apriDump();
+  EXPECT_EQ(chiedi(QStringLiteral("X\"000101991201\"10F")), 0);
+  EXPECT_EQ(dump(), blocco("nuovo" + chiocciole(46)) + kFine);
 }
 
 // A command without an answer

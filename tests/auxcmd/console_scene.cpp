@@ -19,13 +19,17 @@ const QString kMenu = QStringLiteral("start");
 /// Stands in for the menu, and counts how often it is brought to the front.
 class Menu : public QWidget {
  public:
-  explicit Menu(int& shown) : shown_(shown) { setObjectName(kMenu); }
+  Menu(int& shown, std::int32_t& link) : shown_(shown), link_(link) { setObjectName(kMenu); }
 
  protected:
-  void showEvent(QShowEvent* /*event*/) override { ++shown_; }
+  void showEvent(QShowEvent* /*event*/) override {
+    ++shown_;
+    link_ = commonForKora().hConnXonXoff;
+  }
 
  private:
   int& shown_;
+  std::int32_t& link_;
 };
 
 }  // namespace
@@ -38,7 +42,7 @@ ConsoleScene::ConsoleScene() {
   program.screens.registra<Form_Help_CodiciErrori>();
   program.screens.registra<Form_Test>();
   auxcmd::registraBanchi(program.screens);
-  program.screens.registra(kMenu, [this](Contesto&) { return new Menu(menusShown); });
+  program.screens.registra(kMenu, [this](Contesto&) { return new Menu(menusShown, linkAtMenu); });
   program.screens.carica(kMenu, program.contesto).hide();
 }
 

@@ -63,4 +63,6 @@ class ConsoleScene : public ApplicationFolder, public testing::Test {
   ProgramFixture program{QStringLiteral(GESTIONALE_APP), cartella_.path()};
   Steps steps;
   int menusShown = 0;
+  /// The key-sequence connection at the moment when the menu was shown last.
+  std::int32_t linkAtMenu = -1;
 };

@@ -2,9 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QFontInfo>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
+#include <QTimer>
+#include <algorithm>
+#include <cmath>
 
+#include "controls/palette.h"
 #include "sostegno/fixed_clock.h"
 
 namespace {
@@ -22,10 +31,27 @@ class RegistroDellaLinea : public testing::Test {
 
   QStringList righe() { return registro.toPlainText().split(u'\n'); }
   void annota(Verso verso, const QByteArray& byte) { registro.annota(verso, byte); }
+  QColor colore(int riga) {
+    const auto formati = registro.document()->findBlockByNumber(riga).layout()->formats();
+    return formati.isEmpty() ? QColor() : formati.first().format.foreground().color();
+  }
 
   FixedClock orologio;
   RegistroLinea registro;
 };
+
+/// Of two colours, 1 to 21, as the guidelines for readable screens have it.
+double contrasto(const QColor& uno, const QColor& altro) {
+  const auto luce = [](const QColor& colore) {
+    const auto parte = [](double valore) {
+      return valore <= 0.03928 ? valore / 12.92 : std::pow((valore + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * parte(colore.redF()) + 0.7152 * parte(colore.greenF()) + 0.0722 * parte(colore.blueF());
+  };
+  const double alta = std::max(luce(uno), luce(altro));
+  const double bassa = std::min(luce(uno), luce(altro));
+  return (alta + 0.05) / (bassa + 0.05);
+}
 
 }  // namespace
 
@@ -41,6 +67,30 @@ TEST_F(RegistroDellaLinea, QuelloCheArrivaACaratteriStaInUnaRigaDopoUnaPausa) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return !registro.toPlainText().isEmpty(); }));
   EXPECT_EQ(registro.toPlainText(),
             QStringLiteral("09:05:01.000  ← ricevuto  SC.1                      53 43 2e 31"));
+}
+
+TEST_F(RegistroDellaLinea, LeRigheCheArrivanoSiMostranoInsiemeAlBattito) {
+  int cambi = 0;
+  QObject::connect(&registro, &QPlainTextEdit::textChanged, &registro, [&] { ++cambi; });
+  for (int i = 0; i < 50 * 24; ++i) annota(Verso::Ricevuto, "x");
+  EXPECT_EQ(registro.toPlainText(), QString()) << "not before the beat";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !registro.toPlainText().isEmpty(); }));
+  EXPECT_EQ(righe().size(), 50);
+  EXPECT_LE(cambi, 2) << "one change of the text for all of them";
+}
+
+TEST_F(RegistroDellaLinea, UnaRigaAMetaAspettaLaPausaELeIntereNo) {
+  int senzaPausa = 0;
+  QTimer goccia;
+  QObject::connect(&goccia, &QTimer::timeout, &goccia, [&] {
+    annota(Verso::Ricevuto, senzaPausa++ == 0 ? QByteArray(30, 'a') : QByteArray("b"));
+    if (!registro.toPlainText().isEmpty()) goccia.stop();
+  });
+  goccia.start(20);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !registro.toPlainText().isEmpty(); }));
+  ASSERT_EQ(righe().size(), 1) << "the half one may still become whole";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return righe().size() == 2; }));
+  EXPECT_TRUE(righe()[1].contains(QStringLiteral("aaaaaab"))) << righe()[1].toStdString();
 }
 
 TEST_F(RegistroDellaLinea, UnVersoNuovoChiudeLaRigaDiPrima) {
@@ -102,4 +152,44 @@ TEST_F(RegistroDellaLinea, NonSiScriveEIlTabulatoreEsce) {
   QTest::keyClicks(&registro, QStringLiteral("x"));
   EXPECT_EQ(registro.toPlainText(), QString());
   EXPECT_TRUE(registro.tabChangesFocus());
+}
+
+TEST_F(RegistroDellaLinea, InviatoRicevutoEGuastoHannoColoriDiversiCheSiLeggono) {
+  const QPalette prima = QApplication::palette();
+  const auto rimetti = qScopeGuard([&] { QApplication::setPalette(prima); });
+  annota(Verso::Inviato, "1R");
+  annota(Verso::Ricevuto, "ok");
+  annota(Verso::Guasto, "linea interrotta");
+  for (const bool scuro : {false, true}) {
+    const style::Tints& tinte = style::tints(scuro);
+    registro.setPalette(style::palette(tinte));
+    ASSERT_EQ(righe().size(), 3);
+    const QList<QColor> colori{colore(0), colore(1), colore(2)};
+    EXPECT_NE(colori[0], colori[1]);
+    EXPECT_NE(colori[1], colori[2]);
+    EXPECT_NE(colori[0], colori[2]);
+    for (const QColor& uno : colori) {
+      EXPECT_GE(contrasto(uno, tinte.paper), 4.5) << scuro << uno.name().toStdString();
+      EXPECT_GE(contrasto(uno, tinte.emphasis), 4.5) << scuro << uno.name().toStdString();
+    }
+  }
+}
+
+TEST_F(RegistroDellaLinea, LeColonneStannoInFila) {
+  EXPECT_TRUE(QFontInfo(registro.font()).fixedPitch());
+  EXPECT_EQ(registro.fontMetrics().horizontalAdvance(QStringLiteral("iiii")),
+            registro.fontMetrics().horizontalAdvance(QStringLiteral("WWWW")));
+}
+
+TEST_F(RegistroDellaLinea, SiVedonoAlmenoOttoRighe) {
+  EXPECT_GE(registro.minimumSizeHint().height(), 8 * registro.fontMetrics().lineSpacing());
+}
+
+TEST_F(RegistroDellaLinea, UnFiumeSenzaFineRestaDentroISuoiLimiti) {
+  const QByteArray blocco(1024, 'x');
+  for (int i = 0; i < 100 * 1024; ++i) annota(Verso::Ricevuto, blocco);
+  registro.completa();
+  // Four blocks are 171 lines; the number of the rest is the last.
+  EXPECT_EQ(righe().size(), 172);
+  EXPECT_EQ(righe().last(), QStringLiteral("09:05:01.000  ← ricevuto  … e altri 104.853.504 byte"));
 }

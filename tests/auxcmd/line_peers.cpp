@@ -217,14 +217,16 @@ bool KeysTill::keys(const ecrcom::Socket& connection, const ecrcom::Frame& frame
   }
   const KeysAnswer answer = answers_ ? answers_(sequence) : KeysAnswer{};
   if (!reply(connection, frame.header, answer.code, {})) return false;
+  qsizetype place = 0;
   for (const QByteArray& block : answer.blocks) {
+    if (answer.before) answer.before(place++);
     ecrcom::Header head;
     head.kind = ecrcom::FrameType::KeysReply;
     if (ecrcom::dispatch(connection,
                          ecrcom::compose(head, ecrcom::byteOf({block.constData(),
                                                                static_cast<std::size_t>(block.size())})),
                          ecrcom::within(kLimit)) != ecrcom::IoResult::Done)
-      return false;
+      break;  // a PC that has gone: the next reading tells
   }
   return !answer.cut;
 }

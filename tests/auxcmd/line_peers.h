@@ -77,6 +77,8 @@ struct KeysAnswer {
   QByteArrayList blocks{};
   /// The line is cut behind that.
   bool cut = false;
+  /// Called before each block, in the till's thread, with its place among them.
+  std::function<void(qsizetype)> before{};
 };
 
 /// A till on the network that takes key sequences and answers them as a test says: one that nobody sells.

@@ -5,6 +5,7 @@
 #include "auxcmd/channel.h"
 #include "auxcmd/console_scene.h"
 #include "auxcmd/serial_line.h"
+#include "devices/keyboard_scene.h"
 #include "platform/error.h"
 
 namespace {
@@ -102,11 +103,11 @@ TEST_F(FileScript, LAperturaRifiutataFinisceConUnoELeRigheNonVanno) {
                                           "stato attuale della cassa"))});
 }
 
-TEST_F(FileScript, UnaRigaRifiutataFermaLeAltreESiDiceUnaVoltaSola) {
+TEST_F(FileScript, UnaRigaRifiutataSiDiceELeAltreVannoLoStesso) {
   KeysTill cassa([](const std::string& sequenza) { return KeysAnswer{sequenza == "2R" ? 19 : 0, {}}; });
   collega(cassa);
   EXPECT_EQ(auxcmd::InviaFileXonXoff(script("1R\n2R\n3R\n"), vista, program.contesto), 1);
-  EXPECT_EQ(cassa.sequences(), texts({"", "1R", "2R"}));
+  EXPECT_EQ(cassa.sequences(), texts({"", "1R", "2R", "3R"}));
   expectBoxes(
       program,
       {criticalBox(QStringLiteral("Errore nella comunicazione con ECR: Sequenza di tasti non accettata"))});
@@ -177,4 +178,22 @@ TEST_F(FileScript, UnoScriptCheMancaSiDiceColSuoPercorso) {
                                  .arg(cartella_.path())
                                  .arg(numero))});
   }
+}
+
+TEST_F(FileScript, UnoScriptDelProgrammaNonLasciaRisposteCheNessunoLegge) {
+  TestTill cassa;
+  programTill(cassa);
+  commonForKora().IP_ECR = cassa.address();
+  commonForKora().hConnXonXoff = program.library.ecr_conn_xonxoff_ntw(cassa.address().toLatin1());
+  ASSERT_GT(commonForKora().hConnXonXoff, 0);
+  for (const char* nome : {"test1.txt", "test2.txt", "test3.txt", "test_invio.txt"}) {
+    const QString script = QStringLiteral(GESTIONALE_APP "/TEST_XON_XOFF/") + QLatin1String(nome);
+    EXPECT_EQ(auxcmd::InviaFileXonXoff(script, vista, program.contesto), 0);
+    EXPECT_FALSE(cassa->error()) << nome;
+  }
+  cassa->press("1R");
+  // The state that comes back is the one of now, not of some line of a script.
+  EXPECT_EQ(auxcmd::InviaRiceviXonXoff(0, vista, QStringLiteral("X89F"), program.contesto), 0);
+  const auto& stato = varGestionePRG().StatoECR;
+  EXPECT_EQ(std::string(stato.begin(), stato.end()), cassa->press("X89F"));
 }
