@@ -411,15 +411,13 @@ TEST(LunghezzeDiClasse, LaCassaPiccolaNonLeggeLaCodaDiUnaGrande) {
   }
 }
 
-TEST_F(Comandi, LaGraficaSiAccettaDiOgniLunghezzaMaNonVuota) {
+TEST_F(Comandi, UnaGraficaDiByteQualsiasiSiRifiutaDiOgniLunghezza) {
   EXPECT_EQ(comando(ECR_OPEN_MODE), kDone);
-  for (const int byte : {1, 100000}) {
+  for (const int byte : {0, 1, 1008, 100000}) {
     cartella.write(QStringLiteral("bitmap.bin"), QByteArray(byte, 'b'));
-    EXPECT_EQ(comando(ECR_SEND_MODE, "bitmap.bin"), kDone) << byte;
+    EXPECT_EQ(comando(ECR_SEND_MODE, "bitmap.bin"), kBadLength) << byte;
   }
-  cartella.write(QStringLiteral("bitmap.bin"), "");
-  EXPECT_EQ(comando(ECR_SEND_MODE, "bitmap.bin"), kBadLength);
-  EXPECT_EQ(cassa.byte(QStringLiteral("bitmap.bin")).size(), 100000);
+  EXPECT_FALSE(cassa.exists(QStringLiteral("bitmap.bin")));
 }
 
 TEST_F(Comandi, UnaMemoriaNonScrivibileDaUnCodiceSuo) {
