@@ -14,9 +14,59 @@ QString text(sqlite3_stmt* sentence, int column) {
   return QString::fromUtf8(byte, sqlite3_column_bytes(sentence, column));
 }
 
-QString amount(sqlite3_stmt* sentence, int column) {
-  return QString::number(sqlite3_column_int(sentence, column) / 100.0, 'f', 2);
+QString amount(std::int64_t cents) {
+  return QString::number(static_cast<double>(cents) / 100.0, 'f', 2);
 }
+
+/// The rows of a query as texts, one behind the other.
+class Reading {
+ public:
+  Reading(sqlite3_stmt* sentence, const std::vector<int>& amounts, int runs)
+      : sentence_(sentence), runs_(runs), sums_(static_cast<std::size_t>(columns())), inCents_(sums_.size()) {
+    for (const int column : amounts) inCents_[static_cast<std::size_t>(column)] = true;
+  }
+
+  std::vector<QString> cells() {
+    while (sqlite3_step(sentence_) == SQLITE_ROW) {
+      if (runs_ != PlainList::kNone) breakBefore(text(sentence_, runs_));
+      row();
+    }
+    if (runs_ != PlainList::kNone && !cells_.empty()) sums();
+    return std::move(cells_);
+  }
+  int columns() const { return sqlite3_column_count(sentence_); }
+
+ private:
+  void row() {
+    for (std::size_t i = 0; i < sums_.size(); ++i) {
+      const int column = static_cast<int>(i);
+      if (!inCents_[i]) {
+        cells_.push_back(text(sentence_, column));
+        continue;
+      }
+      const std::int64_t cents = sqlite3_column_int64(sentence_, column);
+      sums_[i] += cents;
+      cells_.push_back(amount(cents));
+    }
+  }
+  void breakBefore(const QString& run) {
+    if (!cells_.empty() && run != run_) sums();
+    run_ = run;
+  }
+  void sums() {
+    for (std::size_t i = 0; i < sums_.size(); ++i) {
+      cells_.push_back(inCents_[i] ? amount(sums_[i]) : QString());
+      sums_[i] = 0;
+    }
+  }
+
+  sqlite3_stmt* sentence_;
+  int runs_;
+  QString run_;
+  std::vector<std::int64_t> sums_;
+  std::vector<bool> inCents_;
+  std::vector<QString> cells_;
+};
 
 }  // namespace
 
@@ -49,17 +99,12 @@ PlainList::PlainList() {
   view_.setModel(&model_);
 }
 
-void PlainList::fill(base::Sqlite& sqlite, const char* sql, const std::vector<int>& amounts) {
+void PlainList::fill(base::Sqlite& sqlite, const char* sql, const std::vector<int>& amounts, int runs) {
   sqlite3_stmt* sentence = sqlite.prepare(sql);
-  const int columns = sqlite3_column_count(sentence);
-  std::vector<bool> inCents(static_cast<std::size_t>(columns));
-  for (const int column : amounts) inCents[static_cast<std::size_t>(column)] = true;
-  std::vector<QString> cells;
-  while (sqlite3_step(sentence) == SQLITE_ROW)
-    for (int i = 0; i < columns; ++i)
-      cells.push_back(inCents[static_cast<std::size_t>(i)] ? amount(sentence, i) : text(sentence, i));
+  Reading reading(sentence, amounts, runs);
+  std::vector<QString> cells = reading.cells();
   sqlite3_reset(sentence);
-  model_.take(std::move(cells), columns);
+  model_.take(std::move(cells), reading.columns());
 }
 
 void PlainList::show() {

@@ -15,13 +15,16 @@ class PlainList {
   PlainList();
 
   /// Reads the rows of a query, amounts in hundredths through two decimals, and hands them to the view.
-  /// `amounts` are the columns of amounts.
-  void fill(base::Sqlite& sqlite, const char* sql, const std::vector<int>& amounts);
+  /// `amounts` are the columns of amounts. Behind each run of rows with one text in column `runs`, if there
+  /// is one, a row with the sums of the amounts.
+  void fill(base::Sqlite& sqlite, const char* sql, const std::vector<int>& amounts, int runs = kNone);
   /// Shows the view and lets it paint.
   void show();
   /// Every row as a line of its cells parted by ";", CR LF behind each, single bytes.
   void write(const std::string& file) const;
   int rows() const { return model_.rowCount({}); }
+
+  static constexpr int kNone = -1;
 
  private:
   class Model : public QAbstractTableModel {

@@ -1,4 +1,3 @@
-#include <QLocale>
 #include <algorithm>
 
 #include "demo/archive_expectations.h"
@@ -16,10 +15,6 @@ const QString kExported = QStringLiteral("articoli-esportati.csv");
 const QString kExportedSales = QStringLiteral("venduto.csv");
 const char* const kSearchedStart = "yogurt";
 constexpr std::int32_t kCorrectedPrice = 123;  // hundredths
-
-char decimalSign() {
-  return QLocale().decimalPoint().at(0).toLatin1();
-}
 
 Director::When after(const QString& closed) {
   return [closed] { return window(closed) == nullptr && on(kWork, QStringLiteral("Cmd_Venduto")); };

@@ -14,6 +14,7 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
+#include <QThread>
 #include <cstdio>
 #include <stdexcept>
 
@@ -78,7 +79,7 @@ void Director::fail(const QString& reason) {
 // and the step may open a modal loop in which the next steps must go on.
 void Director::beat() {
   // In the middle of a command hands are of no use: what they do is eaten.
-  if (running_ || BusyGuard::active()) return;
+  if (running_ || BusyGuard::active() || leaving()) return;
   if (steps_.empty()) {
     clock_.stop();
     QApplication::exit(outcome_);
@@ -97,11 +98,22 @@ void Director::beat() {
 
 void Director::perform(const Step& step) {
   running_ = false;
+  const int level = QThread::currentThread()->loopLevel();
+  const QPointer<QWidget> front = QApplication::activeModalWidget();
+  const bool open = front && front->isVisible();
   try {
     step.action();
   } catch (const std::exception& exception) {
     fail(step.name + QStringLiteral(": ") + QString::fromLocal8Bit(exception.what()));
   }
+  if (!open || (front && front->isVisible())) return;
+  left_ = level;
+  below_ = QApplication::activeModalWidget();
+}
+
+bool Director::leaving() const {
+  return left_ > 0 && QThread::currentThread()->loopLevel() >= left_ &&
+         QApplication::activeModalWidget() == below_;
 }
 
 QWidget* window(const QString& name) {
@@ -231,4 +243,10 @@ void closeBox() {
   auto* button = box == nullptr ? nullptr : box->findChild<QAbstractButton*>();
   if (button == nullptr) throw std::runtime_error("no box");
   QTest::mouseClick(button, Qt::LeftButton);
+}
+
+void refuseBox() {
+  QWidget* box = front("QMessageBox");
+  if (box == nullptr) throw std::runtime_error("no box");
+  QTest::keyClick(box, Qt::Key_Escape);
 }

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QTimer>
@@ -36,11 +37,17 @@ class Director : public QObject {
 
   void beat();
   void perform(const Step& step);
+  /// Whether the loop of a dialog that is closed has not been left yet, and with it the command that opened
+  /// it has not gone on.
+  bool leaving() const;
 
   std::deque<Step> steps_;
   QTimer clock_;
   QElapsedTimer wait_;
   bool running_ = false;
+  /// Level of that loop, 0 for none, and the dialog below it.
+  int left_ = 0;
+  QPointer<QWidget> below_;
   int outcome_ = 0;
 };
 
@@ -73,3 +80,5 @@ bool acceptableFile();
 void acceptFile();
 /// Clicks the first button of the box in front.
 void closeBox();
+/// Leaves the box in front by its Esc key.
+void refuseBox();

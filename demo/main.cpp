@@ -2,6 +2,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <cstdio>
 #include <exception>
 
@@ -17,27 +18,46 @@ QString ownAddress() {
   return QStringLiteral("127.0.%1.21").arg(1 + QCoreApplication::applicationPid() % kNetworks);
 }
 
+/// Of the play's own application folder.
+const QString kProgram = QStringLiteral("programma");
+
 /// Takes away what an earlier play left, and nothing else.
 bool clean(QDir folder) {
-  const QStringList ours{QStringLiteral("[0-9][0-9]-*.png"), QStringLiteral("articoli*.csv"),
-                         QStringLiteral("articoli*.log"),    QStringLiteral("venduto*.csv"),
-                         QStringLiteral("negozio.mdb*"),     QStringLiteral("*.bin"),
-                         QStringLiteral("configurazione*")};
+  const QStringList ours{
+      QStringLiteral("[0-9][0-9]-*.png"), QStringLiteral("articoli*.csv"), QStringLiteral("articoli*.log"),
+      QStringLiteral("venduto*.csv"),     QStringLiteral("negozio.mdb*"),  QStringLiteral("*.bin"),
+      QStringLiteral("configurazione*"),  QStringLiteral("clienti*.csv"),  QStringLiteral("clienti.mdb*"),
+      QStringLiteral("fatture*.csv"),     QStringLiteral("DGFE_*.txt")};
   bool done = true;
   for (const QString& name : folder.entryList(ours, QDir::Files)) done = folder.remove(name) && done;
   QDir till(folder.filePath(QStringLiteral("cassa")));
   const QStringList tills{QStringLiteral("*.bin"), QStringLiteral("giornale.txt"),
                           QStringLiteral("memoria_fiscale.txt"), QStringLiteral("contatori.txt")};
   for (const QString& name : till.entryList(tills, QDir::Files)) done = till.remove(name) && done;
+  QDir links(folder.filePath(kProgram));
+  for (const QFileInfo& one : links.entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot))
+    if (one.isSymLink() || one.fileName().startsWith(QStringLiteral("DGFE_")))
+      done = links.remove(one.fileName()) && done;
   return done;
 }
 
-/// The folder with the article list in it, the current one from now on.
+/// The application folder seen from a place of this play's own: the console leaves its files there, named by
+/// the second, and another play may do so too.
+bool linkApplication(const QString& application, const QString& place) {
+  bool done = QDir().mkpath(place);
+  for (const QString& name : QDir(application).entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
+    done = QFile::link(application + QLatin1Char('/') + name, place + QLatin1Char('/') + name) && done;
+  return done;
+}
+
+/// The folder with the article list and the customers in it, the current one from now on.
 bool prepare(const QString& folder, const QString& application) {
   return QDir().mkpath(folder) && clean(QDir(folder)) &&
          QFile::copy(application + QStringLiteral("/articoli.csv"),
                      folder + QStringLiteral("/articoli.csv")) &&
-         QDir::setCurrent(folder);
+         QFile::copy(application + QStringLiteral("/clienti_esempio.mdb"),
+                     folder + QStringLiteral("/clienti.mdb")) &&
+         linkApplication(application, folder + QLatin1Char('/') + kProgram) && QDir::setCurrent(folder);
 }
 
 }  // namespace
@@ -65,12 +85,13 @@ int main(int argc, char** argv) {
     return 1;
   }
   try {
-    prepareApplication(application, app);
-    Program program(app);
+    const QString own = here + QLatin1Char('/') + kProgram;
+    prepareApplication(application, own);
+    Program program(own);
     program.showMenu();
     ExternalTill till(app + QStringLiteral("/ecrsim"), options.value(address),
                       here + QStringLiteral("/cassa"));
-    return Road({app, here}, till).walk();
+    return Road({own, here}, till).walk();
   } catch (const std::exception& exception) {
     std::fprintf(stderr, "ERRORE: %s\n", exception.what());
     return 1;

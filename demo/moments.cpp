@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLocale>
 #include <QWidget>
 
 Director::When visible(const QString& name) {
@@ -20,4 +21,8 @@ Director::When enabled(const QString& windowName, const QString& name) {
 
 std::filesystem::path path(const QString& name) {
   return QFile::encodeName(name).toStdString();
+}
+
+char decimalSign() {
+  return QLocale().decimalPoint().at(0).toLatin1();
 }

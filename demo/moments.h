@@ -17,3 +17,5 @@ bool on(const QString& windowName, const QString& name);
 Director::When enabled(const QString& windowName, const QString& name);
 
 std::filesystem::path path(const QString& name);
+/// Of amounts, as the screens show and export them.
+char decimalSign();

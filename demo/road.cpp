@@ -46,6 +46,8 @@ int Road::walk() {
   salesArchive();
   backToWork();
   configuration();
+  customers();
+  auxiliary();
   farewell();
   return director_.run();
 }

@@ -2,17 +2,20 @@
 
 #include <QElapsedTimer>
 #include <QString>
+#include <vector>
 
 #include "demo/director.h"
 #include "demo/external_till.h"
+#include "demo/reread_customers.h"
 
 /// The main road: new archive, article list in, archive to the till, a day at the till, its sales back and
-/// cleared, then both archives looked at, corrected and exported. Every figure that it prints is compared
-/// with what the till holds; a difference ends it with 1.
+/// cleared, then both archives looked at, corrected and exported; a configuration edited and sent; customers
+/// sent, their invoices received and listed; the till read and tried from the console. Every figure that it
+/// prints is compared with what the till holds; a difference ends it with 1.
 class Road {
  public:
   struct Places {
-    /// Application folder: ecrsim, sample articles.
+    /// Application folder, where the console leaves its file.
     QString application;
     /// Where archive, till memory and pictures are left.
     QString folder;
@@ -47,6 +50,23 @@ class Road {
   void save(const QString& command, const QString& what);
   void compareConfiguration();
   void sendConfiguration();
+  void customers();
+  void addCustomer();
+  void sendCustomers();
+  void clearInvoices();
+  void anEveningOfInvoices();
+  void receiveInvoices();
+  void completeCustomer();
+  void listInvoices();
+  RereadCustomers customerArchive() const;
+  /// The archive of the customers is `customers_` and `issued_`.
+  void compareCustomers(const QString& what);
+  void auxiliary();
+  void readState();
+  void dumpJournal();
+  void compareJournal();
+  void pressCannedKeys();
+  void keepJournal();
   void farewell();
   void backToWork();
 
@@ -75,5 +95,12 @@ class Road {
   QString receivedDay_;
   /// Slot of the article that was corrected, from 1.
   int corrected_ = 0;
+  /// What the archive of the customers has to hold, and the invoices of the evening.
+  std::vector<expectations::Customer> customers_;
+  std::vector<expectations::Invoice> issued_;
+  /// Code of the customer who was completed.
+  int completed_ = 0;
+  /// Name of the file that the console made.
+  QString journal_;
   int photo_ = 0;
 };

@@ -20,6 +20,11 @@
 #include "controls/svg_icon.h"
 #include "core/menu.h"
 #include "core/state.h"
+#include "customers/Form_AnagraficaClienti.h"
+#include "customers/Form_ArchivioFattureClienti.h"
+#include "customers/Form_GestioneClienti.h"
+#include "customers/Form_RicezioneClienti.h"
+#include "customers/Form_TrasferimentoClienti.h"
 #include "editors/Form_GestioneCodiceTastiera.h"
 #include "editors/Form_IVA.h"
 #include "editors/Form_Negozio.h"
@@ -30,6 +35,7 @@
 #include "editors/Form_Valuta.h"
 #include "editors/MDIForm_PRG.h"
 #include "editors/frmTastiOpzione.h"
+#include "graphics/Form_Grafica.h"
 #include "platform/clock.h"
 #include "platform/net/network.h"
 #include "platform/ui/double_click.h"
@@ -86,6 +92,11 @@ Program::Program(const QString& folder)
   screens_.registra<Form_GestioneCodiceTastiera>();
   screens_.registra<frmTastiOpzione>();
   screens_.registra<Form_TrasferimentoProgrammazione>();
+  screens_.registra<Form_GestioneClienti>();
+  screens_.registra<Form_AnagraficaClienti>();
+  screens_.registra<Form_ArchivioFattureClienti>();
+  screens_.registra<Form_TrasferimentoClienti>();
+  screens_.registra<Form_RicezioneClienti>();
   screens_.registra<Form_Comandi_XONXOFF>();
   screens_.registra<Form_STATO_ECR>();
   screens_.registra<Form_ATTESA_MF_DGFE>();
@@ -93,12 +104,14 @@ Program::Program(const QString& folder)
   screens_.registra<Form_Help_CodiciErrori>();
   screens_.registra<Form_Test>();
   auxcmd::registraBanchi(screens_);
+  screens_.registra<Form_Grafica>();
   registraSchermateMancanti(screens_);
 }
 
 Program::~Program() {
   screens_.scaricaTutte();
   varGlobal().DB_Articoli = {};
+  varGlobal().DB_Clienti = {};
 }
 
 QWidget& Program::showMenu() {

@@ -1,5 +1,5 @@
-// Makes a template database of a readable source: crea_modello <source.sql> <target>. The target is replaced
-// whole or not at all.
+// Makes a database of readable sources, which follow each other: crea_modello <source.sql>... <target>. The
+// target is replaced whole or not at all.
 
 #include <sqlite3.h>
 
@@ -37,24 +37,28 @@ bool create(const std::string& source, const std::string& target) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::cerr << "crea_modello <source.sql> <target>\n";
+  if (argc < 3) {
+    std::cerr << "crea_modello <source.sql>... <target>\n";
     return 2;
   }
-  std::ifstream entered(argv[1], std::ios::binary);
-  if (!entered) {
-    std::cerr << argv[1] << ": not readable\n";
-    return 1;
+  const std::string target = argv[argc - 1];
+  std::string source;
+  for (int i = 1; i < argc - 1; ++i) {
+    std::ifstream entered(argv[i], std::ios::binary);
+    if (!entered) {
+      std::cerr << argv[i] << ": not readable\n";
+      return 1;
+    }
+    source.append(std::istreambuf_iterator<char>(entered), {});
   }
-  const std::string source{std::istreambuf_iterator<char>(entered), {}};
-  const std::string temporary = std::string(argv[2]) + ".nuovo";
+  const std::string temporary = target + ".nuovo";
   std::error_code errors;
   std::filesystem::remove(temporary, errors);
   if (!create(source, temporary)) {
     std::filesystem::remove(temporary, errors);
     return 1;
   }
-  std::filesystem::rename(temporary, argv[2], errors);
-  if (errors) std::cerr << argv[2] << ": " << errors.message() << '\n';
+  std::filesystem::rename(temporary, target, errors);
+  if (errors) std::cerr << target << ": " << errors.message() << '\n';
   return errors ? 1 : 0;
 }
