@@ -416,7 +416,7 @@ void Form_AnagraficaClienti::fatture() {
 void Form_AnagraficaClienti::on_Vmd_Cerca_clicked() {
   esegui("Vmd_Cerca_Click", [this] {
     CercaClienti(*ui_->MSFlexGridClienti, campi(), contesto());
-    mostraQuanti();
+    raccontaElenco();
     seguiCampi();
   });
 }

@@ -152,7 +152,7 @@ const QList<Significato> kSignificati{
     {"upload", "manda alla cassa",
      "Cmd_Down Cmd_Avvio Cmd_Invia Form_TrasferimentoArticoli Form_TrasferimentoClienti"},
     {"users", "i clienti", "Label7 Picture1 Cmd_AnagraficaClienti"},
-    {"x", "vuota", "Cmd_Reset"},
+    {"x", "vuota", "Cmd_Reset clear"},
 };
 
 }  // namespace

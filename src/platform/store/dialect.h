@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -12,13 +13,16 @@
 namespace store {
 
 /// What the translator has to know of a database: the columns on which a prefix LIKE may become a range, and
-/// those of date and time.
+/// those of date and time, by name and by their place in a table.
 class Dictionary {
  public:
   void add(std::string_view column);
   bool prefix(std::string_view column) const;
   void addMoment(std::string_view column);
   bool moment(std::string_view column) const;
+  /// That the column at a place of a table, from 0, is one of date and time.
+  void addMomentAt(std::string_view table, std::size_t place);
+  bool momentAt(std::string_view table, std::size_t place) const;
   void clear();
 
  private:
@@ -28,6 +32,7 @@ class Dictionary {
   };
   std::set<std::string, Order> columns_;
   std::set<std::string, Order> moments_;
+  std::map<std::string, std::set<std::size_t>, Order> momentPlaces_;
 };
 
 /// A literal lifted out of a statement.

@@ -17,6 +17,8 @@ struct Column {
   std::string table;
   std::string name;
   std::string kind;
+  /// Among the columns of its table, from 0.
+  std::size_t place = 0;
   bool leadsIndex = false;
 };
 
@@ -36,14 +38,16 @@ bool forEachRow(sqlite3* db, const char* sql, const std::function<void(sqlite3_s
 }
 
 constexpr char kColumns[] =
-    "SELECT m.name, c.name, c.type, EXISTS (SELECT 1 FROM pragma_index_list(m.name) AS l, "
+    "SELECT m.name, c.name, c.type, c.cid, EXISTS (SELECT 1 FROM pragma_index_list(m.name) AS l, "
     "pragma_index_xinfo(l.name) "
     "AS x WHERE x.seqno = 0 AND x.name = c.name AND x.coll = 'NOCASE' AND l.partial = 0) "
     "FROM main.sqlite_master AS m, pragma_table_info(m.name) AS c WHERE m.type = 'table' AND m.rootpage > 0";
 
 bool readColumns(sqlite3* db, std::vector<Column>& columns) {
   return forEachRow(db, kColumns, [&](sqlite3_stmt* row) {
-    columns.push_back({text(row, 0), text(row, 1), text(row, 2), sqlite3_column_int(row, 3) != 0});
+    columns.push_back({text(row, 0), text(row, 1), text(row, 2),
+                       static_cast<std::size_t>(sqlite3_column_int(row, 3)),
+                       sqlite3_column_int(row, 4) != 0});
   });
 }
 
@@ -68,6 +72,8 @@ void fillDictionary(sqlite3* db, const std::vector<Column>& columns, Dictionary&
     if (!IsDateType(column.kind)) otherKinds.add(column.name);
   for (const Column& column : columns)
     if (IsDateType(column.kind) && !otherKinds.prefix(column.name)) dictionary.addMoment(column.name);
+  for (const Column& column : columns)
+    if (IsDateType(column.kind)) dictionary.addMomentAt(column.table, column.place);
 }
 
 std::string quoted(const std::string& name) {

@@ -114,10 +114,16 @@ void Translator::token(const Token& token) {
   if (token.symbol == TokenKind::Data) return data(token);
   remember(token.integer);
   textParameter(content(token));
+  if (isWholeMomentValue()) {
+    // In its form at once: the guard of the column would write the row a second time.
+    write(kDateFunction);
+    return write("( ? )");
+  }
   write("?");
 }
 
 void Translator::word(const Token& token) {
+  values_.word();
   const bool nameOnly = afterPoint_ || wait_ == Wait::Name;
   const Keyword key = afterPoint_ ? Keyword::None : RecogniseKeyword(token.integer);
   if (key != Keyword::None) return keyword(key, token);
@@ -147,6 +153,9 @@ void Translator::keyword(Keyword word, const Token& token) {
     case Keyword::Update:
       wait_ = Wait::Name;
       break;
+    case Keyword::Values:
+      values_.begin();
+      break;
     case Keyword::Group:
     case Keyword::Order:
       columnPositions_ = true;
@@ -163,6 +172,7 @@ void Translator::keyword(Keyword word, const Token& token) {
 }
 
 void Translator::name(std::string_view name) {
+  if (previous_ == Keyword::Into) values_.into(name);
   if (!std::exchange(afterPoint_, false)) nameStart_ = outcome_.sql.size();
   lastName_ = name;
   previous_ = Keyword::None;
@@ -187,6 +197,7 @@ void Translator::function(const Token& token) {
 
 void Translator::operatore(const Token& token) {
   const char symbol = token.integer.front();
+  values_.sign(symbol);
   if (symbol == ';') return end(token);
   if (symbol == '.' && !lastName_.empty()) {
     afterPoint_ = true;
@@ -255,9 +266,19 @@ bool Dictionary::moment(std::string_view column) const {
   return moments_.find(column) != moments_.end();
 }
 
+void Dictionary::addMomentAt(std::string_view table, std::size_t place) {
+  momentPlaces_[std::string(table)].insert(place);
+}
+
+bool Dictionary::momentAt(std::string_view table, std::size_t place) const {
+  const auto found = momentPlaces_.find(table);
+  return found != momentPlaces_.end() && found->second.contains(place);
+}
+
 void Dictionary::clear() {
   columns_.clear();
   moments_.clear();
+  momentPlaces_.clear();
 }
 
 bool Dictionary::Order::operator()(std::string_view first, std::string_view second) const {

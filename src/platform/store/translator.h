@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/store/dialect.h"
+#include "platform/store/inserted_values.h"
 #include "platform/store/lexer.h"
 
 namespace store {
@@ -26,6 +27,7 @@ class Translator {
   void data(const Token& token);
   void like(const Token& token);
   bool momentComparison();
+  bool isWholeMomentValue();
   void end(const Token& token);
   void definitionToken(const Token& token);
 
@@ -52,6 +54,7 @@ class Translator {
   std::size_t nameStart_ = 0;
   std::string_view lastName_;
   bool afterPoint_ = false;
+  InsertedValues values_;
   /// Some value has shaped the translation, or was not taken as it stands.
   bool unrepeatable_ = false;
 };

@@ -42,4 +42,11 @@ bool Translator::momentComparison() {
   return true;
 }
 
+/// A text that is the whole value of a column of date and time in an INSERT without a list of columns.
+bool Translator::isWholeMomentValue() {
+  if (!values_.startsValue() || !dictionary_.momentAt(values_.table(), values_.place())) return false;
+  const char behind = lexer_.peek();
+  return behind == ',' || behind == ')';
+}
+
 }  // namespace store

@@ -116,6 +116,31 @@ TEST(Dialetto, UnAltroFormatoOUnaColonnaCheNonEUnMomentoRestanoComeSono) {
   }
 }
 
+// A moment goes in in the form that it is kept in: the column's guard has nothing left to write.
+TEST(Dialetto, UnMomentoInseritoVaSubitoNellaSuaForma) {
+  Dictionary dizionario;
+  dizionario.addMomentAt("Fatture", 1);
+  Translation traduzione;
+  Translate("INSERT INTO FATTURE VALUES (7,'05/03/24 10:20:30',-1,'x, (y)')", dizionario, traduzione);
+  EXPECT_EQ(traduzione.sql, "INSERT INTO [FATTURE] VALUES ( ? , data_ordinabile ( ? ) , - ? , ? ) ");
+  EXPECT_EQ(testi(traduzione), "7|'05/03/24 10:20:30'|1|'x, (y)'|");
+  EXPECT_TRUE(traduzione.reusable);
+}
+
+TEST(Dialetto, UnTestoCheNonEIlSoloValoreDiUnMomentoRestaComE) {
+  Dictionary dizionario;
+  dizionario.addMomentAt("Fatture", 1);
+  for (const std::string_view sorgente :
+       {"INSERT INTO Altre VALUES (7,'05/03/24')", "INSERT INTO Fatture VALUES ('05/03/24',7)",
+        "INSERT INTO Fatture (b,a) VALUES (7,'05/03/24')", "INSERT INTO Fatture VALUES (7,'05/03' & '/24')",
+        "INSERT INTO Fatture VALUES (7,trim('05/03/24'))", "INSERT INTO Fatture VALUES ((7),8,'05/03/24')",
+        "INSERT INTO Fatture VALUES (7,NOT '05/03/24')", "INSERT INTO Fatture SELECT 7,'05/03/24' FROM T"}) {
+    Translation traduzione;
+    Translate(sorgente, dizionario, traduzione);
+    EXPECT_EQ(traduzione.sql.find("data_ordinabile"), std::string::npos) << sorgente;
+  }
+}
+
 TEST(Dialetto, DeleteCascadeEDeleteAsterisco) {
   EXPECT_EQ(sql("Delete  cascade from T where a =1;"), "DELETE FROM [T] WHERE [a] = ? ");
   EXPECT_EQ(sql("DELETE * FROM T"), "DELETE FROM [T] ");
