@@ -10,9 +10,9 @@
 namespace {
 
 /// Nothing, after a box, where no folder of the program's files can be had.
-std::optional<QString> applicationFolder() {
+std::optional<QString> applicationFolder(const Cartelle& places) {
   try {
-    return CartellaApplicazione(CartelleDelSistema());
+    return CartellaApplicazione(places);
   } catch (const Errore& error) {
     DesktopUser(nullptr).MsgBox(error.descrizione, Icon::Critical);
     return std::nullopt;
@@ -23,11 +23,11 @@ std::optional<QString> applicationFolder() {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  const std::optional<QString> folder = applicationFolder();
+  const Cartelle places = CartelleDelSistema();
+  const std::optional<QString> folder = applicationFolder(places);
   if (!folder) return EXIT_FAILURE;
-  // The transfer files go to the current folder: started where it may not write, the program moves to its
-  // own.
-  if (!Scrivibile(QDir::currentPath())) QDir::setCurrent(*folder);
+  // The transfer files go to the current folder.
+  QDir::setCurrent(CartellaTrasferimenti(places, QDir::currentPath(), *folder));
   prepareApplication(application, *folder);
   Program program(*folder);
   program.showMenu();

@@ -6,8 +6,10 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QMap>
 #include <csignal>
 
 #include "platform/error.h"
@@ -38,8 +40,40 @@ struct Installato {
     }
     return 0;
   }
+  /// The same in a process that may write no file of more than 100000 bytes.
+  int numeroErroreAlDiscoPieno() const {
+    const pid_t figlio = ::fork();
+    if (figlio == 0) {
+      std::signal(SIGXFSZ, SIG_IGN);
+      const rlimit limite{100000, 100000};
+      ::setrlimit(RLIMIT_FSIZE, &limite);
+      ::_exit(numeroErrore());
+    }
+    int stato = 0;
+    return ::waitpid(figlio, &stato, 0) == figlio && WIFEXITED(stato) ? WEXITSTATUS(stato) : -1;
+  }
   bool riempita() const { return QFileInfo::exists(cartelle.dati); }
+
+  /// A share of these files, with its list of contents.
+  void installa(const QMap<QString, QByteArray>& file) const {
+    ASSERT_TRUE(QDir(cartelle.condivisa).removeRecursively());
+    QByteArray contenuto;
+    for (auto uno = file.cbegin(); uno != file.cend(); ++uno) {
+      ASSERT_TRUE(QFileInfo(condiviso(uno.key())).dir().mkpath(QStringLiteral(".")));
+      cartella.write(condiviso(uno.key()), uno.value());
+      contenuto += QCryptographicHash::hash(uno.value(), QCryptographicHash::Sha256).toHex() + "  " +
+                   uno.key().toUtf8() + '\n';
+    }
+    cartella.write(condiviso(QStringLiteral("contenuto.sha256")), contenuto);
+  }
+  static QString condiviso(const QString& nome) { return QStringLiteral("share/") + nome; }
+  static QString mio(const QString& nome) { return QStringLiteral("casa/dati/") + nome; }
+  QByteArray dellUtente(const QString& nome) const { return cartella.read(mio(nome)); }
 };
+
+const QString kLogo = QStringLiteral("Immagini GRAFICA/FestaPapà.bmp");
+const QString kIcona = QStringLiteral("icons/nuova.svg");
+const QString kModello = QStringLiteral("QzDB.bck");
 
 }  // namespace
 
@@ -84,19 +118,95 @@ TEST(CartellaApplicazione, UnResiduoDiUnRiempimentoInterrottoNonResta) {
 
 TEST(CartellaApplicazione, AlDiscoPienoNonRestaUnaCartellaAMeta) {
   const Installato installato;
-  const pid_t figlio = ::fork();
-  if (figlio == 0) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limite{100000, 100000};
-    ::setrlimit(RLIMIT_FSIZE, &limite);
-    ::_exit(installato.numeroErrore());
-  }
-  int stato = 0;
-  ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
-  ASSERT_TRUE(WIFEXITED(stato));
-  EXPECT_EQ(WEXITSTATUS(stato), errors::kDiskFull);
+  EXPECT_EQ(installato.numeroErroreAlDiscoPieno(), errors::kDiskFull);
   EXPECT_FALSE(installato.riempita());
   EXPECT_FALSE(QFileInfo::exists(installato.cartelle.dati + QStringLiteral(".nuova")));
+}
+
+TEST(CartellaApplicazione, InstallatoNonScriveAccantoAlProgrammaNemmenoDoveSiPuo) {
+  Installato installato;
+  installato.cartelle.programma = installato.cartella.path();
+  EXPECT_EQ(CartellaApplicazione(installato.cartelle), installato.cartelle.dati);
+}
+
+TEST(CartellaApplicazione, UnaCopiaPortatileAccantoAllaCartellaDellUtenteRestaPortatile) {
+  Installato installato;
+  installato.cartelle.programma = installato.cartella.path();
+  installato.cartelle.dati = installato.cartelle.condivisa;
+  EXPECT_EQ(CartellaApplicazione(installato.cartelle), installato.cartella.path());
+}
+
+TEST(CartellaApplicazione, UnaVersioneNuovaSostituisceCioCheLUtenteNonHaCambiato) {
+  const Installato installato;
+  installato.installa({{kModello, "modello 1"}, {kLogo, "logo 1"}});
+  CartellaApplicazione(installato.cartelle);
+  installato.installa({{kModello, "modello 2"}, {kLogo, "logo 2"}, {kIcona, "icona"}});
+  EXPECT_EQ(CartellaApplicazione(installato.cartelle), installato.cartelle.dati);
+  EXPECT_EQ(installato.dellUtente(kModello), "modello 2");
+  EXPECT_EQ(installato.dellUtente(kLogo), "logo 2");
+  EXPECT_EQ(installato.dellUtente(kIcona), "icona");
+}
+
+TEST(CartellaApplicazione, UnaVersioneNuovaLasciaCioCheLUtenteHaCambiato) {
+  const Installato installato;
+  installato.installa({{kModello, "modello 1"}, {kLogo, "logo 1"}});
+  CartellaApplicazione(installato.cartelle);
+  installato.cartella.write(Installato::mio(kLogo), "logo del negozio");
+  installato.cartella.write(Installato::mio(QStringLiteral("negozio.mdb")), "archivio");
+  for (const QByteArray& versione : {QByteArray("2"), QByteArray("3")}) {
+    installato.installa({{kModello, "modello " + versione}, {kLogo, "logo " + versione}});
+    CartellaApplicazione(installato.cartelle);
+    EXPECT_EQ(installato.dellUtente(kModello), "modello " + versione);
+    EXPECT_EQ(installato.dellUtente(kLogo), "logo del negozio");
+    EXPECT_EQ(installato.dellUtente(QStringLiteral("negozio.mdb")), "archivio");
+  }
+}
+
+TEST(CartellaApplicazione, UnFileNuovoNonCopreQuelloCheLUtenteHaGiaConQuelNome) {
+  const Installato installato;
+  installato.installa({{kModello, "modello 1"}});
+  CartellaApplicazione(installato.cartelle);
+  const QString prova = QStringLiteral("prova.txt");
+  installato.cartella.write(Installato::mio(prova), "mio");
+  installato.installa({{kModello, "modello 1"}, {prova, "installato"}});
+  CartellaApplicazione(installato.cartelle);
+  EXPECT_EQ(installato.dellUtente(prova), "mio");
+}
+
+TEST(CartellaApplicazione, UnFileCheMancaTornaAlSuoPosto) {
+  const Installato installato;
+  installato.installa({{kModello, "modello"}, {kLogo, "logo"}});
+  CartellaApplicazione(installato.cartelle);
+  ASSERT_TRUE(QDir(installato.cartelle.dati + QStringLiteral("/Immagini GRAFICA")).removeRecursively());
+  CartellaApplicazione(installato.cartelle);
+  EXPECT_EQ(installato.dellUtente(kLogo), "logo");
+}
+
+TEST(CartellaApplicazione, UnAggiornamentoInterrottoRiprendeAllAvvioDopo) {
+  const Installato installato;
+  installato.installa({{kModello, "modello 1"}, {kLogo, "logo 1"}});
+  CartellaApplicazione(installato.cartelle);
+  installato.installa({{kModello, "modello 2"}, {kLogo, "logo 2"}});
+  // As far as the first file: the list is the earlier one, a half copy of the second lies about.
+  installato.cartella.write(Installato::mio(kLogo), "logo 2");
+  installato.cartella.write(Installato::mio(kModello + QStringLiteral(".nuova")), "mod");
+  CartellaApplicazione(installato.cartelle);
+  EXPECT_EQ(installato.dellUtente(kModello), "modello 2");
+  EXPECT_EQ(installato.dellUtente(kLogo), "logo 2");
+  EXPECT_FALSE(QFileInfo::exists(installato.cartelle.dati + QStringLiteral("/QzDB.bck.nuova")));
+  const QString contenuto = QStringLiteral("contenuto.sha256");
+  EXPECT_EQ(installato.dellUtente(contenuto), installato.cartella.read(Installato::condiviso(contenuto)));
+}
+
+TEST(CartellaApplicazione, UnAggiornamentoAlDiscoPienoLasciaIlFileDiPrima) {
+  const Installato installato;
+  installato.installa({{kModello, "modello 1"}});
+  CartellaApplicazione(installato.cartelle);
+  installato.installa({{kModello, QByteArray(300000, 'q')}});
+  EXPECT_EQ(installato.numeroErroreAlDiscoPieno(), errors::kDiskFull);
+  EXPECT_EQ(installato.dellUtente(kModello), "modello 1");
+  EXPECT_EQ(CartellaApplicazione(installato.cartelle), installato.cartelle.dati) << "once there is room";
+  EXPECT_EQ(installato.dellUtente(kModello), QByteArray(300000, 'q'));
 }
 
 TEST(CartellaApplicazione, LaCondivisaStaAccantoAlProgramma) {
@@ -105,6 +215,21 @@ TEST(CartellaApplicazione, LaCondivisaStaAccantoAlProgramma) {
   EXPECT_EQ(cartelle.condivisa,
             QFileInfo(cartelle.programma).absolutePath() + QStringLiteral("/share/gestionale"));
   EXPECT_TRUE(cartelle.dati.endsWith(QStringLiteral("/gestionale"))) << cartelle.dati.toStdString();
+}
+
+TEST(CartellaTrasferimenti, QuellaCorrenteSeViSiScrive) {
+  const Installato installato;
+  EXPECT_EQ(CartellaTrasferimenti(installato.cartelle, installato.cartella.path(), QStringLiteral("/mia")),
+            installato.cartella.path());
+}
+
+TEST(CartellaTrasferimenti, QuellaDellApplicazioneDoveNonSiScriveODoveAvviaIlMenu) {
+  const Installato installato;
+  EXPECT_EQ(CartellaTrasferimenti(installato.cartelle, installato.cartella.file(QStringLiteral("niente")),
+                                  QStringLiteral("/mia")),
+            QStringLiteral("/mia"));
+  EXPECT_EQ(CartellaTrasferimenti(installato.cartelle, installato.cartelle.condivisa, QStringLiteral("/mia")),
+            QStringLiteral("/mia"));
 }
 
 TEST(Scrivibile, UnaCartellaAssenteNonLoE) {
