@@ -30,6 +30,11 @@ std::vector<expectations::Article> withCorrection(std::vector<expectations::Arti
 
 }  // namespace
 
+std::vector<expectations::Article> Road::articlesInArchive() const {
+  auto articles = expectations::readList(path(list_));
+  return corrected_ == 0 ? articles : withCorrection(std::move(articles), corrected_);
+}
+
 QString Road::inFolder(const QString& name) const {
   return places_.folder + QLatin1Char('/') + name;
 }
@@ -42,11 +47,10 @@ void Road::exportList(const QString& windowName, const QString& file, const QStr
 }
 
 void Road::articleArchive() {
-  director_.step(QStringLiteral("workspace after the reception"),
-                 after(QStringLiteral("Form_RicezioneVenduto")), [this] {
-                   stopwatch_.start();
-                   click(kWork, QStringLiteral("Cmd_Articoli"));
-                 });
+  director_.step(QStringLiteral("workspace after the reception"), after(kSalesReception), [this] {
+    stopwatch_.start();
+    click(kWork, QStringLiteral("Cmd_Articoli"));
+  });
   searchArticles();
   correctArticle();
   exportArticles();
@@ -99,7 +103,7 @@ void Road::correctArticle() {
 }
 
 void Road::compareCorrection() {
-  const auto expected = withCorrection(expectations::readList(path(list_)), corrected_);
+  const auto expected = articlesInArchive();
   const auto place = static_cast<std::size_t>(corrected_ - 1);
   const expectations::Article saved = rereadArchive(archive_).slot.at(place);
   require(saved.price == kCorrectedPrice && saved.ean == expected.at(place).ean &&
@@ -119,13 +123,13 @@ void Road::exportArticles() {
 
 void Road::compareArticleExport() {
   const std::string written = expectations::readFile(path(inFolder(kExported)));
-  const auto expected = withCorrection(expectations::readList(path(list_)), corrected_);
+  const auto expected = articlesInArchive();
   require(written == expectations::csvArticles(expected, decimalSign()), kExported);
   row(QStringLiteral("Byte esportati"), QString::number(written.size()));
 }
 
 void Road::salesArchive() {
-  director_.step(QStringLiteral("workspace after the articles"), after(kArticleArchive), [this] {
+  director_.step(QStringLiteral("workspace after the week"), after(kSalesReception), [this] {
     stopwatch_.start();
     click(kWork, QStringLiteral("Cmd_Venduto"));
   });
@@ -145,24 +149,21 @@ void Road::salesArchive() {
 }
 
 void Road::compareSalesList() {
-  const auto sold = expectations::readSales(path(inFolder(QStringLiteral("giornata.bin"))));
   const auto rows = cells(kSalesArchive, kSalesGrid);
-  require(static_cast<std::size_t>(rows.size()) == sold.size() + 2,
+  require(static_cast<std::size_t>(rows.size()) == week_.size() + 2,
           QStringLiteral("righe dell'archivio venduto"));
   const QStringList totals = rows.back().mid(1);
-  require(totals.join(QLatin1Char(';')).toStdString() == expectations::salesTotals(sold, decimalSign()),
+  require(totals.join(QLatin1Char(';')).toStdString() == expectations::salesTotals(week_, decimalSign()),
           QStringLiteral("totali del venduto"));
   row(QStringLiteral("Pezzi, incasso"), totals.at(5) + QStringLiteral(", ") + totals.at(6));
 }
 
 void Road::compareSalesExport() {
-  const auto sold = expectations::readSales(path(inFolder(QStringLiteral("giornata.bin"))));
-  auto expected = expectations::salesRows(sold, expectations::readList(path(list_)),
-                                          receivedDay_.toStdString(), decimalSign());
+  auto expected = weekRows_;
   std::vector<std::string> written =
       expectations::crLfLines(expectations::readFile(path(inFolder(kExportedSales))));
   require(written.size() == expected.size() + 2, QStringLiteral("righe di ") + kExportedSales);
-  require(written.back() == expectations::salesTotals(sold, decimalSign()),
+  require(written.back() == expectations::salesTotals(week_, decimalSign()),
           QStringLiteral("totali di ") + kExportedSales);
   written.pop_back();
   require(written.back() == " ;;;;;;;", QStringLiteral("riga bianca di ") + kExportedSales);

@@ -18,7 +18,6 @@ const QString kLeave = QStringLiteral("Cmd_Esci");
 /// The paper without fiscal value that bears one word, as the bench sends it.
 const QString kPaper = QStringLiteral("vkOptionButtonTest_14");
 const char* const kWord = "PROVA";
-constexpr std::size_t kReceiptsOfTheEvening = 60;
 
 std::size_t countOf(const std::string& what, const std::string& text) {
   std::size_t count = 0;
@@ -72,7 +71,7 @@ void Road::readState() {
   director_.step(QStringLiteral("state of the till"), visible(kState), [this] {
     const QString receipts =
         control(kState, QStringLiteral("vkTextBox_Num_Scontr_F")).property("text").toString();
-    require(receipts == QStringLiteral("%1").arg(kReceiptsOfTheEvening, 6, 10, QLatin1Char('0')),
+    require(receipts == QStringLiteral("%1").arg(kReceiptsOfADay, 6, 10, QLatin1Char('0')),
             QStringLiteral("gli scontrini nello stato della cassa"));
     row(QStringLiteral("Stato: scontrini"), receipts);
     photograph(kState, QStringLiteral("stato-cassa"));
@@ -106,6 +105,12 @@ void Road::compareJournal() {
   for (const char* what : {"TOTALE EURO", "FATTURA N. ", "IMPONIBILE", "CHIUSURA FISCALE"})
     require(countOf(what, kept) > 0 && countOf(what, read) == countOf(what, kept),
             QStringLiteral("\"%1\" nel giornale letto").arg(QLatin1String(what)));
+  for (const Day day : kWeek) {
+    const std::string foot = '\n' + dateOf(day).toStdString() + ' ';
+    require(countOf(foot, kept) >= static_cast<std::size_t>(kReceiptsOfADay) &&
+                countOf(foot, read) == countOf(foot, kept),
+            QStringLiteral("il giornale del ") + dateOf(day));
+  }
   row(QStringLiteral("Giornale letto"), QStringLiteral("%1 scontrini").arg(countOf("TOTALE EURO", read)));
 }
 

@@ -173,9 +173,9 @@ void Road::compareConfiguration() {
 
 void Road::sendConfiguration() {
   director_.step(QStringLiteral("exchange"), visible(kFrame), [this] {
-    // The next morning: a till whose fiscal day is still open takes no programme.
-    till_.stop();
-    till_.start({QStringLiteral("--chiusura")});
+    // A till whose fiscal day is still open takes no programme.
+    tillOn(Day::Saturday, {QStringLiteral("--chiusura")});
+    compareWeek();
     click(kFrame, QStringLiteral("Toolbar1_14"));
   });
   director_.step(QStringLiteral("exchange open"), visible(kExchange),

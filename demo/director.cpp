@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -186,6 +187,15 @@ void clickCell(const QString& windowName, const QString& grid, int row, int colu
   const QModelIndex cell = view.model()->index(row, column);
   view.scrollTo(cell);
   QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(cell).center());
+}
+
+void clickEntry(const QString& windowName, const QString& listName, const QString& text) {
+  auto* list = qobject_cast<QListWidget*>(&control(windowName, listName));
+  if (list == nullptr) throw std::runtime_error(qPrintable(listName + QStringLiteral(" is no list")));
+  const auto found = list->findItems(text, Qt::MatchExactly);
+  if (found.isEmpty()) throw std::runtime_error(qPrintable(listName + QStringLiteral(" senza ") + text));
+  list->scrollToItem(found.first());
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found.first()).center());
 }
 
 void clickTab(const QString& windowName, const QString& tabs, int which) {

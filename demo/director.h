@@ -66,6 +66,8 @@ void retype(const QString& window, const QString& name, const QString& text);
 QList<QStringList> cells(const QString& window, const QString& grid);
 /// Clicks a cell of a grid, both from 0, the heading left out.
 void clickCell(const QString& window, const QString& grid, int row, int column);
+/// Clicks the entry of a list that bears this text.
+void clickEntry(const QString& window, const QString& list, const QString& text);
 /// Clicks a tab, from 0.
 void clickTab(const QString& window, const QString& tabs, int which);
 /// Opens a menu of the window and clicks one of its entries.

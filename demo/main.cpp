@@ -21,6 +21,22 @@ QString ownAddress() {
 /// Of the play's own application folder.
 const QString kProgram = QStringLiteral("programma");
 
+/// There, with the converter, which writes beside them.
+const QString kPictures = QStringLiteral("Immagini GRAFICA");
+
+/// Files in the play's own application folder that are no links.
+bool leftBehind(const QString& name) {
+  return name.startsWith(QStringLiteral("DGFE_")) || name.endsWith(QStringLiteral(".bin")) ||
+         name == QStringLiteral("SetupLOGO.dat");
+}
+
+bool cleanLinks(QDir folder) {
+  bool done = true;
+  for (const QFileInfo& one : folder.entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot))
+    if (one.isSymLink() || leftBehind(one.fileName())) done = folder.remove(one.fileName()) && done;
+  return done;
+}
+
 /// Takes away what an earlier play left, and nothing else.
 bool clean(QDir folder) {
   const QStringList ours{
@@ -34,20 +50,27 @@ bool clean(QDir folder) {
   const QStringList tills{QStringLiteral("*.bin"), QStringLiteral("giornale.txt"),
                           QStringLiteral("memoria_fiscale.txt"), QStringLiteral("contatori.txt")};
   for (const QString& name : till.entryList(tills, QDir::Files)) done = till.remove(name) && done;
-  QDir links(folder.filePath(kProgram));
-  for (const QFileInfo& one : links.entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot))
-    if (one.isSymLink() || one.fileName().startsWith(QStringLiteral("DGFE_")))
-      done = links.remove(one.fileName()) && done;
+  QDir paper(till.filePath(QStringLiteral("grafica")));
+  for (const QString& name : paper.entryList({QStringLiteral("*.pbm")}, QDir::Files))
+    done = paper.remove(name) && done;
+  const QDir links(folder.filePath(kProgram));
+  return cleanLinks(links) && cleanLinks(QDir(links.filePath(kPictures))) && done;
+}
+
+/// Every entry of a folder but `left`, seen from another place.
+bool linkFolder(const QString& folder, const QString& place, const QString& left = {}) {
+  bool done = QDir().mkpath(place);
+  for (const QString& name : QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
+    if (name != left)
+      done = QFile::link(folder + QLatin1Char('/') + name, place + QLatin1Char('/') + name) && done;
   return done;
 }
 
-/// The application folder seen from a place of this play's own: the console leaves its files there, named by
-/// the second, and another play may do so too.
+/// The application folder seen from a place of this play's own: console, catalogue and converter leave their
+/// files there, and another play may do so too.
 bool linkApplication(const QString& application, const QString& place) {
-  bool done = QDir().mkpath(place);
-  for (const QString& name : QDir(application).entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
-    done = QFile::link(application + QLatin1Char('/') + name, place + QLatin1Char('/') + name) && done;
-  return done;
+  return linkFolder(application, place, kPictures) &&
+         linkFolder(application + QLatin1Char('/') + kPictures, place + QLatin1Char('/') + kPictures);
 }
 
 /// The folder with the article list and the customers in it, the current one from now on.

@@ -16,7 +16,10 @@ bool on(const QString& windowName, const QString& name) {
 }
 
 Director::When enabled(const QString& windowName, const QString& name) {
-  return [=] { return on(windowName, name) && QApplication::activeModalWidget() == window(windowName); };
+  return [=] {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return on(windowName, name) && (modal == nullptr || modal == window(windowName));
+  };
 }
 
 std::filesystem::path path(const QString& name) {

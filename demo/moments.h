@@ -9,11 +9,12 @@
 
 inline const QString kWork = QStringLiteral("Form_GestioneMMC");
 inline const QString kArticleArchive = QStringLiteral("Form_ArchivioArticoli");
+inline const QString kSalesReception = QStringLiteral("Form_RicezioneVenduto");
 inline const QString kSalesArchive = QStringLiteral("Form_ArchivioVenduto");
 
 Director::When visible(const QString& name);
 bool on(const QString& windowName, const QString& name);
-/// In a modal screen, its boxes gone.
+/// In a screen that no other and no box stands over.
 Director::When enabled(const QString& windowName, const QString& name);
 
 std::filesystem::path path(const QString& name);

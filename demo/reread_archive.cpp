@@ -18,12 +18,10 @@ RereadArchive rereadArchive(const QString& file) {
       });
   database.read(
       "select id_plu, Importo_giornaliero, Tot_giorn_articoli_venduti, sconto_giornaliero, Codice_EAN, "
-      "Codice_Articolo from TAB_VENDUTO",
+      "Codice_Articolo from TAB_VENDUTO order by rowid",
       [&](const DatabaseReader::Row& row) {
-        const int slot = row.integer(0);
-        archive.sales[slot] = {slot, row.integer(1), row.integer(2), row.integer(3)};
-        archive.codes[slot] = {row.text(4), row.text(5)};
-        ++archive.rows;
+        archive.received.push_back(
+            {{row.integer(0), row.integer(1), row.integer(2), row.integer(3)}, row.text(4), row.text(5)});
       });
   return archive;
 }

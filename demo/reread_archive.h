@@ -1,9 +1,7 @@
 #pragma once
 
 #include <QString>
-#include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "demo/expectations.h"
@@ -14,11 +12,14 @@ struct RereadArchive {
   int articles = 0;
   /// Every slot as it stands, the first at 0; texts in UTF-8.
   std::vector<expectations::Article> slot;
-  /// Rows of the sales table, and what they hold by slot.
-  int rows = 0;
-  std::map<int, expectations::Sales> sales;
-  /// Texts under Codice_EAN and under Codice_Articolo of the sales row.
-  std::map<int, std::pair<std::string, std::string>> codes;
+  /// A row of the sales table, and its texts under Codice_EAN and under Codice_Articolo.
+  struct Received {
+    expectations::Sales sales;
+    std::string underEan;
+    std::string underArticle;
+  };
+  /// In the order in which they were received.
+  std::vector<Received> received;
 };
 
 /// Throws std::runtime_error if the file cannot be read.

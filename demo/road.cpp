@@ -1,13 +1,9 @@
 #include "demo/road.h"
 
 #include <QApplication>
-#include <QDate>
 #include <QDir>
-#include <QFile>
-#include <QLocale>
 #include <QPixmap>
 #include <QWidget>
-#include <algorithm>
 #include <cstdio>
 
 #include "demo/expectations.h"
@@ -19,13 +15,6 @@ namespace {
 
 const QString kMenu = QStringLiteral("start");
 const QString kTransfer = QStringLiteral("Form_TrasferimentoArticoli");
-const QString kReception = QStringLiteral("Form_RicezioneVenduto");
-const QStringList kDay{QStringLiteral("--giornata"), QStringLiteral("300"), QStringLiteral("--seme"),
-                       QStringLiteral("2026")};
-
-QString euro(std::int64_t cents) {
-  return QLocale(QLocale::Italian, QLocale::Italy).toString(static_cast<double>(cents) / 100.0, 'f', 2);
-}
 
 }  // namespace
 
@@ -33,21 +22,40 @@ Road::Road(Places places, ExternalTill& till)
     : places_(std::move(places)),
       till_(till),
       archive_(places_.folder + QStringLiteral("/negozio.mdb")),
-      list_(places_.folder + QStringLiteral("/articoli.csv")) {}
+      list_(places_.folder + QStringLiteral("/articoli.csv")),
+      monday_(mondayOfTheWeek()) {}
 
 int Road::walk() {
-  till_.start();
+  tillOn(Day::Monday);
   createArchive();
   importList();
   transfer();
-  ringUp();
-  receive();
+  shopDay(Day::Monday);
   articleArchive();
-  salesArchive();
-  backToWork();
-  configuration();
+  shopDay(Day::Tuesday);
+  shopDay(Day::Wednesday);
+  closeShop();
+
+  ringUp(Day::Thursday);
   customers();
+  openShop();
+  receive(Day::Thursday);
+  closeTill(Day::Thursday);
+  closeShop();
+
+  ringUp(Day::Friday);
+  graphics();
+  openShop();
+  receive(Day::Friday);
+  closeTill(Day::Friday);
+
+  ringUp(Day::Saturday);
+  receive(Day::Saturday);
+  salesArchive();
+  closeShop();
   auxiliary();
+  configuration();
+  about();
   farewell();
   return director_.run();
 }
@@ -128,69 +136,6 @@ void Road::compareSending() {
   const std::string sent = expectations::readFile(path(till_.file(QStringLiteral("plu.bin"))));
   require(sent == expectations::pluImage(expectations::readList(path(list_))), QStringLiteral("plu.bin"));
   row(QStringLiteral("Byte inviati"), QString::number(sent.size()));
-}
-
-void Road::ringUp() {
-  director_.step(
-      QStringLiteral("a day at the till"), [] { return window(kTransfer) == nullptr; },
-      [this] {
-        stopwatch_.start();
-        till_.stop();
-        till_.start(kDay);
-        const QString sales = till_.file(QStringLiteral("venduto.bin"));
-        QFile::remove(places_.folder + QStringLiteral("/giornata.bin"));
-        QFile::copy(sales, places_.folder + QStringLiteral("/giornata.bin"));
-        const auto rows = expectations::readSales(path(sales));
-        require(!rows.empty(), QStringLiteral("una giornata di vendite"));
-        row(QStringLiteral("Giornata in cassa"), kDay.at(1) + QStringLiteral(" scontrini"));
-        click(kWork, QStringLiteral("Cmd_Upl"));
-      });
-}
-
-void Road::receive() {
-  connect(kReception, QStringLiteral("ricezione"));
-  awaitBox(QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
-           QStringLiteral("ricezione-messaggio"));
-  director_.step(QStringLiteral("figures of the reception"), enabled(kReception, QStringLiteral("Cmd_Esci")),
-                 [this] {
-                   receivedDay_ = QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy"));
-                   compareSales();
-                   photograph(kReception, QStringLiteral("ricezione-fatta"));
-                   click(kReception, QStringLiteral("Cmd_Esci"));
-                 });
-}
-
-void Road::compareSales() {
-  const auto expected = expectations::readSales(path(places_.folder + QStringLiteral("/giornata.bin")));
-  const auto articles = expectations::readList(path(list_));
-  const RereadArchive archive = rereadArchive(archive_);
-  std::int64_t takings = 0;
-  for (const expectations::Sales& one : expected) {
-    const auto found = archive.sales.find(one.slot);
-    require(found != archive.sales.end() && found->second == one,
-            QStringLiteral("venduto dello slot %1").arg(one.slot));
-    const expectations::Article& article = articles.at(static_cast<std::size_t>(one.slot - 1));
-    const auto& [underEan, underArticle] = archive.codes.at(one.slot);
-    require(underEan == article.code && underArticle == article.ean,
-            QStringLiteral("incrocio dei codici dello slot %1").arg(one.slot));
-    takings += one.amount;
-  }
-  require(static_cast<std::size_t>(archive.rows) == expected.size(),
-          QStringLiteral("numero di righe del venduto"));
-  require(expectations::readSales(path(till_.file(QStringLiteral("venduto.bin")))).empty(),
-          QStringLiteral("venduto azzerato sulla cassa"));
-  row(QStringLiteral("Righe di venduto"), QString::number(archive.rows));
-  row(QStringLiteral("Incasso in euro"), euro(takings));
-}
-
-void Road::backToWork() {
-  director_.step(
-      QStringLiteral("workspace again"),
-      [] { return window(kSalesArchive) == nullptr && window(kWork) != nullptr; },
-      [] { click(kWork, QStringLiteral("Cmd_Esci")); });
-  director_.step(QStringLiteral("menu between"), visible(kMenu), [this] {
-    require(window(kWork) == nullptr, QStringLiteral("la gestione articoli si chiude"));
-  });
 }
 
 void Road::farewell() {

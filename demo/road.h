@@ -1,17 +1,23 @@
 #pragma once
 
+#include <QDate>
 #include <QElapsedTimer>
 #include <QString>
+#include <array>
+#include <string>
 #include <vector>
 
 #include "demo/director.h"
+#include "demo/expectations.h"
 #include "demo/external_till.h"
 #include "demo/reread_customers.h"
 
-/// The main road: new archive, article list in, archive to the till, a day at the till, its sales back and
-/// cleared, then both archives looked at, corrected and exported; a configuration edited and sent; customers
-/// sent, their invoices received and listed; the till read and tried from the console. Every figure that it
-/// prints is compared with what the till holds; a difference ends it with 1.
+/// A week of a shop and a technician's visit. Monday: new archive, article list in, archive to the till.
+/// Every day receipts at the till, in the evening their sales back and cleared, and the fiscal closure.
+/// Monday too: an article found, corrected and exported. Thursday: customers sent, their invoices received
+/// and listed. Friday: the pictures of the receipts. Saturday: the week's sales listed and exported, the till
+/// read and tried from the console, a configuration edited and sent. Every figure that it prints is compared
+/// with what the till holds; a difference ends it with 1.
 class Road {
  public:
   struct Places {
@@ -20,6 +26,12 @@ class Road {
     /// Where archive, till memory and pictures are left.
     QString folder;
   };
+
+  /// On which the shop is open.
+  enum class Day { Monday, Tuesday, Wednesday, Thursday, Friday, Saturday };
+  static constexpr std::array kWeek{Day::Monday,   Day::Tuesday, Day::Wednesday,
+                                    Day::Thursday, Day::Friday,  Day::Saturday};
+  static constexpr int kReceiptsOfADay = 300;
 
   Road(Places places, ExternalTill& till);
   int walk();
@@ -30,12 +42,30 @@ class Road {
   void chooseFile(const QString& path);
   void connect(const QString& window, const QString& command);
   void transfer();
-  void ringUp();
-  void receive();
+  static QDate mondayOfTheWeek();
+  /// dd/mm/yyyy.
+  QString dateOf(Day day) const;
+  /// Starts the till anew on that date.
+  void tillOn(Day day, const QStringList& otherArguments = {});
+  /// The file of what the till had sold before the reception of that evening.
+  QString soldOn(Day day) const;
+  void ringUp(Day day);
+  void receive(Day day);
+  void closeTill(Day day);
+  void shopDay(Day day);
+  void openShop();
+  void closeShop();
+  void compareSales(Day day);
+  void compareWeek();
+  void graphics();
+  void comparePictures();
+  void about();
   void articleArchive();
   void searchArticles();
   void correctArticle();
   void exportArticles();
+  /// Of the list, corrected where one of them has been.
+  std::vector<expectations::Article> articlesInArchive() const;
   void salesArchive();
   void configuration();
   void editDepartment();
@@ -68,7 +98,6 @@ class Road {
   void pressCannedKeys();
   void keepJournal();
   void farewell();
-  void backToWork();
 
   void photograph(const QString& window, const QString& name);
   void photographBox(const QString& name);
@@ -76,7 +105,6 @@ class Road {
   void row(const QString& what, const QString& value);
   void require(bool real, const QString& what);
   void compareSending();
-  void compareSales();
   void compareSearch();
   void compareCorrection();
   void compareArticleExport();
@@ -92,7 +120,10 @@ class Road {
   QElapsedTimer stopwatch_;
   QString archive_;
   QString list_;
-  QString receivedDay_;
+  QDate monday_;
+  /// All that was received, and its rows in the export.
+  std::vector<expectations::Sales> week_;
+  std::vector<std::string> weekRows_;
   /// Slot of the article that was corrected, from 1.
   int corrected_ = 0;
   /// What the archive of the customers has to hold, and the invoices of the evening.

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <limits>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 
@@ -57,6 +58,19 @@ char letter(const std::string& text, std::string_view letters, const std::string
   return text[0];
 }
 
+/// The PC's time of day, on the date that `value` tells.
+TillClock clockOn(const std::string& value) {
+  const std::optional<Moment> date = momentOf(value + " 00:00:00");
+  if (!date) refuse("La data si scrive GG/MM/AAAA", value);
+  return [date = *date] {
+    Moment now = systemMoment();
+    now.year = date.year;
+    now.month = date.month;
+    now.day = date.day;
+    return now;
+  };
+}
+
 bool ofKeysAlone(FaultKind kind) {
   return kind == FaultKind::Noise || kind == FaultKind::CutHead || kind == FaultKind::CutMarker;
 }
@@ -93,6 +107,8 @@ void apply(Request& request, const std::string& option, const std::string& value
     request.options.fiscal = number(value, 0, kMaxBytes, option);
   } else if (option == "--seriale") {
     request.serial = value;
+  } else if (option == "--data") {
+    request.options.clock = clockOn(value);
   } else if (option == "--giornata") {
     request.salesDay = number(value, 0, kMaxBytes, option);
   } else if (option == "--fatture") {
@@ -162,6 +178,7 @@ const char* helpText() {
          "  --stampante O|T|E    stampante: in ordine, testa alta, errore (O)\n"
          "  --carta O|F          carta: presente, finita (O)\n"
          "  --video              mostra display e carta\n"
+         "  --data GG/MM/AAAA    la cassa vive in questa data, all'ora del PC (la data del PC)\n"
          "  --chiusura           chiude prima la giornata fiscale rimasta aperta\n"
          "  --giornata N         batte N scontrini sugli articoli di plu.bin prima di rispondere\n"
          "  --fatture N          batte altri N scontrini con fattura, ai clienti di clienti.bin e ad altri\n"

@@ -20,6 +20,6 @@ class BarraAttesa : public QProgressBar {
   void hideEvent(QHideEvent* event) override;
 
  private:
-  QTimer battito_;
+  QTimer battito_{this};
   int passo_ = 0;
 };

@@ -1,5 +1,6 @@
 #include "customers/reception.h"
 
+#include <QSet>
 #include <QStringList>
 #include <algorithm>
 #include <vector>
@@ -91,10 +92,7 @@ class CaricamentoFatture {
         contesto_.libreria.ecr_oro_encode(record::leggiSenzaSegno(byte, fattura::kMomento))));
     const int codice = record::leggiSenzaSegno16(byte, fattura::kCliente);
     // Of an empty place too: without the anonymous customer his invoices would stand with nobody.
-    parole_ = &kErroreCliente;
-    if (archivio.OpenRecordset(StatementClienteNoto(codice)).empty())
-      ricezione_.creati += archivio.Execute(StatementClienteDaFattura(codice));
-    parole_ = &kErroreFatture;
+    if (!noti_.contains(codice)) esigiCliente(archivio, codice);
     const bool nota = !archivio.OpenRecordset(StatementFatturaNota(codice, momento)).empty();
     if (record::leggiByte(byte, fattura::kTipo) == 0) return;
     if (nota)
@@ -107,10 +105,20 @@ class CaricamentoFatture {
   const QString& parole() const { return *parole_; }
 
  private:
+  /// Asked once for each code: within the transaction nobody else takes a customer away.
+  void esigiCliente(store::Database& archivio, int codice) {
+    parole_ = &kErroreCliente;
+    if (archivio.OpenRecordset(StatementClienteNoto(codice)).empty())
+      ricezione_.creati += archivio.Execute(StatementClienteDaFattura(codice));
+    parole_ = &kErroreFatture;
+    noti_.insert(codice);
+  }
+
   const Byte& byte_;
   Contesto& contesto_;
   RicezioneFatture& ricezione_;
   const QString* parole_ = &kErroreFatture;
+  QSet<int> noti_;
 };
 
 void caricaCliente(store::Database& archivio, RecordLetto byte, int codice, RicezioneClienti& ricezione) {

@@ -163,6 +163,10 @@ void Form_Grafica::riempiElenchi() {
     ui_->Dir1->item(i)->setIcon(style::icon(QStringLiteral("folder")));
   ui_->File1->clear();
   ui_->File1->addItems(graphics::bitmapIn(cartella_));
+  // A name that is cut short is read there.
+  for (const QListWidget* elenco : {ui_->Dir1, ui_->File1})
+    for (int i = 0; i < elenco->count(); ++i)
+      elenco->item(i)->setToolTip(elenco->item(i)->text() + u'\n' + elenco->toolTip());
 }
 
 void Form_Grafica::on_Drive1_activated(int indice) {

@@ -9,9 +9,10 @@ namespace graphics {
 namespace {
 
 constexpr int kRighe = static_cast<int>(kImmagini) + 1;
-constexpr int kTwipNumero = 750;
-constexpr int kTwipTipo = 1900;
-constexpr int kTwipNome = 2600;
+// Their samples ask for more in every size of letters.
+constexpr int kTwipNumero = 450;
+constexpr int kTwipTipo = 900;
+constexpr int kTwipNome = 1200;
 
 }  // namespace
 

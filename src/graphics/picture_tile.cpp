@@ -1,6 +1,7 @@
 #include "graphics/picture_tile.h"
 
 #include <QDragEnterEvent>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QPainter>
 #include <QUrl>
@@ -10,7 +11,7 @@
 namespace {
 
 // Pixels at scale 1.
-constexpr int kMargine = 8;
+constexpr int kMargine = 6;
 constexpr int kSpazio = 4;
 constexpr int kAngolo = 8;
 constexpr int kOrloBollo = 5;
@@ -22,6 +23,9 @@ constexpr int kRighePiede = 3;
 /// Letters of a line, with room to spare and without.
 constexpr int kLettere = 19;
 constexpr int kLettereMinime = 14;
+
+/// The longest of the heads that the tills' own types make.
+constexpr const char16_t* kTestaPiuLunga = u"2 Merceologico1";
 
 constexpr qreal kCarattereBollo = 0.85;
 constexpr int kMezzaLuce = 128;
@@ -95,30 +99,44 @@ void TesseraGrafica::dipingiFondo(QPainter& pittore) const {
   pittore.drawRoundedRect(QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5), kAngolo - 3, kAngolo - 3);
 }
 
+/// Its weight gives way before its letters do, in all twelve alike.
 void TesseraGrafica::dipingiTesta(QPainter& pittore, const QRect& riga) const {
-  const style::Tints& tinte = ::tinte(*this);
-  QRect libero = riga;
-  if (!esame_.classe.isEmpty()) {
-    QFont piccolo = font();
-    piccolo.setPointSizeF(piccolo.pointSizeF() * kCarattereBollo);
-    piccolo.setWeight(QFont::DemiBold);
-    const int largo = QFontMetrics(piccolo).horizontalAdvance(bollo()) + 2 * kOrloBollo;
-    const QRect tondo(riga.right() + 1 - largo, riga.top(), largo, riga.height());
-    pittore.setPen(Qt::NoPen);
-    pittore.setBrush(tinte.emphasis);
-    pittore.drawRoundedRect(tondo, tondo.height() / 2.0, tondo.height() / 2.0);
-    pittore.setPen(tinte.text);
-    pittore.setFont(piccolo);
-    pittore.drawText(tondo, Qt::AlignCenter, bollo());
-    libero.setRight(tondo.left() - kSpazio);
-  }
-  QFont forte = font();
-  forte.setWeight(QFont::DemiBold);
-  pittore.setFont(forte);
-  pittore.setPen(tinte.text);
   const QString testa = QStringLiteral("%1 %2").arg(numero_).arg(tipo_);
-  pittore.drawText(libero, Qt::AlignVCenter | Qt::AlignLeft,
-                   QFontMetrics(forte).elidedText(testa, Qt::ElideRight, libero.width()));
+  QFont carattere = font();
+  carattere.setWeight(QFont::DemiBold);
+  if (QFontMetrics(carattere).horizontalAdvance(QString::fromUtf16(kTestaPiuLunga)) > riga.width())
+    carattere.setWeight(font().weight());
+  pittore.setFont(carattere);
+  pittore.setPen(::tinte(*this).text);
+  pittore.drawText(riga, Qt::AlignVCenter | Qt::AlignLeft,
+                   QFontMetrics(carattere).elidedText(testa, Qt::ElideRight, riga.width()));
+}
+
+QFont TesseraGrafica::carattereBollo() const {
+  QFont piccolo = font();
+  piccolo.setPointSizeF(piccolo.pointSizeF() * kCarattereBollo);
+  piccolo.setWeight(QFont::DemiBold);
+  return piccolo;
+}
+
+int TesseraGrafica::larghezzaBollo() const {
+  if (esame_.classe.isEmpty()) return 0;
+  return QFontMetrics(carattereBollo()).horizontalAdvance(bollo()) + 2 * kOrloBollo;
+}
+
+/// In the lower right corner, where no type is cut short by it.
+void TesseraGrafica::dipingiBollo(QPainter& pittore, const QRect& dentro) const {
+  const int largo = larghezzaBollo();
+  if (largo == 0) return;
+  const style::Tints& tinte = ::tinte(*this);
+  const int alto = fontMetrics().height();
+  const QRect tondo(dentro.right() + 1 - largo, dentro.bottom() + 1 - alto, largo, alto);
+  pittore.setPen(Qt::NoPen);
+  pittore.setBrush(tinte.emphasis);
+  pittore.drawRoundedRect(tondo, alto / 2.0, alto / 2.0);
+  pittore.setPen(tinte.text);
+  pittore.setFont(carattereBollo());
+  pittore.drawText(tondo, Qt::AlignCenter, bollo());
 }
 
 void TesseraGrafica::dipingiPiede(QPainter& pittore, const QRect& posto) const {
@@ -128,7 +146,10 @@ void TesseraGrafica::dipingiPiede(QPainter& pittore, const QRect& posto) const {
   pittore.setPen(rifiutata ? tinte.fault : tinte.faint);
   if (!esame_.rifiuto.isEmpty())
     return pittore.drawText(posto, Qt::AlignCenter | Qt::TextWordWrap, esame_.rifiuto);
-  pittore.drawText(posto, Qt::AlignCenter, fontMetrics().elidedText(file_, Qt::ElideMiddle, posto.width()));
+  const bool siLegge = fontMetrics().horizontalAdvance(file_) <= posto.width();
+  // All end alike: that part is missed least.
+  const QString nome = siLegge ? file_ : QFileInfo(file_).completeBaseName();
+  pittore.drawText(posto, Qt::AlignCenter, fontMetrics().elidedText(nome, Qt::ElideMiddle, posto.width()));
 }
 
 void TesseraGrafica::paintEvent(QPaintEvent* /*evento*/) {
@@ -139,15 +160,20 @@ void TesseraGrafica::paintEvent(QPaintEvent* /*evento*/) {
   const int riga = fontMetrics().height();
   dipingiTesta(pittore, {dentro.left(), dentro.top(), dentro.width(), riga});
   dentro.setTop(dentro.top() + riga + kSpazio);
-  if (esame_.punti.isNull()) return dipingiPiede(pittore, dentro);
+  dipingiBollo(pittore, dentro);
+  const int bollo = larghezzaBollo();
+  QRect testo = dentro.adjusted(0, 0, bollo == 0 ? 0 : -bollo - kSpazio, 0);
+  if (esame_.punti.isNull()) return dipingiPiede(pittore, testo);
+  pittore.setFont(font());
   const int serve = esame_.rifiuto.isEmpty()
                         ? riga
-                        : pittore.boundingRect(dentro, Qt::AlignCenter | Qt::TextWordWrap, piede()).height();
+                        : pittore.boundingRect(testo, Qt::AlignCenter | Qt::TextWordWrap, piede()).height();
   const int alto = qBound(riga, serve, kRighePiede * riga);
   const QRect carta = dentro.adjusted(0, 0, 0, -alto - kSpazio);
   pittore.fillRect(carta, Qt::white);
   pittore_.dipingi(pittore, carta.adjusted(2, 2, -2, -2));
-  dipingiPiede(pittore, {dentro.left(), carta.bottom() + 1 + kSpazio, dentro.width(), alto});
+  testo.setTop(carta.bottom() + 1 + kSpazio);
+  dipingiPiede(pittore, testo);
 }
 
 void TesseraGrafica::dragEnterEvent(QDragEnterEvent* evento) {

@@ -34,7 +34,11 @@ class TesseraGrafica : public QAbstractButton {
   void dipingiFondo(QPainter& pittore) const;
   void dipingiTesta(QPainter& pittore, const QRect& riga) const;
   void dipingiPiede(QPainter& pittore, const QRect& posto) const;
+  void dipingiBollo(QPainter& pittore, const QRect& dentro) const;
   QString bollo() const;
+  QFont carattereBollo() const;
+  /// 0 without a class.
+  int larghezzaBollo() const;
   QString piede() const;
 
   int numero_;

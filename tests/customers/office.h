@@ -29,6 +29,6 @@ class Office : public ProgramFixture {
   /// Adds a customer with a name, and further columns where they matter.
   void customer(int code, const QString& name, const QString& vat = {}, int state = 1);
   /// Adds an invoice of `total` hundredths, moment as "dd/mm/yyyy hh:mm:ss".
-  void invoice(int code, const QString& number, const QString& moment, int total, int taxable = 0, int tax = 0,
-               int unpaid = 0, const QString& holder = {});
+  void invoice(int code, const QString& number, const QString& moment, int total, int taxable = 0,
+               int tax = 0, int unpaid = 0, const QString& holder = {});
 };

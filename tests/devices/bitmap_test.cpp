@@ -102,15 +102,21 @@ TEST_F(Converter, UnAltraLarghezzaERifiutata) {
 }
 
 TEST_F(Converter, LePropozioniAssurdeSonoRifiutate) {
-  for (const auto& [width, height] : {std::pair{0, 0}, {384, 0}, {384, 801}, {384, -801}, {-384, 10},
-                                      {384, 2147483647}, {384, -2147483647 - 1}})
+  for (const auto& [width, height] : {std::pair{0, 0},
+                                      {384, 0},
+                                      {384, 801},
+                                      {384, -801},
+                                      {-384, 10},
+                                      {384, 2147483647},
+                                      {384, -2147483647 - 1}})
     EXPECT_FALSE(convert(file(width, height, 1, kBlackWhite, Bytes(48 * 900, '\0')))) << width << height;
   EXPECT_TRUE(convert(file(384, 800, 1, kBlackWhite, Bytes(48 * 800, '\0'))));
 }
 
 TEST_F(Converter, TroncataCompressaODiAltriBitERifiutata) {
   const Bytes whole = file(384, 2, 1, kBlackWhite, Bytes(96, '\0'));
-  for (qsizetype length = 0; length < whole.size(); ++length) EXPECT_FALSE(convert(whole.left(length))) << length;
+  for (qsizetype length = 0; length < whole.size(); ++length)
+    EXPECT_FALSE(convert(whole.left(length))) << length;
   EXPECT_TRUE(convert(whole));
   EXPECT_FALSE(convert(file(384, 2, 8, kBlackWhite, Bytes(768, '\0'), 1)));
   EXPECT_FALSE(convert(file(384, 2, 4, kBlackWhite, Bytes(768, '\0'), 2)));

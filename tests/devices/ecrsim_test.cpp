@@ -129,6 +129,10 @@ TEST(RigaComando, CioCheNonVaSiRifiuta) {
                                                         {"--fiscale", "-1"},
                                                         {"--fiscale", "dodici"},
                                                         {"--giornata", "3x"},
+                                                        {"--data", "30/02/2026"},
+                                                        {"--data", "1/3/2026"},
+                                                        {"--data", "01/03/26"},
+                                                        {"--data", "oggi"},
                                                         {"--seme", "-1"},
                                                         {"--guasto", "5"},
                                                         {"--guasto", "9:silenzio"},
@@ -297,6 +301,47 @@ TEST_F(Programma, LaGiornataSiBattePrimaDiRispondere) {
   EXPECT_EQ(cartella.read(QStringLiteral("venduto.bin")).size(), 60000);
 }
 
+TEST(RigaComando, SenzaDataLaCassaTieneLOrologioDelPC) {
+  EXPECT_FALSE(leggi({"--giornata", "3"}).options.clock);
+}
+
+TEST(RigaComando, ConDataCambiaIlGiornoENonLOra) {
+  const ecrsim::TillClock orologio = leggi({"--data", "29/02/2024"}).options.clock;
+  ASSERT_TRUE(orologio);
+  // Once more where the second has changed in between.
+  ecrsim::Moment prima;
+  ecrsim::Moment letta;
+  do {
+    prima = ecrsim::systemMoment();
+    letta = orologio();
+  } while (prima != ecrsim::systemMoment());
+  EXPECT_EQ(letta, (ecrsim::Moment{2024, 2, 29, prima.hour, prima.minute, prima.second}));
+}
+
+TEST_F(Programma, ConDataGiornataEChiusuraPortanoQuelGiorno) {
+  ASSERT_TRUE(QDir().mkdir(QStringLiteral("memoria")));
+  QByteArray plu(240000, '\0');
+  plu.replace(0, 4, "PANE");
+  plu[27] = 100;
+  cartella.write(QStringLiteral("memoria/plu.bin"), plu);
+  const QStringList memoria{QStringLiteral("--address"), indirizzo,
+                            QStringLiteral("--dir"),     QStringLiteral("memoria"),
+                            QStringLiteral("--data"),    QStringLiteral("16/11/2026")};
+  for (const QStringList& altre : {QStringList{QStringLiteral("--giornata"), QStringLiteral("2")},
+                                   QStringList{QStringLiteral("--chiusura")}}) {
+    avvia(memoria + altre);
+    QByteArray una = riga();
+    while (!una.startsWith("ECRSIM pronto su ") && !una.isEmpty()) una = riga();
+    processo.terminate();
+    ASSERT_TRUE(processo.waitForFinished(10000));
+  }
+  const QByteArray giornale = cartella.read(QStringLiteral("memoria/giornale.txt"));
+  EXPECT_EQ(giornale.count(">16/11/2026 "), 3) << "two receipts and the closure";
+  EXPECT_EQ(giornale.count("\r\n>") + 1, 3);
+  EXPECT_TRUE(giornale.startsWith(">16/11/2026 08:30:00 F ")) << giornale.left(40).constData();
+  EXPECT_EQ(cartella.read(QStringLiteral("memoria/memoria_fiscale.txt")).left(16), "0001 16/11/2026 ");
+}
+
 TEST_F(Programma, UnIndirizzoNonLocaleSiRifiuta) {
   avvia({QStringLiteral("--address"), QStringLiteral("192.168.0.20")});
   ASSERT_TRUE(processo.waitForFinished(10000));
@@ -318,7 +363,7 @@ TEST_F(Programma, LAiutoNominaOgniOpzione) {
   const QByteArray aiuto = processo.readAllStandardOutput();
   for (const char* opzione : {"--address", "--dir", "--bitmap", "--stato", "--fiscale", "--seriale",
                               "--giornata", "--seme", "--guasto", "--stampante", "--carta", "--video",
-                              "--chiusura", "rumore", "taglio-testa", "taglio-marcatore"})
+                              "--chiusura", "--data", "rumore", "taglio-testa", "taglio-marcatore"})
     EXPECT_TRUE(aiuto.contains(opzione)) << opzione;
 }
 

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
+#include <QScrollBar>
 #include <QTest>
 
 #include "controls/FlexGrid.h"
@@ -95,6 +96,36 @@ TEST_F(SchermoGrafica, UnCatalogoCortoLasciaPostiVuoti) {
   EXPECT_EQ(cell(schermo, 12, 0), QStringLiteral("12"));
   EXPECT_EQ(cell(schermo, 12, 1), QString());
   EXPECT_TRUE(tessera(schermo, 12).vuoto);
+}
+
+TEST_F(SchermoGrafica, UnCatalogoSenzaRigheMostraDodiciPostiVuotiENonRipristinaNulla) {
+  layCatalogue({});
+  const GuidedScreen schermo = screen();
+  for (int riga = 1; riga <= 12; ++riga) {
+    EXPECT_EQ(cell(schermo, riga, 0), QString::number(riga));
+    EXPECT_EQ(cell(schermo, riga, 1) + cell(schermo, riga, 2), QString());
+    EXPECT_TRUE(tessera(schermo, riga).vuoto);
+  }
+  clickRow(schermo, 7);
+  expectBoxes(program, {kNonEsiste});
+  EXPECT_EQ(readFile(app(QStringLiteral("SetupLOGO.dat"))), QByteArray());
+}
+
+TEST_F(SchermoGrafica, InUnaCartellaDiSolaLetturaIPredefinitiSiMostranoENonSiScrivono) {
+  mayWrite(app({}), false);
+  {
+    const OtherUser altro;
+    const GuidedScreen schermo = screen();
+    expectBoxes(program, {kRipristinati,
+                          plainBox(QStringLiteral("Error 75 (Errore di accesso al percorso o al file: ") +
+                                   app(QStringLiteral("SetupLOGO.dat")) +
+                                   QStringLiteral(") in procedure RiempiRecGrafica of Modulo ModGra1"))});
+    EXPECT_EQ(cell(schermo, 12, 2), QStringLiteral("Promozione2.bmp"));
+    schermo.click(kEsci);
+    EXPECT_FALSE(schermo.alive());
+  }
+  EXPECT_FALSE(QFile::exists(app(QStringLiteral("SetupLOGO.dat"))));
+  mayWrite(app({}), true);
 }
 
 TEST_F(SchermoGrafica, UnaCartellaAlPostoDelCatalogoSiDiceENonSiTocca) {
@@ -463,6 +494,78 @@ TEST_F(SchermoGrafica, RiaprendoIlCatalogoEQuelloSalvato) {
   const GuidedScreen schermo = screen();
   EXPECT_EQ(cell(schermo, 6, 1), QStringLiteral("FestaPapà"));
   EXPECT_EQ(cell(schermo, 6, 2), QStringLiteral("Logo.bmp"));
+}
+
+namespace {
+
+/// The screen as large as on a small monitor, with letters of so many points.
+void inPiccolo(const GuidedScreen& schermo, int punti) {
+  QFont carattere = schermo.window().font();
+  carattere.setPointSize(punti);
+  schermo.window().setFont(carattere);
+  schermo.window().resize(1000, 720);
+  QCoreApplication::processEvents();
+}
+
+}  // namespace
+
+TEST_F(SchermoGrafica, INomiDelCatalogoSiLeggonoInteriSenzaScorrereDiLato) {
+  drawAll(640);
+  const GuidedScreen schermo = pronto();
+  for (const int punti : {9, 11, 12}) {
+    inPiccolo(schermo, punti);
+    const auto& griglia = schermo.control<FlexGrid>("MSFlexGridGrafica");
+    EXPECT_EQ(griglia.horizontalScrollBar()->maximum(), 0) << punti;
+    for (int colonna = 0; colonna < 3; ++colonna)
+      for (int riga = 1; riga <= 12; ++riga)
+        EXPECT_LT(griglia.fontMetrics().horizontalAdvance(griglia.TextMatrix(riga, colonna)),
+                  griglia.columnWidth(colonna))
+            << punti << ' ' << griglia.TextMatrix(riga, colonna).toStdString();
+  }
+}
+
+TEST_F(SchermoGrafica, SulleTessereITipiSiLeggonoInteri) {
+  drawAll(640);
+  const GuidedScreen schermo = pronto();
+  for (const int punti : {9, 11, 12}) {
+    inPiccolo(schermo, punti);
+    int numero = 0;
+    for (const QString& tipo : defaultTypes()) {
+      auto& una = schermo.control<TesseraGrafica>(QStringLiteral("tessera_%1").arg(++numero));
+      const Esame esame = una.esame();
+      const auto dipinta = [&](const QString& quale) {
+        una.mostra(quale, QStringLiteral("a.bmp"), esame);
+        return una.grab().toImage();
+      };
+      // A type that is cut short looks like one that differs in its last letter.
+      EXPECT_NE(dipinta(tipo), dipinta(tipo.chopped(1) + u'#')) << punti << ' ' << tipo.toStdString();
+    }
+  }
+}
+
+TEST_F(SchermoGrafica, UnNomeTagliatoNegliElenchiSiLeggeNelSuggerimento) {
+  drawAll(384);
+  ASSERT_TRUE(QDir(images()).mkpath(QStringLiteral("Altre")));
+  const GuidedScreen schermo = pronto();
+  EXPECT_EQ(
+      schermo.control<QListWidget>("File1").item(5)->toolTip(),
+      QStringLiteral("Merceologico1.bmp\nUn clic, o Invio, dà la bitmap alla riga scelta del catalogo"));
+  EXPECT_EQ(schermo.control<QListWidget>("Dir1").item(1)->toolTip(),
+            QStringLiteral("Altre\nInvio o doppio clic apre la cartella"));
+}
+
+TEST_F(SchermoGrafica, SeIlNomeDelFileNonEntraNellaTesseraCedePrimaLEstensione) {
+  drawAll(640);
+  const GuidedScreen schermo = pronto();
+  inPiccolo(schermo, 12);
+  auto& una = schermo.control<TesseraGrafica>("tessera_5");
+  const Esame esame = una.esame();
+  const auto dipinta = [&](const char* nome) {
+    una.mostra(QStringLiteral("FestaMamma"), QString::fromLatin1(nome), esame);
+    return una.grab().toImage();
+  };
+  EXPECT_NE(dipinta("FestaMamma.bmp"), dipinta("FestaMummu.bmp"));
+  EXPECT_NE(dipinta("a.bmp"), dipinta("a.BMP")) << "where there is room it stands";
 }
 
 TEST_F(SchermoGrafica, A12PuntiStaInUnoSchermo) {

@@ -87,6 +87,13 @@ QByteArray ImagesFolder::readFile(const QString& path) {
   return file.readAll();
 }
 
+void ImagesFolder::mayWrite(const QString& folder, bool may) {
+  QFile::Permissions all = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
+                           QFile::ReadOther | QFile::ExeOther;
+  if (may) all |= QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+  ASSERT_TRUE(QFile::setPermissions(folder, all)) << folder.toStdString();
+}
+
 GraphicsScene::GraphicsScene() {
   graphics::modGra1() = {};
   converter.attesa = std::chrono::milliseconds(0);

@@ -31,6 +31,8 @@ class ImagesFolder {
   void drawAll(int width, int height = 24) const;
   static void writeFile(const QString& path, const QByteArray& bytes);
   static QByteArray readFile(const QString& path);
+  /// Whether anybody, whoever it is, may write in a folder; all may look into it.
+  static void mayWrite(const QString& folder, bool may);
   /// Lays a catalogue file of these lines.
   void layCatalogue(const QByteArray& bytes) const { writeFile(app(QStringLiteral("SetupLOGO.dat")), bytes); }
 

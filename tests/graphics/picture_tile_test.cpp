@@ -90,6 +90,28 @@ TEST_F(TesseraDellImmagine, IlPostoVuotoEIlPostoSceltoSiDistinguonoDallOrlo) {
   EXPECT_NE(foto(true, false), foto(true, true));
 }
 
+TEST_F(TesseraDellImmagine, LaClasseHaIlSuoSegnoAncheSenzaImmagine) {
+  const auto foto = [&](const char* classe, const QImage& punti) {
+    tessera.mostra(QStringLiteral("A"), QStringLiteral("a.bmp"),
+                   {punti, QString::fromLatin1(classe), QStringLiteral("No"), false});
+    return tessera.grab().toImage();
+  };
+  for (const QImage& punti : {drawnPicture(384, 20, 1), QImage()}) {
+    EXPECT_NE(foto("SMALL", punti), foto("LARGE", punti));
+    EXPECT_NE(foto("SMALL", punti), foto("", punti));
+  }
+}
+
+TEST_F(TesseraDellImmagine, IlMotivoDelRifiutoSiDipingeSullaTessera) {
+  const auto foto = [&](const char* rifiuto) {
+    tessera.mostra(QStringLiteral("A"), QStringLiteral("a.bmp"),
+                   {drawnPicture(384, 20, 1), QStringLiteral("SMALL"), QString::fromLatin1(rifiuto), false});
+    return tessera.grab().toImage();
+  };
+  EXPECT_NE(foto("Larga 384 punti, serve 640"), foto("Larga 384 punti, serve 641"));
+  EXPECT_NE(foto("Larga 384 punti, serve 640"), foto(""));
+}
+
 TEST_F(TesseraDellImmagine, PrendeUnaBitmapSola) {
   EXPECT_TRUE(accetta({QStringLiteral("/x/a.bmp")}));
   EXPECT_TRUE(accetta({QStringLiteral("/x/A.BMP")}));

@@ -331,6 +331,46 @@ TEST_F(PreparazioneBitmap, NellaCartellaDiSolaLetturaNulla) {
   EXPECT_TRUE(orders.empty());
 }
 
+TEST_F(PreparazioneBitmap, SeLeBitmapStannoInUnaCartellaDiSolaLetturaNonSonoCongruenti) {
+  drawAll(384);
+  layConverter();
+  mayWrite(images(), false);
+  mayWrite(program.folder.path(), true);
+  // The converter has no more rights than whoever starts it.
+  converter.lancia = [&](const HiddenProgram&) {
+    EXPECT_FALSE(QFile(percorso("Logo.bin")).open(QIODevice::WriteOnly));
+    return launch::kStarted;
+  };
+  {
+    const OtherUser altro;
+    EXPECT_EQ(prepara(), 1);
+  }
+  expectBoxes(program, {nonCongruente(percorso("Logo.bmp"))});
+  mayWrite(images(), true);
+}
+
+TEST_F(PreparazioneBitmap, UnaVecchiaConvertitaCheNonSiPuoTogliereFermaTutto) {
+  drawAll(384);
+  layConverter();
+  ASSERT_TRUE(QDir().mkpath(percorso("Logo.bin")));
+  EXPECT_EQ(prepara(), 1);
+  expectBoxes(program, {plainBox(QStringLiteral("Error 75 (Errore di accesso al percorso o al file: ") +
+                                 percorso("Logo.bin") +
+                                 QStringLiteral(") in procedure ManageFileBMP of Modulo CommonForKora"))});
+  EXPECT_TRUE(orders.empty());
+}
+
+TEST_F(PreparazioneBitmap, UnErroreDellInvertitoreHaIlSuoTestoELaBitmapNonEPreparata) {
+  drawAll(384);
+  layConverter();
+  converter.lancia = [](const HiddenProgram&) -> int { throw Errore{7, QStringLiteral("Memoria esaurita")}; };
+  EXPECT_EQ(prepara(), 1);
+  expectBoxes(program,
+              {plainBox(QStringLiteral(
+                   "Error 7 (Memoria esaurita) in procedure InvertoFileBMP of Modulo CommonForKora")),
+               inPreparazione(percorso("Logo.bmp"))});
+}
+
 TEST_F(PreparazioneBitmap, SulDiscoPienoNonRestaUnFileAMeta) {
   drawAll(384);
   layConverter();

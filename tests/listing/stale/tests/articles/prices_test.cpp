@@ -1,0 +1,7 @@
+#include "../../src/articles/prices.h"
+
+#include <gtest/gtest.h>
+
+TEST(Prezzi, SiRiempiono) {
+  RiempiPrezzi();
+}
