@@ -35,7 +35,8 @@ inline constexpr std::size_t kByteIntero = 4;
 inline constexpr std::size_t kByteInteroCorto = 2;
 
 /// In order, covering a record of `byte` bytes without a gap or an overlap, widths fitting their kinds. A
-/// text's NUL stands inside its field, or in the reserve right behind it; a full text is as long as its field.
+/// text's NUL stands inside its field, or in the reserve right behind it; a full text is as long as its
+/// field.
 constexpr bool coerente(std::span<const Campo> campi, std::size_t byte);
 
 using Record = std::span<std::uint8_t>;

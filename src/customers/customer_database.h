@@ -61,8 +61,8 @@ std::int32_t CodiceMassimo();
 inline constexpr std::int16_t kPartitaIVAPresente = 0;
 inline constexpr std::int16_t kPartitaIVANonLetta = 1;
 inline constexpr std::int16_t kPartitaIVALibera = -100;
-/// Whether a customer bears this VAT number. Tells so, unless the reception stands on the customers; a failure
-/// is shown.
+/// Whether a customer bears this VAT number. Tells so, unless the reception stands on the customers; a
+/// failure is shown.
 std::int16_t CheckEsistenzaPartitaIVA(const QString& partitaIVA, Utente& utente);
 
 // Statements of more than one screen.

@@ -9,8 +9,8 @@
 
 namespace {
 
-const QString kPresente = QStringLiteral(
-    "Attenzione la Partita IVA [00905811006] e' gia' associata ad un altro cliente!!!");
+const QString kPresente =
+    QStringLiteral("Attenzione la Partita IVA [00905811006] e' gia' associata ad un altro cliente!!!");
 const QString kVera = QStringLiteral("00905811006");
 
 /// The one box of a failure: prefix, number and some description behind it, critical.
@@ -141,9 +141,8 @@ TEST_F(BaseDatiClienti, UnApostrofoNellaPartitaIVASiDiceEVale1) {
 }
 
 TEST_F(BaseDatiClienti, UnApostrofoNelNomeRompeLIstruzione) {
-  const customers::Cliente cliente{.codice = QStringLiteral("1"),
-                                   .ragioneSociale = QStringLiteral("L'ORO DI NAPOLI"),
-                                   .stato = 1};
+  const customers::Cliente cliente{
+      .codice = QStringLiteral("1"), .ragioneSociale = QStringLiteral("L'ORO DI NAPOLI"), .stato = 1};
   for (const auto& sql : {customers::StatementNuovo(cliente), customers::StatementModifica(cliente)}) {
     try {
       varGlobal().DB_Clienti.Execute(sql);
@@ -156,9 +155,8 @@ TEST_F(BaseDatiClienti, UnApostrofoNelNomeRompeLIstruzione) {
 
 TEST_F(BaseDatiClienti, UnTestoNonDiventaMaiIstruzione) {
   ufficio.customer(1, QStringLiteral("ROSSI"));
-  const customers::Cliente cliente{.codice = QStringLiteral("1 OR 1"),
-                                   .ragioneSociale = QStringLiteral("X"),
-                                   .stato = 1};
+  const customers::Cliente cliente{
+      .codice = QStringLiteral("1 OR 1"), .ragioneSociale = QStringLiteral("X"), .stato = 1};
   EXPECT_THROW(varGlobal().DB_Clienti.Execute(customers::StatementModifica(cliente)), Errore);
   EXPECT_THROW(varGlobal().DB_Clienti.Execute(customers::StatementElimina(QStringLiteral("1 OR 1"))), Errore);
   EXPECT_EQ(ufficio.value(QStringLiteral("SELECT Ragione_Sociale FROM TAB_ANAG_CLIENTI WHERE ID_Cliente=1")),
@@ -166,8 +164,13 @@ TEST_F(BaseDatiClienti, UnTestoNonDiventaMaiIstruzione) {
 }
 
 TEST_F(BaseDatiClienti, LeIstruzioniSonoQuelleDettate) {
-  const customers::Cliente cliente{QStringLiteral("7"), QStringLiteral("N"), QStringLiteral("I"),
-                                   QStringLiteral("C"), QStringLiteral("P"), QStringLiteral("O"), 1};
+  const customers::Cliente cliente{QStringLiteral("7"),
+                                   QStringLiteral("N"),
+                                   QStringLiteral("I"),
+                                   QStringLiteral("C"),
+                                   QStringLiteral("P"),
+                                   QStringLiteral("O"),
+                                   1};
   EXPECT_EQ(customers::StatementNuovo(cliente).sql(),
             QStringLiteral("INSERT INTO TAB_ANAG_Clienti "
                            "(ID_CLiente,Ragione_Sociale,Indirizzo,Citta,Partita_Iva,Nota,Stato) "
