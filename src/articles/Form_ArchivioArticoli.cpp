@@ -20,6 +20,7 @@
 #include "core/screens.h"
 #include "core/state.h"
 #include "core/wait_box.h"
+#include "platform/text/windows1252.h"
 #include "platform/ui/user_port.h"
 #include "ui_Form_ArchivioArticoli.h"
 
@@ -29,9 +30,7 @@ using Genere = OutcomeBar::Kind;
 
 /// How the foot calls an article.
 QString articolo(const articles::CampiArticolo& campi) {
-  return QStringLiteral("PLU %1 %2")
-      .arg(campi.id, articles::DescrizioneMaiuscola(campi.descrizione))
-      .trimmed();
+  return QStringLiteral("PLU %1 %2").arg(campi.id, windows1252::toUpper(campi.descrizione)).trimmed();
 }
 
 }  // namespace

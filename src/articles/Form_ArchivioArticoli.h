@@ -10,7 +10,6 @@ class PrimaryCommand;
 class QLineEdit;
 namespace elenco {
 class Caselle;
-struct EsitoElenco;
 }  // namespace elenco
 namespace Ui {
 class Form_ArchivioArticoli;
@@ -25,7 +24,6 @@ class Form_ArchivioArticoli : public Schermo<QDialog> {
   explicit Form_ArchivioArticoli(Contesto& contesto);
   ~Form_ArchivioArticoli() override;
 
-  articles::CampiArticolo campi() const;
   /// Turns the six commands that a deletion must not meet off, or on again.
   void BloccaComandi(bool bloccati);
   void Cancella_TextBox();
@@ -44,6 +42,7 @@ class Form_ArchivioArticoli : public Schermo<QDialog> {
   void on_MSFlexGridArticoli_cellClicked(int riga);
 
  private:
+  articles::CampiArticolo campi() const;
   void vesti();
   void preparaTasti();
   void sorveglia(QLineEdit& campo, KeyRule regola = {}, FieldCheck controllo = nullptr);

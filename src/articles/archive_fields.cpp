@@ -3,7 +3,6 @@
 #include "core/conversions.h"
 #include "core/key_filters.h"
 #include "core/state.h"
-#include "platform/text/windows1252.h"
 #include "platform/ui/user_port.h"
 
 namespace articles {
@@ -15,10 +14,6 @@ constexpr QChar kVirgola = u',';
 QString messaggioReparto() {
   return QStringLiteral("Attenzione il reparto deve essere compreso tra 1 e ") +
          QString::number(kRepartoMassimo) + QStringLiteral(" !!!!");
-}
-
-bool fuoriTabella(QChar carattere) {
-  return carattere != u'?' && windows1252::byteOf(carattere.unicode()) == '?';
 }
 
 bool siONo(const QString& testo) {
@@ -41,14 +36,6 @@ std::optional<Rejection> controllaReparto(const QString& testo) {
   const double reparto = Val(testo);
   if (reparto > kRepartoMassimo || reparto < 0) return Rejection{messaggioReparto(), {}};
   return std::nullopt;
-}
-
-QString DescrizioneMaiuscola(QString testo) {
-  for (QChar& carattere : testo) {
-    const QChar maiuscolo = carattere.toUpper();
-    if (!fuoriTabella(maiuscolo) || fuoriTabella(carattere)) carattere = maiuscolo;
-  }
-  return testo;
 }
 
 std::vector<CampoRifiutato> CampiRifiutati(const CampiArticolo& campi) {

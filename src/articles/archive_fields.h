@@ -47,10 +47,6 @@ std::optional<Rejection> controllaPrezzo(const QString& testo);
 /// A number above 80 or below 0: emptied. Zero and empty pass here; the save stops them.
 std::optional<Rejection> controllaReparto(const QString& testo);
 
-/// The description in upper case, as long as it was. A letter whose upper case is not in Windows-1252 ("µ")
-/// stays, since the till would show a "?" in its place.
-QString DescrizioneMaiuscola(QString testo);
-
 struct CampoRifiutato {
   ColonnaArticoli campo;
   QString messaggio;

@@ -6,6 +6,7 @@
 #include "core/conversions.h"
 #include "core/key_filters.h"
 #include "core/state.h"
+#include "platform/text/windows1252.h"
 #include "platform/ui/wait_pointer.h"
 
 namespace articles {
@@ -14,7 +15,7 @@ namespace {
 
 store::Statement istruzione(const CampiArticolo& campi, std::int32_t prezzo) {
   return u"UPDATE TAB_ARTICOLI SET Codice_Articolo = '" + store::text(campi.codice) + u"'" +
-         u",Descrizione = '" + store::text(DescrizioneMaiuscola(campi.descrizione)) + u"'" + u", Prezzo = " +
+         u",Descrizione = '" + store::text(windows1252::toUpper(campi.descrizione)) + u"'" + u", Prezzo = " +
          store::number(std::int64_t{prezzo}) + u",Codice_EAN ='" + store::text(campi.ean) + u"'" +
          u",VarPrezzo = " + store::flag(siNo(campi.varPrezzo)) + u",PrezzoZero = " +
          store::flag(siNo(campi.prezzoZero)) + u",Reparto = " + store::number(Val(campi.reparto)) +

@@ -8,6 +8,7 @@
 #include "core/conversions.h"
 #include "core/state.h"
 #include "core/wait_box.h"
+#include "platform/text/windows1252.h"
 #include "platform/ui/user_port.h"
 
 namespace articles {
@@ -82,7 +83,7 @@ store::Statement inserimento(const CampiArticolo& campi) {
   return u"INSERT INTO TAB_ARTICOLI (Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler) "
          u"Values ('" +
          store::text(campi.ean) + u"','" + store::text(campi.codice) + u"','" +
-         store::text(DescrizioneMaiuscola(campi.descrizione)) + u"'," +
+         store::text(windows1252::toUpper(campi.descrizione)) + u"'," +
          store::number(std::int64_t{TestoInCent(campi.prezzo)}) + u"," + store::number(Val(campi.reparto)) +
          u",'"
          u" "

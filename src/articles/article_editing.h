@@ -5,7 +5,7 @@
 struct Contesto;
 
 /// A new article and the deletion of one, with the table of changes that the till has not seen yet and the
-/// upkeep of the positions. Both are one transaction. No control of the archive screen calls them.
+/// upkeep of the positions. Each is one transaction. No control of the archive screen calls them.
 namespace articles {
 
 struct CampiArticolo;

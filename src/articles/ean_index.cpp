@@ -107,6 +107,8 @@ struct Visita {
   QString fermata;
   std::int16_t fallito;
   Errore* causa = nullptr;
+  /// An event pass at each row.
+  bool conEventi = false;
   std::int16_t esito = kFatto;
 
   template <typename Passo>
@@ -136,6 +138,7 @@ struct Visita {
   void percorri(const std::vector<VoceLetta>& voci, const Statement& statement) {
     std::size_t riga = 0;
     for (const VoceLetta& voce : voci) {
+      if (conEventi) utente.DoEventsAtRecord();
       std::int16_t eseguito = kFatto;
       passo([&] {
         if (const auto* errore = std::get_if<Errore>(&voce)) throw Errore(*errore);
@@ -190,11 +193,13 @@ std::int16_t InsertEanNumerici(const QString& ean, double checksum, std::int32_t
 
 std::int16_t UpdateEanNumAndIndex(Utente& utente) {
   const BusyGuard occupato;
-  Visita visita{utente, QStringLiteral("UpdateEanNumAndIndex "),
-                QStringLiteral("Fallito Inserimento Codice EAN Numerico "), kNonEseguito};
+  Visita visita{.utente = utente,
+                .prefisso = QStringLiteral("UpdateEanNumAndIndex "),
+                .fermata = QStringLiteral("Fallito Inserimento Codice EAN Numerico "),
+                .fallito = kNonEseguito,
+                .conEventi = true};
   return visita.conVoci(numerate, [&](const std::vector<VoceLetta>& voci) {
     visita.percorri(voci, [&](std::size_t, const Voce& voce) {
-      utente.DoEventsAtRecord();
       return InsertEanNumerici(voce.ean, CalcolaEanNum(voce.ean), voce.indice, utente);
     });
   });

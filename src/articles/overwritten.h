@@ -9,7 +9,7 @@ namespace articles {
 
 /// Which of a run of "write this value where the key is so" statements nobody could tell from left out.
 ///
-/// An archive from the template has some 4900 slots with an empty EAN. One statement a slot, each writing all
+/// An archive of a hundred articles has 4900 slots with an empty EAN. One statement a slot, each writing all
 /// those rows, makes 24 million row writes of which the last 4900 stay. Statements of one key write the same
 /// rows, nobody reads them in between, and the last one decides: so of each key the first runs, to fail where
 /// it would fail, and the last; those between run only once something has failed, so that every message comes

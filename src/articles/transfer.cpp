@@ -1,7 +1,7 @@
 #include "articles/transfer.h"
 
-#include <array>
-#include <span>
+#include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "articles/article_database.h"

@@ -26,6 +26,7 @@
 #include "customers/registry_list.h"
 #include "customers/vat_number.h"
 #include "platform/text/file_name.h"
+#include "platform/text/windows1252.h"
 #include "ui_Form_AnagraficaClienti.h"
 
 using namespace customers;
@@ -40,7 +41,7 @@ constexpr int kTutti = 2;
 
 /// How the foot calls a customer.
 QString cliente(const QString& codice, const QString& nome) {
-  return QStringLiteral("%1 %2").arg(codice, Maiuscole(nome)).trimmed();
+  return QStringLiteral("%1 %2").arg(codice, windows1252::toUpper(nome)).trimmed();
 }
 
 /// Whether the person has gone to another place of the screen; the program's own moves and other windows are
@@ -82,7 +83,10 @@ Form_AnagraficaClienti::Form_AnagraficaClienti(Contesto& contesto)
   ui_->vkTextBoxRagioneSociale->setFocus();
 }
 
-Form_AnagraficaClienti::~Form_AnagraficaClienti() = default;
+Form_AnagraficaClienti::~Form_AnagraficaClienti() {
+  // The field that has the focus loses it while the window goes, and nothing is left then to count.
+  disconnect(qApp, nullptr, this, nullptr);
+}
 
 void Form_AnagraficaClienti::vesti() {
   ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Clienti));
@@ -137,6 +141,7 @@ void Form_AnagraficaClienti::sorvegliaCampi() {
   connect(ui_->vkTextBoxPartitaIVA, &QLineEdit::textChanged, this,
           &Form_AnagraficaClienti::partitaIVACambiata);
   ui_->vkTextBoxPartitaIVA->installEventFilter(this);
+  ui_->MSFlexGridClienti->viewport()->installEventFilter(this);
 
   contaCampo(*ui_->vkTextBoxRagioneSociale, *ui_->Conta_vkTextBoxRagioneSociale, kClienteRagioneSociale);
   contaCampo(*ui_->vkTextboxIndirizzo, *ui_->Conta_vkTextboxIndirizzo, kClienteIndirizzo);
@@ -313,6 +318,8 @@ void Form_AnagraficaClienti::partitaIVALasciata(const QFocusEvent& evento) {
 bool Form_AnagraficaClienti::eventFilter(QObject* chi, QEvent* evento) {
   if (evento->type() == QEvent::FocusOut && chi == ui_->vkTextBoxPartitaIVA)
     partitaIVALasciata(*static_cast<const QFocusEvent*>(evento));
+  if (evento->type() == QEvent::Resize && chi == ui_->MSFlexGridClienti->viewport())
+    AllargaTesti(*ui_->MSFlexGridClienti);
   return Schermo::eventFilter(chi, evento);
 }
 
@@ -341,12 +348,10 @@ void Form_AnagraficaClienti::nuovo() {
   seguiCampi();
   AbilitaTasti(kTastoMemorizza);
   DisabilitaTasti(kTastoModifica);
-  if (scelta_.codice.isEmpty()) {
-    ui_->vkTextBoxIdCliente->setFocus();
+  ui_->vkTextBoxRagioneSociale->setFocus();
+  if (scelta_.codice.isEmpty())
     return ui_->BarraEsito->tell(
         Genere::Warning, QStringLiteral("Dopo il codice più alto non c'è posto: scrivere un codice libero"));
-  }
-  ui_->vkTextBoxRagioneSociale->setFocus();
   if (diciPerse(perse, u"sostituite")) return;
   ui_->BarraEsito->tell(Genere::Plain,
                         QStringLiteral("Nuovo cliente %1: riempire i campi e memorizzare").arg(codice));

@@ -6,8 +6,8 @@
 #include "core/conversions.h"
 #include "customers/customer_records.h"
 #include "customers/customer_state.h"
-#include "customers/registry.h"
 #include "platform/clock.h"
+#include "platform/text/windows1252.h"
 #include "platform/ui/user_port.h"
 
 namespace customers {
@@ -89,7 +89,8 @@ store::Statement StatementCercaFatture(const RicercaFatture& ricerca) {
       u" 23.59.59#) ";
   if (ricerca.cliente) istruzione += u" AND TAB_FATTURE.ID_Cliente = " + store::number(*ricerca.cliente);
   if (!ricerca.ragioneSociale.isEmpty())
-    istruzione += u" AND Ragione_Sociale like '" + store::text(Maiuscole(ricerca.ragioneSociale)) + u"*'";
+    istruzione +=
+        u" AND Ragione_Sociale like '" + store::text(windows1252::toUpper(ricerca.ragioneSociale)) + u"*'";
   if (!ricerca.partitaIVA.isEmpty())
     istruzione += u" AND Partita_iva like '" + store::text(ricerca.partitaIVA) + u"*'";
   if (!ricerca.numero.isEmpty())

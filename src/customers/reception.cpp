@@ -230,7 +230,8 @@ RicezioneFatture RiceviFatture(Contesto& contesto, SteadyProgress& avanzamento) 
     carica(static_cast<int>(fattura::kRecord), contesto, avanzamento,
            [&](store::Database& archivio, int posto) { caricamento.record(archivio, posto); });
   } catch (const Errore& errore) {
-    // Undone by now, a failed commit too.
+    // Undone by now, a failed commit too. The file was read whole and is closed: nothing stands in the way of
+    // a second attempt.
     return {.esito = nonCaricato(caricamento.parole(), errore, contesto, avanzamento),
             .byte = ricezione.byte};
   }

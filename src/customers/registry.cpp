@@ -19,10 +19,6 @@ constexpr QChar kVirgola = u',';
 /// Digits of the mask of the number of customers.
 constexpr int kCifreConteggio = 5;
 
-bool fuoriTabella(QChar carattere) {
-  return carattere != u'?' && windows1252::byteOf(carattere.unicode()) == '?';
-}
-
 void avvisa(const QString& messaggio, Icon icona, Contesto& contesto) {
   contesto.utente.MsgBox(messaggio, icona);
 }
@@ -67,11 +63,11 @@ QString suDueRighe(const Errore& errore) {
 /// The row as it is written.
 Cliente riga(const CampiCliente& campi, std::int16_t stato) {
   return {.codice = campi.codice,
-          .ragioneSociale = Maiuscole(campi.ragioneSociale),
-          .indirizzo = Maiuscole(campi.indirizzo),
-          .citta = Maiuscole(campi.citta),
+          .ragioneSociale = windows1252::toUpper(campi.ragioneSociale),
+          .indirizzo = windows1252::toUpper(campi.indirizzo),
+          .citta = windows1252::toUpper(campi.citta),
           .partitaIVA = campi.partitaIVA,
-          .nota = Maiuscole(campi.nota),
+          .nota = windows1252::toUpper(campi.nota),
           .stato = stato};
 }
 
@@ -100,23 +96,16 @@ store::Statement simile(store::Wording inizio, const QString& testo) {
 std::vector<store::Statement> condizioni(const CampiCliente& campi) {
   std::vector<store::Statement> tutte;
   if (!campi.ragioneSociale.isEmpty())
-    tutte.push_back(simile(u" Ragione_Sociale like '", Maiuscole(campi.ragioneSociale)));
-  if (!campi.indirizzo.isEmpty()) tutte.push_back(simile(u" Indirizzo like '", Maiuscole(campi.indirizzo)));
-  if (!campi.citta.isEmpty()) tutte.push_back(simile(u" Citta like '", Maiuscole(campi.citta)));
+    tutte.push_back(simile(u" Ragione_Sociale like '", windows1252::toUpper(campi.ragioneSociale)));
+  if (!campi.indirizzo.isEmpty())
+    tutte.push_back(simile(u" Indirizzo like '", windows1252::toUpper(campi.indirizzo)));
+  if (!campi.citta.isEmpty()) tutte.push_back(simile(u" Citta like '", windows1252::toUpper(campi.citta)));
   if (!campi.partitaIVA.isEmpty()) tutte.push_back(simile(u" Partita_IVA like '", campi.partitaIVA));
-  if (!campi.nota.isEmpty()) tutte.push_back(simile(u" Nota like '", Maiuscole(campi.nota)));
+  if (!campi.nota.isEmpty()) tutte.push_back(simile(u" Nota like '", windows1252::toUpper(campi.nota)));
   return tutte;
 }
 
 }  // namespace
-
-QString Maiuscole(QString testo) {
-  for (QChar& carattere : testo) {
-    const QChar maiuscolo = carattere.toUpper();
-    if (!fuoriTabella(maiuscolo) || fuoriTabella(carattere)) carattere = maiuscolo;
-  }
-  return testo;
-}
 
 bool ApostrofoSolo(const QString& testo) {
   bool aperto = false;

@@ -37,9 +37,6 @@ struct CampiCliente {
   bool operator==(const CampiCliente&) const = default;
 };
 
-/// In upper case, as long as it was. A letter whose upper case is not in Windows-1252 ("µ") stays, since the
-/// till would show a "?" in its place.
-QString Maiuscole(QString testo);
 /// Whether an apostrophe of the text would end the text in a statement: two in a row stand for one.
 bool ApostrofoSolo(const QString& testo);
 

@@ -1,12 +1,15 @@
 #include "customers/registry_list.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
+#include <vector>
 
 #include "controls/FlexGrid.h"
 #include "core/figures.h"
 #include "core/reactions.h"
 #include "core/state.h"
+#include "core/table_text.h"
 #include "customers/customer_database.h"
 #include "customers/customer_records.h"
 
@@ -51,11 +54,53 @@ constexpr std::array kCampioniElenco{
     std::pair{kClienteNota, u"PAGA A 30 GG"},
 };
 
+/// Pixels beside the text of a cell, with a few to spare.
+constexpr int kMargine = 12;
+/// At scale 1.
+constexpr int kTwipPerPixel = 15;
+
+int larghezza(const FlexGrid& griglia, const QString& testo) {
+  return griglia.fontMetrics().horizontalAdvance(testo) + kMargine;
+}
+
+/// Sample of a column whose texts may be longer than it; empty for any other.
+QString campione(int colonna) {
+  for (const auto& [sua, esempio] : kCampioniElenco)
+    if (sua == colonna) return QString::fromUtf16(esempio);
+  const Colonna& questa = kColonne[static_cast<std::size_t>(colonna)];
+  return questa.elastica ? testo(questa.campione) : QString();
+}
+
+QString piuLungo(const FlexGrid& griglia, int colonna) {
+  QString trovato;
+  for (int riga = 1; riga < griglia.Rows(); ++riga) {
+    const QString questo = griglia.TextMatrix(riga, colonna);
+    if (questo.size() > trovato.size()) trovato = questo;
+  }
+  return trovato;
+}
+
+/// A column between its sample and its longest text.
+struct Stretta {
+  int colonna;
+  int minima;
+  int mancante;
+};
+
+Stretta stretta(const FlexGrid& griglia, int colonna) {
+  const int minima = std::max(kColonne[static_cast<std::size_t>(colonna)].twip / kTwipPerPixel,
+                              larghezza(griglia, campione(colonna)));
+  return {colonna, minima, std::max(0, larghezza(griglia, piuLungo(griglia, colonna)) - minima)};
+}
+
 elenco::EsitoElenco riempi(FlexGrid& griglia, const store::Statement& istruzione, elenco::Riempimento come,
                            Contesto& contesto) {
   come.colonne = kColonne;
   come.alGuasto = elenco::AlGuasto::Termina;
-  return elenco::Riempi(griglia, varGlobal().DB_Clienti, istruzione, come, contesto);
+  const FlexGrid::Frozen ferma(griglia);
+  elenco::EsitoElenco esito = elenco::Riempi(griglia, varGlobal().DB_Clienti, istruzione, come, contesto);
+  AllargaTesti(griglia);
+  return esito;
 }
 
 }  // namespace
@@ -68,6 +113,33 @@ void GestGridClienti(FlexGrid& griglia) {
   elenco::Disponi(griglia, kColonne);
   for (const auto& [colonna, campione] : kCampioniElenco)
     griglia.setColSample(colonna, QString::fromUtf16(campione));
+}
+
+void AllargaTesti(FlexGrid& griglia) {
+  std::vector<Stretta> strette;
+  int libera = griglia.viewport()->width();
+  int mancante = 0;
+  for (int colonna = 0; colonna < griglia.Cols(); ++colonna) {
+    if (campione(colonna).isEmpty() || griglia.isSizedByHand(colonna)) {
+      libera -= griglia.columnWidth(colonna);
+      continue;
+    }
+    const Stretta questa = stretta(griglia, colonna);
+    libera -= questa.minima;
+    if (kColonne[static_cast<std::size_t>(colonna)].elastica) {
+      // The name comes first, and what nobody needs is its.
+      libera -= questa.mancante;
+      continue;
+    }
+    strette.push_back(questa);
+    mancante += questa.mancante;
+  }
+  const int concessa = std::clamp(libera, 0, mancante);
+  for (const Stretta& una : strette) {
+    const int quota = mancante == 0 ? 0 : una.mancante * concessa / mancante;
+    griglia.setColWidth(una.colonna, quota == 0 ? kColonne[static_cast<std::size_t>(una.colonna)].twip
+                                                : (una.minima + quota) * kTwipPerPixel);
+  }
 }
 
 elenco::EsitoElenco CheckCampiClienti(FlexGrid& griglia, Contesto& contesto, Attesa* attesa) {
@@ -85,12 +157,16 @@ elenco::EsitoElenco CheckCampiClienti(FlexGrid& griglia, Contesto& contesto, Att
 }
 
 elenco::EsitoElenco CercaClienti(FlexGrid& griglia, const CampiCliente& campi, Contesto& contesto) {
-  return riempi(griglia, StatementRicercaClienti(campi),
-                {.colonne = {},
-                 .prefisso = QStringLiteral("Vmd_Cerca_Click: uscita dal programma per condizione anomala "),
-                 .senzaRighe = QStringLiteral("Nessun cliente trovato"),
-                 .nonPassa = reazioni::kRipresaSenzaErrore},
-                contesto);
+  elenco::EsitoElenco esito =
+      riempi(griglia, StatementRicercaClienti(campi),
+             {.colonne = {},
+              .prefisso = QStringLiteral("Vmd_Cerca_Click: uscita dal programma per condizione anomala "),
+              .senzaRighe = QStringLiteral("Nessun cliente trovato"),
+              .nonPassa = reazioni::kRipresaSenzaErrore},
+             contesto);
+  // Left to the first paint, the new layout would ask for a second one.
+  griglia.doItemsLayout();
+  return esito;
 }
 
 int ClientiInElenco(const FlexGrid& griglia) {

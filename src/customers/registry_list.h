@@ -15,6 +15,9 @@ inline constexpr elenco::FormaCSV kFormaClienti{.chiusa = true};
 
 /// Headings and widths.
 void GestGridClienti(FlexGrid& griglia);
+/// Gives the texts that their columns cut the room that the names leave, as far as it reaches; a column that
+/// the person has dragged stays. To be done anew when the list's width has changed.
+void AllargaTesti(FlexGrid& griglia);
 /// The whole list anew, its shape with it, the cursor on the first cell of its first row; `attesa`, if there
 /// is one, is moved along. A failure shows its message and ends the program: a list half filled must not be
 /// worked on.

@@ -41,7 +41,7 @@ void eseguiRighe(const QString& percorso, Contesto& contesto, int& righe) {
 /// archives side by side, and knows them so.
 void segnala(Utente& utente, const Errore& errore) {
   utente.MsgBox(QStringLiteral("Errore nell' inserimento articoli Errore n° ") +
-                    QString::number(errore.numero) + QStringLiteral("\r\n") + errore.descrizione,
+                    QString::number(errore.numero) + u'\n' + errore.descrizione,
                 Icon::Critical);
 }
 

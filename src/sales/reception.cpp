@@ -171,7 +171,7 @@ QString RaccontoAzzeramento() {
 }
 
 QString AvvisoAzzeramentoInSospeso() {
-  const QString archivio = nota::archivio();
+  const QString archivio = nota::archivio(commonForKora().IP_ECR);
   if (archivio.isEmpty()) return {};
   return QStringLiteral(
              "L'ultimo venduto ricevuto è nell'archivio %1, ma la cassa non ha confermato l'azzeramento: se "

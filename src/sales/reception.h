@@ -63,7 +63,8 @@ Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento);
 QString RaccontoRicezione(const Ricezione& ricezione);
 /// What a clearing alone did.
 QString RaccontoAzzeramento();
-/// Of an earlier reception whose clearing the till did not confirm; empty for none.
+/// Of an earlier reception whose clearing the connected till did not confirm, else of the last such one;
+/// empty for none.
 QString AvvisoAzzeramentoInSospeso();
 /// Clears the sales on the till without taking them.
 Esito AzzeraVenduto(Contesto& contesto);

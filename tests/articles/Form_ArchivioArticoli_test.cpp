@@ -634,10 +634,10 @@ TEST_F(ArchivioArticoli, UnComandoSpentoDicePerche) {
 
 TEST_F(ArchivioArticoli, OgniIconaCheLoSchermoNominaCE) {
   style::iconFolder(QStringLiteral(GESTIONALE_APP "/icons"));
-  for (const char* nome : {"search", "save", "x", "list", "download", "circle-help", "arrow-left"})
+  for (const char* nome : {"search", "save", "x", "list", "file-output", "circle-help", "arrow-left"})
     EXPECT_TRUE(style::iconExists(QLatin1String(nome))) << nome;
   const GuidedArchive schermo = apri();
-  for (const auto& nome : {kCerca, kSalva, kPulisci, kTutti, kAiuto, kEsci}) {
+  for (const auto& nome : {kCerca, kSalva, kPulisci, kTutti, QStringLiteral("Cmd_Export"), kAiuto, kEsci}) {
     const QImage dipinta = schermo.control<QPushButton>(nome).icon().pixmap(16).toImage();
     bool inchiostro = false;
     for (int y = 0; y < dipinta.height(); ++y)
@@ -1040,6 +1040,10 @@ TEST_F(ArchivioArticoli, NeiTestiEntraTuttoFinoAllaLunghezzaDelCampo) {
   schermo.type(kPrezzo, QStringLiteral("123456789"));
   EXPECT_EQ(schermo.text(kPrezzo), QStringLiteral("12345678"));
   schermo.type(kPrezzo, QStringLiteral("1"));
+  schermo.type(kVarPrezzo, QStringLiteral("SN"));
+  EXPECT_EQ(schermo.text(kVarPrezzo), QStringLiteral("S"));
+  schermo.type(kPrezzoZero, QStringLiteral("ns"));
+  EXPECT_EQ(schermo.text(kPrezzoZero), QStringLiteral("n"));
 }
 
 TEST_F(ArchivioArticoli, ConDueDecimaliSoloIlTastoIndietroCambiaIlPrezzo) {

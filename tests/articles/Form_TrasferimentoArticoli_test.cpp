@@ -83,6 +83,17 @@ TEST_F(TrasferimentoArticoli, UnArchivioVuotoSiDiceAllAperturaEdEInviatoLoStesso
   EXPECT_TRUE(cassa.byte(kPlu) == QByteArray(240000, '\x11'));
 }
 
+TEST_F(TrasferimentoArticoli, SenzaReteSiDiceSoloQuelloEGliArticoliNonSiContano) {
+  bottega.openArchive();
+  bottega.execute(QStringLiteral("Delete  from TAB_ARTICOLI"));
+  bottega.network.name = QString();
+  const GuidedScreen schermo(bottega, kSchermo);
+  expectBoxes(bottega, {box(QStringLiteral("Attenzione problema di connessione di rete per il PC locale!\r\n"
+                                           "Contattare l'amministratore di rete."),
+                            Icon::Critical)});
+  EXPECT_TRUE(schermo.enabled(kConnetti));
+}
+
 TEST_F(TrasferimentoArticoli, UnConteggioFallitoSiDiceEloSchermoRestaUsabile) {
   bottega.openWith({QStringLiteral("CREATE TABLE altro (a INTEGER)")});
   const GuidedScreen schermo(bottega, kSchermo);

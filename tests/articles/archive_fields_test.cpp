@@ -117,11 +117,6 @@ TEST(CampiArchivio, SoloLaSValeSi) {
   for (const auto* testo : {u"", u"N", u"n", u"SI", u" "}) EXPECT_FALSE(siNo(QString::fromUtf16(testo)));
 }
 
-TEST(CampiArchivio, LaDescrizioneMaiuscolaRestaLungaComEraENellaTabellaDellaCassa) {
-  EXPECT_EQ(DescrizioneMaiuscola(QStringLiteral("tè straße 5µm ÿ œ ž? α")),
-            QStringLiteral("TÈ STRAßE 5µM Ÿ Œ Ž? Α"));
-}
-
 TEST(CampiRifiutati, DiconoQualiNellOrdineDeiControlli) {
   std::vector<int> campi;
   for (const CampoRifiutato& uno : CampiRifiutati({})) campi.push_back(uno.campo);

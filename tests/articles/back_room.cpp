@@ -1,7 +1,6 @@
 #include "articles/back_room.h"
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <algorithm>
 #include <array>
@@ -9,6 +8,7 @@
 #include "articles/article_database.h"
 #include "config/image.h"
 #include "platform/net/network.h"
+#include "sostegno/sqlite_file.h"
 #include "sostegno/statements.h"
 
 namespace {
@@ -61,12 +61,7 @@ void BackRoom::openArchive(const QString& name) {
 }
 
 void BackRoom::openWith(const QStringList& statements, const QString& name) {
-  sqlite3* base = nullptr;
-  ASSERT_EQ(sqlite3_open(folder.file(name).toUtf8().constData(), &base), SQLITE_OK);
-  for (const QString& sql : statements)
-    EXPECT_EQ(sqlite3_exec(base, sql.toUtf8().constData(), nullptr, nullptr, nullptr), SQLITE_OK)
-        << sql.toStdString();
-  sqlite3_close(base);
+  runInSqlite(folder.file(name), statements);
   articles::ApriDatabase(folder.file(name), contesto);
 }
 

@@ -262,6 +262,7 @@ TEST_F(IndiceEan, UnaPosizioneCheNonENumeroSiDiceELaCostruzioneVaAvanti) {
   bottega.execute(QStringLiteral("UPDATE TAB_ARTICOLI SET ID_Position = 'due' WHERE auto_id =2"));
   EXPECT_EQ(costruisci(), 0);
   EXPECT_EQ(indici(), QStringList({QStringLiteral("1"), QStringLiteral("3")}));
+  EXPECT_EQ(bottega.user.passes(), 3) << "one a row, read or not";
   attendiRiquadri({QStringLiteral("UpdateEanNumAndIndex 13 - Tipo non corrispondente")});
 }
 

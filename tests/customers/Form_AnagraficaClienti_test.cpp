@@ -434,6 +434,34 @@ TEST_F(SchermoAnagrafica, LaRicercaTrovaEDiceQuanti) {
   EXPECT_EQ(schermo.said(), QStringLiteral("Nessun cliente trovato"));
 }
 
+namespace {
+
+/// Counts the paintings of a widget.
+class Pitture : public QObject {
+ public:
+  explicit Pitture(QWidget& di) { di.installEventFilter(this); }
+  int quante = 0;
+  bool eventFilter(QObject*, QEvent* evento) override {
+    quante += evento->type() == QEvent::Paint ? 1 : 0;
+    return false;
+  }
+};
+
+}  // namespace
+
+TEST_F(SchermoAnagrafica, LaRicercaDipingeLElencoUnaVoltaSola) {
+  prepara();
+  for (int codice = 20; codice < 60; ++codice) ufficio.customer(codice, QStringLiteral("CLIENTE"));
+  const GuidedRegistry schermo(ufficio);
+  schermo.type(kNome, QStringLiteral("cliente"));
+  QCoreApplication::processEvents();
+  const Pitture pitture(*schermo.grid().viewport());
+  schermo.control<QPushButton>(kCerca).click();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(schermo.codes().size(), 40);
+  EXPECT_EQ(pitture.quante, 1);
+}
+
 TEST_F(SchermoAnagrafica, UnApostrofoNellaRicercaTerminaIlProgramma) {
   const GuidedRegistry schermo = apri();
   schermo.type(kNome, QStringLiteral("L'ORO"));
@@ -475,7 +503,8 @@ TEST_F(SchermoAnagrafica, DopoIlCodiceDuecentocinquantaNuovoDiceCheNonCEPosto) {
     schermo.click(kNuovo);
     attendi({kCodiceRifiutato});
     EXPECT_EQ(schermo.text(kCodice), QString());
-    EXPECT_EQ(schermo.focus(), kCodice);
+    EXPECT_EQ(schermo.focus(), kNome);
+    EXPECT_EQ(schermo.mode(), QStringLiteral("M-"));
     EXPECT_EQ(schermo.said(),
               QStringLiteral("Dopo il codice più alto non c'è posto: scrivere un codice libero"));
     schermo.click(kEsci);
@@ -835,6 +864,64 @@ TEST_F(SchermoAnagrafica, IlTabulatoreSegueLOrdineSulloSchermo) {
   EXPECT_EQ(giro,
             (QStringList{kCodice, kNome, kIva, kIndirizzo, kCitta, kNote, kCerca, kPulisci, kNuovo,
                          kMemorizza, kModifica, kElimina, kGriglia, kTutti, kMostraFatture, kExport, kEsci}));
+}
+
+namespace {
+
+/// The screen so wide, and what follows from it done.
+void largo(const GuidedRegistry& schermo, int pixel) {
+  schermo.window().resize(pixel, 732);
+  for (int giro = 0; giro < 3; ++giro) QCoreApplication::processEvents();
+}
+
+bool intero(const FlexGrid& griglia, int riga, int colonna) {
+  return griglia.columnWidth(colonna) >=
+         griglia.sizeHintForIndex(griglia.model()->index(riga - 1, colonna)).width();
+}
+
+}  // namespace
+
+TEST_F(SchermoAnagrafica, CioCheINomiLascianoVaAiTestiCheLeColonneTagliano) {
+  prepara();
+  ufficio.execute(
+      QStringLiteral("INSERT INTO TAB_ANAG_CLIENTI VALUES (20,'PANIFICIO FRATELLI ROSSI DI ROSSI MARIO',"
+                     "'VIA DELLA LIBERAZIONE 125 INTERNO 4 SCALA B','SAN GIOVANNI IN PERSICETO',"
+                     "'00743110157','PAGA A 60 GIORNI FINE MESE CON BONIFICO',1)"));
+  const GuidedRegistry schermo(ufficio);
+  const FlexGrid& griglia = schermo.grid();
+  largo(schermo, 1900);
+  for (const int colonna : {2, 3, 4, 5, 6}) EXPECT_TRUE(intero(griglia, 4, colonna)) << colonna;
+  EXPECT_EQ(griglia.horizontalScrollBar()->maximum(), 0);
+  // Found or listed again, the texts have the room that they had.
+  schermo.type(kNome, QStringLiteral("pan"));
+  schermo.click(kCerca);
+  for (const int colonna : {2, 3, 4, 6}) EXPECT_TRUE(intero(griglia, 1, colonna)) << colonna;
+  schermo.click(kTutti);
+  for (const int colonna : {2, 3, 4, 6}) EXPECT_TRUE(intero(griglia, 4, colonna)) << colonna;
+  // With less room the name comes first.
+  const int note = griglia.columnWidth(6);
+  largo(schermo, 1250);
+  EXPECT_TRUE(intero(griglia, 4, 2));
+  EXPECT_LT(griglia.columnWidth(6), note);
+  EXPECT_EQ(griglia.horizontalScrollBar()->maximum(), 0);
+  largo(schermo, 1016);
+  EXPECT_EQ(griglia.horizontalScrollBar()->maximum(), 0);
+  largo(schermo, 1900);
+  EXPECT_EQ(griglia.columnWidth(6), note);
+}
+
+TEST_F(SchermoAnagrafica, UnaColonnaTrascinataRestaComELaVuoleLaPersona) {
+  prepara();
+  ufficio.execute(
+      QStringLiteral("INSERT INTO TAB_ANAG_CLIENTI VALUES (20,'ROSSI','VIA DELLA LIBERAZIONE 125 INTERNO 4',"
+                     "'LODI','00743110157','PAGA A 60 GIORNI FINE MESE',1)"));
+  const GuidedRegistry schermo(ufficio);
+  largo(schermo, 1900);
+  schermo.grid().horizontalHeader()->resizeSection(3, 50);
+  schermo.click(kTutti);
+  largo(schermo, 1800);
+  EXPECT_EQ(schermo.grid().columnWidth(3), 50);
+  EXPECT_TRUE(intero(schermo.grid(), 4, 6));
 }
 
 /// The screen in a font of the parameter's size, in the program's look.

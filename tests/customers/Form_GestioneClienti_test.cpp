@@ -754,8 +754,7 @@ TEST_F(IstruzioniDalloSchermo, RiuscitaLaSchedaContaELeIstruzioniSiDicono) {
 TEST_F(IstruzioniDalloSchermo, FallitaDiceDopoQuanteRighe) {
   create();
   importa("INSERT INTO TAB_ANAG_CLIENTI VALUES (1,'ROSSI','','','','',1)\r\nDELETE FROM MANCA\r\n");
-  expectBoxes(ufficio,
-              {criticalBox(QStringLiteral("Errore nell' inserimento articoli Errore n° 3078\r\n*"))});
+  expectBoxes(ufficio, {criticalBox(QStringLiteral("Errore nell' inserimento articoli Errore n° 3078\n*"))});
   EXPECT_EQ(outcome(), QStringLiteral("Istruzioni annullate dopo 1 riga: l'archivio è rimasto com'era."));
   EXPECT_EQ(outcomeKind(), Kind::Failed);
   EXPECT_EQ(clienti(), 0);
@@ -772,11 +771,17 @@ TEST_F(IstruzioniDalloSchermo, AnnullataNonDiceNulla) {
 
 TEST_F(IstruzioniDalloSchermo, NessunaVoceENessunTastoLaRaggiunge) {
   create();
+  // "Nuovo" and "Apri" ask for a file each, from the menu and from their buttons. A batch would ask too, and
+  // with no answer left for it.
+  for (int i = 0; i < 4; ++i) ufficio.user.chooses(std::nullopt);
+  for (QAction* voce : screen->findChildren<QAction*>()) voce->trigger();
+  for (const char* tasto : {"PulsanteNuovo", "PulsanteApri", "PulsanteChiudi"}) click(tasto);
+  open();
   ufficio.customer(1, QStringLiteral("ROSSI"));
+  for (const char* comando : kComandi) apreSchermata([&] { click(comando); });
+  ASSERT_EQ(ufficio.user.requests().size(), 6U);
   for (const FileRequest& finestra : ufficio.user.requests())
     EXPECT_EQ(finestra.filter, QStringLiteral("mdb (*.mdb)|*.mdb"));
-  for (QAction* voce : screen->findChildren<QAction*>())
-    EXPECT_FALSE(voce->text().contains(QStringLiteral("struzion"))) << voce->text().toStdString();
 }
 
 // The way out.

@@ -310,6 +310,13 @@ TEST_F(ElencoFatture, UnNomeDiUnSoloBiancoRestaFuoriDalFileComeUnaSomma) {
             QByteArray(";;;;;;;;; \r\n"));
 }
 
+TEST_F(ElencoFatture, UnElencoSenzaRigheSiEsportaInUnaRigaDiColonneVuote) {
+  senzaAnonimo();
+  tutte();
+  EXPECT_EQ(elenco::TestoCSV(griglia, customers::ColonneFatture(), customers::kFormaFatture),
+            QByteArray(";;;;;;;;; \r\n"));
+}
+
 // Many.
 
 TEST_F(ElencoFatture, VentimilaFattureConLeLoroSommeInUnPassaggioPerRiga) {

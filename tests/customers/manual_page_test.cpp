@@ -3,11 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
-#include <QRegularExpression>
-#include <QStringList>
 #include <algorithm>
+
+#include "sostegno/manual_page.h"
 
 namespace {
 
@@ -143,56 +141,10 @@ constexpr const char16_t* kNonMessaggi[] = {
     u"Istruzioni annullate dopo %1: l'archivio è rimasto com'era.",
 };
 
-QString letto(const QString& percorso) {
-  QFile file(percorso);
-  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << percorso.toStdString();
-  return QString::fromUtf8(file.readAll());
-}
-
-QString pagina() {
-  return letto(QStringLiteral(GESTIONALE_SOURCES "/docs/manuale/clienti.md"));
-}
-
-/// The parts of a text that do not change, without what a sentence needs around them.
-QStringList pezzi(const QString& testo, const QRegularExpression& variabile) {
-  static const QRegularExpression intorno(QStringLiteral("^[ ().:,;\\[\\]]+|[ (:\\[\\]]+$"));
-  QStringList tutti;
-  for (QString pezzo : testo.split(variabile)) tutti << pezzo.remove(intorno);
-  tutti.removeAll(QString());
-  return tutti;
-}
-
-/// What the first cells of the page's rows quote, whole.
-QStringList citati() {
-  static const QRegularExpression citazione(QStringLiteral("\"([^\"]+)\""));
-  QStringList tutti;
-  for (const QString& riga : pagina().split(u'\n')) {
-    if (!riga.startsWith(QStringLiteral("| "))) continue;
-    const QString cella = riga.section(u'|', 1, 1);
-    for (auto quale = citazione.globalMatch(cella); quale.hasNext();) tutti << quale.next().captured(1);
-  }
-  return tutti;
-}
-
-/// The literals with a blank in them that stand in a source.
-QStringList testiDelSorgente(const QString& percorso) {
-  static const QRegularExpression letterale(
-      QStringLiteral("QStringLiteral\\(\\s*((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)"));
-  static const QRegularExpression giunta(QStringLiteral("\"\\s*\""));
-  const QString sorgente = letto(percorso);
-  QStringList tutti;
-  for (auto uno = letterale.globalMatch(sorgente); uno.hasNext();) {
-    QString testo = uno.next().captured(1).trimmed().remove(giunta);
-    testo = testo.mid(1, testo.size() - 2).replace(QStringLiteral("\\\""), QStringLiteral("\""));
-    if (testo.contains(u' ')) tutti << testo;
-  }
-  return tutti;
-}
-
 }  // namespace
 
 TEST(PaginaDeiClienti, HaOgniTestoCheLeSchermateMostrano) {
-  const QStringList tutti = citati();
+  const QStringList tutti = ManualPage(QStringLiteral("clienti.md")).quoted();
   for (const char16_t* uno : kTesti)
     EXPECT_TRUE(std::ranges::any_of(tutti, [&](const QString& citato) {
       return citato.contains(QString::fromUtf16(uno).trimmed());
@@ -200,29 +152,15 @@ TEST(PaginaDeiClienti, HaOgniTestoCheLeSchermateMostrano) {
 }
 
 TEST(PaginaDeiClienti, NonCitaUnTestoCheLeSchermateNonMostrano) {
-  static const QRegularExpression puntini(QStringLiteral("\\.\\.\\."));
-  const QStringList tutti = citati();
-  EXPECT_GT(tutti.size(), 90) << "as many as there were when this was written";
-  for (const QString& citato : tutti)
-    for (const QString& pezzo : pezzi(citato, puntini))
-      EXPECT_TRUE(std::ranges::any_of(kTesti, [&](const char16_t* uno) {
-        return QString::fromUtf16(uno).contains(pezzo);
-      })) << pezzo.toStdString();
+  const ManualPage pagina(QStringLiteral("clienti.md"));
+  EXPECT_GT(pagina.quoted().size(), 90) << "as many as there were when this was written";
+  EXPECT_EQ(pagina.quotedBeside(kTesti), QStringList());
 }
 
 TEST(PaginaDeiClienti, UnTestoNuovoDiUnaSchermataNonRestaFuori) {
-  static const QRegularExpression posto(QStringLiteral("%\\d|\\\\r\\\\n"));
-  const QString testo = citati().join(u'\n');
-  const QDir sorgenti(QStringLiteral(GESTIONALE_SOURCES "/src/customers"));
-  int visti = 0;
-  for (const QString& file : sorgenti.entryList({QStringLiteral("*.cpp")}))
-    for (const QString& uno : testiDelSorgente(sorgenti.filePath(file))) {
-      ++visti;
-      if (std::ranges::any_of(kNonMessaggi,
-                              [&](const char16_t* altro) { return uno == QString::fromUtf16(altro); }))
-        continue;
-      for (const QString& pezzo : pezzi(uno, posto))
-        EXPECT_TRUE(testo.contains(pezzo)) << file.toStdString() << ": " << uno.toStdString();
-    }
-  EXPECT_GT(visti, 90) << "as many as there were when this was written";
+  const ManualPage pagina(QStringLiteral("clienti.md"));
+  const SourceTexts testi =
+      sourceTexts(QStringLiteral("customers"), pagina.quoted().join(u'\n'), kNonMessaggi);
+  EXPECT_EQ(testi.missing, QStringList());
+  EXPECT_GT(testi.seen, 90) << "as many as there were when this was written";
 }

@@ -1,9 +1,9 @@
 #include "customers/office.h"
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include "customers/customer_database.h"
+#include "sostegno/sqlite_file.h"
 
 Office::Office(const QString& libraryFolder) : ProgramFixture(libraryFolder) {
   customers::statoClienti() = {};
@@ -14,12 +14,7 @@ void Office::openArchive(const QString& name) {
 }
 
 void Office::openWith(const QStringList& statements, const QString& name) {
-  sqlite3* base = nullptr;
-  ASSERT_EQ(sqlite3_open(folder.file(name).toUtf8().constData(), &base), SQLITE_OK);
-  for (const QString& sql : statements)
-    EXPECT_EQ(sqlite3_exec(base, sql.toUtf8().constData(), nullptr, nullptr, nullptr), SQLITE_OK)
-        << sql.toStdString();
-  sqlite3_close(base);
+  runInSqlite(folder.file(name), statements);
   customers::ApriDatabase(folder.file(name), contesto);
 }
 

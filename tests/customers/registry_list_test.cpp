@@ -248,3 +248,10 @@ TEST_F(ElencoClienti, IlCsvHaLeColonneDallaSecondaESiChiudeConUnBianco) {
                        " ;BAR SPORT;VIA PO 1;TORINO;00905811006;PAGA A 30 GG; \r\n"
                        "*;;;;;; \r\n"));
 }
+
+TEST_F(ElencoClienti, UnElencoSenzaRigheSiEsportaInUnaRigaDiColonneVuote) {
+  apri();
+  riempi();
+  cerca({.citta = QStringLiteral("ROMA")});
+  EXPECT_EQ(elenco::TestoCSV(griglia, ColonneClienti(), kFormaClienti), QByteArray(";;;;;; \r\n"));
+}

@@ -79,10 +79,6 @@ const std::vector<Campo> kTesti{&CampiCliente::ragioneSociale, &CampiCliente::in
 
 // Texts and statements.
 
-TEST(TestiDelCliente, LeMaiuscoleTengonoGliAccentiELeLettereCheLaCassaConosce) {
-  EXPECT_EQ(Maiuscole(QStringLiteral("àèìòù çñ ßµÿ €")), QStringLiteral("ÀÈÌÒÙ ÇÑ ßµŸ €"));
-}
-
 TEST(TestiDelCliente, UnApostrofoSoloELQuelloCheNonNeHaUnAltroAccanto) {
   EXPECT_FALSE(ApostrofoSolo(QStringLiteral("ROSSI")));
   EXPECT_FALSE(ApostrofoSolo(QStringLiteral("L''ORO")));

@@ -27,7 +27,7 @@ const QString kTutti =
 /// The box of a failure; a text that ends in "*" stands for any that begins so.
 Box errore(int numero, const QString& descrizione = QStringLiteral("*")) {
   return criticalBox(
-      QStringLiteral("Errore nell' inserimento articoli Errore n° %1\r\n%2").arg(numero).arg(descrizione));
+      QStringLiteral("Errore nell' inserimento articoli Errore n° %1\n%2").arg(numero).arg(descrizione));
 }
 
 struct Istruzioni : testing::Test {

@@ -3,11 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
-#include <QRegularExpression>
-#include <QStringList>
-#include <algorithm>
+#include "sostegno/manual_page.h"
 
 namespace {
 
@@ -87,85 +83,25 @@ constexpr const char16_t* kNonMessaggi[] = {
     u"%v / %m",
 };
 
-QString letto(const QString& percorso) {
-  QFile file(percorso);
-  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << percorso.toStdString();
-  return QString::fromUtf8(file.readAll());
-}
-
-QString pagina() {
-  return letto(QStringLiteral(GESTIONALE_SOURCES "/docs/manuale/grafica.md"));
-}
-
-/// The parts of a text that do not change, without what a sentence needs around them.
-QStringList pezzi(const QString& testo, const QRegularExpression& variabile) {
-  static const QRegularExpression intorno(QStringLiteral("^[ ().:,;\\]]+|[ (:\\[]+$"));
-  QStringList tutti;
-  for (QString pezzo : testo.split(variabile)) tutti << pezzo.remove(intorno);
-  tutti.removeAll(QString());
-  return tutti;
-}
-
-/// What the first cells of the page's rows quote.
-QStringList citati() {
-  static const QRegularExpression citazione(QStringLiteral("\"([^\"]+)\""));
-  static const QRegularExpression puntini(QStringLiteral("\\.\\.\\."));
-  QStringList tutti;
-  for (const QString& riga : pagina().split(u'\n')) {
-    if (!riga.startsWith(QStringLiteral("| "))) continue;
-    const QString cella = riga.section(u'|', 1, 1);
-    for (auto quale = citazione.globalMatch(cella); quale.hasNext();)
-      tutti += pezzi(quale.next().captured(1), puntini);
-  }
-  return tutti;
-}
-
-/// The literals with a blank in them that stand in a source.
-QStringList testiDelSorgente(const QString& percorso) {
-  static const QRegularExpression letterale(
-      QStringLiteral("(?:QStringLiteral\\(|TestoLancio\\{\\d+,)\\s*((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)"));
-  static const QRegularExpression giunta(QStringLiteral("\"\\s*\""));
-  const QString sorgente = letto(percorso);
-  QStringList tutti;
-  for (auto uno = letterale.globalMatch(sorgente); uno.hasNext();) {
-    QString testo = uno.next().captured(1).trimmed().remove(giunta);
-    testo = testo.mid(1, testo.size() - 2).replace(QStringLiteral("\\\""), QStringLiteral("\""));
-    testo.remove(QStringLiteral("\\r\\n"));
-    if (testo.contains(u' ')) tutti << testo;
-  }
-  return tutti;
-}
-
 }  // namespace
 
 TEST(PaginaDellaGrafica, HaOgniTestoCheLaSchermataMostra) {
-  const QString testo = pagina();
+  const ManualPage pagina(QStringLiteral("grafica.md"));
   for (const char16_t* uno : kTesti)
-    EXPECT_TRUE(testo.contains(QString::fromUtf16(uno).trimmed())) << QString::fromUtf16(uno).toStdString();
+    EXPECT_TRUE(pagina.text().contains(QString::fromUtf16(uno).trimmed()))
+        << QString::fromUtf16(uno).toStdString();
 }
 
 TEST(PaginaDellaGrafica, NonCitaUnTestoCheLaSchermataNonMostra) {
-  const QStringList tutti = citati();
-  EXPECT_GT(tutti.size(), 50);
-  for (const QString& pezzo : tutti)
-    EXPECT_TRUE(std::ranges::any_of(kTesti, [&](const char16_t* uno) {
-      return QString::fromUtf16(uno).contains(pezzo);
-    })) << pezzo.toStdString();
+  const ManualPage pagina(QStringLiteral("grafica.md"));
+  EXPECT_GT(pagina.quoted().size(), 50);
+  EXPECT_EQ(pagina.quotedBeside(kTesti), QStringList());
 }
 
 TEST(PaginaDellaGrafica, UnTestoNuovoDellaSchermataNonRestaFuori) {
-  static const QRegularExpression posto(QStringLiteral("%\\d"));
-  const QString testo = pagina();
-  const QDir sorgenti(QStringLiteral(GESTIONALE_SOURCES "/src/graphics"));
-  int visti = 0;
-  for (const QString& file : sorgenti.entryList({QStringLiteral("*.cpp")}))
-    for (const QString& uno : testiDelSorgente(sorgenti.filePath(file))) {
-      ++visti;
-      if (std::ranges::any_of(kNonMessaggi,
-                              [&](const char16_t* altro) { return uno == QString::fromUtf16(altro); }))
-        continue;
-      for (const QString& pezzo : pezzi(uno, posto))
-        EXPECT_TRUE(testo.contains(pezzo)) << file.toStdString() << ": " << uno.toStdString();
-    }
-  EXPECT_GT(visti, 30) << "as many as there were when this was written";
+  const ManualPage pagina(QStringLiteral("grafica.md"));
+  const SourceTexts testi = sourceTexts(QStringLiteral("graphics"), pagina.text(), kNonMessaggi,
+                                        QStringLiteral("QStringLiteral\\(|TestoLancio\\{\\d+,"));
+  EXPECT_EQ(testi.missing, QStringList());
+  EXPECT_GT(testi.seen, 30) << "as many as there were when this was written";
 }

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDate>
+#include <QDir>
 #include <QFile>
 #include <QHeaderView>
 #include <QLabel>
@@ -692,6 +693,16 @@ TEST_F(ArchivioVenduto, EsciChiudeLoSchermoEAllaRiaperturaETuttoNuovo) {
   EXPECT_EQ(ancora.text(kCodEan), QString());
 }
 
+TEST_F(ArchivioVenduto, EsciRiportaAllaGestioneConLArchivioAperto) {
+  bottega.screens.registra(QStringLiteral("Form_GestioneMMC"), [](Contesto&) { return new QWidget; });
+  const GuidedScreen schermo(bottega, kSchermo);
+  schermo.click(kEsci);
+  EXPECT_FALSE(schermo.alive());
+  ASSERT_NE(bottega.screens.trova(QStringLiteral("Form_GestioneMMC")), nullptr);
+  EXPECT_TRUE(bottega.screens.trova(QStringLiteral("Form_GestioneMMC"))->isVisible());
+  EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
+}
+
 TEST_F(ArchivioVenduto, IlTabulatoreSegueLOrdineDelLavoro) {
   const GuidedScreen schermo(bottega, kSchermo);
   QStringList giro;
@@ -800,10 +811,13 @@ TEST_F(ArchivioVenduto, LExportDiUnElencoVuotoScriveUnaRigaDiColonneVuote) {
 
 TEST_F(ArchivioVenduto, UnExportAnnullatoOSenzaNomeNonScriveNulla) {
   const GuidedScreen schermo(bottega, kSchermo);
+  const QStringList prima = QDir(bottega.folder.path()).entryList();
   bottega.user.chooses(std::nullopt).chooses(QString());
   schermo.click(kExport);
   schermo.click(kExport);
+  EXPECT_EQ(bottega.user.requests().size(), 2U);
   EXPECT_TRUE(bottega.user.takeBoxes().empty());
+  EXPECT_EQ(QDir(bottega.folder.path()).entryList(), prima);
 }
 
 TEST_F(ArchivioVenduto, UnFileCheNonSiPuoScrivereSiDiceENonLasciaUnMozzicone) {

@@ -237,6 +237,10 @@ TEST_F(DopoLaRicezione, UnaRicezioneRifiutataDallArchivioNonLasciaNota) {
   bottega.execute(QStringLiteral("CREATE UNIQUE INDEX solo_uno ON TAB_VENDUTO (Importo_giornaliero)"));
   EXPECT_EQ(avvia().size(), 1U);
   EXPECT_FALSE(ce(kNota));
+  // The first row was in before the second was refused.
+  attendiPiede(Kind::Warning,
+               QStringLiteral("Ricevuti 60.000 byte, 0 righe di venduto. Nulla è stato scritto "
+                              "nell'archivio: la cassa conserva il suo venduto."));
 }
 
 TEST_F(DopoLaRicezione, LeStesseVenditeDiNuovoSiDicono) {
@@ -325,6 +329,27 @@ TEST_F(DopoLaRicezione, DueCasseInSospesoHannoUnaRigaCiascuna) {
   EXPECT_EQ(bottega.folder.read(kNota).count('\n'), 2);
   riceviSenzaAzzerare(giornata(200));
   EXPECT_EQ(bottega.folder.read(kNota).count('\n'), 2);
+}
+
+TEST_F(DopoLaRicezione, DiDueCasseInSospesoConnettiDiceLArchivioDellaSua) {
+  riceviSenzaAzzerare(giornata(100));
+  articles::ChiudiDatabase();
+  bottega.openArchive(QStringLiteral("altro.mdb"));
+  TestTill altra;
+  altra.put(kFile, giornata(900));
+  altra->faults({{.mode = 5, .what = ecrsim::FaultKind::Code, .code = 16}});
+  apri();
+  schermo->connectTo(altra);
+  EXPECT_EQ(avvia().size(), 3U);
+  connetti();
+  EXPECT_TRUE(piede().text().contains(QStringLiteral("è nell'archivio archivio.mdb,")))
+      << piede().text().toStdString();
+  schermo->click(QStringLiteral("Cmd_Esci"));
+  apri();
+  EXPECT_TRUE(piede().text().contains(QStringLiteral("è nell'archivio altro.mdb,"))) << "the last one";
+  schermo->connectTo(altra);
+  EXPECT_TRUE(piede().text().contains(QStringLiteral("è nell'archivio altro.mdb,")))
+      << piede().text().toStdString();
 }
 
 TEST_F(DopoLaRicezione, UnaNotaCheNonSiPuoScrivereNonFermaLAzzeramento) {

@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QProgressBar>
@@ -195,6 +197,32 @@ TEST_F(ImportaDaMenu, DalPiedeSiApreIlReport) {
   EXPECT_EQ(bottega.user.programs(),
             QStringList{bottega.folder.file(QStringLiteral("lista_20240307090501.log"))});
   EXPECT_EQ(outcome(), QStringLiteral("Importazione: righe lette 2, errori 0.")) << "what was told stays";
+}
+
+TEST_F(ImportaDaMenu, IlPiedeContaGliErroriEAvverte) {
+  importa(righe(2));
+  bottega.user.takeBoxes();
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Done);
+  importa(righe(2) + "3;8003;A;CARA;100000;1;N;N; \r\n");
+  EXPECT_EQ(bottega.user.takeBoxes().size(), 1U);
+  EXPECT_EQ(outcome(), QStringLiteral("Importazione: righe lette 3, errori 1."));
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Warning);
+}
+
+TEST_F(ImportaDaMenu, UnReportCheSparisceSiDiceDietroAlConto) {
+  const QString log = bottega.folder.file(QStringLiteral("lista_20240307090501.log"));
+  bottega.user.onBox = [&](const Box&) {
+    ASSERT_TRUE(QFile::remove(log));
+    ASSERT_TRUE(QDir().mkdir(log));
+  };
+  importa(righe(2));
+  bottega.user.onBox = nullptr;
+  EXPECT_THAT(bottega.user.takeBoxes(), ElementsAre(kRiuscita));
+  EXPECT_EQ(outcome(),
+            QStringLiteral("Importazione: righe lette 2, errori 0. Errore di accesso al percorso o "
+                           "al file: ") +
+                log);
+  EXPECT_EQ(outcomeKind(), OutcomeBar::Kind::Warning);
 }
 
 TEST_F(ImportaDaMenu, AncheDopoUnImportAnnullatoSiApreIlReport) {

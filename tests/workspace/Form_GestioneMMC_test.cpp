@@ -351,6 +351,79 @@ TEST_F(GestioneMMC, UnAperturaFallitaConUnArchivioApertoNeSpegneIComandi) {
   EXPECT_EQ(varGlobal().NomeDB_Articoli, bottega.folder.file(QStringLiteral("archivio.mdb")));
   EXPECT_TRUE(varGlobal().DB_Articoli.isOpen());
   EXPECT_TRUE(active("mnuApri"));
+  EXPECT_TRUE(active("mnuImporta"));
+}
+
+TEST_F(GestioneMMC, UnNuovoDopoUnAperturaLasciaApriSpento) {
+  create();
+  entry("mnuClose");
+  open();
+  ASSERT_FALSE(active("mnuApri"));
+  create(QStringLiteral("altro.mdb"));
+  EXPECT_EQ(varGlobal().DB_Articoli.path(), bottega.folder.file(QStringLiteral("altro.mdb")));
+  EXPECT_EQ(enabledCommands(), kCommands);
+  EXPECT_FALSE(active("mnuApri"));
+  EXPECT_TRUE(active("mnuImporta"));
+}
+
+/// A person who looks around while a file dialog is up.
+struct AllaFinestra : ScriptedUser {
+  std::function<void()> guarda;
+
+  std::optional<QString> AskOpenPath(const FileRequest& chiesto) override {
+    guarda();
+    return ScriptedUser::AskOpenPath(chiesto);
+  }
+  std::optional<QString> AskSavePath(const FileRequest& chiesto) override {
+    guarda();
+    return ScriptedUser::AskSavePath(chiesto);
+  }
+};
+
+struct GestioneMMCAllaFinestra : testing::Test {
+  BackRoom bottega;
+  AllaFinestra utente;
+  Contesto contesto{utente,          bottega.workspace, bottega.library,          bottega.network,
+                    bottega.screens, bottega.clock,     bottega.contesto.cartella};
+  std::unique_ptr<Form_GestioneMMC> schermo;
+
+  void apri() {
+    schermo = std::make_unique<Form_GestioneMMC>(contesto);
+    schermo->show();
+  }
+  void voce(const char* nome) { schermo->findChild<QAction*>(QLatin1String(nome))->trigger(); }
+  bool acceso(const char* nome) const {
+    return schermo->findChild<QAbstractButton*>(QLatin1String(nome))->isEnabled();
+  }
+};
+
+TEST_F(GestioneMMCAllaFinestra, DiApriIQuattroComandiSonoSpenti) {
+  apri();
+  utente.guarda = [] {};
+  utente.chooses(bottega.folder.file(QStringLiteral("archivio.mdb")));
+  voce("mnuNuovo");
+  QString accesi;
+  int finestre = 0;
+  utente.guarda = [&] {
+    ++finestre;
+    for (const char* nome : {"Cmd_Articoli", "Cmd_Down", "Cmd_Upl", "Cmd_Venduto"})
+      if (acceso(nome)) accesi += QLatin1String(nome);
+  };
+  utente.chooses(std::nullopt);
+  voce("mnuApri");
+  EXPECT_EQ(finestre, 1);
+  EXPECT_EQ(accesi, QString());
+  EXPECT_TRUE(acceso("Cmd_Venduto")) << "the workspace as it was";
+}
+
+TEST_F(GestioneMMCAllaFinestra, DiNuovoIlModelloAssenteEGiaDetto) {
+  contesto.cartella = bottega.folder.path();
+  apri();
+  std::vector<Box> detti;
+  utente.guarda = [&] { detti = utente.takeBoxes(); };
+  utente.chooses(std::nullopt);
+  voce("mnuNuovo");
+  EXPECT_THAT(detti, ElementsAre(kModelloAssente));
 }
 
 TEST_F(GestioneMMC, DopoUnAperturaFallitaConUnArchivioApertoIComandiDiconoQuello) {

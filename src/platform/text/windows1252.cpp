@@ -49,4 +49,13 @@ QString toText(std::string_view byte) {
   return text;
 }
 
+QString toUpper(QString text) {
+  const auto lacks = [](QChar c) { return c.unicode() != kUnknown && byteOf(c.unicode()) == kUnknown; };
+  for (QChar& c : text) {
+    const QChar upper = c.toUpper();
+    if (!lacks(upper) || lacks(c)) c = upper;
+  }
+  return text;
+}
+
 }  // namespace windows1252

@@ -18,5 +18,8 @@ inline QString toText(const QByteArray& byte) {
 unsigned char byteOf(char32_t character);
 /// The character of one byte.
 char16_t characterOf(unsigned char byte);
+/// The text in upper case, as long as it was. A letter whose upper case the code page lacks ("µ") stays,
+/// since a till would show a "?" in its place.
+QString toUpper(QString text);
 
 }  // namespace windows1252

@@ -41,3 +41,9 @@ TEST(Windows1252, LoZeroNelMezzoResta) {
   EXPECT_EQ(windows1252::toText(std::string_view("A\0B", 3)).size(), 3);
   EXPECT_EQ(windows1252::toBytes(QString(QChar(0))), QByteArray(1, '\0'));
 }
+
+TEST(Windows1252, InMaiuscoloIlTestoRestaLungoComEraENellaTabellaDellaCassa) {
+  EXPECT_EQ(windows1252::toUpper(QStringLiteral("tè straße 5µm ÿ œ ž? α")),
+            QStringLiteral("TÈ STRAßE 5µM Ÿ Œ Ž? Α"));
+  EXPECT_EQ(windows1252::toUpper(QStringLiteral("àèìòù çñ ßµÿ €")), QStringLiteral("ÀÈÌÒÙ ÇÑ ßµŸ €"));
+}

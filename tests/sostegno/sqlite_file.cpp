@@ -1,0 +1,13 @@
+#include "sostegno/sqlite_file.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+void runInSqlite(const QString& path, const QStringList& statements) {
+  sqlite3* base = nullptr;
+  ASSERT_EQ(sqlite3_open(path.toUtf8().constData(), &base), SQLITE_OK) << path.toStdString();
+  for (const QString& sql : statements)
+    EXPECT_EQ(sqlite3_exec(base, sql.toUtf8().constData(), nullptr, nullptr, nullptr), SQLITE_OK)
+        << sql.toStdString();
+  sqlite3_close(base);
+}
