@@ -61,8 +61,7 @@ struct Salvataggio {
   QString racconto;
 };
 /// Everything in memory into the file, whole or not at all; the file before it stays beside it under its
-/// `PreviousName`, where the two differ. `esito` 0 on success; a failure has been
-/// shown.
+/// `PreviousName`, where the two differ. `esito` 0 on success; a failure has been shown.
 Salvataggio SalvaConfigurazioneRaccontando(const QString& path, Utente& utente);
 std::int16_t SalvaConfigurazione(const QString& path, Utente& utente);
 

@@ -7,7 +7,6 @@ namespace config {
 
 using record::Campo;
 using record::coerente;
-using record::kByteIntero;
 using record::Record;
 using record::RecordLetto;
 using record::Tipo;

@@ -1,6 +1,5 @@
 #include "config/narrow_lines.h"
 
-#include "config/image.h"
 #include "ecrlink/models.h"
 #include "platform/error.h"
 
@@ -71,16 +70,6 @@ void restringiCortesia(RecordLetto piena, Record corta) {
 }
 void allargaCortesia(RecordLetto corta, Record piena) {
   allarga(kCortesie, corta, piena);
-}
-
-std::optional<std::size_t> limiteSuperiore(const QString& file, const QString& infoTipoBitmap) {
-  for (const Famiglia* famiglia : famiglie()) {
-    if (file != QLatin1String(famiglia->file)) continue;
-    if (invioStretto(infoTipoBitmap) && famiglia == &kIntestazione) return intestazione_corta::kTotale;
-    if (invioStretto(infoTipoBitmap) && famiglia == &kCortesia) return cortesia_corta::kTotale;
-    return famiglia->totale();
-  }
-  return std::nullopt;
 }
 
 }  // namespace config

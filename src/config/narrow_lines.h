@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <optional>
 
 #include "config/records.h"
 
@@ -9,8 +8,7 @@
 /// configuration file never holds them.
 namespace config {
 
-/// Whether a till of this size class is sent its lines narrow: "S" alone, as the upper bounds of the file
-/// channel have it.
+/// Whether a till of this size class is sent its lines narrow: "S" alone.
 bool invioStretto(const QString& infoTipoBitmap);
 /// Whether the lines come back narrow from it: every class but "L". The two part on a class that is neither:
 /// such a till is sent the full lines, and of what it hands back only the narrow form is read.
@@ -49,9 +47,5 @@ void restringiIntestazione(RecordLetto piena, Record corta);
 void allargaIntestazione(RecordLetto corta, Record piena);
 void restringiCortesia(RecordLetto piena, Record corta);
 void allargaCortesia(RecordLetto corta, Record piena);
-
-/// Bytes of the image of one of the nine files on its way to a till of this size class, without the channel's
-/// extra byte; nothing for another name.
-std::optional<std::size_t> limiteSuperiore(const QString& file, const QString& infoTipoBitmap);
 
 }  // namespace config

@@ -67,11 +67,12 @@ void ChiudiDatabase() {
 }
 
 std::int32_t CalcolaNumClienti(Utente& utente) {
-  std::int32_t clienti = 0;
-  reazioni::prossimaIstruzione(utente, QStringLiteral("CalcolaNumClienti "), [&] {
-    clienti = interroga(store::Statement(u"SELECT ID_Cliente from TAB_ANAG_CLIENTI ")).RecordCount() - 1;
-  });
-  return clienti;
+  try {
+    return interroga(store::Statement(u"SELECT ID_Cliente from TAB_ANAG_CLIENTI ")).RecordCount() - 1;
+  } catch (const Errore& errore) {
+    reazioni::segnala(utente, QStringLiteral("CalcolaNumClienti "), errore);
+    return 0;
+  }
 }
 
 std::int32_t ProssimoCodice() {

@@ -121,6 +121,7 @@ void Form_GestioneCodiceTastiera::on_Cmd_Conferma_clicked() {
 
 void Form_GestioneCodiceTastiera::conferma() {
   const auto scelta = macchina();
+  // There is no choice yet that one could be sure of.
   if (!scelta) {
     opzioni_.front()->setFocus();
     return ui_->BarraEsito->tell(Genere::Warning,

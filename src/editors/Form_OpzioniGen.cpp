@@ -1,15 +1,16 @@
 #include "editors/Form_OpzioniGen.h"
 
 #include <QComboBox>
+#include <QDate>
 #include <QFrame>
 #include <QLineEdit>
-#include <QScopedValueRollback>
 
 #include "config/image.h"
 #include "controls/contrast.h"
 #include "core/conversions.h"
 #include "editors/form_field.h"
 #include "editors/options_table.h"
+#include "platform/ui/user_port.h"
 
 namespace editors {
 
@@ -31,6 +32,12 @@ const QString kTempoPredefinito = QStringLiteral("210000");
 const QString kNessuno = QStringLiteral("NESSUNO");
 /// No day of the calendar has a year: it is looked at in one that is no leap year.
 const QString kAnnoComune = QStringLiteral("2007");
+
+/// A pair that is not chosen is no wrong day.
+bool esiste(const CampoData& campo) {
+  const QString ggmm = campo.cifre();
+  return !campo.scelta() || QDate::isValid(kAnnoComune.toInt(), ggmm.mid(2).toInt(), ggmm.left(2).toInt());
+}
 
 /// Year, month, day as one number, and its text.
 QString ordinabile(const CampoData& campo) {
@@ -120,11 +127,14 @@ bool Form_OpzioniGen::salvabile() {
   return false;
 }
 
+void Form_OpzioniGen::arrossa(CampoData& campo) {
+  campo.sfondo(editors::kRosso);
+  segna(campo);
+}
+
 bool Form_OpzioniGen::giornoGiusto(CampoData& campo) {
   if (!campo.scelta() || CheckDataPeriodo(campo.cifre(), contesto().utente) != kFalso) return true;
-  campo.sfondo(editors::kRosso);
-  campo.segna(true);
-  modificato() = kVero;
+  arrossa(campo);
   return false;
 }
 
@@ -134,10 +144,11 @@ bool Form_OpzioniGen::inOrdine(std::size_t riga, CampoData& daSegnare) {
   const auto& fine = campo<CampoData>(opzioni::kFine, riga);
   if (!inizio.scelta() || !fine.scelta() || editors::ordinabile(inizio) <= editors::ordinabile(fine))
     return true;
-  avvisa(QStringLiteral("Attenzione la Data di Inizio maggiore della Data di Fine !!!"));
-  daSegnare.sfondo(editors::kRosso);
-  daSegnare.segna(true);
-  modificato() = kVero;
+  const QString messaggio = QStringLiteral("Attenzione la Data di Inizio maggiore della Data di Fine !!!");
+  contesto().utente.MsgBox(messaggio, Icon::Warning);
+  arrossa(daSegnare);
+  // Behind the mark, which tells of itself at the foot.
+  racconta(messaggio);
   return false;
 }
 
@@ -194,18 +205,18 @@ void Form_OpzioniGen::abilitaTallon() {
                                       .arg(QLatin1String(opzioni::kCorniceTallon), spento.name()));
 }
 
+/// Its lists come back here one by one: with the day at the first, which every month has.
 void Form_OpzioniGen::revisioneScelta() {
   auto& revisione = campo<CampoData>(opzioni::kRevisione);
-  if (rimette_ || !revisione.scelta() || CheckDataRevisione(revisione.cifre(), contesto().utente) != kFalso)
-    return;
-  const QScopedValueRollback daSe(rimette_, true);
-  revisione.allInizio();
+  if (revisione.scelta() && CheckDataRevisione(revisione.cifre(), contesto().utente) == kFalso)
+    revisione.allInizio();
 }
 
-/// What a pair put right may also have put right is the other one of its row.
+/// What a pair put right may also have put right is the order with the other one of its row, not its day.
 void Form_OpzioniGen::rigaScelta(std::size_t riga, bool inizio) {
-  for (const char* const lista : {opzioni::kInizio, opzioni::kFine})
-    campo<CampoData>(lista, riga).sfondo(editors::kGrigioChiaro);
+  auto& altra = campo<CampoData>(inizio ? opzioni::kFine : opzioni::kInizio, riga);
+  campo<CampoData>(inizio ? opzioni::kInizio : opzioni::kFine, riga).sfondo(editors::kGrigioChiaro);
+  if (editors::esiste(altra)) altra.sfondo(editors::kGrigioChiaro);
   if (inizio)
     CheckCampoDataInizio(riga);
   else

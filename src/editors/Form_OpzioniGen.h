@@ -34,6 +34,7 @@ class Form_OpzioniGen : public EditorModulo {
   bool CheckTempoAzz();
   bool CheckCampoDataInizio(std::size_t riga);
   bool CheckCampoDataFine(std::size_t riga);
+  void arrossa(editors::CampoData& campo);
   bool giornoGiusto(editors::CampoData& campo);
   bool inOrdine(std::size_t riga, editors::CampoData& daSegnare);
   void ResetBackColorDate();
@@ -42,7 +43,4 @@ class Form_OpzioniGen : public EditorModulo {
   void abilitaTallon();
   void revisioneScelta();
   void rigaScelta(std::size_t riga, bool inizio);
-
-  /// The revision date is being put right.
-  bool rimette_ = false;
 };

@@ -9,7 +9,6 @@
 #include <QResizeEvent>
 #include <QScopeGuard>
 #include <QToolButton>
-#include <algorithm>
 #include <array>
 
 #include "articles/article_database.h"
@@ -75,6 +74,8 @@ constexpr std::array kEditor{Apre{5, "Form_Negozio", u"Configurazione Negozio"},
                              Apre{13, "Form_GestioneCodiceTastiera", u"Gestione Tastiera"}};
 /// Reachable by the refill alone.
 const char* const kEditorPLU = "Form_PLU";
+/// Opened by the screens of the keyboard; it stands beside the frame and goes with it.
+const char* const kSceltaTasti = "frmTastiOpzione";
 
 FileRequest finestra(const QString& titolo, const Contesto& contesto) {
   return {titolo, QStringLiteral("dat (*.dat)|*.dat"), contesto.cartella};
@@ -123,8 +124,7 @@ void MDIForm_PRG::vesti() {
       pulsante->setFocusPolicy(Qt::TabFocus);
       pulsante->setAccessibleDescription(azione.toolTip());
     }
-    if (serveLaConfigurazione(uno.posizione))
-      tellWhyDisabled(azione, inPreparazione(uno.posizione) ? QStringLiteral("in preparazione") : kPrimaUna);
+    if (serveLaConfigurazione(uno.posizione)) tellWhyDisabled(azione, kPrimaUna);
   }
   // What does not fit stands behind it, in a window made narrow.
   if (auto* altri = ui_->Toolbar1->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
@@ -160,17 +160,9 @@ std::uint16_t MDIForm_PRG::DammiFormOpen(const QString& nome) const {
   return contesto().schermate.trova(nome) ? 1 : 0;
 }
 
-/// Some screens this version does not have yet.
-bool MDIForm_PRG::inPreparazione(int posizione) const {
-  return std::ranges::any_of(kEditor, [&](const Apre& editor) {
-    return editor.posizione == posizione && !contesto().schermate.registrata(QLatin1String(editor.schermata));
-  });
-}
-
 void MDIForm_PRG::abilita(bool abilitati) {
   for (const Tasto& uno : kTasti)
-    if (serveLaConfigurazione(uno.posizione))
-      tasto(uno.posizione).setEnabled(abilitati && !inPreparazione(uno.posizione));
+    if (serveLaConfigurazione(uno.posizione)) tasto(uno.posizione).setEnabled(abilitati);
   ui_->mnuInvio->setEnabled(abilitati);
 }
 
@@ -427,6 +419,9 @@ void MDIForm_PRG::closeEvent(QCloseEvent* evento) {
   esegui(kProcedura, [&] { via = guardia(Ricarica::Si); });
   if (!via) return evento->ignore();
   evento->accept();
-  esegui(kProcedura, [this] { chiudiEditor(); });
+  esegui(kProcedura, [this] {
+    chiudiEditor();
+    contesto().schermate.scarica(QLatin1String(kSceltaTasti));
+  });
   esegui(kProcedura, [this] { MostraMenu(contesto()); });
 }

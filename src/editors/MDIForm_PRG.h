@@ -70,7 +70,6 @@ class MDIForm_PRG : public Schermo<QMainWindow> {
   void apriEditor(const char* nome, const QString& stato);
   void chiudiEditor(const QString& tranne = {});
   void mostraBenvenuto();
-  bool inPreparazione(int posizione) const;
   void abilita(bool abilitati);
   void adattaBarra();
 

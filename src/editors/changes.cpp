@@ -16,6 +16,12 @@ namespace editors {
 
 namespace {
 
+/// An editor by its screen's name, and its flag.
+struct Voce {
+  const char* schermata;
+  Bandiera VarGestionePRG::*modificato;
+};
+/// In the order in which their changes are looked at.
 constexpr std::array kOrdine{
     Voce{"Form_Negozio", &VarGestionePRG::ModificaNegozio},
     Voce{"Form_Reparti", &VarGestionePRG::ModificaReparti},

@@ -25,13 +25,6 @@ class Editor {
   virtual void ricarica() = 0;
 };
 
-/// One line for each editor: the name of its screen and its flag, in the order in which their changes are
-/// looked at.
-struct Voce {
-  const char* schermata;
-  Bandiera VarGestionePRG::*modificato;
-};
-
 /// Whether any flag is set.
 bool ciSonoModifiche();
 /// All seven flags cleared.
@@ -51,10 +44,9 @@ struct EsitoSalvataggio {
 };
 
 /// Moves the screen of the first flag that is set into memory, saves the configuration and clears all seven
-/// flags; those stay set, and memory is as before, where an
-/// editor was not ready or the save failed. What a second editor has changed stays on its screen alone:
-/// the till's programme takes one editor's changes at a time. An editor that has been unloaded meanwhile has
-/// nothing left to move.
+/// flags; those stay set, and memory is as before, where an editor was not ready or the save failed. What a
+/// second editor has changed stays on its screen alone: the till's programme takes one editor's changes at a
+/// time. An editor that has been unloaded meanwhile has nothing left to move.
 EsitoSalvataggio SalvaModificati(Contesto& contesto);
 
 /// Clears the flags of departments to options and fills every open editor from memory.

@@ -26,7 +26,9 @@ using Genere = OutcomeBar::Kind;
 /// How many changed fields the foot names.
 constexpr std::size_t kNominati = 3;
 constexpr int kMargineRiquadro = 12;
-constexpr int kTraRiquadri = 12;
+/// At its sides, where each field has a margin of its own.
+constexpr int kLatoRiquadro = 10;
+constexpr int kTraRiquadri = 16;
 /// Of the dot on a tab, in pixels.
 constexpr int kLatoSegno = 16;
 constexpr qreal kBordoSegno = 4;
@@ -67,7 +69,7 @@ EditorModulo::EditorModulo(Contesto& contesto, const editors::Modulo& modulo)
   ui_->setupUi(this);
   setWindowTitle(testo(modulo.titolo));
   ui_->TitoloEditor->setText(testo(modulo.titolo));
-  ui_->schede->setObjectName(QLatin1String(modulo.schede));
+  ui_->schede->setObjectName(QStringLiteral("SSTab1"));
   ui_->schede->setAccessibleName(testo(modulo.titolo));
   segnoScheda_ = segnoDi(palette().color(QPalette::Highlight));
   costruisci();
@@ -130,7 +132,7 @@ QWidget* EditorModulo::riquadro(const editors::Riquadro& riquadro) {
   carta->setProperty("card", true);
   carta->setObjectName(QLatin1String(riquadro.nome));
   auto* tutto = new QVBoxLayout(carta);
-  tutto->setContentsMargins(kMargineRiquadro, kMargineRiquadro, kMargineRiquadro, kMargineRiquadro);
+  tutto->setContentsMargins(kLatoRiquadro, kMargineRiquadro, kLatoRiquadro, kMargineRiquadro);
   tutto->setSpacing(4);
   auto* titolo = new QLabel(testo(riquadro.titolo), carta);
   QFont grassetto = titolo->font();
@@ -271,7 +273,11 @@ void EditorModulo::salvaInMemoria() {
 }
 
 bool EditorModulo::pronto() {
-  return GuardedField::settled(*window()) && controllaSegnati() && controlla() && salvabile();
+  return campiGiusti() && salvabile();
+}
+
+bool EditorModulo::campiGiusti() {
+  return GuardedField::settled(*window()) && controllaSegnati() && controlla();
 }
 
 /// What was filled in stands up to no check: a programme saved elsewhere must stay editable.
@@ -285,7 +291,7 @@ bool EditorModulo::controllaSegnati() {
 }
 
 void EditorModulo::salva() {
-  if (!GuardedField::settled(*window()) || !controllaSegnati() || !controlla()) return;
+  if (!campiGiusti()) return;
   if (modificato() == kFalso)
     return ui_->BarraEsito->tell(Genere::Plain, QStringLiteral("Nessuna modifica da salvare"));
   if (!premuto() && !editors::chiediDiSalvare(contesto())) return mostraStato();
@@ -307,9 +313,14 @@ void EditorModulo::annulla() {
   if (!perse.isEmpty()) ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Modifiche annullate: ") + perse);
 }
 
-void EditorModulo::cambiato(editors::CampoModulo& campo) {
+void EditorModulo::segna(editors::CampoModulo& campo) {
+  campo.segna(true);
   modificato() = kVero;
   mostraStato();
+}
+
+void EditorModulo::cambiato(editors::CampoModulo& campo) {
+  segna(campo);
   dopo(campo);
 }
 

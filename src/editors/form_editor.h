@@ -55,6 +55,8 @@ class EditorModulo : public Schermo<QWidget>, public editors::Editor {
   /// The field's tab in front, and the focus on it.
   void porta(editors::CampoModulo& campo);
   Bandiera& modificato() const { return varGestionePRG().*modulo_.modificato; }
+  /// The field counts as changed from now on, whoever has changed it.
+  void segna(editors::CampoModulo& campo);
   void ResetBackColorFrame();
   /// What is typed as a number, once more from the records.
   void mostraNumeri();
@@ -73,6 +75,7 @@ class EditorModulo : public Schermo<QWidget>, public editors::Editor {
   QString riempimentoDi(const editors::CampoModulo& campo) const;
   void cambiato(editors::CampoModulo& campo);
   bool controllaSegnati();
+  bool campiGiusti();
   void salva();
   void annulla();
   void mostraStato();

@@ -178,7 +178,7 @@ CampoModulo::CampoModulo(const Dato& dato, Posto posto)
 CampoModulo::~CampoModulo() = default;
 
 QString CampoModulo::nome() const {
-  const QString didascalia = testo(dato_.didascalia).simplified();
+  QString didascalia = testo(dato_.didascalia).simplified();
   if (posto_.riquadro.nominato) return testo(posto_.riquadro.titolo) + QStringLiteral(", ") + didascalia;
   if (posto_.nomeRiga.isEmpty() || didascalia == posto_.nomeRiga) return didascalia;
   return didascalia.isEmpty() ? posto_.nomeRiga : posto_.nomeRiga + QStringLiteral(", ") + didascalia;

@@ -130,8 +130,6 @@ struct Modulo {
   std::span<const Pagina> pagine;
   Bandiera VarGestionePRG::*modificato;
   Segno segno = Segno::Campo;
-  /// Object name of the tabs.
-  const char* schede = "SSTab1";
   const char16_t* annulla = u"Annulla Modifiche";
 };
 

@@ -222,9 +222,7 @@ void EditorGriglia::cambiata() {
   const editors::Esame esame = controllo ? controllo(casella().text()) : editors::Esame{casella().text()};
   if (esame.testo != casella().text()) {
     const QScopedValueRollback nessunoScrive(daProgramma_, true);
-    const int cursore = casella().cursorPosition();
     casella().setText(esame.testo);
-    casella().setCursorPosition(cursore);
   }
   griglia().setTextMatrix(riga_, colonna_, esame.testo);
   if (esame.testo != prima) {

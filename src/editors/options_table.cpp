@@ -381,6 +381,7 @@ constexpr std::array kRiquadriAltre{
              .righe = config::logo::kRecord,
              .nomi = kNomiGrafica},
 };
+
 // Gestione TALLON
 
 constexpr std::array kDatiGestioneTallon{siNo(opzioni::kTallon, u"Tallon", p::kGestioneTallon)};

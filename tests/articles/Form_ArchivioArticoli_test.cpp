@@ -20,6 +20,7 @@
 #include "controls/outcome_bar.h"
 #include "controls/style.h"
 #include "core/menu.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
@@ -254,20 +255,8 @@ TEST_F(ArchivioArticoli, StaInUnoSchermoDaMilleventiquattroSenzaTagliareScritte)
 
 /// The screen in a font of the parameter's size, in the program's look.
 class ArchivioArticoliNelCarattere : public ArchivioArticoli, public testing::WithParamInterface<int> {
- protected:
-  ArchivioArticoliNelCarattere() : prima_(QApplication::font()) {
-    QFont carattere = prima_;
-    carattere.setPointSize(GetParam());
-    QApplication::setFont(carattere);
-    style::apply(*qApp, style::Theme::Light);
-  }
-  ~ArchivioArticoliNelCarattere() override {
-    qApp->setStyleSheet({});
-    QApplication::setFont(prima_);
-  }
-
  private:
-  QFont prima_;
+  const InFont carattere_{GetParam()};
 };
 INSTANTIATE_TEST_SUITE_P(Punti, ArchivioArticoliNelCarattere, testing::Values(9, 11, 12));
 

@@ -63,9 +63,6 @@ TEST_P(OgniModello, SoloLaClasseDecideSeLeRigheViaggianoStrette) {
     ASSERT_EQ(info.InfoTipoMacchina, QString::fromLatin1(GetParam().nome));
     EXPECT_EQ(invioStretto(info.InfoTipoBitmap), caso.invio) << "class \"" << caso.classe << "\"";
     EXPECT_EQ(ricezioneStretta(info.InfoTipoBitmap), caso.ricezione) << "class \"" << caso.classe << "\"";
-    EXPECT_EQ(limiteSuperiore(QStringLiteral("intestazione.bin"), info.InfoTipoBitmap),
-              caso.invio ? 208U : 304U);
-    EXPECT_EQ(limiteSuperiore(QStringLiteral("cortesia.bin"), info.InfoTipoBitmap), caso.invio ? 54U : 78U);
   }
 }
 
@@ -152,31 +149,5 @@ TEST(RigheStrette, UnImmagineCortaEErrore9ENonCopiaNulla) {
       }
       EXPECT_EQ(destinazione, Byte(a, 0xA5));
     }
-  }
-}
-
-TEST(LimiteSuperiore, DiOgniFileDelProgramma) {
-  struct Caso {
-    const char* file;
-    std::size_t piccola;
-    std::size_t grande;
-  };
-  for (const Caso& caso :
-       {Caso{"intestazione.bin", 208, 304}, Caso{"reparti.bin", 3360, 3360}, Caso{"plu.bin", 240000, 240000},
-        Caso{"iva.bin", 232, 232}, Caso{"val.bin", 116, 116}, Caso{"operatori.bin", 330, 330},
-        Caso{"cortesia.bin", 54, 78}, Caso{"logo.bin", 120, 120}, Caso{"prog_param.bin", 428, 428}}) {
-    const QString file = QString::fromLatin1(caso.file);
-    EXPECT_EQ(limiteSuperiore(file, QStringLiteral("S")), caso.piccola) << caso.file;
-    EXPECT_EQ(limiteSuperiore(file, QStringLiteral("L")), caso.grande) << caso.file;
-  }
-  EXPECT_EQ(limiteSuperiore(QStringLiteral("venduto.bin"), QStringLiteral("L")), std::nullopt);
-  EXPECT_EQ(limiteSuperiore(QStringLiteral("PLU.BIN"), QStringLiteral("L")), std::nullopt);
-}
-
-TEST(LimiteSuperiore, DiUnaClasseNeSNeLEQuelloPieno) {
-  for (const char* altra : {"", "s", "M", "S "}) {
-    const QString tipo = QString::fromLatin1(altra);
-    EXPECT_EQ(limiteSuperiore(QStringLiteral("intestazione.bin"), tipo), 304U) << altra;
-    EXPECT_EQ(limiteSuperiore(QStringLiteral("cortesia.bin"), tipo), 78U) << altra;
   }
 }

@@ -114,6 +114,20 @@ TEST_F(TrasferimentoProgrammazione, IComandiSonoSpentiAiRiquadriDiUnaRicezioneIn
   EXPECT_EQ(accesi, QStringList());
 }
 
+TEST_F(TrasferimentoProgrammazione, IComandiSonoSpentiAlRiquadroDellaRicezione) {
+  programmaCassa();
+  const GuidedScreen schermo = pronto(kRicevi);
+  QStringList accesi;
+  bottega.user.onBox = [&](const Box&) {
+    for (const QString& comando : {kAvvia, kEsci, kConnetti})
+      if (schermo.enabled(comando)) accesi << comando;
+  };
+  schermo.click(kAvvia);
+  bottega.user.onBox = nullptr;
+  expectBoxes(bottega, {kRicevuta});
+  EXPECT_EQ(accesi, QStringList());
+}
+
 TEST_F(TrasferimentoProgrammazione, ClicSuTuttoEscEChiusuraDuranteLInvioNonFannoNulla) {
   const GuidedScreen schermo = pronto(kInvia);
   impaziente(schermo);

@@ -115,6 +115,16 @@ TEST_F(RicezioneProgrammazione, LaBarraFaUnPassoPerFile) {
   EXPECT_EQ(barra.maximum(), 9);
 }
 
+TEST_F(RicezioneProgrammazione, AllaSecondaVoltaLaBarraRiparteDaZero) {
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kRicevuta});
+  ASSERT_EQ(schermo.control<QProgressBar>(kBarra).value(), 9);
+  cassa->faults({{.mode = 7, .file = "intestazione.bin"}});
+  schermo.click(kAvvia);
+  expectBoxes(bottega, {kComunicazione, fallitaRichiesta(QStringLiteral("intestazione.bin")), kErrore});
+  EXPECT_EQ(schermo.control<QProgressBar>(kBarra).value(), 0);
+}
+
 TEST_F(RicezioneProgrammazione, AlPiedeCioCheEArrivatoECioCheECambiato) {
   schermo.click(kAvvia);
   expectBoxes(bottega, {kRicevuta});
@@ -177,6 +187,9 @@ TEST_F(RicezioneProgrammazione, UnFileDiIeriNellaCartellaNonPassaPerQuelloDellaC
   schermo.click(kAvvia);
   expectBoxes(bottega, {kRicevuta});
   EXPECT_TRUE(immagineInMemoria() == programmaDellaCassa());
+  for (const QString& file : ordineRicezione())
+    EXPECT_FALSE(QFile::exists(bottega.folder.file(file + QStringLiteral(".precedente"))))
+        << file.toStdString();
 }
 
 // The lines of a small till.

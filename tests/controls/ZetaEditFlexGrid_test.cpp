@@ -324,6 +324,8 @@ TEST_F(EditorInGriglia, MaiuscCancTaglia) {
   EXPECT_EQ(testo(2, 2), QString());
   EXPECT_EQ(QGuiApplication::clipboard()->text(), nome(2, 2));
   EXPECT_EQ(eventi(), kCambio);
+  editor_.Undo();
+  EXPECT_EQ(testo(2, 2), nome(2, 2)) << "saved before the cell was emptied";
 }
 
 TEST_F(EditorInGriglia, CtrlInsCopiaSenzaCambiare) {
@@ -341,6 +343,8 @@ TEST_F(EditorInGriglia, MaiuscInsIncolla) {
   tasto(Qt::Key_Insert, Qt::ShiftModifier);
   EXPECT_EQ(testo(2, 2), QStringLiteral("dagli appunti"));
   EXPECT_EQ(eventi(), kCambio);
+  editor_.Undo();
+  EXPECT_EQ(testo(2, 2), nome(2, 2)) << "saved before the cell was written";
 }
 
 TEST_F(EditorInGriglia, SenzaTestoNegliAppuntiIncollareNonCambiaNulla) {

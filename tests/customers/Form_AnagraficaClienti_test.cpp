@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QClipboard>
 #include <QDialog>
 #include <QHeaderView>
@@ -14,11 +13,11 @@
 
 #include "controls/FlexGrid.h"
 #include "controls/outcome_bar.h"
-#include "controls/style.h"
 #include "core/menu.h"
 #include "customers/customer_database.h"
 #include "customers/office.h"
 #include "sostegno/guided_screen.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
@@ -926,20 +925,8 @@ TEST_F(SchermoAnagrafica, UnaColonnaTrascinataRestaComELaVuoleLaPersona) {
 
 /// The screen in a font of the parameter's size, in the program's look.
 class AnagraficaNelCarattere : public SchermoAnagrafica, public testing::WithParamInterface<int> {
- protected:
-  AnagraficaNelCarattere() : prima_(QApplication::font()) {
-    QFont carattere = prima_;
-    carattere.setPointSize(GetParam());
-    QApplication::setFont(carattere);
-    style::apply(*qApp, style::Theme::Light);
-  }
-  ~AnagraficaNelCarattere() override {
-    qApp->setStyleSheet({});
-    QApplication::setFont(prima_);
-  }
-
  private:
-  QFont prima_;
+  const InFont carattere_{GetParam()};
 };
 INSTANTIATE_TEST_SUITE_P(Punti, AnagraficaNelCarattere, testing::Values(9, 11, 12));
 

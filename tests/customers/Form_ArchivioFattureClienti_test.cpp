@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
@@ -13,7 +12,6 @@
 
 #include "controls/FlexGrid.h"
 #include "controls/outcome_bar.h"
-#include "controls/style.h"
 #include "customers/office.h"
 #include "sostegno/guided_screen.h"
 #include "sostegno/troubles.h"
@@ -490,20 +488,8 @@ TEST_F(ArchivioFatture, ClicEscEChiusuraImbucatiAOgniPassaggioNonFannoNulla) {
 
 /// The screen in a font of the parameter's size, in the program's look.
 class ArchivioFattureNelCarattere : public ArchivioFatture, public testing::WithParamInterface<int> {
- protected:
-  ArchivioFattureNelCarattere() : prima_(QApplication::font()) {
-    QFont carattere = prima_;
-    carattere.setPointSize(GetParam());
-    QApplication::setFont(carattere);
-    style::apply(*qApp, style::Theme::Light);
-  }
-  ~ArchivioFattureNelCarattere() override {
-    qApp->setStyleSheet({});
-    QApplication::setFont(prima_);
-  }
-
  private:
-  QFont prima_;
+  const InFont carattere_{GetParam()};
 };
 INSTANTIATE_TEST_SUITE_P(Punti, ArchivioFattureNelCarattere, testing::Values(9, 11, 12));
 

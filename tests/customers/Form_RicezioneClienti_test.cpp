@@ -458,6 +458,26 @@ TEST_F(RicezioneDeiClienti, ConUnAltroProgrammaAlLavoroNullaSiTocca) {
   EXPECT_TRUE(cassa.byte(kFatture) == invoicesFile({kUna}));
 }
 
+TEST_F(RicezioneDeiClienti, LaCartellaELiberaAiRiquadriDopoLaCassa) {
+  const GuidedScreen schermo = pronto();
+  std::vector<bool> libera;
+  ufficio.user.onBox = [&](const Box&) {
+    try {
+      const ecrlink::ScambioEsclusivo altro;
+      libera.push_back(true);
+    } catch (const Errore&) {
+      libera.push_back(false);
+    }
+  };
+  for (const QString& opzione : {kOpzioneFatture, kOpzioneClienti, kOpzioneCancella}) {
+    schermo.click(opzione);
+    schermo.click(kAvvia);
+  }
+  ufficio.user.onBox = nullptr;
+  expectBoxes(ufficio, {kFattureRicevute, kClientiRicevuti, kAzzerate});
+  EXPECT_EQ(libera, (std::vector{true, true, true}));
+}
+
 TEST_F(RicezioneDeiClienti, SulDiscoPienoIlFileNonArrivaELArchivioRestaComEra) {
   const GuidedScreen schermo = pronto();
   {

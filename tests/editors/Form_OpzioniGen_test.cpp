@@ -82,6 +82,11 @@ class OpzioniGenerali : public ConfigurationOpen {
   static QColor sfondo(const GuidedFields& schermo, const QString& lista) {
     return schermo.list(lista).palette().color(QPalette::Button);
   }
+  /// What is painted beside the text of a list.
+  static QColor fondoDipinto(const GuidedFields& schermo, const QString& lista) {
+    const QImage dipinta = schermo.list(lista).grab().toImage();
+    return dipinta.pixelColor(dipinta.width() / 2, 5);
+  }
   /// Grounds of a row's two pairs.
   static void expectSfondi(const GuidedFields& schermo, int riga, const QColor& inizio, const QColor& fine) {
     const QString coda = QStringLiteral("_%1").arg(riga);
@@ -577,6 +582,8 @@ TEST_P(TempoGiusto, SiSalva) {
   expectBoxes(program, {});
   EXPECT_EQ(onDisk(kTempo, 4), intero(secondi));
   EXPECT_EQ(schermo.text(t("vkTextBoxTempoAzz")), t(tasti));
+  schermo.reset();
+  EXPECT_EQ(schermo.text(t("vkTextBoxTempoAzz")), t(tasti)) << "read again";
 }
 
 INSTANTIATE_TEST_SUITE_P(Tempi, TempoGiusto,
@@ -658,6 +665,7 @@ TEST_F(OpzioniGenerali, LaRevisioneSiSalvaESiRilegge) {
   expectBoxes(program, {});
   schermo.save();
   EXPECT_EQ(onDisk(kRevisione, 4), giorno(29, 2, 24));
+  schermo.reset();
   EXPECT_EQ(schermo.list(t("Combo_GG_REV")).currentText(), t("29"));
   EXPECT_EQ(schermo.list(t("Combo_MM_REV")).currentText(), t("02"));
   EXPECT_EQ(schermo.list(t("Combo_AA_REV")).currentText(), t("2024"));
@@ -737,6 +745,20 @@ TEST_P(CoppiaDelCalendario, OgniRigaGuardaISuoiGiorni) {
   }
 }
 
+TEST_P(CoppiaDelCalendario, UnGiornoCheNonCERestaRossoMentreSiSceglieLAltro) {
+  apriIlCalendario(giorno(1, 1), giorno(31, 12));
+  const GuidedFields schermo = apri();
+  scegli(schermo, giornoDi(7), 30);
+  scegli(schermo, meseDi(7), 5);
+  expectBoxes(program, {kTrentaGiorni});
+  const QString altro = diFine() ? t("CmbGiorno_7") : t("CmbGiornoFine_7");
+  scegli(schermo, altro, 14);
+  expectBoxes(program, {});
+  expectSfondi(schermo, 7, diFine() ? kGrigio : kRosso, diFine() ? kRosso : kGrigio);
+  scegli(schermo, giornoDi(7), 29);
+  expectSfondi(schermo, 7, kGrigio, kGrigio);
+}
+
 INSTANTIATE_TEST_SUITE_P(Coppie, CoppiaDelCalendario, testing::Values("", "Fine"),
                          [](const auto& prova) { return *prova.param == '\0' ? "Inizio" : "Fine"; });
 
@@ -748,6 +770,10 @@ TEST_F(OpzioniGenerali, UnInizioDopoLaFineSiDiceEDiventaRosso) {
   inizio(schermo, 2, 21, 6);
   expectBoxes(program, {kInizioDopoLaFine});
   expectSfondi(schermo, 2, kRosso, kGrigio);
+  // The style of the lists makes it lighter.
+  EXPECT_EQ(fondoDipinto(schermo, t("CmbMese_2")).hslHue(), 0);
+  EXPECT_GT(fondoDipinto(schermo, t("CmbMese_2")).hslSaturation(), 200);
+  EXPECT_EQ(fondoDipinto(schermo, t("CmbMeseFine_2")).hslSaturation(), 0);
   EXPECT_EQ(schermo.foot(), kInizioDopoLaFine.text);
   inizio(schermo, 2, 19, 6);
   expectBoxes(program, {});
@@ -756,6 +782,20 @@ TEST_F(OpzioniGenerali, UnInizioDopoLaFineSiDiceEDiventaRosso) {
   expectBoxes(program, {kInizioDopoLaFine});
   expectSfondi(schermo, 2, kGrigio, kRosso);
   EXPECT_EQ(varGestionePRG().ModificaOpzioni, kVero);
+}
+
+TEST_F(OpzioniGenerali, UnOrdineSbagliatoGiaNelFileSegnaLeDueCoppieDellaRiga) {
+  put(kCalendario + 2 * kByteVoce + 1, giorno(2, 5) + giorno(1, 5));
+  const GuidedFields schermo = apri();
+  accendiBeep(schermo);
+  schermo.save();
+  expectBoxes(program, {kInizioDopoLaFine, kInizioDopoLaFine, kDateRosse});
+  expectSfondi(schermo, 2, kRosso, kRosso);
+  for (const char* const lista : {"CmbGiorno_2", "CmbMeseFine_2"})
+    EXPECT_GT(fondoDipinto(schermo, t(lista)).hslSaturation(), 200) << lista;
+  for (const char* const coppia : {"CmbGiorno_2", "CmbGiornoFine_2"})
+    EXPECT_TRUE(schermo.dotted(t(coppia))) << coppia;
+  EXPECT_EQ(schermo.dottedTabs(), QList<int>({kVarie, kAltre}));
 }
 
 TEST_F(OpzioniGenerali, IlMeseContaPrimaDelGiornoEUnPeriodoNonPassaDallUltimoDellAnno) {
@@ -825,6 +865,8 @@ TEST_F(OpzioniGenerali, AncheUnaDataSbagliataGiaNelFileFermaIlSalvataggioEAnnull
   expectBoxes(program, {kTrentaGiorni, kDateRosse});
   expectSfondi(schermo, 3, kRosso, kGrigio);
   EXPECT_EQ(schermo.foot(), t("Non salvato: correggere le date di Pasqua"));
+  EXPECT_TRUE(schermo.dotted(t("CmbGiorno_3"))) << "it counts as changed";
+  EXPECT_EQ(schermo.dottedTabs(), QList<int>({kVarie, kAltre}));
   schermo.reset();
   expectSfondi(schermo, 3, kGrigio, kGrigio);
   EXPECT_EQ(varGestionePRG().ModificaOpzioni, kFalso);

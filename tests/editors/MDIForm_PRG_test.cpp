@@ -22,6 +22,7 @@
 #include "controls/outcome_bar.h"
 #include "core/start.h"
 #include "editors/Form_Reparti.h"
+#include "editors/frmTastiOpzione.h"
 #include "editors/guided_editor.h"
 #include "editors/recorded_editor.h"
 #include "platform/text/whole_file.h"
@@ -32,6 +33,7 @@ namespace {
 
 const QString kNegozio = QStringLiteral("negozio.dat");
 const QString kCompagno = QStringLiteral("negozio_art.mdb");
+const QString kTastiera = QStringLiteral("Form_GestioneCodiceTastiera");
 const QString kModello = QStringLiteral(GESTIONALE_APP "/QzPRG.bck");
 const QString kModelloArticoli = QStringLiteral(GESTIONALE_APP "/QzDB.bck");
 const Box kDomanda{QStringLiteral("Attenzione sono stati modificati dei parametri di configurazione: salvare "
@@ -51,6 +53,11 @@ struct AreaProgrammazione : testing::Test {
     bottega.screens.registra<MDIForm_PRG>();
     bottega.screens.registra<Form_ArchivioArticoli>();
     registerRecordedEditors(bottega, chiamate);
+    bottega.screens.registra(kTastiera, [](Contesto&) {
+      auto* tastiera = new QWidget;
+      tastiera->setObjectName(kTastiera);
+      return tastiera;
+    });
     bottega.screens.registra(QStringLiteral("Form_TrasferimentoProgrammazione"), [this](Contesto&) {
       auto* finestra = new QDialog;
       finestra->setObjectName(QStringLiteral("Form_TrasferimentoProgrammazione"));
@@ -157,14 +164,15 @@ TEST_F(AreaProgrammazione, EsportaNonFaNullaNemmenoConUnFileAperto) {
 TEST_F(AreaProgrammazione, UnTastoSpentoDicePerche) {
   EXPECT_EQ(tasto(6).toolTip(),
             QStringLiteral("Configurazione parametri Reparti (prima NUOVO, MODIFICA o CREA DA.)"));
-  EXPECT_EQ(tasto(13).toolTip(), QStringLiteral("Gestione Tastiera (in preparazione)"));
+  EXPECT_EQ(tasto(13).toolTip(), QStringLiteral("Gestione Tastiera (prima NUOVO, MODIFICA o CREA DA.)"));
 }
 
 TEST_F(AreaProgrammazione, AllAperturaSenzaUnFileITastiDa5A14SonoSpentiEISegniAzzerati) {
   EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 17}));
   EXPECT_FALSE(azione(QStringLiteral("mnuInvio")).isEnabled());
-  for (const int posizione : {5, 6, 7, 8, 9, 10, 11, 14}) premi(posizione);
+  for (const int posizione : {5, 6, 7, 8, 9, 10, 11, 13, 14}) premi(posizione);
   EXPECT_TRUE(chiamate.isEmpty());
+  EXPECT_FALSE(aperto(kTastiera));
   EXPECT_FALSE(aperto(QStringLiteral("Form_Reparti")));
   EXPECT_EQ(varGestionePRG().ConfigurazioneCaricata, 1);
   EXPECT_EQ(pannello(), QString());
@@ -183,7 +191,7 @@ TEST_F(AreaProgrammazione, NuovoCopiaIDueModelliCaricaEAccendeITasti) {
   crea();
   EXPECT_EQ(byteDi(file(kNegozio)), byteDi(kModello));
   EXPECT_EQ(byteDi(file(kCompagno)).size(), byteDi(kModelloArticoli).size());
-  EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 14, 17}));
+  EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 13, 14, 17}));
   EXPECT_TRUE(azione(QStringLiteral("mnuInvio")).isEnabled());
   EXPECT_EQ(pannello(), QStringLiteral("File : [negozio.dat] - Versione V03.00"));
   EXPECT_EQ(schermo->findChild<QLabel*>(QStringLiteral("StatusBar1_1"))->alignment(), Qt::AlignCenter);
@@ -225,6 +233,8 @@ TEST_F(AreaProgrammazione, NuovoSuUnFileCheCEConSiTieneAccantoIlPrecedente) {
   EXPECT_EQ(bottega.takeBoxes().size(), 1U);
   EXPECT_EQ(byteDi(file(kNegozio)), byteDi(kModello));
   EXPECT_EQ(bottega.folder.read(kNegozio + QStringLiteral(".precedente")), QByteArray("mio"));
+  EXPECT_EQ(piede(), QStringLiteral("Configurazione creata: negozio.dat. I file di prima sono accanto, con "
+                                    ".precedente in fondo al nome."));
 }
 
 /// A configuration with a file, a memory and a frame of which nothing changes where a new one fails.
@@ -259,7 +269,7 @@ struct NuovaCheFallisce : AreaProgrammazione {
     EXPECT_EQ(config::modelloFile(), QStringLiteral("001"));
     EXPECT_TRUE(bottega.folder.read(kNegozio) == prima);
     EXPECT_TRUE(bottega.folder.read(kCompagno) == compagno);
-    EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 14, 17}));
+    EXPECT_EQ(accesi(), (std::vector{1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 13, 14, 17}));
     EXPECT_EQ(nelRiquadro(), QStringLiteral("Form_Reparti")) << "nothing else was opened";
     AreaProgrammazione::TearDown();
   }
@@ -483,7 +493,8 @@ TEST_F(AreaProgrammazione, UnEditorAllaVoltaStaNelRiquadroEDiceIlSuoStato) {
       {8, QStringLiteral("Form_IVA"), QStringLiteral("Gestione IVA")},
       {9, QStringLiteral("Form_Valuta"), QStringLiteral("Gestione VALUTA")},
       {10, QStringLiteral("Form_OPE"), QStringLiteral("Gestione OPERATORI")},
-      {11, QStringLiteral("Form_OpzioniGen"), QStringLiteral("Gestione Opzioni Generali")}};
+      {11, QStringLiteral("Form_OpzioniGen"), QStringLiteral("Gestione Opzioni Generali")},
+      {13, kTastiera, QStringLiteral("Gestione Tastiera")}};
   const auto& area = dynamic_cast<MDIForm_PRG&>(*schermo);
   for (const auto& [posizione, nome, testo] : tasti) {
     premi(posizione);
@@ -496,11 +507,11 @@ TEST_F(AreaProgrammazione, UnEditorAllaVoltaStaNelRiquadroEDiceIlSuoStato) {
 
 TEST_F(AreaProgrammazione, IlTastoPluApreLArchivioSulDatabaseCompagnoEPoiLoChiude) {
   crea();
-  QString aperto;
-  bottega.user.onPass = [&] { aperto = varGlobal().NomeDB_Articoli; };
+  premi(6);
   withModal([&] { premi(7); },
             [&](QWidget& archivio) {
               EXPECT_EQ(archivio.objectName(), QStringLiteral("Form_ArchivioArticoli"));
+              EXPECT_FALSE(aperto(QStringLiteral("Form_Reparti")));
               EXPECT_EQ(stato(), QStringLiteral("Gestione PLU/Articoli"));
               EXPECT_EQ(varGlobal().NomeDB_Articoli, file(kCompagno));
               QTest::keyClick(&archivio, Qt::Key_Escape);
@@ -571,6 +582,22 @@ TEST_F(AreaProgrammazione, ConModificheInUnAltroEditorSiChiedeUnaVoltaSiSalvaESi
             (QStringList{QStringLiteral("salva Form_Reparti"), QStringLiteral("ricarica Form_Reparti")}));
   EXPECT_EQ(varGestionePRG().ModificaReparti, kFalso);
   EXPECT_EQ(nelRiquadro(), QStringLiteral("Form_IVA"));
+  EXPECT_EQ(piede(), QStringLiteral("Salvato: nessuna differenza nel file"));
+}
+
+TEST_F(AreaProgrammazione, LoStessoTastoConNoTieneLEditorCheCE) {
+  crea();
+  premi(6);
+  const QPointer<QWidget> editor = bottega.screens.trova(QStringLiteral("Form_Reparti"));
+  varGestionePRG().ModificaReparti = kVero;
+  chiamate.clear();
+  bottega.user.answers(Answer::No);
+  premi(6);
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_FALSE(editor.isNull());
+  EXPECT_EQ(bottega.screens.trova(QStringLiteral("Form_Reparti")), editor);
+  EXPECT_EQ(nelRiquadro(), QStringLiteral("Form_Reparti"));
+  EXPECT_TRUE(chiamate.isEmpty());
 }
 
 TEST_F(AreaProgrammazione, ConDueEditorModificatiSiChiedeUnaVoltaSiSalvaIlPrimoESiRicaricanoTutti) {
@@ -700,6 +727,19 @@ TEST_F(AreaProgrammazione, UnAltraConfigurazioneToglieLEditorDiPrima) {
   EXPECT_EQ(nelRiquadro(), QStringLiteral("benvenuto"));
 }
 
+TEST_F(AreaProgrammazione, ConNoEUnAltraConfigurazioneISegniDiQuellaDiPrimaSiSpengono) {
+  crea();
+  premi(6);
+  varGestionePRG().ModificaReparti = kVero;
+  varGestionePRG().ModificaNegozio = kVero;
+  bottega.user.answers(Answer::No);
+  crea(QStringLiteral("altra.dat"));
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kFalso);
+  EXPECT_EQ(varGestionePRG().ModificaNegozio, kFalso);
+  EXPECT_TRUE(chiamate.isEmpty());
+}
+
 TEST_F(AreaProgrammazione, EsciScaricaGliEditorETornaAlMenu) {
   crea();
   premi(6);
@@ -708,6 +748,59 @@ TEST_F(AreaProgrammazione, EsciScaricaGliEditorETornaAlMenu) {
   EXPECT_FALSE(aperto(QStringLiteral("MDIForm_PRG")));
   EXPECT_FALSE(aperto(QStringLiteral("Form_Reparti")));
   EXPECT_TRUE(bottega.screens.trova(QStringLiteral("start"))->isVisible());
+}
+
+TEST_F(AreaProgrammazione, DalMenuSiEsceComeDallaBarra) {
+  crea();
+  premi(6);
+  varGestionePRG().ModificaReparti = kVero;
+  bottega.screens.trova(QStringLiteral("start"))->hide();
+  bottega.user.answers(Answer::Yes);
+  menu("mnuEsci");
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_TRUE(chiamate.contains(QStringLiteral("salva Form_Reparti")));
+  EXPECT_FALSE(aperto(QStringLiteral("Form_Reparti")));
+  EXPECT_FALSE(aperto(QStringLiteral("MDIForm_PRG")));
+  EXPECT_TRUE(bottega.screens.trova(QStringLiteral("start"))->isVisible());
+}
+
+TEST_F(AreaProgrammazione, EsciScaricaAncheLaSceltaDiUnTasto) {
+  bottega.screens.registra<frmTastiOpzione>();
+  crea();
+  bottega.screens.mostra(QStringLiteral("frmTastiOpzione"), bottega.contesto);
+  premi(6);
+  EXPECT_TRUE(aperto(QStringLiteral("frmTastiOpzione"))) << "it is no editor";
+  premi(17);
+  EXPECT_FALSE(aperto(QStringLiteral("frmTastiOpzione")));
+  EXPECT_FALSE(aperto(QStringLiteral("MDIForm_PRG")));
+}
+
+TEST_F(AreaProgrammazione, EsciConNoNonSalvaEEsce) {
+  crea();
+  premi(6);
+  const QByteArray prima = bottega.folder.read(kNegozio);
+  config::immagineProgrammazione().record(config::kReparto, 0)[0] = 'Z';
+  varGestionePRG().ModificaReparti = kVero;
+  chiamate.clear();
+  bottega.user.answers(Answer::No);
+  premi(17);
+  expectBoxes(bottega, {kDomanda});
+  EXPECT_TRUE(chiamate.isEmpty());
+  EXPECT_EQ(bottega.folder.read(kNegozio), prima);
+  EXPECT_FALSE(aperto(QStringLiteral("MDIForm_PRG")));
+}
+
+TEST_F(AreaProgrammazione, EsciConUnSalvataggioFallitoRestaAperta) {
+  crea();
+  premi(6);
+  varGestionePRG().ModificaReparti = kVero;
+  varGestionePRG().PathConfigurazione = file(QStringLiteral("manca/negozio.dat"));
+  bottega.user.answers(Answer::Yes);
+  premi(17);
+  expectBoxes(bottega, {kDomanda, plainBox(QStringLiteral("Error 76 (*"))});
+  EXPECT_EQ(nelRiquadro(), QStringLiteral("Form_Reparti"));
+  EXPECT_TRUE(schermo->isVisible());
+  EXPECT_EQ(varGestionePRG().ModificaReparti, kVero);
 }
 
 TEST_F(AreaProgrammazione, ChiudereLaFinestraConModificheChiedeESalva) {

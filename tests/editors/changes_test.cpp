@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QFileInfo>
+#include <utility>
 
 #include "config/configuration_file.h"
 #include "editors/recorded_editor.h"
@@ -104,6 +105,34 @@ TEST_F(Modifiche, UnSalvataggioFallitoSiDiceELasciaISegni) {
       visti[0].text.endsWith(QStringLiteral(") in procedure SalvaConfigurazione of Modulo CommonForKora")));
   EXPECT_EQ(prg.ModificaReparti, kVero);
   EXPECT_EQ(prg.ModificaOpzioni, kVero);
+}
+
+/// An editor that has typed into both parts of what it saves.
+class EditorCheScrive : public RecordedEditor {
+ public:
+  using RecordedEditor::RecordedEditor;
+  void salvaInMemoria() override {
+    config::bloccoNegozio()[0] = 'B';
+    config::immagineProgrammazione().record(config::kReparto, 0)[0] = 'B';
+  }
+};
+
+TEST_F(Modifiche, UnSalvataggioFallitoLasciaLaMemoriaComEraEUnoRiuscitoLaTiene) {
+  bottega.screens.registra(QStringLiteral("Form_Reparti"), [this](Contesto&) {
+    return new EditorCheScrive(QStringLiteral("Form_Reparti"), chiamate);
+  });
+  apri({QStringLiteral("Form_Reparti")});
+  prg.ModificaReparti = kVero;
+  const QString buono =
+      std::exchange(prg.PathConfigurazione, bottega.folder.file(QStringLiteral("manca/negozio.dat")));
+  EXPECT_FALSE(editors::SalvaModificati(bottega.contesto).salvato);
+  EXPECT_EQ(bottega.takeBoxes().size(), 1U);
+  EXPECT_EQ(config::bloccoNegozio()[0], 0);
+  EXPECT_EQ(config::immagineProgrammazione().record(config::kReparto, 0)[0], 0);
+  prg.PathConfigurazione = buono;
+  EXPECT_TRUE(editors::SalvaModificati(bottega.contesto).salvato);
+  EXPECT_EQ(config::bloccoNegozio()[0], 'B');
+  EXPECT_EQ(config::immagineProgrammazione().record(config::kReparto, 0)[0], 'B');
 }
 
 TEST_F(Modifiche, IlRaccontoDiceQuantiRecordSonoCambiatiNelFile) {

@@ -19,7 +19,6 @@
 #include "articles/article_database.h"
 #include "controls/FlexGrid.h"
 #include "controls/outcome_bar.h"
-#include "controls/style.h"
 #include "sales/sales_ledger.h"
 #include "sostegno/guided_screen.h"
 #include "sostegno/troubles.h"
@@ -719,20 +718,8 @@ TEST_F(ArchivioVenduto, IlTabulatoreSegueLOrdineDelLavoro) {
 
 /// The screen in a font of the parameter's size, in the program's look.
 class ArchivioVendutoNelCarattere : public ArchivioVenduto, public testing::WithParamInterface<int> {
- protected:
-  ArchivioVendutoNelCarattere() : prima_(QApplication::font()) {
-    QFont carattere = prima_;
-    carattere.setPointSize(GetParam());
-    QApplication::setFont(carattere);
-    style::apply(*qApp, style::Theme::Light);
-  }
-  ~ArchivioVendutoNelCarattere() override {
-    qApp->setStyleSheet({});
-    QApplication::setFont(prima_);
-  }
-
  private:
-  QFont prima_;
+  const InFont carattere_{GetParam()};
 };
 INSTANTIATE_TEST_SUITE_P(Punti, ArchivioVendutoNelCarattere, testing::Values(9, 11, 12));
 

@@ -5,8 +5,11 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <QApplication>
 #include <QLocale>
 #include <csignal>
+
+#include "controls/style.h"
 
 namespace {
 constexpr int kPatience = 10000;  // milliseconds
@@ -64,4 +67,16 @@ WithLocale::WithLocale(const char* name) : before_(QLocale().name()) {
 
 WithLocale::~WithLocale() {
   QLocale::setDefault(QLocale(before_));
+}
+
+InFont::InFont(int points) : before_(QApplication::font()) {
+  QFont font = before_;
+  font.setPointSize(points);
+  QApplication::setFont(font);
+  style::apply(*qApp, style::Theme::Light);
+}
+
+InFont::~InFont() {
+  qApp->setStyleSheet({});
+  QApplication::setFont(before_);
 }

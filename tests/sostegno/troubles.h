@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -52,4 +53,16 @@ class WithLocale {
 
  private:
   QString before_;
+};
+
+/// The program's light look in a font of so many points, for the life of one test.
+class InFont {
+ public:
+  explicit InFont(int points);
+  ~InFont();
+  InFont(const InFont&) = delete;
+  InFont& operator=(const InFont&) = delete;
+
+ private:
+  QFont before_;
 };
