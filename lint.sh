@@ -9,7 +9,7 @@ packaging/install.sh lint-packages.txt
 # Flags of its own: clang-tidy reads no precompiled header of another compiler. What the build generates for the
 # sources is made here, without building anything.
 cmake --preset lint >/dev/null
-generated=build/lint/generated
+generated=$PWD/build/lint/generated
 mkdir -p "$generated"
 libexec=$(qtpaths6 --query QT_HOST_LIBEXECS)
 for form in $(git ls-files '*.ui'); do

@@ -6,6 +6,7 @@
 #include "demo/expectations.h"
 #include "demo/moments.h"
 #include "demo/road.h"
+#include "demo/week_expectations.h"
 
 namespace {
 
@@ -17,7 +18,9 @@ const QString kStart = QStringLiteral("Cmd_Avvia");
 const QString kLeave = QStringLiteral("Cmd_Esci");
 /// The paper without fiscal value that bears one word, as the bench sends it.
 const QString kPaper = QStringLiteral("vkOptionButtonTest_14");
+const QTime kAfterClosing{20, 40};
 const char* const kWord = "PROVA";
+const QString kRead = QStringLiteral("Letto nel file ");
 
 std::size_t countOf(const std::string& what, const std::string& text) {
   std::size_t count = 0;
@@ -31,16 +34,24 @@ QString foot(const QString& windowName) {
   return bar == nullptr ? QString() : bar->text();
 }
 
+/// Name of the file that the console has written.
+QString fileTold() {
+  const QString told = foot(kConsole);
+  return told.mid(kRead.size(), told.indexOf(QLatin1Char(':')) - kRead.size());
+}
+
 Director::When told(const QString& windowName, const QString& start) {
   return [=] { return window(windowName) != nullptr && foot(windowName).startsWith(start); };
 }
 
 }  // namespace
 
-/// The technician's console: the till's state, its journal in a file, one canned sequence.
+/// The technician's console: the till's state, its journal and fiscal memory in files, one canned sequence.
 void Road::auxiliary() {
-  director_.step(QStringLiteral("menu for the console"), visible(kMenu),
-                 [] { click(kMenu, QStringLiteral("Label_CMD_XONXOFF")); });
+  director_.step(QStringLiteral("menu for the console"), visible(kMenu), [this] {
+    itIs(Day::Saturday, kAfterClosing);
+    click(kMenu, QStringLiteral("Label_CMD_XONXOFF"));
+  });
   director_.step(
       QStringLiteral("console"), [] { return on(kConsole, QStringLiteral("CmdInviaModECR")); },
       [this] {
@@ -50,6 +61,7 @@ void Road::auxiliary() {
       });
   readState();
   dumpJournal();
+  dumpFiscalMemory();
   pressCannedKeys();
   director_.step(
       QStringLiteral("console done"), [] { return window(kBench) == nullptr; },
@@ -88,12 +100,29 @@ void Road::dumpJournal() {
         stopwatch_.start();
         click(kConsole, kStart);
       });
-  const QString read = QStringLiteral("Letto nel file ");
-  director_.step(QStringLiteral("journal read"), told(kConsole, read), [this, read] {
-    const QString told = foot(kConsole);
-    journal_ = told.mid(read.size(), told.indexOf(QLatin1Char(':')) - read.size());
+  director_.step(QStringLiteral("journal read"), told(kConsole, kRead), [this] {
+    journal_ = fileTold();
     compareJournal();
     photograph(kConsole, QStringLiteral("comandi-giornale"));
+    for (const char* option : {"vkOptionButton_MF", "vkOptionButtonGlobale"})
+      click(kConsole, QLatin1String(option));
+    stopwatch_.start();
+    click(kConsole, kStart);
+  });
+}
+
+/// The days closed so far, each with its grand total.
+void Road::dumpFiscalMemory() {
+  director_.step(QStringLiteral("fiscal memory read"), told(kConsole, kRead + QStringLiteral("MF_")), [this] {
+    fiscalMemory_ = fileTold();
+    const std::string all =
+        expectations::readFile(path(places_.application + QLatin1Char('/') + fiscalMemory_));
+    const auto closures = expectations::readClosures(path(till_.file(QStringLiteral("memoria_fiscale.txt"))));
+    for (const expectations::Closure& one : closures)
+      require(countOf(one.day, all) == 1,
+              QStringLiteral("la memoria fiscale del ") + QString::fromStdString(one.day));
+    row(QStringLiteral("Memoria fiscale"), QStringLiteral("%1 azzeramenti").arg(closures.size()));
+    photograph(kConsole, QStringLiteral("comandi-memoria-fiscale"));
     chooseEntry(kConsole, QStringLiteral("mnuTest"), QStringLiteral("mnuTestVendita"));
   });
 }
@@ -130,10 +159,11 @@ void Road::pressCannedKeys() {
   });
 }
 
-/// The file goes from the application folder to the pictures.
+/// The files go from the application folder to the pictures.
 void Road::keepJournal() {
   director_.step(QStringLiteral("journal kept"), visible(kMenu), [this] {
-    require(QFile::rename(places_.application + QLatin1Char('/') + journal_, inFolder(journal_)),
-            QStringLiteral("il file del giornale"));
+    for (const QString& one : {journal_, fiscalMemory_})
+      require(QFile::rename(places_.application + QLatin1Char('/') + one, inFolder(one)),
+              QStringLiteral("il file ") + one);
   });
 }

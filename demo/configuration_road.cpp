@@ -62,6 +62,7 @@ void Road::configuration() {
   editShop();
   editOperator();
   editOptions();
+  chooseMachine();
   sendConfiguration();
   director_.step(
       QStringLiteral("configuration done"), [] { return window(kExchange) == nullptr; },
@@ -88,9 +89,16 @@ void Road::editDepartment() {
 
 void Road::editShop() {
   openEditor(QStringLiteral("Toolbar1_5"), QStringLiteral("vkTextBox_rag_sociale"), [] {
-    type(kFrame, QStringLiteral("vkTextBox_rag_sociale"), QStringLiteral("Panificio Sole"));
-    type(kFrame, QStringLiteral("vkTextBox_citta"), QStringLiteral("Torino"));
-    type(kFrame, QStringLiteral("vkTextBox_num_cassa"), QStringLiteral("3"));
+    for (const auto& [box, text] : {std::pair{"vkTextBox_rag_sociale", "Panificio Sole"},
+                                    {"vkTextBox_pIva", "50000041017"},
+                                    {"vkTextBox_indirizzo", "Via della Fontana 8"},
+                                    {"vkTextBox_citta", "Torino"},
+                                    {"vkTextBox_cap", "10121"},
+                                    {"vkTextBox_provincia", "TO"},
+                                    {"vkTextBox_telefono", "0115550000"},
+                                    {"vkTextBox_email", "info@sole.example"},
+                                    {"vkTextBox_num_cassa", "3"}})
+      type(kFrame, QLatin1String(box), QLatin1String(text));
   });
   tab(0, QStringLiteral("negozio"));
   tab(1, QStringLiteral("negozio-intestazione"), [] {
@@ -119,8 +127,26 @@ void Road::editOptions() {
       [] { click(kFrame, QStringLiteral("vkOptionButtonObblOpe_SI")); });
   tab(2, QStringLiteral("opzioni-varie"));
   tab(4, QStringLiteral("opzioni-tallon"));
-  tab(3, QStringLiteral("opzioni-calendario"));
+  tab(3, QStringLiteral("opzioni-calendario"), [] {
+    for (const char* printed : {"vkOptionButton_Grafica_SI_0", "vkOptionButton_Grafica_SI_2"})
+      click(kFrame, QLatin1String(printed));
+  });
   save(QStringLiteral("vkCommand1"), QStringLiteral("opzioni-salvate"));
+}
+
+/// It is kept by the program as long as it runs, and by no file.
+void Road::chooseMachine() {
+  openEditor(QStringLiteral("Toolbar1_13"), QStringLiteral("vkOptionButtonTipoMacchina_11"), [] {
+    click(kFrame, QStringLiteral("vkOptionButtonTipoMacchina_11"));
+    click(kFrame, QStringLiteral("Cmd_Conferma"));
+  });
+  director_.step(QStringLiteral("machine asked about"), box, [this] {
+    require(boxText() == QStringLiteral("Si è sicuri della scelta effettuata ?"),
+            QStringLiteral("la domanda sulla macchina"));
+    agreeToBox();
+  });
+  director_.step(QStringLiteral("machine chosen"), visible(kFrame),
+                 [this] { photograph(kFrame, QStringLiteral("tastiera")); });
 }
 
 void Road::openEditor(const QString& button, const QString& field, const Director::Action& typing) {
@@ -172,12 +198,8 @@ void Road::compareConfiguration() {
 }
 
 void Road::sendConfiguration() {
-  director_.step(QStringLiteral("exchange"), visible(kFrame), [this] {
-    // A till whose fiscal day is still open takes no programme.
-    tillOn(Day::Saturday, {QStringLiteral("--chiusura")});
-    compareWeek();
-    click(kFrame, QStringLiteral("Toolbar1_14"));
-  });
+  director_.step(QStringLiteral("exchange"), visible(kFrame),
+                 [] { click(kFrame, QStringLiteral("Toolbar1_14")); });
   director_.step(QStringLiteral("exchange open"), visible(kExchange),
                  [] { click(kExchange, QStringLiteral("vkOptionAggiornaECR")); });
   connect(kExchange, QStringLiteral("invio-configurazione"));

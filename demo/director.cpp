@@ -10,6 +10,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPixmap>
 #include <QTabBar>
 #include <QTabWidget>
@@ -146,6 +147,10 @@ void click(const QString& windowName, const QString& name) {
   QTest::mouseClick(&target, Qt::LeftButton);
 }
 
+void press(const QString& windowName, const QString& name, Qt::Key key) {
+  QTest::keyClick(&control(windowName, name), key);
+}
+
 void hoverOver(const QString& windowName, const QString& name) {
   QTest::mouseMove(&control(windowName, name));
 }
@@ -253,6 +258,17 @@ void closeBox() {
   auto* button = box == nullptr ? nullptr : box->findChild<QAbstractButton*>();
   if (button == nullptr) throw std::runtime_error("no box");
   QTest::mouseClick(button, Qt::LeftButton);
+}
+
+void agreeToBox() {
+  const auto* box = qobject_cast<QMessageBox*>(front("QMessageBox"));
+  if (box == nullptr) throw std::runtime_error("no box");
+  for (QAbstractButton* button : box->buttons())
+    if (box->buttonRole(button) == QMessageBox::YesRole) {
+      QTest::mouseClick(button, Qt::LeftButton);
+      return;
+    }
+  throw std::runtime_error("no box with a yes");
 }
 
 void refuseBox() {

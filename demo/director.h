@@ -56,6 +56,7 @@ QWidget* window(const QString& name);
 /// The visible window's control of that name; fails with std::runtime_error where there is none.
 QWidget& control(const QString& window, const QString& name);
 void click(const QString& window, const QString& name);
+void press(const QString& window, const QString& name, Qt::Key key);
 /// Moves the mouse over a control.
 void hoverOver(const QString& window, const QString& name);
 /// Replaces the text of an input box by keys.
@@ -82,5 +83,7 @@ bool acceptableFile();
 void acceptFile();
 /// Clicks the first button of the box in front.
 void closeBox();
+/// Clicks "Sì" in the box in front.
+void agreeToBox();
 /// Leaves the box in front by its Esc key.
 void refuseBox();

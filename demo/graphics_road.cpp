@@ -11,6 +11,7 @@ const QString kGraphics = QStringLiteral("Form_Grafica");
 const QString kCatalogue = QStringLiteral("MSFlexGridGrafica");
 const QString kFiles = QStringLiteral("File1");
 const QString kPictures = QStringLiteral("Immagini GRAFICA");
+const QTime kEarlyAfternoon{14, 30};
 constexpr int kFileColumn = 2;
 /// The promotion that gives way to the picture of Christmas.
 constexpr int kChangedRow = 10;
@@ -37,6 +38,7 @@ QStringList catalogueOnScreen() {
 /// The twelve pictures of the receipts, one of them another than it was, on the till's paper.
 void Road::graphics() {
   director_.step(QStringLiteral("menu for the graphics"), visible(kMenu), [this] {
+    itIs(Day::Friday, kEarlyAfternoon);
     stopwatch_.start();
     click(kMenu, QStringLiteral("Label1"));
   });

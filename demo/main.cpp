@@ -26,8 +26,8 @@ const QString kPictures = QStringLiteral("Immagini GRAFICA");
 
 /// Files in the play's own application folder that are no links.
 bool leftBehind(const QString& name) {
-  return name.startsWith(QStringLiteral("DGFE_")) || name.endsWith(QStringLiteral(".bin")) ||
-         name == QStringLiteral("SetupLOGO.dat");
+  return name.startsWith(QStringLiteral("DGFE_")) || name.startsWith(QStringLiteral("MF_")) ||
+         name.endsWith(QStringLiteral(".bin")) || name == QStringLiteral("SetupLOGO.dat");
 }
 
 bool cleanLinks(QDir folder) {
@@ -43,7 +43,7 @@ bool clean(QDir folder) {
       QStringLiteral("[0-9][0-9]-*.png"), QStringLiteral("articoli*.csv"), QStringLiteral("articoli*.log"),
       QStringLiteral("venduto*.csv"),     QStringLiteral("negozio.mdb*"),  QStringLiteral("*.bin"),
       QStringLiteral("configurazione*"),  QStringLiteral("clienti*.csv"),  QStringLiteral("clienti.mdb*"),
-      QStringLiteral("fatture*.csv"),     QStringLiteral("DGFE_*.txt")};
+      QStringLiteral("fatture*.csv"),     QStringLiteral("DGFE_*.txt"),    QStringLiteral("MF_*.txt")};
   bool done = true;
   for (const QString& name : folder.entryList(ours, QDir::Files)) done = folder.remove(name) && done;
   QDir till(folder.filePath(QStringLiteral("cassa")));
@@ -98,11 +98,23 @@ int main(int argc, char** argv) {
   const QCommandLineOption address(QStringLiteral("address"),
                                    QStringLiteral("Loopback address of the simulated till"),
                                    QStringLiteral("address"), ownAddress());
-  options.addOptions({folder, appFolder, address});
+  const QCommandLineOption monday(
+      QStringLiteral("settimana"), QStringLiteral("A Monday: the week of the play; the last whole one"),
+      QStringLiteral("YYYY-MM-DD"), Road::lastMonday(QDate::currentDate()).toString(Qt::ISODate));
+  const QCommandLineOption manual(QStringLiteral("manuale"),
+                                  QStringLiteral("Where the manual's pictures go as well"),
+                                  QStringLiteral("folder"));
+  options.addOptions({folder, appFolder, address, monday, manual});
   options.addHelpOption();
   options.process(application);
   const QString here = QDir(options.value(folder)).absolutePath();
   const QString app = QDir(options.value(appFolder)).absolutePath();
+  const QDate week = QDate::fromString(options.value(monday), Qt::ISODate);
+  if (!week.isValid() || week.dayOfWeek() != Qt::Monday) {
+    std::fprintf(stderr, "no Monday: %s\n", qPrintable(options.value(monday)));
+    return 1;
+  }
+  const QString pictures = options.isSet(manual) ? QDir(options.value(manual)).absolutePath() : QString();
   if (!prepare(here, app)) {
     std::fprintf(stderr, "cannot use the folder %s\n", qPrintable(here));
     return 1;
@@ -110,11 +122,12 @@ int main(int argc, char** argv) {
   try {
     const QString own = here + QLatin1Char('/') + kProgram;
     prepareApplication(application, own);
-    Program program(own);
+    PlayClock clock;
+    Program program(own, clock);
     program.showMenu();
     ExternalTill till(app + QStringLiteral("/ecrsim"), options.value(address),
                       here + QStringLiteral("/cassa"));
-    return Road({own, here}, till).walk();
+    return Road({own, here, pictures}, week, clock, till).walk();
   } catch (const std::exception& exception) {
     std::fprintf(stderr, "ERRORE: %s\n", exception.what());
     return 1;

@@ -15,18 +15,23 @@ namespace {
 
 const QString kMenu = QStringLiteral("start");
 const QString kTransfer = QStringLiteral("Form_TrasferimentoArticoli");
+const QTime kBeforeOpening{7, 40};
 
 }  // namespace
 
-Road::Road(Places places, ExternalTill& till)
+Road::Road(Places places, QDate monday, PlayClock& clock, ExternalTill& till)
     : places_(std::move(places)),
+      clock_(clock),
       till_(till),
+      manual_(places_.manual),
       archive_(places_.folder + QStringLiteral("/negozio.mdb")),
       list_(places_.folder + QStringLiteral("/articoli.csv")),
-      monday_(mondayOfTheWeek()) {}
+      monday_(monday) {}
 
 int Road::walk() {
+  itIs(Day::Monday, kBeforeOpening);
   tillOn(Day::Monday);
+  configuration();
   createArchive();
   importList();
   transfer();
@@ -54,7 +59,7 @@ int Road::walk() {
   salesArchive();
   closeShop();
   auxiliary();
-  configuration();
+  visit();
   about();
   farewell();
   return director_.run();
@@ -62,6 +67,8 @@ int Road::walk() {
 
 void Road::createArchive() {
   director_.step(QStringLiteral("menu"), visible(kMenu), [this] {
+    // From the one that was opened last to the one below the pointer.
+    press(kMenu, QStringLiteral("Label3"), Qt::Key_Up);
     hoverOver(kMenu, QStringLiteral("Label2"));
     photograph(kMenu, QStringLiteral("menu"));
     click(kMenu, QStringLiteral("Label2"));
@@ -142,6 +149,8 @@ void Road::farewell() {
   director_.step(QStringLiteral("menu again"), visible(kMenu), [this] {
     require(window(QStringLiteral("MDIForm_PRG")) == nullptr, QStringLiteral("la programmazione si chiude"));
     photograph(kMenu, QStringLiteral("menu-di-nuovo"));
+    require(manual_.missing().isEmpty(),
+            QStringLiteral("immagini del manuale: ") + manual_.missing().join(QLatin1Char(' ')));
     std::printf("Immagini delle schermate in %s\n", qPrintable(places_.folder));
     if (const auto megabyte = peakMemory()) std::printf("Memoria di picco     %.1f MB\n", *megabyte);
   });
@@ -157,15 +166,18 @@ void Road::awaitBox(const QString& text, const QString& photo) {
 }
 
 void Road::photograph(const QString& windowName, const QString& name) {
-  const QString file =
-      QStringLiteral("%1/%2-%3.png").arg(places_.folder).arg(++photo_, 2, 10, QLatin1Char('0')).arg(name);
-  require(window(windowName)->grab().save(file), QStringLiteral("immagine ") + file);
+  keepPicture(window(windowName)->grab().toImage(), name);
 }
 
 void Road::photographBox(const QString& name) {
+  keepPicture(QApplication::activeModalWidget()->grab().toImage(), name);
+}
+
+void Road::keepPicture(const QImage& picture, const QString& name) {
   const QString file =
       QStringLiteral("%1/%2-%3.png").arg(places_.folder).arg(++photo_, 2, 10, QLatin1Char('0')).arg(name);
-  require(QApplication::activeModalWidget()->grab().save(file), QStringLiteral("immagine ") + file);
+  require(picture.save(file), QStringLiteral("immagine ") + file);
+  require(manual_.keep(picture, name), QStringLiteral("immagine del manuale ") + name);
 }
 
 void Road::row(const QString& what, const QString& value) {

@@ -10,14 +10,17 @@
 #include "demo/director.h"
 #include "demo/expectations.h"
 #include "demo/external_till.h"
+#include "demo/manual_pictures.h"
+#include "demo/play_clock.h"
 #include "demo/reread_customers.h"
 
-/// A week of a shop and a technician's visit. Monday: new archive, article list in, archive to the till.
-/// Every day receipts at the till, in the evening their sales back and cleared, and the fiscal closure.
-/// Monday too: an article found, corrected and exported. Thursday: customers sent, their invoices received
-/// and listed. Friday: the pictures of the receipts. Saturday: the week's sales listed and exported, the till
-/// read and tried from the console, a configuration edited and sent. Every figure that it prints is compared
-/// with what the till holds; a difference ends it with 1.
+/// A week of a shop and a technician's visit. Monday: the till's first configuration edited and sent, new
+/// archive, article list in, archive to the till. Every day receipts at the till, in the evening their sales
+/// back and cleared, and the fiscal closure. Monday too: an article found, corrected and exported. Thursday:
+/// customers sent, their invoices received and listed. Friday: the pictures of the receipts. Saturday: the
+/// week's sales listed and exported; then the technician, who reads and tries the till from the console,
+/// takes its configuration, changes it and sends it back. Every figure that it prints is compared with what
+/// the till holds; a difference ends it with 1.
 class Road {
  public:
   struct Places {
@@ -25,6 +28,8 @@ class Road {
     QString application;
     /// Where archive, till memory and pictures are left.
     QString folder;
+    /// Where the manual's pictures go; empty for nowhere.
+    QString manual;
   };
 
   /// On which the shop is open.
@@ -33,7 +38,9 @@ class Road {
                                     Day::Thursday, Day::Friday,  Day::Saturday};
   static constexpr int kReceiptsOfADay = 300;
 
-  Road(Places places, ExternalTill& till);
+  Road(Places places, QDate monday, PlayClock& clock, ExternalTill& till);
+  /// Of the last whole week before a day: nothing of it lies ahead.
+  static QDate lastMonday(QDate today);
   int walk();
 
  private:
@@ -42,9 +49,10 @@ class Road {
   void chooseFile(const QString& path);
   void connect(const QString& window, const QString& command);
   void transfer();
-  static QDate mondayOfTheWeek();
   /// dd/mm/yyyy.
   QString dateOf(Day day) const;
+  /// Puts the PC's clock.
+  void itIs(Day day, QTime time);
   /// Starts the till anew on that date.
   void tillOn(Day day, const QStringList& otherArguments = {});
   /// The file of what the till had sold before the reception of that evening.
@@ -80,6 +88,11 @@ class Road {
   void save(const QString& command, const QString& what);
   void compareConfiguration();
   void sendConfiguration();
+  void chooseMachine();
+  void visit();
+  void receiveConfiguration();
+  void changePrice();
+  void sendBack();
   void customers();
   void addCustomer();
   void sendCustomers();
@@ -95,12 +108,14 @@ class Road {
   void readState();
   void dumpJournal();
   void compareJournal();
+  void dumpFiscalMemory();
   void pressCannedKeys();
   void keepJournal();
   void farewell();
 
   void photograph(const QString& window, const QString& name);
   void photographBox(const QString& name);
+  void keepPicture(const QImage& picture, const QString& name);
   void awaitBox(const QString& text, const QString& photo);
   void row(const QString& what, const QString& value);
   void require(bool real, const QString& what);
@@ -115,7 +130,9 @@ class Road {
   QString inFolder(const QString& name) const;
 
   Places places_;
+  PlayClock& clock_;
   ExternalTill& till_;
+  ManualPictures manual_;
   Director director_;
   QElapsedTimer stopwatch_;
   QString archive_;
@@ -131,7 +148,10 @@ class Road {
   std::vector<expectations::Invoice> issued_;
   /// Code of the customer who was completed.
   int completed_ = 0;
-  /// Name of the file that the console made.
+  /// Names of the files that the console made.
   QString journal_;
+  QString fiscalMemory_;
+  /// The articles that the till had before the technician came.
+  std::string articlesOnTill_;
   int photo_ = 0;
 };

@@ -22,6 +22,7 @@ constexpr int kReceiptsWithInvoice = 60;
 /// Of Monday; every day has the next one.
 constexpr int kSeed = 2026;
 constexpr int kDaysOfAWeek = 7;
+const QTime kClosing{20, 15};
 constexpr std::array kNames{"lunedi", "martedi", "mercoledi", "giovedi", "venerdi", "sabato"};
 
 QString euro(std::int64_t cents) {
@@ -34,10 +35,12 @@ QString ofDay(const char* what, Road::Day day) {
 
 }  // namespace
 
-/// Of the last whole week before the PC's own: nothing of it lies ahead.
-QDate Road::mondayOfTheWeek() {
-  const QDate today = QDate::currentDate();
+QDate Road::lastMonday(QDate today) {
   return today.addDays(1 - today.dayOfWeek() - kDaysOfAWeek);
+}
+
+void Road::itIs(Day day, QTime time) {
+  clock_.put(QDateTime(monday_.addDays(static_cast<int>(day)), time));
 }
 
 QString Road::dateOf(Day day) const {
@@ -66,6 +69,9 @@ void Road::ringUp(Day day) {
 
 void Road::receive(Day day) {
   director_.step(QStringLiteral("evening"), enabled(kWork, QStringLiteral("Cmd_Upl")), [this, day] {
+    // Unless the invoices took longer.
+    if (clock_.now().date() != monday_.addDays(static_cast<int>(day)) || clock_.now().time() < kClosing)
+      itIs(day, kClosing);
     // The reception clears them on the till.
     QFile::remove(soldOn(day));
     require(QFile::copy(till_.file(kSalesOnTill), soldOn(day)), QStringLiteral("il venduto della giornata"));
@@ -104,9 +110,7 @@ void Road::compareSales(Day day) {
   require(expectations::readSales(path(till_.file(kSalesOnTill))).empty(),
           QStringLiteral("venduto azzerato sulla cassa"));
   week_.insert(week_.end(), expected.begin(), expected.end());
-  // Of the PC, whose day the archive notes, and not of the till.
-  const std::string today = QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy")).toStdString();
-  const auto rows = expectations::salesRows(expected, articles, today, decimalSign());
+  const auto rows = expectations::salesRows(expected, articles, dateOf(day).toStdString(), decimalSign());
   weekRows_.insert(weekRows_.end(), rows.begin(), rows.end());
   row(QStringLiteral("Righe di venduto"), QString::number(expected.size()));
   row(QStringLiteral("Incasso in euro"), euro(expectations::takings(expected)));

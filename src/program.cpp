@@ -36,7 +36,6 @@
 #include "editors/MDIForm_PRG.h"
 #include "editors/frmTastiOpzione.h"
 #include "graphics/Form_Grafica.h"
-#include "platform/clock.h"
 #include "platform/net/network.h"
 #include "platform/ui/double_click.h"
 #include "platform/ui/file_dialog.h"
@@ -69,11 +68,11 @@ void prepareApplication(QApplication& application, const QString& folder) {
   file_dialog::startIn(folder);
 }
 
-Program::Program(const QString& folder)
-    : utente_([this] { workspace_.Abandon(); }), library_(folder), contesto_{utente_,  workspace_,
-                                                                             library_, systemNetwork(),
-                                                                             screens_, systemClock(),
-                                                                             folder} {
+Program::Program(const QString& folder, const Clock& clock)
+    : workspace_(clock),
+      utente_([this] { workspace_.Abandon(); }),
+      library_(folder),
+      contesto_{utente_, workspace_, library_, systemNetwork(), screens_, clock, folder} {
   registraSchermateCore(screens_);
   screens_.registra<Form_ArchivioArticoli>();
   screens_.registra<Form_TrasferimentoArticoli>();

@@ -5,6 +5,7 @@
 #include "core/context.h"
 #include "core/help_key.h"
 #include "core/screens.h"
+#include "platform/clock.h"
 #include "platform/ecrcom/library.h"
 #include "platform/store/store.h"
 #include "platform/ui/desktop_user.h"
@@ -19,7 +20,7 @@ void prepareApplication(QApplication& application, const QString& folder);
 class Program {
  public:
   /// `folder`: the application folder.
-  explicit Program(const QString& folder);
+  explicit Program(const QString& folder, const Clock& clock = systemClock());
   ~Program();
 
   Contesto& contesto() { return contesto_; }

@@ -446,6 +446,8 @@ void FlexGrid::setRedraw(bool on) {
   else
     model_->suspend();
   if (columnsWait_) showColumns();
+  // Left to the first paint, a pending layout would ask for a second one.
+  if (on) executeDelayedItemsLayout();
   setUpdatesEnabled(on);
 }
 

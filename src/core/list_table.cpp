@@ -304,7 +304,7 @@ QByteArray TestoCSV(const FlexGrid& griglia, Colonne colonne, const FormaCSV& fo
 void Esporta(const QString& titolo, const FlexGrid& griglia, Colonne colonne, const FormaCSV& forma,
              Contesto& contesto, OutcomeBar& piede) {
   const std::optional<QString> scelto =
-      contesto.utente.AskSavePath({titolo, QStringLiteral("csv (*.csv)|*.csv"), {}, true});
+      contesto.utente.AskSavePath({titolo, QLatin1String(kFiltroCSV), {}, true});
   if (!scelto || scelto->isEmpty())
     return piede.tell(OutcomeBar::Kind::Plain, QStringLiteral("Esportazione annullata: nessun file scritto"));
   WriteWholeFile(*scelto, TestoCSV(griglia, colonne, forma));

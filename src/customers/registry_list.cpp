@@ -157,16 +157,12 @@ elenco::EsitoElenco CheckCampiClienti(FlexGrid& griglia, Contesto& contesto, Att
 }
 
 elenco::EsitoElenco CercaClienti(FlexGrid& griglia, const CampiCliente& campi, Contesto& contesto) {
-  elenco::EsitoElenco esito =
-      riempi(griglia, StatementRicercaClienti(campi),
-             {.colonne = {},
-              .prefisso = QStringLiteral("Vmd_Cerca_Click: uscita dal programma per condizione anomala "),
-              .senzaRighe = QStringLiteral("Nessun cliente trovato"),
-              .nonPassa = reazioni::kRipresaSenzaErrore},
-             contesto);
-  // Left to the first paint, the new layout would ask for a second one.
-  griglia.doItemsLayout();
-  return esito;
+  return riempi(griglia, StatementRicercaClienti(campi),
+                {.colonne = {},
+                 .prefisso = QStringLiteral("Vmd_Cerca_Click: uscita dal programma per condizione anomala "),
+                 .senzaRighe = QStringLiteral("Nessun cliente trovato"),
+                 .nonPassa = reazioni::kRipresaSenzaErrore},
+                contesto);
 }
 
 int ClientiInElenco(const FlexGrid& griglia) {

@@ -188,8 +188,7 @@ void Form_Grafica::on_Dir1_itemActivated(QListWidgetItem* scelta) {
       return racconta(Genere::Failed, QStringLiteral("La cartella %1 non si può aprire").arg(nome));
     }
     aggiornaTessere();
-    racconta(Genere::Plain, quanti(ui_->File1->count(), QStringLiteral("bitmap"), QStringLiteral("bitmap")) +
-                                QStringLiteral(" in ") + ui_->LabelPercorso->text());
+    raccontaCartella();
     ui_->Dir1->setCurrentRow(0);
   });
 }
@@ -198,8 +197,7 @@ void Form_Grafica::rileggi() {
   esegui("Rileggi", [this] {
     riempiElenchi();
     aggiornaTessere();
-    racconta(Genere::Plain, quanti(ui_->File1->count(), QStringLiteral("bitmap"), QStringLiteral("bitmap")) +
-                                QStringLiteral(" in ") + ui_->LabelPercorso->text());
+    raccontaCartella();
   });
 }
 
@@ -305,6 +303,11 @@ void Form_Grafica::aggiornaTessera(int riga) {
 
 void Form_Grafica::aggiornaTessere() {
   for (int riga = kPrimaRiga; riga <= kUltimaRiga; ++riga) aggiornaTessera(riga);
+}
+
+void Form_Grafica::raccontaCartella() {
+  racconta(Genere::Plain, quanti(ui_->File1->count(), QStringLiteral("bitmap"), QStringLiteral("bitmap")) +
+                              QStringLiteral(" in ") + ui_->LabelPercorso->text());
 }
 
 void Form_Grafica::racconta(Genere genere, const QString& testo) {

@@ -68,6 +68,7 @@ class Form_Grafica : public Schermo<QMainWindow> {
   void aggiornaTessera(int riga);
   void aggiornaTessere();
   void raccontaScelta(int riga);
+  void raccontaCartella();
   void racconta(OutcomeBar::Kind genere, const QString& testo);
 
   void connetti();

@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QLocale>
 #include <array>
 #include <clocale>
 #include <limits>
 
 #include "platform/error.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
@@ -21,22 +21,10 @@ int numeroErrore(Passo passo) {
   return 0;
 }
 
-/// The screens' locale for the life of one test.
-class ConLocale {
- public:
-  explicit ConLocale(const char* nome) { QLocale::setDefault(QLocale(QLatin1String(nome))); }
-  ~ConLocale() { QLocale::setDefault(prima_); }
-  ConLocale(const ConLocale&) = delete;
-  ConLocale& operator=(const ConLocale&) = delete;
-
- private:
-  QLocale prima_;
-};
-
 }  // namespace
 
 TEST(Conversioni, CentInTestoScriveDueDecimali) {
-  const ConLocale locale("C");
+  const WithLocale locale("C");
   EXPECT_EQ(CentInTesto(123), QStringLiteral("1.23"));
   EXPECT_EQ(CentInTesto(0), QStringLiteral("0.00"));
   EXPECT_EQ(CentInTesto(100000), QStringLiteral("1000.00"));
@@ -44,7 +32,7 @@ TEST(Conversioni, CentInTestoScriveDueDecimali) {
 }
 
 TEST(Conversioni, CentInTestoTieneIlSegnoAncheSottoLUnita) {
-  const ConLocale locale("C");
+  const WithLocale locale("C");
   EXPECT_EQ(CentInTesto(-5), QStringLiteral("-0.05"));
   EXPECT_EQ(CentInTesto(-12345), QStringLiteral("-123.45"));
   EXPECT_EQ(CentInTesto(std::numeric_limits<std::int32_t>::min()), QStringLiteral("-21474836.48"));
@@ -53,7 +41,7 @@ TEST(Conversioni, CentInTestoTieneIlSegnoAncheSottoLUnita) {
 
 TEST(Conversioni, CentInTestoPrendeIlSegnoDecimaleDellaPiattaforma) {
   for (const char* nome : {"it_IT", "de_DE"}) {
-    const ConLocale locale(nome);
+    const WithLocale locale(nome);
     EXPECT_EQ(CentInTesto(123456), QStringLiteral("1234,56")) << nome;
   }
 }
@@ -128,7 +116,7 @@ TEST(Conversioni, TestoInCentNonToccaIlTestoEArrotonda) {
 }
 
 TEST(Conversioni, TestoInIntero16ControllaNumeroEIntervallo) {
-  const ConLocale locale("C");
+  const WithLocale locale("C");
   EXPECT_EQ(TestoInIntero16(QStringLiteral("192")), 192);
   EXPECT_EQ(TestoInIntero16(QStringLiteral(" 7 ")), 7);
   EXPECT_EQ(TestoInIntero16(QStringLiteral("-3")), -3);

@@ -153,6 +153,43 @@ const char16_t* const kMessaggi[] = {
     u"Filtri vuoti; l'elenco è quello di prima",
 };
 
+QString testoDi(const char* pagina) {
+  QFile letta(QStringLiteral(GESTIONALE_SOURCES "/docs/manuale/") + QLatin1String(pagina));
+  EXPECT_TRUE(letta.open(QIODevice::ReadOnly)) << pagina;
+  return QString::fromUtf8(letta.readAll());
+}
+
+/// Of the tables that a page has of its boxes: the rows that quote one.
+QStringList riquadri(const QString& pagina) {
+  QStringList righe;
+  bool dentro = false;
+  for (const QString& riga : pagina.split(u'\n')) {
+    if (riga.startsWith(QStringLiteral("| messaggio |")) || riga.startsWith(QStringLiteral("| motivo |")))
+      dentro = true;
+    if (!riga.startsWith(u'|')) dentro = false;
+    if (dentro && riga.startsWith(QStringLiteral("| \""))) righe << riga;
+  }
+  return righe;
+}
+
+/// A page of an area, and how many rows of boxes it had when this was written.
+struct Area {
+  const char* pagina;
+  int riquadri;
+};
+constexpr Area kAree[] = {
+    {"grafica.md", 23},
+    {"configurazione.md", 13},
+    {"configurazione-negozio.md", 1},
+    {"configurazione-operatori.md", 2},
+    {"configurazione-opzioni.md", 16},
+    {"configurazione-tastiera.md", 1},
+    {"editor-griglie.md", 10},
+    {"configurazione-cassa.md", 28},
+    {"clienti.md", 28},
+    {"comandi-ausiliari.md", 22},
+};
+
 }  // namespace
 
 TEST(MessaggiDelManuale, OgniMessaggioDiOgniSchermataCE) {
@@ -164,5 +201,16 @@ TEST(MessaggiDelManuale, OgniMessaggioDiOgniSchermataCE) {
   for (const char16_t* messaggio : kMessaggi) {
     const QString cercato = QString::fromUtf16(messaggio);
     EXPECT_TRUE(testo.contains(cercato)) << cercato.toStdString();
+  }
+}
+
+// An area's own page, which F1 opens over a box, and the page of all messages say the same.
+TEST(MessaggiDelManuale, OgniRiquadroDelleAltreAreeCEComeNellaSuaPagina) {
+  const QStringList tutti = testoDi("messaggi.md").split(u'\n');
+  for (const Area& area : kAree) {
+    const QStringList righe = riquadri(testoDi(area.pagina));
+    EXPECT_GE(righe.size(), area.riquadri) << area.pagina;
+    for (const QString& riga : righe)
+      EXPECT_TRUE(tutti.contains(riga)) << area.pagina << ": " << riga.toStdString();
   }
 }

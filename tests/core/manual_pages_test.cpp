@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
+#include <QImage>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTextBlock>
@@ -46,6 +48,14 @@ std::string manca(const QString& luogo) {
   if (!QFile::exists(kManuale + pagina)) return "no page " + pagina.toStdString();
   if (ancora.isEmpty() || ancore(pagina).contains(ancora)) return {};
   return "no heading " + luogo.toStdString();
+}
+
+/// What the expression's group has caught in the text.
+QSet<QString> trovati(const QRegularExpression& espressione, const QString& testo) {
+  QSet<QString> nomi;
+  for (QRegularExpressionMatchIterator uno = espressione.globalMatch(testo); uno.hasNext();)
+    nomi.insert(uno.next().captured(1));
+  return nomi;
 }
 
 /// Names of the windows that the program can show: its forms, and the registrations of screens by name.
@@ -138,6 +148,31 @@ TEST(PagineDelManuale, LIndiceLeNominaTutteELaCartellaDelProgrammaLeRiceve) {
     EXPECT_TRUE(
         consegnate.contains(QRegularExpression(QStringLiteral("[ \\n]%1[ \\n)]").arg(figura.chopped(4)))))
         << figura.toStdString();
+  }
+}
+
+TEST(PagineDelManuale, OgniFiguraStaInUnaPaginaELaDemoLaFa) {
+  static const QRegularExpression mostrata(QStringLiteral("!\\[[^\\]]+\\]\\(immagini/([^)]+)\\.png\\)"));
+  static const QRegularExpression fatta(QStringLiteral("Picture\\{\"[^\"]+\", \"([^\"]+)\"\\}"));
+  QSet<QString> figure;
+  for (const QString& file : QDir(kManuale + QStringLiteral("immagini")).entryList(QDir::Files))
+    figure.insert(file.chopped(4));
+  QString tutte;
+  for (const QString& pagina : pagine()) tutte += testoDi(kManuale + pagina);
+  const QString demo = testoDi(QStringLiteral(GESTIONALE_SOURCES "/demo/manual_pictures.cpp"));
+  EXPECT_GE(figure.size(), 24) << "as many as there were when this was written";
+  EXPECT_EQ(trovati(mostrata, tutte), figure) << "with a text for who does not see them";
+  EXPECT_EQ(trovati(fatta, demo), figure);
+}
+
+TEST(PagineDelManuale, LeFigureSonoLeggere) {
+  constexpr qint64 kByte = 64 * 1024;
+  const QDir cartella(kManuale + QStringLiteral("immagini"));
+  for (const QFileInfo& file : cartella.entryInfoList(QDir::Files)) {
+    const QImage figura(file.filePath());
+    EXPECT_EQ(figura.format(), QImage::Format_Indexed8) << file.fileName().toStdString();
+    EXPECT_LE(figura.width(), 1024) << file.fileName().toStdString();
+    EXPECT_LE(file.size(), kByte) << file.fileName().toStdString();
   }
 }
 

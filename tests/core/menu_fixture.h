@@ -37,7 +37,7 @@ class MenuFixture : public testing::Test {
     ASSERT_TRUE(plain.save(picture(name), "JPG", 100));
   }
 
-  /// Shows the menu and waits until its first picture is there.
+  /// Shows the menu and waits until it is the active window; its first picture may come later.
   start& menu() {
     auto& screen = dynamic_cast<start&>(program_.screens.mostra(QStringLiteral("start"), program_.contesto));
     EXPECT_TRUE(QTest::qWaitForWindowActive(&screen));

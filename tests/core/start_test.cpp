@@ -342,6 +342,20 @@ TEST_F(Start, SuUnoSchermoPiccoloChiedeEAnnotaLaNuovaMisura) {
   EXPECT_EQ(program_.user.boxes().size(), 1U);
 }
 
+TEST_F(Start, SiChiedePrimaDiCaricareIlMenu) {
+  QFile log(app_ + QStringLiteral("/crc32Log.txt"));
+  ASSERT_TRUE(log.open(QIODevice::WriteOnly));
+  log.close();
+  display_ = {1280, 720};
+  bool ancoraDaCaricare = false;
+  program_.user.onBox = [&](const Box&) { ancoraDaCaricare = log.exists() && !open("start"); };
+  program_.user.answers(Answer::Ok);
+  menu();
+  EXPECT_EQ(program_.user.takeBoxes().size(), 1U);
+  EXPECT_TRUE(ancoraDaCaricare);
+  EXPECT_FALSE(log.exists());
+}
+
 TEST_F(Start, SuUnoSchermoPiccoloConAnnullaIlMenuSiApreComunque) {
   display_ = {800, 600};
   program_.user.answers(Answer::Cancel);

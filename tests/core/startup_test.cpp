@@ -1,11 +1,13 @@
 #include "core/startup.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QFile>
 
 #include "sostegno/temporary_folder.h"
+#include "sostegno/troubles.h"
 
 TEST(Avvio, CancellaIlLogDellApplicazioneELasciaQuelloDellaCartellaCorrente) {
   const TemporaryFolder corrente;
@@ -25,6 +27,18 @@ TEST(Avvio, SenzaLogNonSuccedeNulla) {
 }
 
 TEST(Avvio, UnLogCheNonSiLasciaCancellareNonFermaLAvvio) {
+  const TemporaryFolder applicazione;
+  const QString log = applicazione.write(QStringLiteral("crc32Log.txt"), "x");
+  ASSERT_EQ(::chmod(qPrintable(applicazione.path()), 0555), 0);
+  {
+    const OtherUser altro;
+    EXPECT_NO_THROW(PreparaAvvio(applicazione.path()));
+  }
+  ASSERT_EQ(::chmod(qPrintable(applicazione.path()), 0700), 0);
+  EXPECT_TRUE(QFile::exists(log));
+}
+
+TEST(Avvio, UnaCartellaColNomeDelLogResta) {
   QTemporaryDir applicazione;
   QDir(applicazione.path()).mkpath(QStringLiteral("crc32Log.txt/pieno"));
   EXPECT_NO_THROW(PreparaAvvio(applicazione.path()));

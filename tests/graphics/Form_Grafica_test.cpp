@@ -137,6 +137,33 @@ TEST_F(SchermoGrafica, UnaCartellaAlPostoDelCatalogoSiDiceENonSiTocca) {
   EXPECT_TRUE(QFileInfo(app(QStringLiteral("SetupLOGO.dat"))).isDir());
 }
 
+TEST_F(SchermoGrafica, UnCatalogoCheNonSiLeggeRestaComEraFinoAllaPrimaScelta) {
+  drawAll(384);
+  const QByteArray suo = "Logo\r\nmia.bmp\r\n";
+  layCatalogue(suo);
+  const QString file = app(QStringLiteral("SetupLOGO.dat"));
+  mayWrite(app({}), true);
+  mayWrite(images(), true);
+  for (const bool sceglie : {false, true}) {
+    ASSERT_TRUE(QFile::setPermissions(file, {}));
+    {
+      const OtherUser altro;
+      const GuidedScreen schermo = screen();
+      expectBoxes(program, {plainBox(QStringLiteral("Error 75 (*"))});
+      EXPECT_EQ(cell(schermo, 1, 1) + cell(schermo, 1, 2), QString());
+      if (sceglie) clickItem(schermo, "File1", QStringLiteral("Natale.bmp"));
+      schermo.click(kEsci);
+      EXPECT_FALSE(schermo.alive());
+    }
+    expectBoxes(program, {});
+    ASSERT_TRUE(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner));
+    if (sceglie)
+      EXPECT_EQ(righe().at(1), "Natale.bmp\r");
+    else
+      EXPECT_EQ(readFile(file), suo);
+  }
+}
+
 TEST_F(SchermoGrafica, SenzaLaCartellaDelleImmaginiSiApreLoStesso) {
   ASSERT_TRUE(QDir(images()).removeRecursively());
   const GuidedScreen schermo = pronto();
@@ -306,6 +333,7 @@ TEST_F(SchermoGrafica, UnaCartellaSiApreColDoppioClicESvuotaLAnteprima) {
   doubleClickItem(schermo, "Dir1", QStringLiteral("Altre"));
   EXPECT_EQ(schermo.text(QStringLiteral("LabelPercorso")), image(QStringLiteral("Altre")));
   EXPECT_EQ(items(schermo, "File1"), QStringList{QStringLiteral("Logo.bmp")});
+  EXPECT_EQ(foot(schermo).text(), QStringLiteral("1 bitmap in ") + image(QStringLiteral("Altre")));
   EXPECT_EQ(anteprima(schermo), QByteArray());
   EXPECT_EQ(printedForm(tessera(schermo, 1).punti), printedForm(drawnPicture(384, 24, 9)));
   EXPECT_TRUE(tessera(schermo, 2).vuoto);
@@ -356,6 +384,7 @@ TEST_F(SchermoGrafica, F5RileggeLaCartella) {
   schermo.control("MSFlexGridGrafica").setFocus();
   schermo.key(Qt::Key_F5);
   EXPECT_TRUE(items(schermo, "File1").contains(QStringLiteral("Zeta.bmp")));
+  EXPECT_EQ(foot(schermo).text(), QStringLiteral("12 bitmap in ") + images());
   EXPECT_TRUE(tessera(schermo, 1).vuoto);
 }
 
