@@ -107,7 +107,7 @@ echo "$subjects" | sort -u | awk '
       for (i = 1; i <= n; ++i) {
         text = text filesOf[list[i]]
         m = unfold(callers[list[i]], above)
-        for (k = 1; k <= m; ++k) text = text testFileOf(above[k])
+        for (k = 1; k <= m; ++k) text = text testFileOf(above[k]) (above[k] in scenes ? sharedBy[above[k]] : "")
       }
     }
     n = unfold(text, list)

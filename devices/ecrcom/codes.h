@@ -32,7 +32,7 @@ inline constexpr std::int16_t kNoResources = 20;
 /// The longest message: some callers hand over 80 bytes, the NUL among them.
 inline constexpr std::size_t kMaxMessage = 79;
 
-/// Italian message of a code, Windows-1252, at most kMessaggioMassimo characters. A negative code, as the
+/// Italian message of a code, Windows-1252, at most kMaxMessage characters. A negative code, as the
 /// key-sequence calls return it, reads like its positive one. Never null.
 const char* message(std::int16_t code);
 

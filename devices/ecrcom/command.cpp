@@ -39,10 +39,10 @@ bool repliesTo(const Header& reply, std::uint8_t mode) {
 }
 
 /// One command, one connection. A reply that comes is whole and of this command.
-std::int16_t exchange(in_addr direction, const std::vector<std::uint8_t>& command, std::uint8_t mode,
+std::int16_t exchange(in_addr till, const std::vector<std::uint8_t>& command, std::uint8_t mode,
                       Frame& reply) {
   Socket connection;
-  const IoResult connected = connect(direction, within(connectTimeout()), connection);
+  const IoResult connected = connect(till, within(connectTimeout()), connection);
   if (connected != IoResult::Done) return codeOf(connected);
   const Deadline deadline = within(replyTimeout());
   const IoResult dispatched = dispatch(connection, command, deadline);
@@ -61,8 +61,8 @@ void copyReply(const std::vector<std::uint8_t>& data, char* buffer, std::int32_t
 
 std::int16_t run(const std::string& ip, const std::string& name, std::uint8_t mode, Frame& reply) {
   const bool withFile = mode == ECR_SEND_MODE || mode == ECR_FETCH_MODE;
-  const std::optional<in_addr> direction = address(ip);
-  if (!direction) return kBadAddress;
+  const std::optional<in_addr> till = address(ip);
+  if (!till) return kBadAddress;
   if (withFile && !goodName(name)) return kBadFileName;
   // Kept for the next call: a fresh quarter of a megabyte costs as much as sending it over the loopback.
   static thread_local std::vector<std::uint8_t> command;
@@ -75,7 +75,7 @@ std::int16_t run(const std::string& ip, const std::string& name, std::uint8_t mo
   head.mode = mode;
   if (withFile) head.name = name;
   writeHeader(head, command);
-  const std::int16_t code = exchange(*direction, command, mode, reply);
+  const std::int16_t code = exchange(*till, command, mode, reply);
   if (code != kDone || mode != ECR_FETCH_MODE) return code;
   return replaceFile(name, reply.data, true) == FileResult::Done ? kDone : kLocalFileNotWritten;
 }

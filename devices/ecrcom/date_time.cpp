@@ -35,7 +35,7 @@ bool leap(std::int32_t year) {
   return year % 4 == 0;
 }
 
-std::uint32_t data(std::int32_t day, std::int32_t month, std::int32_t year) {
+std::uint32_t dateNumber(std::int32_t day, std::int32_t month, std::int32_t year) {
   const std::int32_t days =
       (year * static_cast<std::int32_t>(kMonths) + month) * static_cast<std::int32_t>(kDays);
   return static_cast<std::uint32_t>(days + day) * kHours * kSixty * kSixty;
@@ -53,11 +53,11 @@ unsigned detach(std::uint32_t& value, std::uint32_t base) {
 uint32_t ecr_date_decode(int32_t day, int32_t month, int32_t year) {
   if (!dayOfMonth(day, month) || !within(year, 0, 99)) return 0;
   if (month == kFebruary && day == 29 && !leap(year)) return 0;
-  return data(day, month, year);
+  return dateNumber(day, month, year);
 }
 
 uint32_t ecr_dates_decode(int32_t day, int32_t month) {
-  return dayOfMonth(day, month) ? data(day, month, 0) : 0;
+  return dayOfMonth(day, month) ? dateNumber(day, month, 0) : 0;
 }
 
 uint32_t ecr_time_decode(int32_t hours, int32_t minutes, int32_t seconds) {

@@ -1,7 +1,7 @@
 /* What this communications library offers beside the interface that the program loads: for service use and
  * for tests. A maker's own library need not have it. */
-#ifndef GESTIONALE_ECRCOM_SERVIZIO_H
-#define GESTIONALE_ECRCOM_SERVIZIO_H
+#ifndef GESTIONALE_ECRCOM_SERVICE_H
+#define GESTIONALE_ECRCOM_SERVICE_H
 
 #include "platform/ecrcom/ecrcom.h"
 

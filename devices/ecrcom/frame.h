@@ -60,10 +60,10 @@ std::optional<Header> parseHeader(const HeaderBytes& byte);
 /// of both is what the header tells.
 std::uint32_t headerChecksum(const HeaderBytes& byte);
 std::uint32_t extendChecksum(std::uint32_t checksum, Bytes data);
-/// Writes the header into the first kByteIntestazione bytes of a run whose rest are the data already. Bounds
-/// as for componi(), std::length_error also for a run too short.
+/// Writes the header into the first kHeaderBytes bytes of a run whose rest are the data already. Bounds
+/// as for compose(), std::length_error also for a run too short.
 void writeHeader(const Header& header, std::vector<std::uint8_t>& frame);
-/// Header and data as one run of bytes. `name` has at most kNomeMassimo characters, `data` as many bytes as
+/// Header and data as one run of bytes. `name` has at most kMaxName characters, `data` as many bytes as
 /// frames of the kind and mode carry; throws std::length_error beyond.
 std::vector<std::uint8_t> compose(const Header& header, Bytes data);
 /// The frame at the beginning of `byte` and its length; nothing if it is not there whole, or is none.
@@ -73,7 +73,7 @@ struct ReadFrame {
 };
 std::optional<ReadFrame> parseFrame(Bytes byte);
 
-/// The bytes of a text, for componi().
+/// The bytes of a text, for compose().
 Bytes byteOf(std::string_view text);
 
 }  // namespace ecrcom

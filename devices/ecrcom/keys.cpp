@@ -184,10 +184,10 @@ std::int32_t registerFunction(std::shared_ptr<Link> fresh) {
 }
 
 std::int32_t open(const char* ip) {
-  const std::optional<in_addr> direction = ip == nullptr ? std::nullopt : address(ip);
-  if (!direction) return -kBadAddress;
+  const std::optional<in_addr> till = ip == nullptr ? std::nullopt : address(ip);
+  if (!till) return -kBadAddress;
   Socket connection;
-  const IoResult connected = connect(*direction, within(connectTimeout()), connection);
+  const IoResult connected = connect(*till, within(connectTimeout()), connection);
   if (connected != IoResult::Done) return -codeOf(connected);
   auto fresh = std::make_shared<Link>(std::move(connection));
   const std::int16_t code = fresh->send(FrameType::OpenKeys, {});

@@ -17,7 +17,7 @@ namespace {
 #ifdef MSG_NOSIGNAL
 constexpr int kNoSignal = MSG_NOSIGNAL;
 #else
-constexpr int kSenzaSegnale = 0;
+constexpr int kNoSignal = 0;
 #endif
 
 void prepare(int descriptor) {
@@ -26,7 +26,7 @@ void prepare(int descriptor) {
   const int yes = 1;
   setsockopt(descriptor, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
 #ifdef SO_NOSIGPIPE
-  setsockopt(descrittore, SOL_SOCKET, SO_NOSIGPIPE, &si, sizeof si);
+  setsockopt(descriptor, SOL_SOCKET, SO_NOSIGPIPE, &yes, sizeof yes);
 #endif
 }
 
@@ -89,11 +89,11 @@ IoResult awaitEvent(const Socket& connection, short event, std::optional<Deadlin
 IoResult connect(in_addr address, Deadline deadline, Socket& connection) {
   connection = Socket(socket(AF_INET, SOCK_STREAM, 0));
   if (!connection.isOpen()) return IoResult::Resources;
-  sockaddr_in direction{};
-  direction.sin_family = AF_INET;
-  direction.sin_port = htons(kPort);
-  direction.sin_addr = address;
-  if (connect(connection.descriptor(), reinterpret_cast<sockaddr*>(&direction), sizeof direction) == 0)
+  sockaddr_in where{};
+  where.sin_family = AF_INET;
+  where.sin_port = htons(kPort);
+  where.sin_addr = address;
+  if (connect(connection.descriptor(), reinterpret_cast<sockaddr*>(&where), sizeof where) == 0)
     return IoResult::Done;
   if (errno != EINPROGRESS && errno != EINTR) return IoResult::Refused;
   const IoResult wait = awaitEvent(connection, POLLOUT, deadline);

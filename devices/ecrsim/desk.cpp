@@ -62,10 +62,12 @@ void Desk::displayAmount(std::string_view what, Cents amount, Cents total) {
   display(row(what, euro(amount), kDisplayWidth), row("TOTALE", euro(total), kDisplayWidth));
 }
 
-void Desk::checkDocument() {
+void Desk::checkDocument(char kind) {
   demand(printer == 'O', "STAMPANTE IN ERRORE");
   demand(paper == 'O', "FINE CARTA");
   if (!books_.sound()) throw Refusal{"MEMORIA GUASTA", true};
+  // What makes the numbers begin anew is not kept back by them.
+  if (kind == kFiscalClosure) return;
   const auto& numbers = books_.counters().numbers;
   demand(numbers[Counters::FiscalReceipts] < kMaxNumber, "AZZERARE LA CASSA");
   demand(numbers[Counters::ManagementReceipts] < kMaxNumber, "AZZERARE LA CASSA");
@@ -78,12 +80,12 @@ std::vector<std::string> Desk::header() {
 }
 
 void Desk::beginDocument() {
-  checkDocument();
+  checkDocument(kManagement);
   for (const std::string& line : header()) print(line);
 }
 
 void Desk::wholeDocument(Closing closing) {
-  checkDocument();
+  checkDocument(closing.kind);
   const std::vector<std::string> lines = header();
   closing.tail.insert(closing.tail.begin(), lines.begin(), lines.end());
   endDocument(closing);

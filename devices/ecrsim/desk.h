@@ -70,7 +70,7 @@ class Desk {
   int closures() const;
 
  private:
-  void checkDocument();
+  void checkDocument(char kind);
   std::vector<std::string> header();
   std::vector<std::string> foot(const DocumentHead& head, bool courtesy);
 

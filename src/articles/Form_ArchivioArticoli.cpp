@@ -20,6 +20,7 @@
 #include "core/screens.h"
 #include "core/state.h"
 #include "core/wait_box.h"
+#include "platform/text/file_name.h"
 #include "platform/text/windows1252.h"
 #include "platform/ui/user_port.h"
 #include "ui_Form_ArchivioArticoli.h"
@@ -58,6 +59,7 @@ Form_ArchivioArticoli::Form_ArchivioArticoli(Contesto& contesto)
 Form_ArchivioArticoli::~Form_ArchivioArticoli() = default;
 
 void Form_ArchivioArticoli::vesti() {
+  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Articoli));
   primario_ = std::make_unique<PrimaryCommand>(std::vector<PrimaryCommand::Candidate>{
       {ui_->Vmd_Cerca, QStringLiteral("search")}, {ui_->Cmd_Modifica, QStringLiteral("save")}});
   ui_->Cmd_Modifica->setIcon(style::icon(QStringLiteral("save")));

@@ -47,7 +47,6 @@ constexpr int kNumeroMassimo = 65536;
 constexpr int kCifreNumero = 5;
 constexpr qsizetype kCifreData = 6;
 const QString kSeleziona = QStringLiteral("Seleziona");
-const QString kNessunaPorta = QStringLiteral("Attenzione selezionare una porta COM valida");
 const QString kScegliere = QStringLiteral("Selezionare una delle opzioni !!!");
 const QString kComandoStato = QStringLiteral("X89F");
 /// What the till takes for its whole record: the end lies in 1999 by its form, and tills know it so.
@@ -215,17 +214,17 @@ void Form_Comandi_XONXOFF::abilitaScelte() {
 }
 
 void Form_Comandi_XONXOFF::DisabilitaInfoRxPrg() {
-  for (QWidget* uno : std::initializer_list<QWidget*>{ui_->vkOptionButton_DGFE, ui_->vkOptionButton_MF,
-                                                      ui_->vkOptionButtonGlobale, ui_->vkOptionButtonPerDate,
-                                                      ui_->vkOptionButtonPerScontrini})
-    uno->setEnabled(false);
+  abilitaFontiERicerche(false);
 }
 
 void Form_Comandi_XONXOFF::AbilitaInfoRxPrg() {
-  for (QWidget* uno : std::initializer_list<QWidget*>{ui_->vkOptionButton_DGFE, ui_->vkOptionButton_MF,
-                                                      ui_->vkOptionButtonGlobale, ui_->vkOptionButtonPerDate,
-                                                      ui_->vkOptionButtonPerScontrini})
-    uno->setEnabled(true);
+  abilitaFontiERicerche(true);
+}
+
+void Form_Comandi_XONXOFF::abilitaFontiERicerche(bool abilitate) {
+  for (QRadioButton* una : {ui_->vkOptionButton_DGFE, ui_->vkOptionButton_MF, ui_->vkOptionButtonGlobale,
+                            ui_->vkOptionButtonPerDate, ui_->vkOptionButtonPerScontrini})
+    una->setEnabled(abilitate);
 }
 
 /// Numbers of the journal begin anew each day; those of the fiscal memory never do.
@@ -360,16 +359,11 @@ void Form_Comandi_XONXOFF::avvia() {
       [this](const Errore& errore) { guastoDellaPorta(errore); });
 }
 
-void Form_Comandi_XONXOFF::ridaiComandi() {
-  abilitaComandi();
-}
-
 /// True where no port is needed.
 bool Form_Comandi_XONXOFF::portaValida() {
   if (!commonForKora().IP_ECR.isEmpty() || auxcmd::DammiPortaCOM(*this) != 0) return true;
-  contesto().utente.MsgBox(kNessunaPorta, Icon::Warning);
-  ui_->BarraEsito->tell(Genere::Warning, kNessunaPorta);
-  ridaiComandi();
+  auxcmd::avvisaPorta(contesto());
+  abilitaComandi();
   return false;
 }
 
@@ -384,7 +378,7 @@ void Form_Comandi_XONXOFF::leggiStato() {
   // Without an answer too: the record shown is then the one that was there.
   contesto().schermate.scarica(QStringLiteral("Form_STATO_ECR"));
   contesto().schermate.mostra(QStringLiteral("Form_STATO_ECR"), contesto());
-  ridaiComandi();
+  abilitaComandi();
   if (esito == 0) diciStato();
 }
 
@@ -407,9 +401,12 @@ void Form_Comandi_XONXOFF::diciStato() {
 void Form_Comandi_XONXOFF::leggiMemoria() {
   const QString comando = comandoDump();
   if (comando.isEmpty() || !portaValida()) return;
-  auxcmd::iniziaFileDump(memoria(), contesto().orologio.now(), contesto().cartella, file_);
+  const QDateTime adesso = contesto().orologio.now();
+  ui_->LabelNomeFileDUMP->setText(QStringLiteral("Creazione del file ") +
+                                  auxcmd::nomeFileDump(memoria(), adesso));
+  auxcmd::iniziaFileDump(memoria(), adesso, contesto().cartella, file_);
+  // Not before it is there: the exit says that it was made.
   ultimo_ = file_.di(memoria());
-  ui_->LabelNomeFileDUMP->setText(QStringLiteral("Creazione del file ") + nomeUltimoDump());
   varGlobal().BufferRisposta.clear();
   const int esito = esegueNelCanale(comando);
   if (chiusa_) return;
@@ -457,7 +454,7 @@ Memoria Form_Comandi_XONXOFF::memoria() const {
 QString Form_Comandi_XONXOFF::rifiuta(const QString& messaggio, Icon icona) {
   contesto().utente.MsgBox(messaggio, icona);
   ui_->BarraEsito->tell(icona == Icon::Critical ? Genere::Failed : Genere::Warning, messaggio.simplified());
-  ridaiComandi();
+  abilitaComandi();
   return {};
 }
 
@@ -478,7 +475,7 @@ QString Form_Comandi_XONXOFF::perDate(Memoria quale) {
     return rifiuta(QStringLiteral("Attenzione la data inizio  > data fine ."), Icon::Critical);
   for (const ComboData& giorno : {inizio, fine})
     if (CheckDataScontrino(ggmmaa(giorno), contesto().utente) == kFalso) {
-      ridaiComandi();
+      abilitaComandi();
       return {};
     }
   return auxcmd::comandoPerDate(quale, aammgg(inizio) + aammgg(fine));
@@ -505,7 +502,7 @@ void Form_Comandi_XONXOFF::guastoDellaPorta(const Errore& errore) {
   annota(auxcmd::Verso::Guasto, errore.descrizione.toUtf8());
   contesto().utente.MsgBox(QStringLiteral("Errore sulla porta COM: ") + errore.descrizione, Icon::Critical);
   ui_->BarraEsito->tell(Genere::Failed, QStringLiteral("Errore sulla porta COM: ") + errore.descrizione);
-  ridaiComandi();
+  abilitaComandi();
 }
 
 /// While the line works only the wait box can be closed, and the console with it.
@@ -664,7 +661,7 @@ void Form_Comandi_XONXOFF::seguiProve() {
 /// Whether a sequence would find its way: over the network, or by a port.
 bool Form_Comandi_XONXOFF::collegata() {
   if (commonForKora().hConnXonXoff != 0 || auxcmd::DammiPortaCOM(*this) != 0) return true;
-  contesto().utente.MsgBox(kNessunaPorta, Icon::Warning);
+  auxcmd::avvisaPorta(contesto());
   return false;
 }
 

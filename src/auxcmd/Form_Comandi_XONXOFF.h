@@ -72,6 +72,7 @@ class Form_Comandi_XONXOFF : public Schermo<QMainWindow>, public auxcmd::VistaCa
   void abilitaScelte();
   void DisabilitaInfoRxPrg();
   void AbilitaInfoRxPrg();
+  void abilitaFontiERicerche(bool abilitate);
   void SetDataScontrino();
   void EnableDataScontrino();
   void DisableDataScontrino();
@@ -90,7 +91,6 @@ class Form_Comandi_XONXOFF : public Schermo<QMainWindow>, public auxcmd::VistaCa
   QString perNumeri(auxcmd::Memoria memoria);
   auxcmd::Memoria memoria() const;
   QString rifiuta(const QString& messaggio, Icon icona);
-  void ridaiComandi();
   bool portaValida();
   void occupa(bool occupata);
   void guastoDellaPorta(const Errore& errore);

@@ -65,10 +65,6 @@ bool VistaBanco::portaValida(int& numero) {
   return numero != 0;
 }
 
-void avvisaPorta(Contesto& contesto) {
-  contesto.utente.MsgBox(QStringLiteral("Attenzione selezionare una porta COM valida"), Icon::Warning);
-}
-
 int inviaDalBanco(const std::function<int()>& invio, VistaCanale& vista, Contesto& contesto) {
   return reazioni::oppure(invio, [&](const Errore& errore) {
     vista.linea().chiudi();

@@ -42,8 +42,6 @@ class VistaBanco : public VistaCanale {
   bool chiusa_ = false;
 };
 
-/// Warns that no port is picked.
-void avvisaPorta(Contesto& contesto);
 /// Sends, and returns what `invio` came to; 1 where the port failed, which is told, and lets it go.
 int inviaDalBanco(const std::function<int()>& invio, VistaCanale& vista, Contesto& contesto);
 

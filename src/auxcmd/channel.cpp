@@ -9,7 +9,6 @@
 #include "core/context.h"
 #include "core/state.h"
 #include "platform/ecrcom/library.h"
-#include "platform/text/line_reader.h"
 #include "platform/text/windows1252.h"
 #include "platform/ui/busy_guard.h"
 #include "platform/ui/event_wait.h"
@@ -183,6 +182,10 @@ int DammiPortaCOM(VistaCanale& vista) {
   return 0;
 }
 
+void avvisaPorta(Contesto& contesto) {
+  contesto.utente.MsgBox(QStringLiteral("Attenzione selezionare una porta COM valida"), Icon::Warning);
+}
+
 void erroreDiComunicazione(int codice, VistaCanale& vista, Contesto& contesto) {
   const QByteArray testo =
       contesto.libreria.ecr_get_err(static_cast<std::int16_t>(codice), kMessaggioLibreria);
@@ -234,24 +237,6 @@ int InviaXonXoff(int porta, VistaCanale& vista, const QString& comando, Contesto
   attendi(vista, contesto);
   varGlobal().BufferRx.clear();
   return 0;
-}
-
-int InviaFileXonXoff(const QString& file, VistaCanale& vista, Contesto& contesto) {
-  // The till is told by an empty sequence that a script follows.
-  if (commonForKora().hConnXonXoff != 0)
-    if (const int esito = inviaSullaRete(vista, {}, contesto); esito != 0) return esito;
-  const int porta = commonForKora().hConnXonXoff != 0 ? 0 : DammiPortaCOM(vista);
-  LineReader righe(file);
-  int primoGuasto = 0;
-  while (!righe.atEnd() && !vista.chiusa()) {
-    const QString riga = windows1252::toText(righe.next().bytes);
-    if (riga.trimmed().isEmpty()) continue;
-    // A refused line has told so, and those behind it go all the same: what a script undoes at its end is not
-    // to be left done because a line in its middle was not taken.
-    const int esito = InviaXonXoff(porta, vista, riga, contesto);
-    if (primoGuasto == 0) primoGuasto = esito;
-  }
-  return primoGuasto;
 }
 
 void InviaByteCOM(const QByteArray& byte, VistaCanale& vista, Contesto& contesto) {

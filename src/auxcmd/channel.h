@@ -60,9 +60,6 @@ int InviaRiceviXonXoff(int porta, VistaCanale& vista, const QString& comando, Co
 int RiceviXonXoffRete(VistaCanale& vista, const QString& comando, Contesto& contesto);
 /// Sends a command; over the network without waiting for an answer. 0, or 1 as above.
 int InviaXonXoff(int porta, VistaCanale& vista, const QString& comando, Contesto& contesto);
-/// A text file line by line to its end; blank lines are passed over. 0, or the code of the first line that
-/// failed; the network's opening sequence is one: refused, nothing goes out.
-int InviaFileXonXoff(const QString& file, VistaCanale& vista, Contesto& contesto);
 /// Bytes as they are on the open port. Throws as above.
 void InviaByteCOM(const QByteArray& byte, VistaCanale& vista, Contesto& contesto);
 
@@ -72,6 +69,8 @@ void DatiRicevuti(VistaCanale& vista, const QByteArray& byte);
 /// The same for a screen of the test bench, which reads nothing out of it.
 void DatiDelBanco(VistaCanale& vista, const QByteArray& byte);
 
+/// Warns that no port is picked.
+void avvisaPorta(Contesto& contesto);
 /// Shows what the library says of a code.
 void erroreDiComunicazione(int codice, VistaCanale& vista, Contesto& contesto);
 

@@ -5,7 +5,7 @@
 namespace {
 
 /// Between two paintings, in milliseconds.
-constexpr int kBattito = 40;
+constexpr int kBattito = 80;
 
 }  // namespace
 

@@ -18,8 +18,12 @@ QString fileScript(const QString& nome, const Contesto& contesto);
 /// technician who wants them sends them with "Test sequenza comandi".
 int InviaScript(int numero, VistaCanale& vista, Contesto& contesto);
 
-/// A script that asks for an answer to each line over a serial line, to its end. 0, or the code of the first
-/// line that failed. Throws what the file and the port throw.
+/// A script line by line to its end; blank lines are passed over. 0, or the code of the first line that
+/// failed; the network's opening sequence is one: refused, nothing goes out. Throws what the file and the
+/// port throw.
+int InviaFileXonXoff(const QString& file, VistaCanale& vista, Contesto& contesto);
+/// The same without an opening sequence; over a serial line each line is asked for an answer. 1 without a
+/// port, which is told.
 int SendFileTXT(const QString& file, VistaCanale& vista, Contesto& contesto);
 
 }  // namespace auxcmd

@@ -48,15 +48,15 @@ const Tints kDark{
     .faultGround = QColor(0x421E20),
 };
 
-// A name between two "@" is replaced by that colour. Combo boxes, spin boxes and scroll bars are
-// left to Fusion, which draws them from the palette.
+// A name between two "@" is replaced by that colour. Lists are drawn by the program's style, as high as
+// fields and buttons are here; scroll bars are left to Fusion, which draws them from the palette.
 constexpr auto kSheet = R"(
 QToolTip { background: @paper@; color: @text@; border: 1px solid @border@; padding: 4px; }
 QPushButton { background: @paper@; color: @text@; border: 1px solid @border@; border-radius: 6px;
-              padding: 6px 16px; min-height: 20px; }
+              padding: 5px 16px; min-height: 1.15em; }
 QPushButton:hover { background: @emphasis@; border-color: @accent@; }
 QPushButton:pressed { background: @veil@; }
-QPushButton:focus { border: 2px solid @accent@; padding: 5px 15px; }
+QPushButton:focus { border: 2px solid @accent@; padding: 4px 15px; }
 QPushButton:disabled { background: @background@; color: @off@; border-color: @emphasis@; }
 QPushButton[primary="true"] { background: @accent@; color: @onAccent@; border-color: @accent@;
                                font-weight: 600; }
@@ -70,16 +70,20 @@ QToolButton:hover { background: @emphasis@; border-color: @accent@; }
 QToolButton:pressed, QToolButton:checked { background: @veil@; }
 QToolButton:focus { border-color: @accent@; }
 QToolButton:disabled { background: @background@; color: @off@; border-color: @emphasis@; }
+QToolBar { background: @background@; border: none; border-bottom: 1px solid @emphasis@; }
 QToolBar QToolButton { background: transparent; border-color: transparent; padding: 5px; }
 QToolBar QToolButton:hover, QToolBar QToolButton:focus { border-color: @accent@; }
 QDialog > QToolButton { padding: 4px; }
-QToolButton#AzioneEsito { padding: 5px 16px; min-height: 19px; }
+QToolButton#AzioneEsito { padding: 3px 16px 4px; min-height: 1.15em; }
 QListView#sidebar { icon-size: 16px; }
+QListWidget::item { min-height: 20px; }
 QLineEdit, QTextEdit, QPlainTextEdit { background: @paper@; color: @text@; border: 1px solid @border@;
                                        border-radius: 5px; padding: 5px 7px;
                                        selection-background-color: @accent@; selection-color: @onAccent@; }
+QLineEdit { min-height: 1.15em; }
 QLineEdit:focus, QTextEdit:focus, QPlainTextEdit:focus { border: 2px solid @accent@; padding: 4px 6px; }
-QLineEdit:disabled, QTextEdit:disabled, QPlainTextEdit:disabled { background: @background@; color: @off@; }
+QLineEdit:disabled, QTextEdit:disabled, QPlainTextEdit:disabled { background: @background@; color: @off@;
+                                                                  border-color: @emphasis@; }
 QLineEdit:read-only, QTextEdit[readOnly="true"], QPlainTextEdit[readOnly="true"] {
   background: @emphasis@; border-color: @emphasis@; }
 QLineEdit:read-only:focus, QTextEdit[readOnly="true"]:focus, QPlainTextEdit[readOnly="true"]:focus {

@@ -18,6 +18,15 @@ namespace {
 constexpr int kIconBelow = 2;
 constexpr int kIconGap = 4;
 
+// Of a list that folds up: its letters' share of the height and the pixels around it, as of buttons and
+// fields in the style sheet.
+constexpr qreal kOfLetters = 1.15;
+constexpr int kAroundLetters = 12;
+constexpr qreal kListCorner = 5;
+constexpr qreal kFocusPen = 2;
+constexpr qreal kArrow = 3.5;
+constexpr qreal kArrowPen = 1.5;
+
 // Of a check box, pixels.
 constexpr qreal kHalf = 0.5;
 constexpr qreal kTickCorner = 3;
@@ -92,6 +101,45 @@ int ProgramStyle::styleHint(StyleHint which, const QStyleOption* options, const 
                             QStyleHintReturn* data) const {
   if (which == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
   return QProxyStyle::styleHint(which, options, who, data);
+}
+
+void ProgramStyle::drawComboBox(const QStyleOptionComboBox& options, QPainter& painter,
+                                const QWidget* who) const {
+  const bool on = options.state.testFlag(State_Enabled);
+  const bool focus = on && options.state.testFlag(State_HasFocus);
+  const bool below = on && options.state.testFlag(State_MouseOver);
+  const qreal pen = focus ? kFocusPen : 1;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(!on ? tints_.emphasis : focus || below ? tints_.accent : tints_.border, pen));
+  painter.setBrush(!on     ? tints_.background
+                   : below ? tints_.emphasis
+                           : options.palette.color(QPalette::Button));
+  const qreal inset = pen * kHalf;
+  painter.drawRoundedRect(QRectF(options.rect).adjusted(inset, inset, -inset, -inset), kListCorner,
+                          kListCorner);
+  const QRectF arrow = subControlRect(CC_ComboBox, &options, SC_ComboBoxArrow, who);
+  const QPointF middle = arrow.center();
+  painter.setPen(QPen(on ? tints_.text : tints_.off, kArrowPen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPolyline(QPolygonF{middle + QPointF(-kArrow, -kArrow * kHalf),
+                                 middle + QPointF(0, kArrow * kHalf),
+                                 middle + QPointF(kArrow, -kArrow * kHalf)});
+  painter.restore();
+}
+
+void ProgramStyle::drawComplexControl(ComplexControl which, const QStyleOptionComplex* options,
+                                      QPainter* painter, const QWidget* who) const {
+  const auto* list = qstyleoption_cast<const QStyleOptionComboBox*>(options);
+  if (which == CC_ComboBox && list && !list->editable) return drawComboBox(*list, *painter, who);
+  QProxyStyle::drawComplexControl(which, options, painter, who);
+}
+
+QSize ProgramStyle::sizeFromContents(ContentsType which, const QStyleOption* options, const QSize& contents,
+                                     const QWidget* who) const {
+  QSize size = QProxyStyle::sizeFromContents(which, options, contents, who);
+  if (which == CT_ComboBox && who)
+    size.setHeight(qRound(kOfLetters * who->fontMetrics().height()) + kAroundLetters);
+  return size;
 }
 
 void ProgramStyle::drawCheckBox(const QStyleOption& options, QPainter& painter) const {

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QPlainTextEdit>
 #include <QStyle>
 #include <algorithm>
 
@@ -21,8 +22,12 @@ void scrivi(QLineEdit& casella, const QString& testo) {
 /// What the style sheet lays around the text of a box, pixels at scale 1, with room for the cursor; and what
 /// the sign of a fault takes before it.
 constexpr int kBordi = 28;
-
 constexpr int kSegno = 24;
+/// What the style sheet lays above and below the own addresses, and the pixel that a box of lines wants.
+constexpr int kSopraESotto = 11;
+
+/// Own addresses that are seen at once; a PC with more of them rolls.
+constexpr int kIndirizziInVista = 2;
 
 void largaAlmeno(QWidget& casella, const QString& campione, int altro = 0) {
   // A badge is bold, and a box may become one.
@@ -70,16 +75,28 @@ void PannelloECR::misura() {
   largaAlmeno(*ui_->TextMMC, QStringLiteral("0000"));
   largaAlmeno(*ui_->vkTextBox_VSW, QStringLiteral("00.00"));
   largaAlmeno(*ui_->vkTextBoxECR, QStringLiteral("PROGRAMMAZIONE"), kSegno);
-  const int riga = ui_->CmdInviaModECR->sizeHint().height();
-  ui_->vkTextBoxIP_ECR->setMinimumHeight(riga);
-  const int dueRighe = 2 * ui_->vkTextBoxLocal_IP->fontMetrics().lineSpacing() + kBordi;
-  ui_->vkTextBoxLocal_IP->setFixedHeight(std::max(riga, dueRighe));
+  ui_->vkTextBoxIP_ECR->setMinimumHeight(ui_->CmdInviaModECR->sizeHint().height());
+  misuraIndirizzi();
+}
+
+void PannelloECR::misuraIndirizzi() {
+  QPlainTextEdit& casella = *ui_->vkTextBoxLocal_IP;
+  const int unaCasella = ui_->CmdInviaModECR->sizeHint().height();
+  const int riga = casella.fontMetrics().lineSpacing();
+  // One address stands in the middle of its box, as in the boxes beside it.
+  const int margine = std::max((unaCasella - kSopraESotto - riga) / 2, 0);
+  casella.document()->setDocumentMargin(margine);
+  const int righe = std::min(casella.blockCount(), kIndirizziInVista);
+  casella.setFixedHeight(std::max(unaCasella, righe * riga + 2 * margine + kSopraESotto));
 }
 
 void PannelloECR::spiegaConnetti() {
+  // Off without an address in use: a till on the serial line.
   ui_->CmdInviaModECR->setToolTip(
       ui_->CmdInviaModECR->isEnabled()
           ? QStringLiteral("Si collega alla cassa di questo indirizzo (Invio nella casella)")
+      : commonForKora().IP_ECR.isEmpty()
+          ? QStringLiteral("Si usa la porta scelta: per collegarsi in rete rimettere Seleziona")
           : QStringLiteral("La cassa è già collegata: per ricollegarsi uscire e rientrare"));
 }
 
@@ -102,6 +119,7 @@ QStringList PannelloECR::indirizziLocali() const {
 
 void PannelloECR::scriviIndirizziLocali(const QStringList& indirizzi) {
   ui_->vkTextBoxLocal_IP->setPlainText(indirizzi.join(QStringLiteral("\r\n")));
+  misuraIndirizzi();
 }
 
 void PannelloECR::abilitaAvvia(bool abilitato) {

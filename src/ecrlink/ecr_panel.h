@@ -55,6 +55,8 @@ class PannelloECR : public QWidget, public ecrlink::VistaLink {
  private:
   /// Each box as wide as the longest text that it is made for, in the font of the moment.
   void misura();
+  /// The PC's own addresses in a box as high as they need: one line where there is one.
+  void misuraIndirizzi();
   void spiegaConnetti();
 
   std::unique_ptr<Ui::PannelloECR> ui_;

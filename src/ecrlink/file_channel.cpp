@@ -48,8 +48,10 @@ void leggiSopra(const QString& nome, std::span<std::uint8_t> immagine) {
 
 int spedisci(std::span<const std::uint8_t> immagine, const QString& file, Contesto& contesto,
              std::optional<ScambioEsclusivo>& scambio) {
-  if (!scambio) scambio.emplace();
+  // A folder that takes no lock takes no file either: that is what the person is told.
+  if (!scambio) prendiDovePossibile(scambio);
   if (const int esito = CreaFileProgrammazione(file, immagine, contesto); esito != 0) return esito;
+  if (!scambio) scambio.emplace();
   const int esito = avviaECR(file, Modo::Invia, contesto);
   // Nobody has to wait for a box to be closed.
   if (esito != 0) scambio.reset();

@@ -18,7 +18,8 @@ struct FileNoto {
   const char* nome;
   const char* detto;
 };
-constexpr FileNoto kNoti[]{{"venduto.bin", "del venduto"}, {"fatture.bin", "delle fatture"}};
+constexpr FileNoto kNoti[]{
+    {"venduto.bin", "del venduto"}, {"fatture.bin", "delle fatture"}, {"clienti.bin", "dei clienti"}};
 
 QString diFile(const QString& file) {
   for (const FileNoto& noto : kNoti)

@@ -17,8 +17,8 @@ class ScambioEsclusivo {
   QLockFile serratura_;
 };
 
-/// For a call that needs no file: in a folder that takes no lock, which takes no transfer file either, it
-/// goes on without. Throws Errore 70 while another program exchanges.
+/// Before a step that needs no file, or fails by itself without one: a folder that takes no lock, and so no
+/// transfer file either, leaves `scambio` empty. Throws Errore 70 while another program exchanges.
 void prendiDovePossibile(std::optional<ScambioEsclusivo>& scambio);
 
 }  // namespace ecrlink

@@ -29,6 +29,7 @@ constexpr int kMargineRiquadro = 12;
 /// At its sides, where each field has a margin of its own.
 constexpr int kLatoRiquadro = 10;
 constexpr int kTraRiquadri = 16;
+constexpr int kSottoLeLinguette = 8;
 /// Of the dot on a tab, in pixels.
 constexpr int kLatoSegno = 16;
 constexpr qreal kBordoSegno = 4;
@@ -107,7 +108,7 @@ QWidget* EditorModulo::pagina(const editors::Pagina& pagina) {
   rotolo->setFocusPolicy(Qt::NoFocus);
   auto* colonne = new FoldableRow(rotolo);
   auto* fianco = new QHBoxLayout(colonne);
-  fianco->setContentsMargins(0, kTraRiquadri, 0, 0);
+  fianco->setContentsMargins(0, modulo_.pagine.size() > 1 ? kSottoLeLinguette : 0, 0, 0);
   fianco->setSpacing(kTraRiquadri);
   QBoxLayout* colonna[2] = {};
   for (const editors::Riquadro& uno : pagina.riquadri) {

@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QSemaphore>
@@ -339,6 +340,9 @@ TEST_F(Console, SenzaDataDelloScontrinoNonSuccedeNulla) {
   expectBoxes(program, {});
   EXPECT_EQ(peer.received(), QByteArray());
   EXPECT_TRUE(schermo.enabled(kAvvia));
+  picks(schermo, {"vkOptionButton_MF", "vkOptionButtonGlobale"});
+  EXPECT_EQ(comando(schermo), "X\"000101991201\"12F") << "the fiscal memory needs none";
+  esci(schermo, true);
 }
 
 TEST_F(Console, UnaDataInizioDopoLaFineSiRifiutaColSuoNumero) {
@@ -621,6 +625,35 @@ TEST_F(Console, UnCollegamentoRifiutatoSiDiceELePorteRestanoChiuse) {
   EXPECT_FALSE(schermo.enabled(QStringLiteral("Combo2")));
 }
 
+TEST_F(Console, DopoUnRifiutoSiRiprovaSoloRientrando) {
+  KeysTill rifiuta({}, 7);
+  KeysTill accetta;
+  const Box perche =
+      criticalBox(QStringLiteral("Errore nella comunicazione con ECR: Comando rifiutato nello "
+                                 "stato attuale della cassa"));
+  {
+    const GuidedScreen schermo = console();
+    for (const QString& indirizzo : {rifiuta.address(), accetta.address()}) {
+      schermo.typeAddress(indirizzo);
+      schermo.click(kConnetti);
+      expectBoxes(program, {perche});
+      EXPECT_EQ(commonForKora().IP_ECR, indirizzo);
+      EXPECT_EQ(commonForKora().hConnXonXoff, -7) << "the code of the refusal stays";
+    }
+    EXPECT_EQ(accetta.opened(), 0);
+    EXPECT_FALSE(schermo.enabled(kPorta));
+    schermo.typeAddress(QStringLiteral("1.2.3"));
+    schermo.click(kConnetti);
+    program.takeBoxes();
+    EXPECT_TRUE(schermo.enabled(kPorta)) << "without an address the ports are there again";
+    EXPECT_TRUE(schermo.enabled(QStringLiteral("Combo2")));
+    esci(schermo, false);
+  }
+  const GuidedScreen schermo = networkConsole(accetta.address());
+  EXPECT_EQ(accetta.opened(), 1);
+  esci(schermo, false);
+}
+
 TEST_F(Console, ConUnCollegamentoRifiutatoLoStatoVaInReteENonSullaPorta) {
   KeysTill cassa({}, 7);
   const GuidedScreen schermo = console();
@@ -632,6 +665,7 @@ TEST_F(Console, ConUnCollegamentoRifiutatoLoStatoVaInReteENonSullaPorta) {
   expectBoxes(program,
               {criticalBox(QStringLiteral("Errore nella comunicazione con ECR: Collegamento non aperto"))});
   EXPECT_EQ(peer.received(), QByteArray());
+  EXPECT_TRUE(open("Form_STATO_ECR")) << "as it was known before";
   EXPECT_TRUE(schermo.enabled(kAvvia));
   EXPECT_TRUE(schermo.enabled(kEsci));
 }
@@ -663,6 +697,7 @@ TEST_F(Console, UnDumpSerialeHaLaTestaPoiIlFlussoEFinisceDaSolo) {
   const GuidedScreen schermo = serialConsole();
   pick(schermo, "Combo2", QStringLiteral("19200"));
   picks(schermo, kTuttoDGFE);
+  varGlobal().BufferRisposta = QStringLiteral("X89F di prima");
   bool attesa = false;
   QString nome;
   QByteArray testa;
@@ -677,6 +712,7 @@ TEST_F(Console, UnDumpSerialeHaLaTestaPoiIlFlussoEFinisceDaSolo) {
   EXPECT_TRUE(attesa);
   EXPECT_EQ(nome, QStringLiteral("Creazione del file ") + kNome);
   EXPECT_EQ(testa, kTestaDGFE) << "before the stream";
+  EXPECT_EQ(varGlobal().BufferRisposta, QString());
   EXPECT_FALSE(open("Form_ATTESA_MF_DGFE"));
   EXPECT_EQ(read(kNome), kTestaDGFE + "GIORNALE\r\n" + QByteArray(45, '@') + "x" + kFine);
   EXPECT_TRUE(schermo.enabled(kAvvia));
@@ -687,6 +723,26 @@ TEST_F(Console, UnDumpSerialeHaLaTestaPoiIlFlussoEFinisceDaSolo) {
   EXPECT_GT(funzioniCmdXonXoff().NumFileDump, 0) << "open until the exit";
   esci(schermo, true);
   EXPECT_EQ(funzioniCmdXonXoff().NumFileDump, 0);
+}
+
+TEST_F(Console, LeChioccioleDiUnDumpInterrottoNonContanoPerQuelloDopo) {
+  const GuidedScreen schermo = serialConsole();
+  picks(schermo, kTuttoDGFE);
+  funzioniCmdXonXoff().ContaFine = 40;
+  bool ancora = false;
+  peer.onArrival = [&] {
+    if (!peer.received().endsWith('F')) return;
+    peer.say(QByteArray(6, '@'));
+    steps.when([this] { return read(kNome).endsWith("@@@@@@"); },
+               [&] {
+                 ancora = open("Form_ATTESA_MF_DGFE");
+                 peer.say("x" + kFine);
+               });
+  };
+  schermo.click(kAvvia);
+  EXPECT_TRUE(ancora);
+  EXPECT_EQ(read(kNome), kTestaDGFE + "@@@@@@x" + kFine);
+  esci(schermo, true);
 }
 
 TEST_F(Console, UnDumpDiReteEFattoDiBlocchi) {
@@ -759,6 +815,8 @@ TEST_F(Console, UnDumpNelloStessoSecondoNonCopreQuelloDiPrima) {
   picks(schermo, kTuttoDGFE);
   schermo.click(kAvvia);
   expectBoxes(program, {criticalBox(QStringLiteral("Errore sulla porta COM: *"))});
+  EXPECT_EQ(schermo.text(QStringLiteral("LabelNomeFileDUMP")), QStringLiteral("Creazione del file ") + kNome)
+      << "told before it is tried";
   EXPECT_EQ(read(kNome), "quello di prima");
   EXPECT_EQ(peer.received(), QByteArray());
   EXPECT_TRUE(schermo.enabled(kAvvia));
@@ -864,6 +922,7 @@ TEST_F(Console, UnaPortaCheSparisceLeggendoLoStatoToglieLAttesaERidaIComandi) {
   expectBoxes(program, {});
   EXPECT_FALSE(open("Form_ATTESA_MF_DGFE"));
   EXPECT_TRUE(schermo.enabled(kEsci));
+  EXPECT_TRUE(open("Form_STATO_ECR"));
   EXPECT_EQ(foot(schermo), QStringLiteral("La linea si è interrotta: lo stato mostrato è quello di prima"));
 }
 
@@ -1115,7 +1174,10 @@ TEST_F(Console, LaLineaDopoLUscitaNonArrivaPiuANessuno) {
   peer.say("X89F" + QByteArray(39, 'z') + kFine);
   esci(schermo, false);
   const QString prima = varGlobal().BufferRisposta;
-  for (int giro = 0; giro < 20; ++giro) QCoreApplication::processEvents();
+  // Longer than a line holds characters back.
+  QElapsedTimer orologio;
+  orologio.start();
+  while (orologio.elapsed() < 50) QCoreApplication::processEvents();
   EXPECT_EQ(varGlobal().BufferRisposta, prima);
   EXPECT_EQ(varGestionePRG().StatoECR[0], 'M');
 }
@@ -1241,6 +1303,9 @@ TEST_F(Console, IlRegistroSiCopiaESiSalva) {
   EXPECT_EQ(QString::fromUtf8(read(QStringLiteral("registro.txt"))), testo);
   ASSERT_EQ(program.user.requests().size(), 1U);
   EXPECT_TRUE(program.user.requests()[0].asksBeforeReplacing);
+  EXPECT_TRUE(foot(schermo).startsWith(QStringLiteral("Registro salvato in ")));
   program.user.chooses(std::nullopt);
   schermo.click(QStringLiteral("Cmd_SalvaRegistro"));
+  EXPECT_EQ(program.user.requests().size(), 2U);
+  EXPECT_EQ(foot(schermo), QString()) << "nothing was saved";
 }

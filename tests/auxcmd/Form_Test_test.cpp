@@ -96,6 +96,7 @@ TEST_F(ProvaLibera, SalvaScriveIlTestoAccendeInviaESiSpegne) {
   const GuidedScreen schermo = prova();
   scrivi(schermo, QStringLiteral("1R\n\"€ à\"2R "));
   EXPECT_TRUE(schermo.enabled(kSalva));
+  schermo.control(kInvia).setEnabled(false);
   schermo.click(kSalva);
   EXPECT_EQ(read(kScript), "1R\r\n\"\x80 \xE0\"2R ");
   EXPECT_TRUE(schermo.enabled(kInvia));

@@ -270,6 +270,13 @@ TEST_F(Canale, UnErroreDellaPortaFinisceLAttesaSenzaMessaggi) {
   expectBoxes(program, {});
 }
 
+TEST_F(Canale, DopoUnErroreDellaPortaIlTempoNonCorrePiu) {
+  peer.onArrival = [this] { peer.unplug(); };
+  chiedi();
+  EXPECT_FALSE(
+      QTest::qWaitFor([] { return varGlobal().FlagRisposta != 2; }, auxcmd::kScadenzaRisposta + 100));
+}
+
 TEST_F(Canale, ChiusaNelMezzoLAttesaFinisceENonSiChiedeAltro) {
   peer.onArrival = [this] {
     vista.passi.clear();
@@ -668,6 +675,7 @@ TEST_F(Canale, ConUnIndirizzoSenzaCollegamentoUnoVaInReteELAltroPerPorta) {
 
 TEST_F(Canale, InviaByteComMandaIByteComeSonoEPrendeTuttoInsieme) {
   vista.linea().apri(kPorta, 9600);
+  vista.linea().InputLen(1);
   peer.answers("ZZ", "ricevuto");
   steps.when([] { return varGlobal().BufferRisposta.size() == 8; }, [this] { scade(); });
   auxcmd::InviaByteCOM("ZZ", vista, program.contesto);

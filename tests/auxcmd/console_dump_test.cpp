@@ -309,6 +309,8 @@ TEST_F(DumpDallaConsole, InReteUnDiscoPienoSiDiceUnaVoltaERidaIComandi) {
   EXPECT_TRUE(schermo.enabled(kAvvia));
   EXPECT_TRUE(schermo.enabled(kEsci));
   EXPECT_EQ(read(QStringLiteral("DGFE_07032024_090501.txt")).size(), 4096);
+  for (const char* spia : {"LedDati", "LedDati2"})
+    EXPECT_EQ(schermo.control(spia).property("colore").value<QColor>(), QColor(0x40, 0x40, 0x40)) << spia;
   esci(schermo);
 }
 

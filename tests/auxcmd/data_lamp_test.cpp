@@ -46,7 +46,7 @@ TEST(SpiaDeiDati, CambiataAOgniCarattereSiDipingeAlBattitoDellOcchio) {
     spia.accendi(i % 2 == 0 ? Qt::green : Qt::lightGray);
     QCoreApplication::processEvents();
   }
-  EXPECT_LE(spia.dipinta, 1 + cronometro.elapsed() / 40);
+  EXPECT_LE(spia.dipinta, 1 + cronometro.elapsed() / 80);
   spia.accendi(Qt::darkGray);
   const int prima = spia.dipinta;
   EXPECT_TRUE(QTest::qWaitFor([&] { return spia.dipinta > prima; })) << "the last colour is seen";

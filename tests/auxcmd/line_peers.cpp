@@ -47,6 +47,7 @@ SerialPeer::SerialPeer() {
 
 SerialPeer::~SerialPeer() {
   unplug();
+  if (theirs_ >= 0) ::close(theirs_);
 }
 
 void SerialPeer::answers(const QByteArray& command, const QByteArray& stream) {
@@ -70,10 +71,10 @@ void SerialPeer::unplug() {
     (*one)->setEnabled(false);
     one->release()->deleteLater();
   }
-  for (int* end : {&theirs_, &ours_}) {
-    if (*end >= 0) ::close(*end);
-    *end = -1;
-  }
+  // The device goes with our end; its number stays taken while the other is held, or the next test beside
+  // this one would get a port of that name.
+  if (ours_ >= 0) ::close(ours_);
+  ours_ = -1;
 }
 
 int SerialPeer::speed() const {

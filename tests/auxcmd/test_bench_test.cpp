@@ -247,6 +247,7 @@ TEST_F(BancoDiProvaTest, SullaPortaLaSequenzaVaUnaVoltaEIlTempoEDiDueSecondi) {
   EXPECT_EQ(varGlobal().FlagRisposta, 100);
   EXPECT_EQ(peer.received(), "4,5*10P");
   EXPECT_EQ(varGlobal().BufferRisposta, QStringLiteral("testo della cassa"));
+  EXPECT_EQ(varGlobal().BufferRx, QString());
   EXPECT_EQ(foot(schermo), QStringLiteral("Inviata la sequenza 4,5*10P"));
 }
 
@@ -317,6 +318,21 @@ TEST_F(BancoDiProvaTest, UnaPortaSparitaSiDiceELaProssimaVoltaSiRiprova) {
                                           .arg(app(QStringLiteral("Porte/COM7"))))});
   }
   EXPECT_TRUE(schermo.alive());
+}
+
+TEST_F(BancoDiProvaTest, ConDueInCodaUnaPortaSparitaSiDiceUnaVoltaSola) {
+  const GuidedScreen console = serialConsole();
+  const GuidedScreen schermo = banco("Form_TestVendita");
+  scegli(schermo, 1);
+  steps.when([this] { return peer.received() == "1R"; },
+             [&] {
+               schermo.click(kAvvio);
+               schermo.click(kAvvio);
+               peer.unplug();
+             });
+  schermo.click(kAvvio);
+  expectBoxes(program, {criticalBox(QStringLiteral("Errore sulla porta COM: La porta %1 non c'è")
+                                        .arg(app(QStringLiteral("Porte/COM7"))))});
 }
 
 TEST_F(BancoDiProvaTest, UnaPortaPresaDaUnAltroSiDice) {

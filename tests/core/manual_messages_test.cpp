@@ -107,6 +107,7 @@ const char16_t* const kMessaggi[] = {
     u"L'ultimo comando alla cassa non è riuscito: la parola è dello stato di prima",
     u"L'ultimo comando non è riuscito: uscire e rientrare per ripeterlo",
     u"La cassa è già collegata: per ricollegarsi uscire e rientrare",
+    u"Si usa la porta scelta: per collegarsi in rete rimettere Seleziona",
     u"Prima collegarsi alla cassa con Connetti",
     u"Attendere che la cassa abbia finito",
     u"La cassa non ha risposto",

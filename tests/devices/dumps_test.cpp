@@ -165,6 +165,16 @@ TEST(Dump, InSerialeDueZLoInterromponoELaLineaResta) {
   EXPECT_FALSE(resto.contains(kFine));
 }
 
+TEST(Dump, InSerialeDueZConAltroInMezzoNonLoInterrompono) {
+  KeyboardScene scena(Line::Serial);
+  scena.till->salesDay(200, 3);
+  const QByteArray atteso = "X\"000101991201\"10F\r\n" + scena.press("X\"000101991201\"10F");
+  scena.send("X\"000101991201\"10F");
+  const QByteArray inizio = scena.carrier().receive(100);
+  scena.send("ZcZ");
+  EXPECT_EQ(inizio + scena.carrier().receive(atteso.size() - inizio.size()), atteso);
+}
+
 TEST(Dump, InSerialeDueZFuoriDaUnDumpNonFannoNiente) {
   KeyboardScene scena(Line::Serial);
   scena.send("1RZZX89F");

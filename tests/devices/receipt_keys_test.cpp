@@ -273,6 +273,13 @@ TEST(TastiDiVendita, IntestazioneCortesiaEOperatoreSonoQuelliProgrammati) {
   EXPECT_TRUE(scena.till->error()) << "an operator who is not enabled";
 }
 
+TEST(TastiDiVendita, UnRepartoPrendeAncheIlSuoMinimoEIlSuoMassimo) {
+  KeyboardScene scena;
+  scena.send("100H9R2000H9R");
+  EXPECT_FALSE(scena.till->error());
+  EXPECT_EQ(scena.paper.lines(), (QByteArrayList{riga("CARO", "1,00"), riga("CARO", "20,00")}));
+}
+
 TEST(TastiDiVendita, IlMassimoDelleOpzioniGeneraliVale) {
   KeyboardScene scena;
   QByteArray opzioni(429, '\0');

@@ -17,13 +17,13 @@ const QString kContatori = QStringLiteral("contatori.txt");
 const QString kVenduto = QStringLiteral("venduto.bin");
 
 /// The same folder under another till, as after the power has gone.
-QByteArray riaccesa(const KeyboardScene& scena, const char* tasti) {
+QByteArray riaccesa(const KeyboardScene& scena, const QByteArray& tasti) {
   ecrsim::Options opzioni;
   opzioni.address = ownAddress().toStdString();
   opzioni.folder = scena.till.file(QString()).toStdString();
   opzioni.clock = [] { return ecrsim::Moment{2026, 11, 22, 18, 0, 0}; };
   ecrsim::Simulator cassa(opzioni);
-  return QByteArray::fromStdString(cassa.press(tasti));
+  return QByteArray::fromStdString(cassa.press(tasti.toStdString()));
 }
 
 int invia(const KeyboardScene& scena, QByteArray tasti) {
@@ -46,6 +46,23 @@ TEST(MemoriaDellaCassa, NumeriTotaliEGiornaleRestanoASpegnerla) {
   EXPECT_EQ(riaccesa(scena, "X\"000101991201\"10F").count("TOTALE EURO"), 2);
   riaccesa(scena, "z1Fc");
   EXPECT_TRUE(riaccesa(scena, "X\"0000100001\"13F").simplified().contains("CORRISPETTIVI 3,50"));
+}
+
+TEST(MemoriaDellaCassa, FinitiINumeriNonSiVendeFinoAllaChiusura) {
+  for (const auto& [quale, tasti, posto] : {std::tuple{ecrsim::Counters::FiscalReceipts, "1R1T", 16},
+                                            {ecrsim::Counters::ManagementReceipts, "jJ", 22}}) {
+    const KeyboardScene scena;
+    ecrsim::Counters contatori;
+    contatori.numbers[quale] = 999998;
+    scena.till.put(kContatori, QByteArray::fromStdString(ecrsim::textOf(contatori)));
+    const auto dopo = [&](const QByteArray& premuti) {
+      return riaccesa(scena, premuti + "cX89F").mid(posto, 6);
+    };
+    EXPECT_EQ(dopo(tasti), "999999");
+    EXPECT_EQ(dopo(tasti), "999999") << "refused";
+    EXPECT_EQ(dopo("z1F"), "000000") << "the closure is not";
+    EXPECT_EQ(dopo(tasti), "000001");
+  }
 }
 
 TEST(MemoriaDellaCassa, ChiNonVendeNonTrovaFileNuovi) {

@@ -4,9 +4,12 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 
 #include "ecrlink/link_scene.h"
+#include "sostegno/troubles.h"
 
 namespace {
 
@@ -22,7 +25,55 @@ QString nomeDelFuoco(const LinkScreen& schermo) {
   return schermo.focusWidget() ? schermo.focusWidget()->objectName() : QString();
 }
 
+/// The panel in letters of the parameter's size, on a PC with some addresses.
+class IndirizziDelPC : public testing::TestWithParam<int> {
+ protected:
+  QPlainTextEdit& apri(int quanti) {
+    scena_.network.addresses.clear();
+    for (int i = 1; i <= quanti; ++i) scena_.network.addresses << QStringLiteral("192.168.7.%1").arg(i);
+    schermo_ = std::make_unique<LinkScreen>(scena_.contesto);
+    return dynamic_cast<QPlainTextEdit&>(schermo_->control("vkTextBoxLocal_IP"));
+  }
+  int altezzaAccanto() { return schermo_->control("vkTextBoxIP_ECR").height(); }
+
+ private:
+  const InFont carattere_{GetParam()};
+  ProgramFixture scena_;
+  std::unique_ptr<LinkScreen> schermo_;
+};
+
+/// How far the last address is rolled out of its box: 0 where all of them are seen.
+int fuoriVista(const QPlainTextEdit& casella) {
+  return casella.verticalScrollBar()->maximum();
+}
+
 }  // namespace
+
+TEST_P(IndirizziDelPC, UnoSoloStaInUnaCasellaAltaComeQuellaAccanto) {
+  const QPlainTextEdit& casella = apri(1);
+  EXPECT_EQ(casella.height(), altezzaAccanto());
+  EXPECT_EQ(fuoriVista(casella), 0);
+}
+
+TEST_P(IndirizziDelPC, NessunoNonCambiaLaRiga) {
+  const QPlainTextEdit& casella = apri(0);
+  EXPECT_EQ(casella.height(), altezzaAccanto());
+}
+
+TEST_P(IndirizziDelPC, DueSiVedonoEntrambi) {
+  const QPlainTextEdit& casella = apri(2);
+  EXPECT_GT(casella.height(), altezzaAccanto());
+  EXPECT_EQ(fuoriVista(casella), 0);
+}
+
+TEST_P(IndirizziDelPC, IlTerzoSiVedeScorrendo) {
+  const int diDue = apri(2).height();
+  const QPlainTextEdit& casella = apri(3);
+  EXPECT_EQ(casella.height(), diDue);
+  EXPECT_EQ(fuoriVista(casella), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Caratteri, IndirizziDelPC, testing::Values(9, 11, 12, 18));
 
 TEST_F(Pannello, InvioNellaCasellaDellIndirizzoConnetteUnaVoltaSola) {
   for (const auto tasto : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -97,6 +148,16 @@ TEST_F(Pannello, LeDidascalieSonoQuelleDeiControlli) {
           QStringLiteral("Tipo Bitmap>TextBitmap"), QStringLiteral("Tipo MMC>TextMMC"),
           QStringLiteral("Versione ECR>vkTextBox_VSW"), QStringLiteral("STATO ECR>vkTextBoxECR")));
   EXPECT_EQ(schermo.text("CmdInviaModECR"), QStringLiteral("Connetti"));
+}
+
+TEST_F(Pannello, ConnettiSpentoDaUnaPortaSceltaNonDiceCheLaCassaECollegata) {
+  commonForKora().IP_ECR.clear();
+  schermo.view().abilitaConnetti(false);
+  EXPECT_EQ(schermo.control("CmdInviaModECR").toolTip(),
+            QStringLiteral("Si usa la porta scelta: per collegarsi in rete rimettere Seleziona"));
+  schermo.view().abilitaConnetti(true);
+  EXPECT_EQ(schermo.control("CmdInviaModECR").toolTip(),
+            QStringLiteral("Si collega alla cassa di questo indirizzo (Invio nella casella)"));
 }
 
 TEST_F(Pannello, ConnettiEIlComandoPrincipaleELoStatoParteNeutro) {

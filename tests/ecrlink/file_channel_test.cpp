@@ -99,6 +99,13 @@ TEST_F(CanaleFile, UnVecchioPLUDi240001ByteTornaDi240000) {
   EXPECT_EQ(cassa.byte(kPlu).size(), 240000);
 }
 
+TEST_F(CanaleFile, DiUnVecchioPLUPiuLungoNonRestaLaCoda) {
+  scena.folder.write(kPlu, QByteArray(300000, 'v'));
+  EXPECT_EQ(SendPRGTo_ECR(immagine(240000), kPlu, scena.contesto), 0);
+  EXPECT_EQ(scena.folder.read(kPlu), QByteArray(240000, 0x42));
+  EXPECT_EQ(cassa.byte(kPlu), QByteArray(240000, 0x42));
+}
+
 TEST_F(CanaleFile, DiUnVecchioFilePiuLungoRestaLaCoda) {
   scena.folder.write(kIva, QByteArray(500, 'v'));
   EXPECT_EQ(CreaFileProgrammazione(kIva, immagine(232), scena.contesto), 0);
@@ -155,6 +162,28 @@ TEST_F(CanaleFile, SuDiscoPienoSiDiceNonSiMandaNullaERestaIlFileDiPrima) {
   EXPECT_EQ(fileNellaCartella(), QStringList{kPlu});
 }
 
+TEST_F(CanaleFile, SuUnDiscoSenzaPostoPerIlBloccoSiDiceCheIlFileNonSiCrea) {
+  {
+    const FullDisk pieno(0);
+    EXPECT_NE(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
+  }
+  EXPECT_EQ(scena.takeBoxes(), std::vector{erroreDiCreazione(QStringLiteral("61 (Disco pieno: iva.bin)"))});
+  EXPECT_EQ(callsOf(cassa), QStringList());
+  EXPECT_EQ(fileNellaCartella(), QStringList());
+}
+
+TEST_F(CanaleFile, SenzaIlBloccoNonSiMandaNullaAncheSeIlFileCiSta) {
+  {
+    const FullDisk quasiPieno(10);
+    EXPECT_NE(SendPRGTo_ECR(immagine(2), kIva, scena.contesto), 0);
+  }
+  EXPECT_EQ(scena.takeBoxes(),
+            std::vector{plainBox(
+                QStringLiteral("Errore SendPRGTo_ECR 75 - Errore di accesso al percorso o al file: ") +
+                QDir::currentPath())});
+  EXPECT_EQ(callsOf(cassa), QStringList());
+}
+
 TEST_F(CanaleFile, UnCollegamentoAlPostoDelFileSiSostituisceELaSuaMetaResta) {
   scena.folder.write(QStringLiteral("lettera.odt"), "cara zia");
   ASSERT_TRUE(QFile::link(QStringLiteral("lettera.odt"), kPlu));
@@ -197,10 +226,8 @@ TEST_F(CanaleFile, InUnaCartellaDiSolaLetturaSiDiceENonSiMandaNulla) {
     const CartellaSolaLettura chiusa;
     EXPECT_NE(SendPRGTo_ECR(immagine(232), kIva, scena.contesto), 0);
   }
-  EXPECT_EQ(scena.takeBoxes(),
-            std::vector{plainBox(
-                QStringLiteral("Errore SendPRGTo_ECR 75 - Errore di accesso al percorso o al file: ") +
-                QDir::currentPath())});
+  EXPECT_EQ(scena.takeBoxes(), std::vector{erroreDiCreazione(
+                                   QStringLiteral("75 (Errore di accesso al percorso o al file: iva.bin)"))});
   EXPECT_EQ(callsOf(cassa), QStringList());
 }
 

@@ -9,6 +9,7 @@
 
 #include "ecrlink/link_scene.h"
 #include "ecrlink/painted_steps.h"
+#include "ecrlink/till_step.h"
 
 using namespace ecrlink;
 
@@ -77,11 +78,12 @@ TEST_F(FinestraDelLink, F9AvviaSoloSeAvviaEAcceso) {
 
 TEST_F(FinestraDelLink, F9TenutoPremutoAvviaUnaVoltaSola) {
   connetti();
+  premi(Qt::Key_F9);
   for (int i = 0; i < 3; ++i) {
     QKeyEvent ripetuto(QEvent::KeyPress, Qt::Key_F9, Qt::NoModifier, {}, true);
     QCoreApplication::sendEvent(schermo.focusWidget(), &ripetuto);
   }
-  EXPECT_EQ(schermo.avvii, 0);
+  EXPECT_EQ(schermo.avvii, 1);
 }
 
 TEST_F(FinestraDelLink, DopoLaConnessioneInvioNonEsceENonAvvia) {
@@ -242,6 +244,11 @@ TEST_F(FinestraDelLink, IPassiDiUnComandoSiLeggonoUnoPerUnoEPoiRestaLEsito) {
   attendiPiede(Kind::Done, QStringLiteral("Fatto"));
 }
 
+TEST(ParoleDelModo, IFileCheLaPersonaConosceHannoIlLoroNome) {
+  EXPECT_EQ(paroleDelModo(Modo::Invia, QStringLiteral("clienti.bin")), QStringLiteral("Invio dei clienti"));
+  EXPECT_EQ(paroleDelModo(Modo::Invia, QStringLiteral("bitmap.bin")), QStringLiteral("Invio di bitmap.bin"));
+}
+
 TEST_F(FinestraDelLink, OgniComandoAllaCassaHaLeSueParole) {
   connetti();
   const QString fino = QStringLiteral(" … (fino a 5 s)");
@@ -255,7 +262,7 @@ TEST_F(FinestraDelLink, OgniComandoAllaCassaHaLeSueParole) {
                            Caso{Modo::AzzeraProgrammazione, "", "Azzeramento della programmazione"},
                            Caso{Modo::Ricevi, "venduto.bin", "Richiesta del venduto"},
                            Caso{Modo::Ricevi, "fatture.bin", "Richiesta delle fatture"},
-                           Caso{Modo::Ricevi, "clienti.bin", "Richiesta di clienti.bin"},
+                           Caso{Modo::Ricevi, "clienti.bin", "Richiesta dei clienti"},
                            Caso{Modo::ChiusuraFiscale, "", "Chiusura fiscale"}}) {
     const PaintedSteps dipinti(schermo);
     schermo.lavoro = [&] {

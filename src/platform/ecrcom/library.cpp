@@ -49,9 +49,9 @@ class WritableCopy {
   std::int32_t length() const { return static_cast<std::int32_t>(length_); }
   /// What stands there up to a NUL, at most the first length.
   QByteArray text() const {
-    return integer().left(static_cast<qsizetype>(qstrnlen(byte_.constData(), static_cast<size_t>(length_))));
+    return whole().left(static_cast<qsizetype>(qstrnlen(byte_.constData(), static_cast<size_t>(length_))));
   }
-  QByteArray integer() const { return byte_.left(length_); }
+  QByteArray whole() const { return byte_.left(length_); }
 
  private:
   qsizetype length_;
@@ -95,7 +95,7 @@ struct EcrLibrary::Impl {
 };
 
 // The entry of the loaded library that bears the name and has the type of the one in ecrcom.h.
-#define ENTRY(nome) impl_->entryPoint(static_cast<decltype(&::nome)>(nullptr), #nome)
+#define ENTRY(name) impl_->entryPoint(static_cast<decltype(&::name)>(nullptr), #name)
 
 EcrLibrary::EcrLibrary(QString folder) : impl_(std::make_unique<Impl>()) {
   impl_->folder = std::move(folder);
@@ -126,7 +126,7 @@ std::int16_t EcrLibrary::ecr_command(QByteArray& ip, QByteArray& file, int mode,
       [&] { code = function(ipCopy.data(), fileCopy.data(), mode, bufferCopy.data(), bufferCopy.length()); });
   ip = ipCopy.text();
   file = fileCopy.text();
-  buffer = bufferCopy.integer();
+  buffer = bufferCopy.whole();
   return code;
 }
 
@@ -154,7 +154,7 @@ std::int16_t EcrLibrary::ecr_send_xonxoff_ntw(std::int32_t handle, QByteArray& t
   WritableCopy copy(text);
   std::int16_t code = 0;
   Beside([&] { code = function(handle, copy.data()); });
-  text = copy.integer();
+  text = copy.whole();
   return code;
 }
 
@@ -163,7 +163,7 @@ std::int32_t EcrLibrary::ecr_recv_xonxoff_ntw(std::int32_t handle, QByteArray& b
   WritableCopy copy(buffer);
   std::int32_t received = 0;
   Beside([&] { received = function(handle, copy.data(), copy.length(), wait); });
-  buffer = copy.integer();
+  buffer = copy.whole();
   return std::min(received, copy.length());
 }
 

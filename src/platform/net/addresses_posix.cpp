@@ -14,8 +14,8 @@ namespace network {
 
 namespace {
 
-QString dottedOf(const sockaddr& connection) {
-  return dotted(reinterpret_cast<const sockaddr_in&>(connection).sin_addr.s_addr);
+QString dottedOf(const sockaddr& address) {
+  return dotted(reinterpret_cast<const sockaddr_in&>(address).sin_addr.s_addr);
 }
 
 bool showable(const ifaddrs& entry) {

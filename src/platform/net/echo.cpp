@@ -119,8 +119,8 @@ std::optional<int> byPing(Address address, const QByteArray& data, Deadline dead
 }
 
 int send(Address address, const QByteArray& data, Deadline deadline) {
-  if (const auto state = byDatagram(address, data, deadline)) return *state;
-  if (const auto state = byRaw(address, data, deadline)) return *state;
+  if (const auto status = byDatagram(address, data, deadline)) return *status;
+  if (const auto status = byRaw(address, data, deadline)) return *status;
   return byPing(address, data, deadline).value_or(kNotSent);
 }
 

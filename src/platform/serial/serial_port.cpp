@@ -1,10 +1,19 @@
 #include "platform/serial/serial_port.h"
 
 #include <QFileInfo>
+#include <QScopedValueRollback>
 #include <QSerialPort>
+#include <QTimer>
 #include <utility>
 
 namespace {
+
+/// Between two batches of a line that keeps coming, in milliseconds: no longer than an adaptor on the USB
+/// keeps characters back by itself.
+constexpr int kBeat = 10;
+/// Sizes of the port's own buffer, which asks for no more once it is full.
+constexpr qint64 kHeldBack = 1;
+constexpr qint64 kUnlimited = 0;
 
 /// Who may not use the device is told the group that may, and the command that puts a person into it.
 QString noRight(const QFileInfo& device) {
@@ -38,23 +47,62 @@ bool brokenLine(QSerialPort::SerialPortError error) {
 
 struct SerialPort::Impl : QObject {
   QSerialPort port;
+  QTimer beat;
   OnArrival onArrival;
   OnError onError;
   int characters = 0;
   bool opens = false;
+  bool takes = false;
 
   Impl() {
+    beat.setSingleShot(true);
+    beat.setInterval(kBeat);
+    connect(&beat, &QTimer::timeout, this, [this] { onBeat(); });
     connect(&port, &QSerialPort::readyRead, this, [this] { arrival(); });
     connect(&port, &QSerialPort::errorOccurred, this,
             [this](QSerialPort::SerialPortError error) { fault(error); });
   }
 
-  /// Whoever is told may let events through, close the port or do away with it: a closed port has nothing.
+  /// On a quiet line a character is taken at once, those behind it in batches: each would wake the event
+  /// loop, which on a line at full speed costs more than what is done with them.
   void arrival() {
+    if (takes || beat.isActive()) return;
+    take();
+    holdBack();
+  }
+
+  void onBeat() {
+    port.setReadBufferSize(kUnlimited);
+    qsizetype taken = take();
+    if (fetch()) taken += take();
+    // On a line as slow as the beat there is nothing to gather.
+    if (taken > 1) holdBack();
+  }
+
+  /// From the next character on nothing wakes the event loop but the beat; what comes waits in the system.
+  void holdBack() {
+    if (!port.isOpen()) return;
+    port.setReadBufferSize(kHeldBack);
+    beat.start();
+  }
+
+  /// Gets what waits in the system; whether there was anything.
+  bool fetch() {
+    const QScopedValueRollback own(takes, true);
+    return port.isOpen() && port.waitForReadyRead(0);
+  }
+
+  /// How many characters there were. Whoever is told may let events through, close the port or do away with
+  /// it: a closed port has nothing.
+  qsizetype take() {
+    const QScopedValueRollback own(takes, true);
+    qsizetype taken = 0;
     while (port.isOpen() && port.bytesAvailable() > 0) {
       const QByteArray token = characters > 0 ? port.read(characters) : port.readAll();
+      taken += token.size();
       if (onArrival) onArrival(token);
     }
+    return taken;
   }
 
   /// A port whose other side has gone reports it without end: the first report closes it.
@@ -85,6 +133,8 @@ void SerialPort::onError(OnError function) {
 void SerialPort::open(const QString& path, int speed) {
   QSerialPort& port = impl_->port;
   close();
+  impl_->beat.stop();
+  port.setReadBufferSize(kUnlimited);
   const QString real = QFileInfo(path).canonicalFilePath();
   if (real.isEmpty()) throw openingError(QSerialPort::DeviceNotFoundError, path);
   // Before the opening: a pseudo-terminal refuses a change of parity afterwards.

@@ -8,7 +8,8 @@
 
 #include "platform/error.h"
 
-/// A serial line, event driven: no parity, 8 data bits, 1 stop bit. Nothing here waits.
+/// A serial line, event driven: no parity, 8 data bits, 1 stop bit. Nothing here waits. A character on a
+/// quiet line arrives at once; of a line that keeps coming a batch arrives at each beat of 10 ms, in order.
 class SerialPort {
  public:
   /// What came in, in pieces of `InputLen` characters.

@@ -43,12 +43,12 @@ TEST(IndirizziLocali, LeInterfacceDannoGliIPv4DelSistemaSenzaLoopback) {
 
 TEST(IndirizziLocali, IlSoloLoopbackNonHaIndirizziDaMostrare) {
   for (const bool acceso : {true, false})
-    EXPECT_EQ(inNetworkFresh([] { return static_cast<int>(network::interfaceAddresses().size()); }, acceso),
+    EXPECT_EQ(inFreshNetwork([] { return static_cast<int>(network::interfaceAddresses().size()); }, acceso),
               0);
 }
 
 TEST(IndirizziLocali, SenzaInterfacceSiCercaIlNome) {
-  EXPECT_EQ(inNetworkFresh([] {
+  EXPECT_EQ(inFreshNetwork([] {
               const QStringList trovati = systemNetwork().localAddresses(QStringLiteral("127.0.0.7"));
               return trovati == QStringList{QStringLiteral("127.0.0.7")} ? 1 : 2;
             }),

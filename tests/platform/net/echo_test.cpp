@@ -52,8 +52,8 @@ void rispondiDa(const char* mittente, const std::atomic<bool>& finito) {
 
 /// Status of an echo to 127.0.61.10, where nobody answers but who stands at `mittente`.
 int conRispostaDa(const char* mittente) {
-  return inNetworkFresh([mittente]() -> std::optional<int> {
-    if (!writeOfSystem("/proc/sys/net/ipv4/icmp_echo_ignore_all", "1")) return kNotPreparato;
+  return inFreshNetwork([mittente]() -> std::optional<int> {
+    if (!writeSystemFile("/proc/sys/net/ipv4/icmp_echo_ignore_all", "1")) return kNotPrepared;
     std::atomic<bool> finito = false;
     std::thread altro([&] { rispondiDa(mittente, finito); });
     const auto stato = echo::byRaw(indirizzo("127.0.61.10"), kDati, scadenza(300ms));
@@ -84,13 +84,13 @@ TEST(Eco, ChiRispondeDaZero) {
 }
 
 TEST(Eco, LaPresaGrezzaRispondeAChiNeHaIlDiritto) {
-  EXPECT_EQ(inNetworkFresh([] { return echo::byRaw(indirizzo("127.0.61.2"), kDati, scadenza(5s)); }),
+  EXPECT_EQ(inFreshNetwork([] { return echo::byRaw(indirizzo("127.0.61.2"), kDati, scadenza(5s)); }),
             echo::kAnswered);
 }
 
 TEST(Eco, LaPresaADatagrammiRispondeAChiNeHaIlDiritto) {
-  EXPECT_EQ(inNetworkFresh([]() -> std::optional<int> {
-              if (!writeOfSystem("/proc/sys/net/ipv4/ping_group_range", "0 0")) return kNotPreparato;
+  EXPECT_EQ(inFreshNetwork([]() -> std::optional<int> {
+              if (!writeSystemFile("/proc/sys/net/ipv4/ping_group_range", "0 0")) return kNotPrepared;
               return echo::byDatagram(indirizzo("127.0.61.2"), kDati, scadenza(5s));
             }),
             echo::kAnswered);
@@ -98,13 +98,13 @@ TEST(Eco, LaPresaADatagrammiRispondeAChiNeHaIlDiritto) {
 
 TEST(Eco, LaPresaADatagrammiSenzaDirittoLasciaIlPostoAllaVoceSeguente) {
   // A new network grants these sockets to no group.
-  EXPECT_EQ(inNetworkFresh([] { return echo::byDatagram(indirizzo("127.0.61.2"), kDati, scadenza(5s)); }),
-            kNiente);
+  EXPECT_EQ(inFreshNetwork([] { return echo::byDatagram(indirizzo("127.0.61.2"), kDati, scadenza(5s)); }),
+            kNothing);
 }
 
 TEST(Eco, DoveNonCEStradaLaRispostaENonRaggiungibile) {
   constexpr bool kSpento = false;
-  EXPECT_EQ(inNetworkFresh(
+  EXPECT_EQ(inFreshNetwork(
                 [] {
                   const auto stato = echo::byRaw(indirizzo("127.0.61.2"), kDati, scadenza(5s));
                   return stato ? std::optional(*stato == echo::kUnreachable ? 1 : 2) : std::nullopt;
@@ -119,16 +119,15 @@ TEST(Eco, LaRispostaDiUnAltroIndirizzoNonConta) {
 }
 
 TEST(Eco, LaPresaGrezzaSenzaDirittoLasciaIlPostoAllaVoceSeguente) {
-  EXPECT_EQ(fromUserQualunque([] { return echo::byRaw(indirizzo("127.0.61.3"), kDati, scadenza()); }),
-            kNiente);
+  EXPECT_EQ(asOrdinaryUser([] { return echo::byRaw(indirizzo("127.0.61.3"), kDati, scadenza()); }), kNothing);
 }
 
 TEST(Eco, IlProgrammaDelSistemaRispondeAllUtenteQualunque) {
-  EXPECT_EQ(fromUserQualunque([] { return echo::byPing(indirizzo("127.0.61.4"), kDati, scadenza(5s)); }), 0);
+  EXPECT_EQ(asOrdinaryUser([] { return echo::byPing(indirizzo("127.0.61.4"), kDati, scadenza(5s)); }), 0);
 }
 
 TEST(Eco, UnUtenteQualunqueRiceveLaRispostaPerLaViaCheHa) {
-  EXPECT_EQ(fromUserQualunque([] { return echo::send(indirizzo("127.0.61.5"), kDati, scadenza(5s)); }), 0);
+  EXPECT_EQ(asOrdinaryUser([] { return echo::send(indirizzo("127.0.61.5"), kDati, scadenza(5s)); }), 0);
 }
 
 TEST(Eco, SenzaIlProgrammaNonCEVia) {
@@ -164,7 +163,7 @@ TEST(Eco, IlProgrammaRiceveUnTentativoECinqueByte) {
 }
 
 TEST(Eco, ScadutoIlTempoLaRispostaNonSiAspetta) {
-  EXPECT_EQ(inNetworkFresh([] {
+  EXPECT_EQ(inFreshNetwork([] {
               const auto stato = echo::byRaw(indirizzo("127.0.61.9"), kDati, scadenza(0ms));
               return stato ? std::optional(*stato == echo::kExpired ? 1 : 2) : std::nullopt;
             }),

@@ -14,18 +14,18 @@
 namespace {
 
 /// What an ordinary user is on the test machine.
-constexpr uid_t kNessuno = 65534;
+constexpr uid_t kNobody = 65534;
 
 /// The status that `body` gives in a child process, where `prepare` came before it.
-int inFiglio(const std::function<bool()>& prepare, const Body& body) {
-  const pid_t figlio = ::fork();
-  if (figlio == 0) ::_exit(prepare() ? body().value_or(kNiente) : kNotPreparato);
-  int state = 0;
-  EXPECT_EQ(::waitpid(figlio, &state, 0), figlio);
-  return WIFEXITED(state) ? WEXITSTATUS(state) : kNotPreparato;
+int inChild(const std::function<bool()>& prepare, const Body& body) {
+  const pid_t child = ::fork();
+  if (child == 0) ::_exit(prepare() ? body().value_or(kNothing) : kNotPrepared);
+  int status = 0;
+  EXPECT_EQ(::waitpid(child, &status, 0), child);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : kNotPrepared;
 }
 
-bool accendiLoopback() {
+bool switchLoopbackOn() {
   const int connection = ::socket(AF_INET, SOCK_DGRAM, 0);
   ifreq request{};
   std::strcpy(request.ifr_name, "lo");
@@ -37,25 +37,24 @@ bool accendiLoopback() {
 
 }  // namespace
 
-int fromUserQualunque(const Body& body) {
-  return inFiglio([] { return ::getuid() != 0 || (::setgid(kNessuno) == 0 && ::setuid(kNessuno) == 0); },
-                  body);
+int asOrdinaryUser(const Body& body) {
+  return inChild([] { return ::getuid() != 0 || (::setgid(kNobody) == 0 && ::setuid(kNobody) == 0); }, body);
 }
 
-int inNetworkFresh(const Body& body, bool loopback) {
-  return inFiglio(
+int inFreshNetwork(const Body& body, bool loopback) {
+  return inChild(
       [loopback] {
         const QByteArray group = "0 " + QByteArray::number(::getgid()) + " 1";
         if (::unshare(::getuid() == 0 ? CLONE_NEWNET : CLONE_NEWNET | CLONE_NEWUSER) != 0) return false;
-        if (::getuid() != 0 &&
-            !(writeOfSystem("/proc/self/setgroups", "deny") && writeOfSystem("/proc/self/gid_map", group)))
+        if (::getuid() != 0 && !(writeSystemFile("/proc/self/setgroups", "deny") &&
+                                 writeSystemFile("/proc/self/gid_map", group)))
           return false;
-        return !loopback || accendiLoopback();
+        return !loopback || switchLoopbackOn();
       },
       body);
 }
 
-bool writeOfSystem(const char* file, const QByteArray& text) {
+bool writeSystemFile(const char* file, const QByteArray& text) {
   QFile output(QLatin1String{file});
   return output.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && output.write(text) == text.size();
 }

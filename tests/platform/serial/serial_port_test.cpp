@@ -8,8 +8,11 @@
 #include <unistd.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QSet>
 #include <QTest>
+#include <QTimer>
 #include <array>
 #include <memory>
 
@@ -32,7 +35,10 @@ class Linea {
     ::tcsetattr(loro_, TCSANOW, &modo);
     percorso_ = QString::fromLatin1(nome.data());
   }
-  ~Linea() { stacca(); }
+  ~Linea() {
+    stacca();
+    ::close(loro_);
+  }
   Linea(const Linea&) = delete;
   Linea& operator=(const Linea&) = delete;
 
@@ -53,12 +59,11 @@ class Linea {
     }
     return byte;
   }
-  /// The other side goes away.
+  /// The other side goes away, and the device with it. Its number stays taken, or the next test beside this
+  /// one would get a port of that name.
   void stacca() {
-    for (int* capo : {&loro_, &noi_}) {
-      if (*capo >= 0) ::close(*capo);
-      *capo = -1;
-    }
+    if (noi_ >= 0) ::close(noi_);
+    noi_ = -1;
   }
 
  private:
@@ -121,6 +126,97 @@ TEST(PortaSeriale, UnPassaggioDiEventiDentroLArrivoNonCambiaLOrdine) {
   EXPECT_EQ(arrivati, tutti);
 }
 
+TEST(PortaSeriale, UnaLineaCheContinuaArrivaAMucchiENonSvegliaAOgniCarattere) {
+  Linea linea;
+  SerialPort porta;
+  constexpr int kQuanti = 300;
+  QByteArray mandati;
+  QByteArray arrivati;
+  int passaggio = 0;
+  QSet<int> conArrivi;
+  porta.InputLen(1);
+  porta.onArrival([&](const QByteArray& byte) {
+    arrivati += byte;
+    conArrivi.insert(passaggio);
+  });
+  porta.open(linea.percorso(), kVelocita);
+  // As a line at 9600 bits brings them.
+  QTimer ognuno;
+  QObject::connect(&ognuno, &QTimer::timeout, &ognuno, [&] {
+    if (mandati.size() == kQuanti) return ognuno.stop();
+    mandati.append(static_cast<char>('A' + mandati.size() % 26));
+    linea.manda(mandati.right(1));
+  });
+  ognuno.start(1);
+  QElapsedTimer orologio;
+  orologio.start();
+  while (arrivati.size() < kQuanti && orologio.elapsed() < kAttesa) {
+    ++passaggio;
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  EXPECT_EQ(arrivati, mandati);
+  // At most a character at once and a batch in ten milliseconds, however slow the machine is.
+  EXPECT_LE(conArrivi.size(), orologio.elapsed() / 4 + 2);
+}
+
+TEST(PortaSeriale, IlPrimoCarattereDiUnaLineaQuietaNonAspetta) {
+  Linea linea;
+  SerialPort porta;
+  QByteArrayList arrivi;
+  porta.onArrival([&](const QByteArray& byte) { arrivi.append(byte); });
+  porta.open(linea.percorso(), kVelocita);
+  linea.manda("tutto insieme");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !arrivi.isEmpty(); }));
+  EXPECT_EQ(arrivi, QByteArrayList{"tutto insieme"}) << "nothing is held back yet";
+}
+
+TEST(PortaSeriale, QuelloCheETrattenutoArrivaAncheSeNonVieneAltro) {
+  Linea linea;
+  SerialPort porta;
+  QObject poi;
+  QByteArray arrivati;
+  porta.InputLen(1);
+  porta.onArrival([&](const QByteArray& byte) {
+    if (arrivati.isEmpty()) QTimer::singleShot(0, &poi, [&] { linea.manda("bcd"); });
+    arrivati += byte;
+  });
+  porta.open(linea.percorso(), kVelocita);
+  linea.manda("a");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return arrivati.size() == 4; }));
+  EXPECT_EQ(arrivati, "abcd");
+}
+
+TEST(PortaSeriale, DopoUnaPausaLaLineaRiprendeDaSola) {
+  Linea linea;
+  SerialPort porta;
+  QByteArray arrivati;
+  porta.InputLen(1);
+  porta.onArrival([&](const QByteArray& byte) { arrivati += byte; });
+  porta.open(linea.percorso(), kVelocita);
+  // Longer apart than anything is held back, so that each one finds the line quiet.
+  QTimer ognuno;
+  QObject::connect(&ognuno, &QTimer::timeout, &ognuno, [&] { linea.manda("abc"); });
+  ognuno.start(60);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return arrivati.size() >= 9; }));
+  EXPECT_EQ(arrivati.left(9), "abcabcabc");
+}
+
+TEST(PortaSeriale, RiapertaMentreTrattieneRiceveDaCapo) {
+  Linea prima;
+  Linea seconda;
+  SerialPort porta;
+  QByteArrayList arrivi;
+  porta.onArrival([&](const QByteArray& byte) { arrivi.append(byte); });
+  porta.open(prima.percorso(), kVelocita);
+  prima.manda("a");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return arrivi.size() == 1; }));
+  prima.manda("perso");
+  porta.open(seconda.percorso(), kVelocita);
+  seconda.manda("nuovo");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return arrivi.size() > 1; }));
+  EXPECT_EQ(arrivi, (QByteArrayList{"a", "nuovo"})) << "at once, and nothing of the line before";
+}
+
 TEST(PortaSeriale, IByteScrittiArrivanoDallAltraParteTuttiEOtto) {
   Linea linea;
   SerialPort porta;
@@ -147,6 +243,24 @@ TEST(PortaSeriale, QuandoLAltraParteSeNeVaLErroreEUnoELaPortaEChiusa) {
   for (int passaggio = 0; passaggio < 1000; ++passaggio) QCoreApplication::processEvents();
   EXPECT_EQ(errori, 1);
   EXPECT_EQ(numero, errors::kPortBroken);
+}
+
+TEST(PortaSeriale, AncheMentreTrattieneLaFineDellaLineaSiDiceUnaVolta) {
+  Linea linea;
+  SerialPort porta;
+  int errori = 0;
+  QByteArray arrivati;
+  porta.onArrival([&](const QByteArray& byte) { arrivati += byte; });
+  porta.onError([&](const Errore&) { ++errori; });
+  porta.open(linea.percorso(), kVelocita);
+  linea.manda("a");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return arrivati == "a"; }));
+  linea.manda("b");
+  linea.stacca();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return errori > 0; }));
+  for (int passaggio = 0; passaggio < 1000; ++passaggio) QCoreApplication::processEvents();
+  EXPECT_EQ(errori, 1);
+  EXPECT_FALSE(porta.isOpen());
 }
 
 TEST(PortaSeriale, LAperturaDiUnTerminaleFintoNonEUnErroreDiLinea) {
