@@ -39,15 +39,18 @@ function(unit_test name)
   set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake)
 endfunction()
 
-# locale_runs(<name> [FILTER <filter>])
+# locale_runs(<name> [FILTER <filter>] [LOCALES <locale>...])
 # The whole program once more under the locales in which shops' PCs are set up, since the tests one by one run under C:
-# a decimal comma that creeps into a statement or a file shows here.
+# a decimal comma that creeps into a statement or a file shows here. Italian and German ones, where none is named.
 function(locale_runs name)
-  cmake_parse_arguments(ARG "" "FILTER" "" ${ARGN})
+  cmake_parse_arguments(ARG "" "FILTER" "LOCALES" ${ARGN})
   if(NOT ARG_FILTER)
     set(ARG_FILTER "*")
   endif()
-  foreach(locale it_IT.UTF-8 de_DE.UTF-8)
+  if(NOT ARG_LOCALES)
+    set(ARG_LOCALES it_IT.UTF-8 de_DE.UTF-8)
+  endif()
+  foreach(locale ${ARG_LOCALES})
     add_test(NAME Locale.${name}.${locale} COMMAND ${name} --gtest_filter=${ARG_FILTER} --gtest_brief=1)
     set_tests_properties(Locale.${name}.${locale} PROPERTIES ENVIRONMENT LC_ALL=${locale} LABELS locale TIMEOUT 180)
   endforeach()

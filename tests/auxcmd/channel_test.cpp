@@ -12,6 +12,7 @@
 #include "auxcmd/dump_file.h"
 #include "auxcmd/serial_line.h"
 #include "platform/error.h"
+#include "sostegno/process_memory.h"
 
 namespace {
 
@@ -111,17 +112,6 @@ class Canale : public ApplicationFolder, public testing::Test {
   VistaProva vista{cartella_.path()};
   Steps steps;
 };
-
-/// A line of the kernel's account of this process, in KiB.
-qint64 memoria(const char* riga) {
-  QFile stato(QStringLiteral("/proc/self/status"));
-  EXPECT_TRUE(stato.open(QIODevice::ReadOnly));
-  for (const QByteArray& una : stato.readAll().split('\n'))
-    if (una.startsWith(riga))
-      return una.mid(static_cast<qsizetype>(qstrlen(riga))).simplified().split(' ').first().toLongLong();
-  ADD_FAILURE() << riga;
-  return 0;
-}
 
 /// Blocks of the network as they stand in a dump file: blanks behind what came.
 QByteArray blocco(const QByteArray& testo) {
@@ -502,14 +492,12 @@ TEST_F(Canale, UnDumpDiReteDiCentoMegabyteArrivaInPocaMemoria) {
   blocchi << kFine;
   KeysTill cassa([&](const std::string&) { return KeysAnswer{0, blocchi}; });
   collega(cassa.address());
-  const qint64 prima = memoria("VmRSS:");
-  QFile azzera(QStringLiteral("/proc/self/clear_refs"));
-  ASSERT_TRUE(azzera.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-  ASSERT_EQ(azzera.write("5"), 1);
+  const qint64 prima = memoryInKiB(QStringLiteral("VmRSS"));
+  forgetPeak();
   // What came is kept by the screen of the test alone.
   vista.tieneRicevuti = false;
   EXPECT_EQ(chiedi(), 0);
-  EXPECT_LT(memoria("VmHWM:") - prima, 24 * 1024);
+  EXPECT_LT(memoryInKiB(QStringLiteral("VmHWM")) - prima, 24 * 1024);
   auxcmd::chiudiFileDump(funzioniCmdXonXoff().NumFileDump);
   EXPECT_EQ(QFileInfo(app(QStringLiteral("dump.txt"))).size(), (kBlocchi + 1) * 1024 + 46);
 }

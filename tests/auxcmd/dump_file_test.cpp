@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "platform/error.h"
+#include "sostegno/process_memory.h"
 #include "sostegno/program_fixture.h"
 #include "sostegno/troubles.h"
 
@@ -360,25 +361,8 @@ TEST_F(FileDeiDump, UnaCopiaERiuscitaPerInteroONonCE) {
 
 namespace {
 
-constexpr qint64 kMega = 1024 * 1024;
-
-/// The most memory that the process has held since `dimentica`, in bytes.
-struct MassimaMemoria {
-  static void dimentica() {
-    QFile ricorda(QStringLiteral("/proc/self/clear_refs"));
-    ASSERT_TRUE(ricorda.open(QIODevice::WriteOnly));
-    ASSERT_EQ(ricorda.write("5"), 1);
-  }
-  static qint64 letta(const QByteArray& riga) {
-    QFile stato(QStringLiteral("/proc/self/status"));
-    EXPECT_TRUE(stato.open(QIODevice::ReadOnly));
-    for (const QByteArray& una : stato.readAll().split('\n'))
-      if (una.startsWith(riga))
-        return una.mid(riga.size()).simplified().split(' ').front().toLongLong() * 1024;
-    ADD_FAILURE() << "no line " << riga.toStdString();
-    return 0;
-  }
-};
+constexpr qint64 kKiBDiUnMega = 1024;
+constexpr qint64 kMega = kKiBDiUnMega * 1024;
 
 /// A hundred megabytes in a file that takes no room on the disk, zeros aside from its beginning and its end.
 QString dumpEnorme(const TemporaryFolder& cartella, const QByteArray& inizio, const QByteArray& fine) {
@@ -394,10 +378,10 @@ QString dumpEnorme(const TemporaryFolder& cartella, const QByteArray& inizio, co
 
 TEST_F(FileDeiDump, CentoMegabyteSenzaFineRigaPassanoInPocaMemoria) {
   const QString enorme = dumpEnorme(programma.folder, "X\"000101991201\"10F", "@@");
-  MassimaMemoria::dimentica();
-  const qint64 prima = MassimaMemoria::letta("VmRSS:");
+  forgetPeak();
+  const qint64 prima = memoryInKiB(QStringLiteral("VmRSS"));
   EXPECT_EQ(auxcmd::TipoDumpMemoria(enorme, programma.contesto), Memoria::DGFE);
-  EXPECT_LT(MassimaMemoria::letta("VmHWM:") - prima, 16 * kMega);
+  EXPECT_LT(memoryInKiB(QStringLiteral("VmHWM")) - prima, 16 * kKiBDiUnMega);
   QFile temp(programma.folder.file(kTemp));
   ASSERT_TRUE(temp.open(QIODevice::ReadOnly));
   EXPECT_EQ(temp.size(), 100 * kMega - 18);
@@ -407,9 +391,9 @@ TEST_F(FileDeiDump, CentoMegabyteSenzaFineRigaPassanoInPocaMemoria) {
 
 TEST_F(FileDeiDump, IlComandoDietroCentoMegabyteSiTrova) {
   const QString enorme = dumpEnorme(programma.folder, "", "\n12F fine");
-  MassimaMemoria::dimentica();
-  const qint64 prima = MassimaMemoria::letta("VmRSS:");
+  forgetPeak();
+  const qint64 prima = memoryInKiB(QStringLiteral("VmRSS"));
   EXPECT_EQ(auxcmd::TipoDumpMemoria(enorme, programma.contesto), Memoria::MF);
-  EXPECT_LT(MassimaMemoria::letta("VmHWM:") - prima, 16 * kMega);
+  EXPECT_LT(memoryInKiB(QStringLiteral("VmHWM")) - prima, 16 * kKiBDiUnMega);
   EXPECT_EQ(contenuto(kTemp), QByteArray(" fine"));
 }

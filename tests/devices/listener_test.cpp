@@ -3,7 +3,6 @@
 #include <sys/socket.h>
 
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTest>
 #include <utility>
@@ -12,6 +11,7 @@
 #include "ecrcom/codes.h"
 #include "ecrcom/ecrcom_service.h"
 #include "ecrcom/socket.h"
+#include "sostegno/process_memory.h"
 #include "sostegno/temporary_folder.h"
 #include "sostegno/test_till.h"
 
@@ -101,15 +101,8 @@ class CassaAccesa : public testing::Test {
   bool restanoPochiThread() const {
     return QTest::qWaitFor([&] { return thread() <= kPochi; }, 10000);
   }
-  /// A line of the kernel's account of the process, in KiB: VmRSS the memory that it holds, VmHWM the most
-  /// that it ever held, VmSize what is set aside for it.
-  int KiB(const QByteArray& voce) const {
-    QFile stato(proc(QStringLiteral("status")));
-    EXPECT_TRUE(stato.open(QIODevice::ReadOnly));
-    for (const QByteArray& riga : stato.readAll().split('\n'))
-      if (riga.startsWith(voce + ':')) return riga.mid(voce.size() + 1).chopped(2).trimmed().toInt();
-    ADD_FAILURE() << "no " << voce.toStdString();
-    return 0;
+  qint64 KiB(const char* riga) const {
+    return memoryInKiB(QLatin1String(riga), QString::number(processo_.processId()));
   }
 
  private:
@@ -130,7 +123,7 @@ TEST_F(CassaAccesa, LineeUnaDopoLAltraNonAggiungonoThread) {
 }
 
 TEST_F(CassaAccesa, FiniteMolteLineeInsiemeNeRestanoPochiThreadELaCassaServeAncora) {
-  const int prima = KiB("VmSize");
+  const qint64 prima = KiB("VmSize");
   for (int volta = 0; volta < 3; ++volta) {
     std::vector<Socket> tutte = linee(kMolte);
     EXPECT_GE(thread(), kMolte);
@@ -143,7 +136,7 @@ TEST_F(CassaAccesa, FiniteMolteLineeInsiemeNeRestanoPochiThreadELaCassaServeAnco
 
 TEST_F(CassaAccesa, UnaTestaCheAnnunciaMoltoNonCostaFincheNonArriva) {
   congeda(linee(kConFile));
-  const int prima = KiB("VmHWM");
+  const qint64 prima = KiB("VmHWM");
   const auto intera = comando(ECR_SEND_MODE, std::vector<std::uint8_t>(kMaxBytes, 'x'));
   std::vector<Socket> tutte = linee(kConFile);
   for (const Socket& una : tutte)
@@ -154,7 +147,7 @@ TEST_F(CassaAccesa, UnaTestaCheAnnunciaMoltoNonCostaFincheNonArriva) {
 
 TEST_F(CassaAccesa, FiniteLeLineeTornaLaMemoriaDeiFileArrivati) {
   congeda(linee(kConFile));
-  const int prima = KiB("VmRSS");
+  const qint64 prima = KiB("VmRSS");
   const auto intera = comando(ECR_SEND_MODE, std::vector<std::uint8_t>(kMaxBytes, 'x'));
   std::vector<Socket> tutte = linee(kConFile);
   for (const Socket& una : tutte) EXPECT_EQ(chiede(una, intera), kTransferClosed);

@@ -751,7 +751,10 @@ TEST_F(GestioneMMC, IPulsantiDellaSchedaFannoQuantoLeVociDiMenu) {
 
 TEST_F(GestioneMMC, LIndiceDegliEanHaUnaRigaPerPosizioneEDaZero) {
   create();
+  // Five thousand rows one by one would be as many writes of the disk.
+  store::Transaction insieme(bottega.workspace);
   EXPECT_EQ(dynamic_cast<Form_GestioneMMC&>(*screen).CreaIndiceEAN(), 0);
+  insieme.Commit();
   EXPECT_EQ(bottega.rows(QStringLiteral("SELECT Index from TAB_EAN_NUMERICI")), 5000);
 }
 
