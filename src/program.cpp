@@ -104,7 +104,6 @@ Program::Program(const QString& folder, const Clock& clock)
   screens_.registra<Form_Test>();
   auxcmd::registraBanchi(screens_);
   screens_.registra<Form_Grafica>();
-  registraSchermateMancanti(screens_);
 }
 
 Program::~Program() {

@@ -1,7 +1,6 @@
 #include "controls/menu_entry.h"
 
 #include <QFocusEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
@@ -43,36 +42,16 @@ void MenuEntry::setLook(int look) {
   update();
 }
 
-void MenuEntry::setNote(const QString& note) {
-  note_ = note;
-  setAccessibleDescription(note);
-  updateGeometry();
-  update();
-}
-
-QFont MenuEntry::noteFont() const {
-  // The letters around the entry: the window has them already.
-  QFont letters = font();
-  letters.setPointSizeF(letters.pointSizeF() / kCaption);
-  return letters;
-}
-
 int MenuEntry::minWidth() const {
-  const int caption = fontMetrics().horizontalAdvance(readable(text()));
-  const int note = QFontMetrics(noteFont()).horizontalAdvance(note_);
-  return std::max(caption, note) + iconSize().width() + 3 * kMargin + kSlash;
-}
-
-int MenuEntry::textHeight() const {
-  return fontMetrics().height() + (note_.isEmpty() ? 0 : QFontMetrics(noteFont()).height());
+  return fontMetrics().horizontalAdvance(readable(text())) + iconSize().width() + 3 * kMargin + kSlash;
 }
 
 QSize MenuEntry::sizeHint() const {
-  return {minWidth() + 2 * kMargin, std::max(kHeight, textHeight() + 2 * kSlash)};
+  return {minWidth() + 2 * kMargin, std::max(kHeight, fontMetrics().height() + 2 * kSlash)};
 }
 
 QSize MenuEntry::minimumSizeHint() const {
-  return {minWidth(), std::max(kMinHeight, textHeight() + kSlash)};
+  return {minWidth(), std::max(kMinHeight, fontMetrics().height() + kSlash)};
 }
 
 void MenuEntry::mouseMoveEvent(QMouseEvent* event) {
@@ -121,17 +100,7 @@ void MenuEntry::paintEvent(QPaintEvent* /*evento*/) {
   const QRect place(kMargin + kSlash, (height() - iconSize().height()) / 2, iconSize().width(),
                     iconSize().height());
   icon().paint(&painter, place);
-  drawTexts(painter, rect().adjusted(place.right() + kMargin, 0, 0, 0));
-}
-
-void MenuEntry::drawTexts(QPainter& painter, const QRect& place) const {
-  QRect line(place.left(), (height() - textHeight()) / 2, place.width(), fontMetrics().height());
   painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft, readable(text()));
-  if (note_.isEmpty()) return;
-  line.setTop(line.bottom() + 1);
-  line.setHeight(QFontMetrics(noteFont()).height());
-  painter.setFont(noteFont());
-  painter.setPen(QGuiApplication::palette().color(QPalette::PlaceholderText));
-  painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft, note_);
+  painter.drawText(rect().adjusted(place.right() + kMargin, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                   readable(text()));
 }

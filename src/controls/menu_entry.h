@@ -8,16 +8,12 @@ class MenuEntry : public QAbstractButton {
   Q_OBJECT
   /// 1 highlighted, 0 plain.
   Q_PROPERTY(int look READ look WRITE setLook)
-  /// A small remark below the caption, told to those who listen as well.
-  Q_PROPERTY(QString note READ note WRITE setNote)
 
  public:
   explicit MenuEntry(QWidget* parent = nullptr);
 
   int look() const { return look_; }
   void setLook(int look);
-  const QString& note() const { return note_; }
-  void setNote(const QString& note);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -37,11 +33,6 @@ class MenuEntry : public QAbstractButton {
 
  private:
   int minWidth() const;
-  QFont noteFont() const;
-  /// Height of caption and note.
-  int textHeight() const;
-  void drawTexts(QPainter& painter, const QRect& place) const;
 
   int look_ = 0;
-  QString note_;
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-class QString;
 struct Contesto;
 class Schermate;
 
@@ -8,12 +7,5 @@ class Schermate;
 /// which is the end of the program.
 void MostraMenu(Contesto& contesto);
 
-/// Whether a placeholder stands for this screen.
-bool inPreparazione(const QString& schermata, const Schermate& schermate);
-
 /// Registers the screens of this layer: `frmAbout`, `Form_ATTESA`, and `start` over the display as it is now.
 void registraSchermateCore(Schermate& schermate);
-
-/// Registers a plain window with the title and a way back for every workspace of the menu that nobody has
-/// registered so far.
-void registraSchermateMancanti(Schermate& schermate);

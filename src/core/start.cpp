@@ -84,8 +84,6 @@ void start::paintEvent(QPaintEvent* evento) {
 void start::collega(const Voce& voce) {
   MenuEntry& scritta = etichetta(voce);
   scritta.setIcon(style::icon(QLatin1String(voce.icona)));
-  if (inPreparazione(QLatin1String(voce.schermata), contesto_.schermate))
-    scritta.setNote(QStringLiteral("in preparazione"));
   const QString nome = scritta.objectName();
   const auto passaSopra = [this, &voce, nome] {
     reazioni::protetta(contesto_.utente, nome + QStringLiteral("_MouseMove"), QLatin1String(kModulo), [&] {

@@ -113,7 +113,6 @@ const QList<Significato> kSignificati{
     {"circle-help", "domanda, aiuto", "SP_MessageBoxQuestion vkCommandHELP"},
     {"circle-x", "fallito", "SP_MessageBoxCritical outcome_bar ecr_panel"},
     {"coins", "le valute", "9"},
-    {"construction", "in preparazione", "figura"},
     {"copy-plus", "uno nuovo da uno che c'è", "3"},
     {"download", "riceve dalla cassa", "Cmd_Upl Cmd_Avvia Form_RicezioneVenduto Form_RicezioneClienti"},
     {"file", "un file", "SP_FileIcon"},

@@ -14,8 +14,6 @@ const char16_t* const kMessaggi[] = {
     u"La definizione dello schermo attuale e'",
     u"Per un corretto funzionamento",
     u"Error 53 (File non trovato:",
-    u"Questa sezione non fa parte della versione installata.",
-    u"in preparazione",
     u"Le informazioni sul sistema non sono attualmente disponibili.",
     u"Chiudi anche i prossimi avvisi uguali",
     // The manual and the file dialogs

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCloseEvent>
 #include <QPixmap>
 #include <QTemporaryDir>
 #include <QTest>
@@ -11,6 +12,21 @@
 #include "core/menu.h"
 #include "core/start.h"
 #include "sostegno/program_fixture.h"
+
+/// Stands for a workspace of the menu, which comes back when it closes.
+class StandIn : public QWidget {
+ public:
+  explicit StandIn(Contesto& contesto) : contesto_(contesto) {}
+
+ protected:
+  void closeEvent(QCloseEvent* event) override {
+    MostraMenu(contesto_);
+    event->accept();
+  }
+
+ private:
+  Contesto& contesto_;
+};
 
 /// A menu over an application folder of the test's own, with the five pictures as plain colours.
 class MenuFixture : public testing::Test {
@@ -23,7 +39,10 @@ class MenuFixture : public testing::Test {
     paintPicture("Clienti.jpg", Qt::yellow);
     paintPicture("About.jpg", Qt::magenta);
     registraSchermateCore(program_.screens);
-    registraSchermateMancanti(program_.screens);
+    for (const char* workspace :
+         {"Form_Grafica", "Form_GestioneMMC", "MDIForm_PRG", "Form_GestioneClienti", "Form_Comandi_XONXOFF"})
+      program_.screens.registra(QLatin1String(workspace),
+                                [](Contesto& contesto) { return new StandIn(contesto); });
     program_.screens.registra(QStringLiteral("start"),
                               [this](Contesto& contesto) { return new start(contesto, display_); });
   }

@@ -236,25 +236,6 @@ TEST_F(Start, ChiudereLaCorniceScaricaOgniSchermata) {
   EXPECT_FALSE(program_.user.terminated());
 }
 
-TEST_F(Start, LeVociSenzaSchermataLoDiconoELeAltreNo) {
-  for (const char* nome : {"Label1", "Label2", "Label3", "Label7", "Label_CMD_XONXOFF"}) {
-    EXPECT_EQ(entry(nome).note(), QStringLiteral("in preparazione")) << nome;
-    EXPECT_EQ(entry(nome).accessibleDescription(), QStringLiteral("in preparazione")) << nome;
-  }
-  for (const char* nome : {"Label6", "Label4"}) EXPECT_EQ(entry(nome).note(), QString()) << nome;
-}
-
-TEST_F(Start, UnaVoceConLaSuaSchermataNonHaNota) {
-  Schermate schermate;
-  Contesto contesto{
-      program_.user, program_.workspace, program_.library, program_.network, schermate, program_.clock, app_};
-  schermate.registra(QStringLiteral("Form_GestioneMMC"), [](Contesto&) { return new QWidget; });
-  registraSchermateMancanti(schermate);
-  const start solo(contesto, display_);
-  EXPECT_EQ(solo.findChild<MenuEntry*>(QStringLiteral("Label2"))->note(), QString());
-  EXPECT_EQ(solo.findChild<MenuEntry*>(QStringLiteral("Label7"))->note(), QStringLiteral("in preparazione"));
-}
-
 TEST_F(Start, ChiTornaRitrovaIlFuocoSullaVoceDaCuiEraPartito) {
   moveOver("Label7");
   click("Label7");
