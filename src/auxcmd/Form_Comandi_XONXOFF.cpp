@@ -111,7 +111,7 @@ void Form_Comandi_XONXOFF::vesti() {
   spiegaAvvia();
   connect(ui_->divisione, &QSplitter::splitterMoved, this, [this] { divisaAMano_ = true; });
   ui_->registro->usa(contesto().orologio);
-  spegniLed();
+  Form_Comandi_XONXOFF::spegniLed();
   vestiNumeri();
   seguiLinea();
 }

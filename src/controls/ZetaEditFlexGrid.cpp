@@ -307,7 +307,8 @@ void ZetaEditFlexGrid::focusGrid() {
 }
 
 bool ZetaEditFlexGrid::eventFilter(QObject* watched, QEvent* event) {
-  const bool ofGrid = watched == flexGriglia_;
+  // A grid that is going away is none any more, while its boxes are told of it.
+  const bool ofGrid = qobject_cast<FlexGrid*>(watched) != nullptr;
   switch (event->type()) {
     case QEvent::KeyPress: {
       const auto& key = *static_cast<const QKeyEvent*>(event);

@@ -7,3 +7,6 @@
 qint64 memoryInKiB(const QString& line, const QString& process = QStringLiteral("self"));
 /// The most memory that this process held counts anew from here.
 void forgetPeak();
+/// Fails where this process held as much as `limit` KiB more than `before`. A sanitizer keeps freed blocks:
+/// under one nothing fails.
+void expectPeakWithin(qint64 before, qint64 limit);
