@@ -161,7 +161,7 @@ QString ArchiviaDumpMemoria(const Contesto& contesto) {
   const QString preso = fileTempDump(contesto);
   const std::optional<Memoria> memoria = TipoDumpMemoria(preso, contesto);
   if (!memoria) return {};
-  const QString archiviato = contesto.cartella + u'/' + nomeFileDump(*memoria, contesto.orologio.now());
+  QString archiviato = contesto.cartella + u'/' + nomeFileDump(*memoria, contesto.orologio.now());
   if (QFileInfo::exists(archiviato)) throw errors::pathAccess(archiviato);
   CopiaDump(preso, archiviato);
   return archiviato;

@@ -14,7 +14,8 @@ Form_TrasferimentoClienti::Form_TrasferimentoClienti(Contesto& contesto)
   ui_->setupUi(this);
   ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Clienti));
   caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "upload"});
-  if (const QString avviso = avvertenza(); !avviso.isEmpty()) racconta(OutcomeBar::Kind::Warning, avviso);
+  if (const QString avviso = Form_TrasferimentoClienti::avvertenza(); !avviso.isEmpty())
+    racconta(OutcomeBar::Kind::Warning, avviso);
 }
 
 Form_TrasferimentoClienti::~Form_TrasferimentoClienti() = default;

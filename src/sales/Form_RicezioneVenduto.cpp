@@ -11,7 +11,8 @@ Form_RicezioneVenduto::Form_RicezioneVenduto(Contesto& contesto)
   ui_->setupUi(this);
   ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Articoli));
   caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "download"});
-  if (const QString avviso = avvertenza(); !avviso.isEmpty()) racconta(OutcomeBar::Kind::Warning, avviso);
+  if (const QString avviso = Form_RicezioneVenduto::avvertenza(); !avviso.isEmpty())
+    racconta(OutcomeBar::Kind::Warning, avviso);
 }
 
 Form_RicezioneVenduto::~Form_RicezioneVenduto() = default;
