@@ -73,7 +73,7 @@ QImage CaricaImmagine(const QString& percorso) {
   const QSize misure = lettore.size();
   if (misure.isEmpty() || misure.width() > kLatoMassimo || misure.height() > kLatoMassimo)
     throw nonValida(percorso);
-  const QImage immagine = lettore.read();
+  QImage immagine = lettore.read();
   if (immagine.isNull()) throw nonValida(percorso);
   return immagine;
 }
