@@ -61,7 +61,7 @@ QStringList bitmapIn(const QString& cartella) {
 
 QString PortaNellaCartella(const QString& percorso, const QString& cartella) {
   const QFileInfo origine(percorso);
-  const QString nome = origine.fileName();
+  QString nome = origine.fileName();
   if (!nomeAmmesso(nome)) throw errors::badArgument();
   if (!origine.exists()) throw errors::fileMissing(percorso);
   const QString meta = percorsoBitmap(cartella, nome);
