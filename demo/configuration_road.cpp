@@ -25,11 +25,7 @@ constexpr std::size_t kEnabled = 25;
 constexpr std::size_t kPassword = 26;
 
 Director::When shows(const QString& name) {
-  return [name] {
-    const QWidget* frame = window(kFrame);
-    const auto* one = frame == nullptr ? nullptr : frame->findChild<QWidget*>(name);
-    return one != nullptr && one->isVisible();
-  };
+  return shownIn(kFrame, name);
 }
 
 }  // namespace

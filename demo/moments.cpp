@@ -15,6 +15,14 @@ bool on(const QString& windowName, const QString& name) {
   return command != nullptr && command->isEnabled();
 }
 
+Director::When shownIn(const QString& windowName, const QString& name) {
+  return [=] {
+    const QWidget* frame = window(windowName);
+    const auto* one = frame == nullptr ? nullptr : frame->findChild<QWidget*>(name);
+    return one != nullptr && one->isVisible();
+  };
+}
+
 Director::When enabled(const QString& windowName, const QString& name) {
   return [=] {
     const QWidget* modal = QApplication::activeModalWidget();

@@ -14,6 +14,8 @@ inline const QString kSalesArchive = QStringLiteral("Form_ArchivioVenduto");
 
 Director::When visible(const QString& name);
 bool on(const QString& windowName, const QString& name);
+/// A control of the window, by its name, that can be seen.
+Director::When shownIn(const QString& windowName, const QString& name);
 /// In a screen that no other and no box stands over.
 Director::When enabled(const QString& windowName, const QString& name);
 

@@ -1,5 +1,3 @@
-#include <QWidget>
-
 #include "demo/expectations.h"
 #include "demo/moments.h"
 #include "demo/reread_archive.h"
@@ -19,11 +17,7 @@ constexpr std::size_t kThird = 2;
 constexpr std::size_t kPrice = 26;
 
 Director::When inFrame(const QString& name) {
-  return [name] {
-    const QWidget* frame = window(kFrame);
-    const auto* one = frame == nullptr ? nullptr : frame->findChild<QWidget*>(name);
-    return window(kExchange) == nullptr && one != nullptr && one->isVisible();
-  };
+  return [shown = shownIn(kFrame, name)] { return window(kExchange) == nullptr && shown(); };
 }
 
 Director::When backInFrame() {

@@ -27,6 +27,17 @@ class TrasferimentoProgrammazione : public BancoTrasferimento {
       schermo.impatience();
     };
   }
+  /// Clicks "Avvia", and returns which commands were on while a box was shown.
+  QStringList accesiAiRiquadri(const GuidedScreen& schermo) {
+    QStringList accesi;
+    bottega.user.onBox = [&](const Box&) {
+      for (const QString& comando : {kAvvia, kEsci, kConnetti})
+        if (schermo.enabled(comando)) accesi << comando;
+    };
+    schermo.click(kAvvia);
+    bottega.user.onBox = nullptr;
+    return accesi;
+  }
 };
 
 }  // namespace
@@ -63,15 +74,9 @@ TEST_F(TrasferimentoProgrammazione, SenzaUnaSceltaSiDiceENullaParte) {
   const GuidedScreen schermo(bottega, kSchermo);
   schermo.connectTo(cassa);
   const qsizetype prima = callsOf(cassa).size();
-  QString accesi;
-  bottega.user.onBox = [&](const Box&) {
-    for (const QString& comando : {kAvvia, kEsci, kConnetti})
-      if (schermo.enabled(comando)) accesi += comando;
-  };
-  schermo.click(kAvvia);
-  bottega.user.onBox = nullptr;
+  const QStringList accesi = accesiAiRiquadri(schermo);
   expectBoxes(bottega, {kScelta});
-  EXPECT_EQ(accesi, QString());
+  EXPECT_EQ(accesi, QStringList());
   EXPECT_EQ(callsOf(cassa).size(), prima);
   EXPECT_TRUE(schermo.enabled(kEsci));
 }
@@ -87,13 +92,7 @@ TEST_F(TrasferimentoProgrammazione, ICodiciTastieraDaSoliNonSonoUnaDelleOpzioni)
 
 TEST_F(TrasferimentoProgrammazione, IComandiSonoSpentiAlRiquadroDellInvio) {
   const GuidedScreen schermo = pronto(kInvia);
-  QStringList accesi;
-  bottega.user.onBox = [&](const Box&) {
-    for (const QString& comando : {kAvvia, kEsci, kConnetti})
-      if (schermo.enabled(comando)) accesi << comando;
-  };
-  schermo.click(kAvvia);
-  bottega.user.onBox = nullptr;
+  const QStringList accesi = accesiAiRiquadri(schermo);
   expectBoxes(bottega, {kTrasferita});
   EXPECT_EQ(accesi, QStringList());
 }
@@ -102,13 +101,7 @@ TEST_F(TrasferimentoProgrammazione, IComandiSonoSpentiAiRiquadriDiUnaRicezioneIn
   programmaCassa();
   const GuidedScreen schermo = pronto(kRicevi);
   cassa->faults({{.mode = 7, .file = "val.bin"}});
-  QStringList accesi;
-  bottega.user.onBox = [&](const Box&) {
-    for (const QString& comando : {kAvvia, kEsci, kConnetti})
-      if (schermo.enabled(comando)) accesi << comando;
-  };
-  schermo.click(kAvvia);
-  bottega.user.onBox = nullptr;
+  const QStringList accesi = accesiAiRiquadri(schermo);
   expectBoxes(bottega, {kComunicazione, fallitaRichiesta(QStringLiteral("val.bin")),
                         critico("Errore durante la programmazione. ")});
   EXPECT_EQ(accesi, QStringList());
@@ -117,13 +110,7 @@ TEST_F(TrasferimentoProgrammazione, IComandiSonoSpentiAiRiquadriDiUnaRicezioneIn
 TEST_F(TrasferimentoProgrammazione, IComandiSonoSpentiAlRiquadroDellaRicezione) {
   programmaCassa();
   const GuidedScreen schermo = pronto(kRicevi);
-  QStringList accesi;
-  bottega.user.onBox = [&](const Box&) {
-    for (const QString& comando : {kAvvia, kEsci, kConnetti})
-      if (schermo.enabled(comando)) accesi << comando;
-  };
-  schermo.click(kAvvia);
-  bottega.user.onBox = nullptr;
+  const QStringList accesi = accesiAiRiquadri(schermo);
   expectBoxes(bottega, {kRicevuta});
   EXPECT_EQ(accesi, QStringList());
 }

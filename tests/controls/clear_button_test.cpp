@@ -12,13 +12,21 @@
 #include "controls/contrast.h"
 #include "controls/style.h"
 
-TEST(CroceDelCampo, SvuotaEHaUnNome) {
-  QLineEdit campo;
+namespace {
+
+void mostraPieno(QLineEdit& campo) {
   addClearButton(campo);
   campo.setText(QStringLiteral("8001"));
   campo.resize(200, 30);
   campo.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&campo));
+}
+
+}  // namespace
+
+TEST(CroceDelCampo, SvuotaEHaUnNome) {
+  QLineEdit campo;
+  mostraPieno(campo);
   auto* croce = campo.findChild<QToolButton*>();
   ASSERT_NE(croce, nullptr);
   EXPECT_EQ(croce->accessibleName(), QStringLiteral("Svuota il campo"));
@@ -46,11 +54,7 @@ struct CroceSulFondo : testing::TestWithParam<bool> {
 
 TEST_P(CroceSulFondo, SiVede) {
   QLineEdit campo;
-  addClearButton(campo);
-  campo.setText(QStringLiteral("8001"));
-  campo.resize(200, 30);
-  campo.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&campo));
+  mostraPieno(campo);
   auto* croce = campo.findChild<QToolButton*>();
   const QColor fondo = campo.palette().color(QPalette::Base);
   // The cross fades in.
