@@ -3,6 +3,7 @@
 #include <QString>
 #include <chrono>
 
+class QWidget;
 class Clock;
 class Utente;
 class Network;
@@ -25,4 +26,6 @@ struct Contesto {
   QString cartella;
   /// How long a work lasts before its wait box is worth making.
   std::chrono::milliseconds attesaDopo{120};
+  /// What the screen that is made next stands in; null for a window of its own. The screen takes it.
+  QWidget* dentro = nullptr;
 };

@@ -11,7 +11,8 @@
 template <typename Finestra>
 class Schermo : public Finestra {
  public:
-  explicit Schermo(Contesto& contesto) : contesto_(contesto) {}
+  explicit Schermo(Contesto& contesto)
+      : Finestra(std::exchange(contesto.dentro, nullptr)), contesto_(contesto) {}
 
  protected:
   Contesto& contesto() { return contesto_; }

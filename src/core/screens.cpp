@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QEventLoop>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <algorithm>
 
@@ -94,10 +95,15 @@ QWidget& Schermate::carica(const QString& nome, Contesto& contesto) {
     throw Errore{errors::kOutOfRange, QStringLiteral("Schermata non registrata: ") + nome};
   QWidget* schermo = fabbrica->second(contesto);
   schermo->setAttribute(Qt::WA_DeleteOnClose);
-  colloca(*schermo);
+  if (schermo->isWindow()) colloca(*schermo);
   new Custode(*schermo, [this, schermo] { dimentica(schermo); });
   aperte_.emplace_back(nome, schermo);
   return *schermo;
+}
+
+QWidget& Schermate::caricaDentro(QWidget& dentro, const QString& nome, Contesto& contesto) {
+  const QScopedValueRollback posto(contesto.dentro, &dentro);
+  return carica(nome, contesto);
 }
 
 QWidget& Schermate::mostra(const QString& nome, Contesto& contesto) {

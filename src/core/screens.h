@@ -33,6 +33,9 @@ class Schermate {
   /// The instance, made now if there is none, in the middle of the display and no larger than it. Throws
   /// Errore 9 for a name that nobody registered.
   QWidget& carica(const QString& nome, Contesto& contesto);
+  /// As carica, for a screen that stands in another one: made in there, since what changes its parent later
+  /// is polished and laid out once more, with all that it holds.
+  QWidget& caricaDentro(QWidget& dentro, const QString& nome, Contesto& contesto);
   /// Loads, shows non-modally and brings to the front.
   QWidget& mostra(const QString& nome, Contesto& contesto);
   /// Loads a screen, runs it to its end with the others shut off, and unloads it. A busy guard of the command

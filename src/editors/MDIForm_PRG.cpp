@@ -351,7 +351,7 @@ void MDIForm_PRG::articoli() {
 void MDIForm_PRG::apriEditor(const char* nome, const QString& stato) {
   const QString schermata = QLatin1String(nome);
   chiudiEditor(schermata);
-  QWidget& editor = contesto().schermate.carica(schermata, contesto());
+  QWidget& editor = contesto().schermate.caricaDentro(*ui_->AreaEditor, schermata, contesto());
   if (ui_->AreaEditor->indexOf(&editor) < 0) ui_->AreaEditor->addWidget(&editor);
   ui_->AreaEditor->setCurrentWidget(&editor);
   editor.show();

@@ -91,7 +91,13 @@ EditorModulo::~EditorModulo() = default;
 
 void EditorModulo::costruisci() {
   // The Tab key goes through them as they are made: commands come behind the fields of every tab.
-  for (const editors::Pagina& una : modulo_.pagine) ui_->schede->addTab(pagina(una), testo(una.titolo));
+  // Each part is made inside the one that holds it: a style sheet polishes whatever changes its parent anew,
+  // with all that it holds.
+  for (const editors::Pagina& una : modulo_.pagine) {
+    auto* rotolo = new QScrollArea(ui_->schede);
+    ui_->schede->addTab(rotolo, testo(una.titolo));
+    pagina(una, *rotolo);
+  }
   for (const editors::Pagina& una : modulo_.pagine) {
     if (una.salva != nullptr) ui_->comandi->addWidget(comandi(una));
     comandiDi_.push_back(ui_->comandi->count() - 1);
@@ -101,12 +107,12 @@ void EditorModulo::costruisci() {
   for (QPushButton* altro : salva_) altro->setToolTip(salva_.front()->toolTip());
 }
 
-QWidget* EditorModulo::pagina(const editors::Pagina& pagina) {
-  auto* rotolo = new QScrollArea(this);
-  rotolo->setWidgetResizable(true);
-  rotolo->setFrameShape(QFrame::NoFrame);
-  rotolo->setFocusPolicy(Qt::NoFocus);
-  auto* colonne = new FoldableRow(rotolo);
+void EditorModulo::pagina(const editors::Pagina& pagina, QScrollArea& rotolo) {
+  rotolo.setWidgetResizable(true);
+  rotolo.setFrameShape(QFrame::NoFrame);
+  rotolo.setFocusPolicy(Qt::NoFocus);
+  auto* colonne = new FoldableRow(&rotolo);
+  rotolo.setWidget(colonne);
   auto* fianco = new QHBoxLayout(colonne);
   fianco->setContentsMargins(0, modulo_.pagine.size() > 1 ? kSottoLeLinguette : 0, 0, 0);
   fianco->setSpacing(kTraRiquadri);
@@ -120,16 +126,15 @@ QWidget* EditorModulo::pagina(const editors::Pagina& pagina) {
       questa->setSpacing(kTraRiquadri);
       fianco->addWidget(parte, 1);
     }
-    questa->addWidget(riquadro(uno));
+    riquadro(uno, *questa);
   }
   for (QBoxLayout* questa : colonna)
     if (questa) questa->addStretch(1);
-  rotolo->setWidget(colonne);
-  return rotolo;
 }
 
-QWidget* EditorModulo::riquadro(const editors::Riquadro& riquadro) {
-  auto* carta = new QFrame(this);
+void EditorModulo::riquadro(const editors::Riquadro& riquadro, QBoxLayout& colonna) {
+  auto* carta = new QFrame(colonna.parentWidget());
+  colonna.addWidget(carta);
   carta->setProperty("card", true);
   carta->setObjectName(QLatin1String(riquadro.nome));
   auto* tutto = new QVBoxLayout(carta);
@@ -147,17 +152,16 @@ QWidget* EditorModulo::riquadro(const editors::Riquadro& riquadro) {
   tutto->addLayout(griglia);
   if (riquadro.righe > 0) {
     serie(riquadro, *griglia);
-    return carta;
+    return;
   }
   int posto = 0;
   for (const editors::Dato& dato : riquadro.dati) {
     editors::CampoModulo* campo =
-        aggiungi(dato, {riquadro, 0, contesto().libreria, modulo_.segno, {}, {}, {}});
+        aggiungi(dato, {carta, riquadro, 0, contesto().libreria, modulo_.segno, {}, {}, {}});
     griglia->addWidget(campo, posto / riquadro.affiancati, posto % riquadro.affiancati, Qt::AlignTop);
     ++posto;
   }
-  for (int colonna = 0; colonna < riquadro.affiancati; ++colonna) griglia->setColumnStretch(colonna, 1);
-  return carta;
+  for (int una = 0; una < riquadro.affiancati; ++una) griglia->setColumnStretch(una, 1);
 }
 
 /// One row a record under the captions of its fields.
@@ -166,7 +170,7 @@ void EditorModulo::serie(const editors::Riquadro& riquadro, QGridLayout& griglia
   for (const editors::Dato& dato : riquadro.dati) {
     // A single column says by its rows what it holds.
     if (riquadro.dati.size() > 1 && *dato.didascalia != u'\0') {
-      QLabel* testa = intestazione(dato.didascalia, this);
+      QLabel* testa = intestazione(dato.didascalia, griglia.parentWidget());
       testa->setContentsMargins(editors::CampoModulo::margineInSerie(*testa), 0, 0, 0);
       griglia.addWidget(testa, 0, colonna);
     }
@@ -185,13 +189,13 @@ void EditorModulo::serie(const editors::Riquadro& riquadro, QGridLayout& griglia
 
 void EditorModulo::riga(const QString& nome, std::span<const editors::Dato> dati,
                         const editors::Riquadro& riquadro, std::size_t quale, QGridLayout& griglia, int suo) {
-  auto* etichetta = new QLabel(nome, this);
+  auto* etichetta = new QLabel(nome, griglia.parentWidget());
   etichetta->setContentsMargins(6, 0, 0, 0);
   griglia.addWidget(etichetta, suo, 0);
   int colonna = 1;
   for (const editors::Dato& dato : dati) {
-    editors::CampoModulo* campo =
-        aggiungi(dato, {riquadro, quale, contesto().libreria, modulo_.segno, nome, {}, {}});
+    editors::CampoModulo* campo = aggiungi(
+        dato, {griglia.parentWidget(), riquadro, quale, contesto().libreria, modulo_.segno, nome, {}, {}});
     if (colonna == 1) etichetta->setBuddy(&campo->controllo());
     griglia.addWidget(campo, suo, colonna);
     ++colonna;
@@ -203,13 +207,12 @@ editors::CampoModulo* EditorModulo::aggiungi(const editors::Dato& dato, editors:
   posto.cambiato = [this, mio] { cambiato(*campi_[mio]); };
   posto.avvisa = [this](const QString& messaggio) { avvisa(messaggio); };
   editors::CampoModulo* campo = editors::CreaCampo(dato, std::move(posto)).release();
-  campo->setParent(this);
   campi_.push_back(campo);
   return campo;
 }
 
 QWidget* EditorModulo::comandi(const editors::Pagina& pagina) {
-  auto* coppia = new QWidget(this);
+  auto* coppia = new QWidget(ui_->comandi);
   auto* fianco = new QHBoxLayout(coppia);
   fianco->setContentsMargins(0, 0, 0, 0);
   fianco->setSpacing(8);

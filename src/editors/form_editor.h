@@ -63,8 +63,8 @@ class EditorModulo : public Schermo<QWidget>, public editors::Editor {
 
  private:
   void costruisci();
-  QWidget* pagina(const editors::Pagina& pagina);
-  QWidget* riquadro(const editors::Riquadro& riquadro);
+  void pagina(const editors::Pagina& pagina, class QScrollArea& rotolo);
+  void riquadro(const editors::Riquadro& riquadro, class QBoxLayout& colonna);
   void riga(const QString& nome, std::span<const editors::Dato> dati, const editors::Riquadro& riquadro,
             std::size_t quale, class QGridLayout& griglia, int suo);
   void serie(const editors::Riquadro& riquadro, class QGridLayout& griglia);

@@ -165,7 +165,7 @@ Modo modoDi(Genere genere) {
 }  // namespace
 
 CampoModulo::CampoModulo(const Dato& dato, Posto posto)
-    : dato_(dato), posto_(std::move(posto)), punto_(new QLabel(kPunto, this)) {
+    : QFrame(posto.dove), dato_(dato), posto_(std::move(posto)), punto_(new QLabel(kPunto, this)) {
   const QString oggetto = nomeControllo(dato.controllo);
   setObjectName(QStringLiteral("Cornice_") + oggetto);
   punto_->setObjectName(QStringLiteral("Punto_") + oggetto);

@@ -17,6 +17,8 @@ namespace editors {
 
 /// Where a field stands on its screen, and what it tells its screen.
 struct Posto {
+  /// What holds the field.
+  QWidget* dove;
   const Riquadro& riquadro;
   std::size_t riga;
   EcrLibrary& libreria;
