@@ -86,7 +86,9 @@ bool prepare(const QString& folder, const QString& application) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+  // The platform's own display of 800 by 800 is one that the program warns of before anything else.
+  const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+  if (platform.isEmpty() || platform == "offscreen")
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" GESTIONALE_DISPLAY);
   silencePlatform();
   QApplication application(argc, argv);

@@ -38,8 +38,7 @@ class TrasferimentoArticoli : public testing::Test {
 
   /// The archive with five thousand articles, the screen on it, the till connected.
   GuidedScreen pronto() {
-    bottega.openArchive();
-    writeArticles(bottega, articoli);
+    bottega.openFullArchive();
     GuidedScreen schermo(bottega, kSchermo);
     schermo.connectTo(cassa);
     EXPECT_TRUE(schermo.enabled(kAvvia));
@@ -50,7 +49,7 @@ class TrasferimentoArticoli : public testing::Test {
     return static_cast<int>(std::ranges::count(chiamate, 6, &ecrsim::Call::mode));
   }
 
-  const std::vector<TestArticle> articoli = testArticles(5000);
+  const std::vector<TestArticle>& articoli = fullArchive();
   BackRoom bottega;
   TestTill cassa;
 };

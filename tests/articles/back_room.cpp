@@ -60,6 +60,21 @@ void BackRoom::openArchive(const QString& name) {
   articles::NuovoDatabase(folder.file(name), contesto);
 }
 
+void BackRoom::openFullArchive() {
+  // Written once a program: five thousand statements for every test would take a third of their time.
+  static QByteArray file;
+  const QString name = QStringLiteral("archivio.mdb");
+  if (file.isEmpty()) {
+    openArchive(name);
+    writeArticles(*this, fullArchive());
+    articles::ChiudiDatabase();
+    file = folder.read(name);
+  } else {
+    folder.write(name, file);
+  }
+  articles::ApriDatabase(folder.file(name), contesto);
+}
+
 void BackRoom::openWith(const QStringList& statements, const QString& name) {
   runInSqlite(folder.file(name), statements);
   articles::ApriDatabase(folder.file(name), contesto);
@@ -81,6 +96,11 @@ std::vector<TestArticle> testArticles(int count) {
                         (word + QStringLiteral(" %1 ABCDEFGHIJKLMNOPQRST").arg(i)).left(i % 31),
                         (i * 37) % 9999999, 1 + i % 80, i % 2 == 1, i % 4 >= 2});
   }
+  return articles;
+}
+
+const std::vector<TestArticle>& fullArchive() {
+  static const std::vector<TestArticle> articles = testArticles(5000);
   return articles;
 }
 

@@ -17,6 +17,8 @@ class BackRoom : public ProgramFixture {
 
   /// Copies the template to `name` in the folder and opens it as the archive.
   void openArchive(const QString& name = QStringLiteral("archivio.mdb"));
+  /// Opens an archive whose slots hold fullArchive().
+  void openFullArchive();
   /// Opens a file with the tables that the statements make as the archive.
   void openWith(const QStringList& statements, const QString& name = QStringLiteral("altro.mdb"));
   /// Runs a statement on the archive.
@@ -38,6 +40,8 @@ struct TestArticle {
 
 /// `count` articles with accents, the euro sign, every length of text and every pair of flags.
 std::vector<TestArticle> testArticles(int count);
+/// An article for each of the 5000 slots.
+const std::vector<TestArticle>& fullArchive();
 /// Writes them over the slots from 1, in one transaction.
 void writeArticles(BackRoom& room, const std::vector<TestArticle>& articles);
 /// The image that the till has to hold for these articles, packed here byte by byte over `under`.

@@ -16,7 +16,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::StartsWith;
 using Tipo = articles::EsitoImport::Tipo;
 
 struct ImportGuasti : ImportArticoli {};

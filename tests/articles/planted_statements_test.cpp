@@ -27,7 +27,8 @@ struct Innesto : ImportArticoli {
 
   void SetUp() override {
     ImportArticoli::SetUp();
-    writeArticles(bottega, testArticles(5000));
+    articles::ChiudiDatabase();
+    bottega.openFullArchive();
     prima = fotografia();
   }
   void TearDown() override {

@@ -12,9 +12,6 @@
 
 namespace {
 
-using testing::ElementsAreArray;
-using testing::IsEmpty;
-
 const QString kPrefisso = QStringLiteral("RiempiPLU: uscita dal programma per condizione anomala ");
 const QString kTabella = QStringLiteral(
     "CREATE TABLE TAB_ARTICOLI (auto_id INTEGER PRIMARY KEY, ID_Position TEXT, Codice_EAN TEXT, "
@@ -145,7 +142,7 @@ TEST(RiempiPLU, LaRigaCinquemilaunoEFuoriDaiLimitiESiDiceUnaVoltaSola) {
       QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Descrizione) Values (5001,'UNO DI TROPPO');"));
   bottega.execute(
       QStringLiteral("INSERT INTO TAB_ARTICOLI (auto_id,Descrizione) Values (5002,'DUE DI TROPPO');"));
-  writeArticles(bottega, testArticles(5000));
+  writeArticles(bottega, fullArchive());
   EXPECT_EQ(articles::RiempiPLU(bottega.user), 1);
   const std::vector<Box> visti = bottega.user.takeBoxes();
   ASSERT_EQ(visti.size(), 1U);

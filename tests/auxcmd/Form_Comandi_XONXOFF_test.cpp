@@ -1200,10 +1200,10 @@ TEST_F(Console, ConUnaPortaOgniProvaSiApreEAllaSuaChiusuraLaConsoleECoComEra) {
       {"mnuTestModificatori", "Form Test Modificatori"},
       {"mnuTestFormePagamento", "Test sulle forme di pagamento"},
       {"mnuTestUtilita", "Test Utilità generali e rapporti"}};
-  for (const auto& [voce, titolo] : prove)
-    withModal([&] { schermo.window().findChild<QAction*>(QLatin1String(voce))->trigger(); },
+  for (const auto& una : prove)
+    withModal([&] { schermo.window().findChild<QAction*>(QLatin1String(una.first))->trigger(); },
               [&](QWidget& prova) {
-                EXPECT_EQ(prova.windowTitle(), QString::fromUtf8(titolo));
+                EXPECT_EQ(prova.windowTitle(), QString::fromUtf8(una.second));
                 GuidedScreen(prova).click(QStringLiteral("vkCommandEsci"));
               });
   EXPECT_EQ(schermo.control<QComboBox>("cboPort").currentText(), QStringLiteral("COM  7"));

@@ -110,7 +110,7 @@ TEST_F(SchermoStatoECR, StampanteCartaEMMCSiDistinguonoAColpoDOcchio) {
   const auto dopo = [&](const QByteArray& byte, const char* casella) {
     stato(byte);
     const GuidedScreen schermo(programma, kSchermo);
-    const QString visto = distintivo(schermo, casella);
+    QString visto = distintivo(schermo, casella);
     schermo.key(Qt::Key_Escape);
     return visto;
   };

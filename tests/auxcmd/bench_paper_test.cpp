@@ -188,7 +188,7 @@ class BancoECassa : public ConsoleScene {
 
   GuidedScreen collegata(Line linea) {
     if (linea == Line::Network) return networkConsole(cassa.address());
-    const GuidedScreen schermo = console();
+    GuidedScreen schermo = console();
     pick(schermo, "cboPort", QStringLiteral("COM  3"));
     return schermo;
   }
@@ -219,8 +219,8 @@ class RifiutoDelBanco : public BancoECassa, public testing::WithParamInterface<L
 }  // namespace
 
 TEST_P(CartaDelBanco, MostraCioCheLaDidascaliaPromette) {
-  const auto& [linea, promessa] = GetParam();
-  const GuidedScreen console = collegata(linea);
+  const Promessa& promessa = std::get<Promessa>(GetParam());
+  const GuidedScreen console = collegata(std::get<Line>(GetParam()));
   cassa->press(promessa.prima);
   carta.tearOff();
   manda(promessa.schermata, promessa.opzione, [&] {

@@ -186,10 +186,9 @@ TEST_F(Canale, OgniByteDelRecordSerialePassaComE) {
 TEST_F(Canale, LaRispostaInPezziSiRimette) {
   peer.onArrival = [this] {
     peer.say("X8");
-    steps.when([this] { return varGlobal().BufferRisposta.size() == 2; },
+    steps.when([] { return varGlobal().BufferRisposta.size() == 2; },
                [this] { peer.say("9F" + kRecord.left(20)); });
-    steps.when([this] { return varGlobal().BufferRisposta.size() == 24; },
-               [this] { peer.say(kRecord.mid(20)); });
+    steps.when([] { return varGlobal().BufferRisposta.size() == 24; }, [this] { peer.say(kRecord.mid(20)); });
   };
   chiedi();
   EXPECT_EQ(record(), kRecord);

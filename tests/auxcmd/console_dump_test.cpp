@@ -128,7 +128,7 @@ class DumpDallaConsole : public ConsoleScene {
 
   GuidedScreen collegata(bool rete) {
     if (rete) return networkConsole(cassa.address());
-    const GuidedScreen schermo = console();
+    GuidedScreen schermo = console();
     pick(schermo, "cboPort", QStringLiteral("COM  3"));
     pick(schermo, "Combo2", QStringLiteral("19200"));
     return schermo;

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QRadioButton>
 #include <QShowEvent>
+#include <QTest>
 
 #include "auxcmd/Form_ATTESA_MF_DGFE.h"
 #include "auxcmd/Form_Comandi_XONXOFF.h"
@@ -53,14 +54,14 @@ GuidedScreen ConsoleScene::console() {
 }
 
 GuidedScreen ConsoleScene::serialConsole() {
-  const GuidedScreen screen = console();
+  GuidedScreen screen = console();
   pick(screen, "cboPort", QStringLiteral("COM  7"));
   EXPECT_TRUE(screen.enabled(QStringLiteral("Cmd_Avvia")));
   return screen;
 }
 
 GuidedScreen ConsoleScene::networkConsole(const QString& address) {
-  const GuidedScreen screen = console();
+  GuidedScreen screen = console();
   screen.typeAddress(address);
   screen.click(QStringLiteral("CmdInviaModECR"));
   EXPECT_GT(commonForKora().hConnXonXoff, 0);

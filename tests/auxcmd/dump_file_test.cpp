@@ -366,7 +366,7 @@ constexpr qint64 kMega = kKiBDiUnMega * 1024;
 
 /// A hundred megabytes in a file that takes no room on the disk, zeros aside from its beginning and its end.
 QString dumpEnorme(const TemporaryFolder& cartella, const QByteArray& inizio, const QByteArray& fine) {
-  const QString percorso = cartella.write(kPreso, inizio);
+  QString percorso = cartella.write(kPreso, inizio);
   QFile file(percorso);
   EXPECT_TRUE(file.open(QIODevice::ReadWrite));
   EXPECT_TRUE(file.seek(100 * kMega - fine.size()));

@@ -7,6 +7,10 @@
 
 namespace {
 
+constexpr const char16_t* kSenzaDiritto =
+    u"Nessun diritto sulla porta ...: serve il gruppo ... (sudo usermod -aG ... UTENTE, poi rientrare nel "
+    u"sistema)";
+
 /// As the screens show them; "..." stands for what changes.
 constexpr const char16_t* kTesti[] = {
     // Boxes
@@ -31,8 +35,7 @@ constexpr const char16_t* kTesti[] = {
     u"La porta ... non c'è",
     u"Numero di porta non valido",
     u"Porta già aperta da un altro programma: ...",
-    u"Nessun diritto sulla porta ...: serve il gruppo ... (sudo usermod -aG ... UTENTE, poi rientrare nel "
-    u"sistema)",
+    kSenzaDiritto,
     u"Impossibile impostare lo stato della porta ...",
     u"Errore di lettura dalla porta",
     u"Errore di scrittura sulla porta",

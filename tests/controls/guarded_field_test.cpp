@@ -43,7 +43,8 @@ class Custodito : public testing::Test {
   }
 
   void mostra(KeyRule regola, FieldCheck controllo = nullptr) {
-    new GuardedField(*campo_, regola, controllo, [this](const QString& detto) { detti_ << detto; });
+    new GuardedField(*campo_, regola, std::move(controllo),
+                     [this](const QString& detto) { detti_ << detto; });
     finestra_.resize(300, 300);
     finestra_.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&finestra_));

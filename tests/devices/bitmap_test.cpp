@@ -90,7 +90,7 @@ TEST_F(Converter, UnGrigioMedioStampaMetaDeiSuoiPunti) {
   int dots = 0;
   for (const char byte : picture->mid(4))
     for (int bit = 0; bit < 8; ++bit) dots += (byte >> bit) & 1;
-  EXPECT_NEAR(dots, 384 * 40 / 2, 384 * 40 / 50);
+  EXPECT_NEAR(dots, 7680, 307);
   // Spread, not in blocks: no byte of eight dots all alike in the middle.
   EXPECT_FALSE(picture->mid(4 + 48 * 20, 48).contains('\xFF'));
 }

@@ -121,11 +121,14 @@ TEST(Giornata, SenzaArticoliNonSiVendeNiente) {
 TEST(Giornata, UnArticoloConIlSoloCodiceEanSiVendeSePuoCostareZero) {
   TestTill cassa;
   QByteArray byte(240000, '\0');
-  byte.replace(static_cast<qsizetype>(3 * config::kBytePLU + config::plu::kCodiceEAN.inizio), 8, "80123456");
+  byte.replace(
+      3 * static_cast<qsizetype>(config::kBytePLU) + static_cast<qsizetype>(config::plu::kCodiceEAN.inizio),
+      8, "80123456");
   cassa.put(kPlu, byte);
   EXPECT_EQ(cassa->salesDay(5, 1), 0);
   EXPECT_FALSE(cassa.exists(kVenduto)) << "a price is missing";
-  byte[static_cast<qsizetype>(3 * config::kBytePLU + config::plu::kAttributi.inizio)] = 2;
+  byte[3 * static_cast<qsizetype>(config::kBytePLU) +
+       static_cast<qsizetype>(config::plu::kAttributi.inizio)] = 2;
   cassa.put(kPlu, byte);
   EXPECT_EQ(cassa->salesDay(5, 1), 0);
   EXPECT_GT(contatore(cassa.byte(kVenduto), 1, 3), 0);
@@ -184,7 +187,7 @@ Letto leggiDump(const QByteArray& dump) {
   std::int64_t pezzi = 1;
   for (const QByteArray& riga : dump.split('\n')) {
     const QByteArrayList parole = riga.simplified().split(' ');
-    const QByteArray prima = parole.first();
+    const QByteArray& prima = parole.first();
     if (parole.size() == 3 && parole[1] == "x") {
       pezzi = prima.toLongLong();
     } else if (prima == "SCONTO") {

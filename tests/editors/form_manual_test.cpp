@@ -163,7 +163,7 @@ TEST_F(F1NellaProgrammazione, PortaAllaPaginaDellaSchermataAperta) {
     QTest::keyClick(&cornice.window(), Qt::Key_F1);
     auto* manuale = cornice.window().findChild<ManualViewer*>();
     if (manuale == nullptr) return QString();
-    const QString aperta = manuale->findChild<MarkdownView*>()->page();
+    QString aperta = manuale->findChild<MarkdownView*>()->page();
     manuale->close();
     EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &cornice.window(); }));
     return aperta;

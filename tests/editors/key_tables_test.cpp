@@ -16,18 +16,18 @@ namespace {
 
 /// The 72 values of each table, two digits a key.
 const QByteArray kAttese[] = {
-    "0000f0ff18fdffffb08784818b8e888582808c8986838ac0e0c49190ffffffffffffffffffffffff"
-    "ede8c6ffffa2a7a6ffa0ffffffffffffffffffffffffffffffffffffffffffff",
-    "0000f0ff01fcffffedc4c68fb0a1e88cc18ea293898887a692868584ffffffffffffffffffffffff"
-    "ff91838281a0908a808bffffffffffffffffffffffffffffffffffffffffffff",
-    "8207000000fcffffa0ffa6a7a2a4edffffffffc3c1c090919293b5e5e08a8386898c8de880828588"
-    "8fc6b18b8184878ec4b0ffffffffffffffffffffffffffffffffffffffffffff",
-    "8207000000fcffffa0ffa6a1a2a4edffffffffc3c1c090919293b5e5e08a8386898c8de880828588"
-    "8fc6b18b8184878ec4b0ffffffffffffffffffffffffffffffffffffffffffff",
-    "10000200f0c0f0ffb0c4c0b1ffc6c3e8ed8dc1b5e0e5c2b28fff8c8e8784818b888582808986838a"
-    "93929190ffffffff97969594a5a2ffffa4a1a6a0ffffffffffffffffffffffff",
-    "20000a00000000f8b0b2c7b1e8ffc0c3eae0edc18db5e58f8cff8effc48784818bc588858280c689"
-    "86838a949392919099989796959e9d9c9b9aaeadacab9fa2a1a6a0ff00000000",
+    QByteArray("0000f0ff18fdffffb08784818b8e888582808c8986838ac0e0c49190ffffffffffffffffffffffff"
+               "ede8c6ffffa2a7a6ffa0ffffffffffffffffffffffffffffffffffffffffffff"),
+    QByteArray("0000f0ff01fcffffedc4c68fb0a1e88cc18ea293898887a692868584ffffffffffffffffffffffff"
+               "ff91838281a0908a808bffffffffffffffffffffffffffffffffffffffffffff"),
+    QByteArray("8207000000fcffffa0ffa6a7a2a4edffffffffc3c1c090919293b5e5e08a8386898c8de880828588"
+               "8fc6b18b8184878ec4b0ffffffffffffffffffffffffffffffffffffffffffff"),
+    QByteArray("8207000000fcffffa0ffa6a1a2a4edffffffffc3c1c090919293b5e5e08a8386898c8de880828588"
+               "8fc6b18b8184878ec4b0ffffffffffffffffffffffffffffffffffffffffffff"),
+    QByteArray("10000200f0c0f0ffb0c4c0b1ffc6c3e8ed8dc1b5e0e5c2b28fff8c8e8784818b888582808986838a"
+               "93929190ffffffff97969594a5a2ffffa4a1a6a0ffffffffffffffffffffffff"),
+    QByteArray("20000a00000000f8b0b2c7b1e8ffc0c3eae0edc18db5e58f8cff8effc48784818bc588858280c689"
+               "86838a949392919099989796959e9d9c9b9aaeadacab9fa2a1a6a0ff00000000"),
 };
 
 /// A keyboard layout of the test's own, with as many cells as it is told.

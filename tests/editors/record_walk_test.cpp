@@ -700,7 +700,7 @@ std::uint32_t ripetuto(int valore) {
 /// What a save makes of a field of which every byte is `valore`: what the till would not understand is put
 /// into its form, all else stays.
 QByteArray dopoIlSalvataggio(const Voce& una, int valore) {
-  const QByteArray byte(una.byte, static_cast<char>(valore));
+  QByteArray byte(una.byte, static_cast<char>(valore));
   const Giornata letta = giornata(ripetuto(valore));
   switch (una.specie) {
     case Specie::SiNo:
@@ -858,6 +858,8 @@ TEST_F(FileDeiModuli, IByteRiservatiSopravvivonoAUnaModifica) {
 }
 
 TEST_F(FileDeiModuli, UnByteFuoriDallaSuaListaNonMostraNullaERestaFinoAUnaScelta) {
+  carica(filePieno());
+  const GuidedFields schermo(program, QLatin1String(kOpzioniGenerali));
   int liste = 0;
   for (const Voce& una : opzioni()) {
     if (una.specie != Specie::Lista || una.nome() == QStringLiteral("ComboTipoAzz")) continue;
@@ -867,7 +869,7 @@ TEST_F(FileDeiModuli, UnByteFuoriDallaSuaListaNonMostraNullaERestaFinoAUnaScelta
       QByteArray file = filePieno();
       file[una.inizio] = static_cast<char>(valore);
       carica(file);
-      const GuidedFields schermo(program, QLatin1String(kOpzioniGenerali));
+      schermo.reset();
       EXPECT_EQ(schermo.list(una.nome()).currentIndex(), -1);
       schermo.clickOn(QStringLiteral("vkOptionButtonBeep_NO"));
       schermo.save();
@@ -879,7 +881,6 @@ TEST_F(FileDeiModuli, UnByteFuoriDallaSuaListaNonMostraNullaERestaFinoAUnaScelta
       file[una.inizio] = '\0';
       EXPECT_EQ(differenze(suDisco(), file), QString());
       expectBoxes(program, {});
-      program.screens.scarica(QLatin1String(kOpzioniGenerali));
     }
   }
   EXPECT_EQ(liste, 6);

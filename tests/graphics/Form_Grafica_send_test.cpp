@@ -30,7 +30,7 @@ class InvioGrafica : public GraphicsScene {
   InvioGrafica() { layConverter(); }
   GuidedScreen collegato(TestTill& cassa) {
     RiempiRecGrafica(false, app(QStringLiteral("SetupLOGO.dat")));
-    const GuidedScreen schermo = screen();
+    GuidedScreen schermo = screen();
     schermo.connectTo(cassa);
     return schermo;
   }

@@ -42,7 +42,7 @@ long memoriaMassima() {
 
 /// Fifty megabytes of `pezzo` over and over.
 QString fileGrande(const TemporaryFolder& cartella, const QByteArray& pezzo) {
-  const QString percorso = cartella.file(QStringLiteral("grande.csv"));
+  QString percorso = cartella.file(QStringLiteral("grande.csv"));
   QFile file(percorso);
   EXPECT_TRUE(file.open(QIODevice::WriteOnly));
   const QByteArray mega = pezzo.repeated(static_cast<int>(kMega / pezzo.size()));
