@@ -76,7 +76,7 @@ std::string faultNameOf(std::string_view sequence) {
   KeyParser parser;
   for (const char one : sequence) {
     const auto stroke = parser.feed(one);
-    const std::string name = stroke ? faultNameOf(*stroke) : std::string();
+    std::string name = stroke ? faultNameOf(*stroke) : std::string();
     if (!name.empty()) return name;
   }
   return {};

@@ -46,7 +46,7 @@ Cents amount(const Record& record, const config::Campo& field) {
 }
 
 /// What nobody has described bears the name of its kind and its number.
-std::string described(std::string description, const char* kind, int number) {
+std::string described(const std::string& description, const char* kind, int number) {
   return description.empty() ? kind + std::to_string(number) : description;
 }
 

@@ -99,6 +99,7 @@ std::vector<SlotMove> Receipt::sales() const {
     slot.discount -= line.discounts;
   }
   std::vector<SlotMove> moves;
+  moves.reserve(slots.size());
   for (const auto& [plu, move] : slots) moves.push_back(move);
   return moves;
 }

@@ -91,7 +91,7 @@ std::vector<TestArticle> testArticles(int count) {
                                  QStringLiteral("PANE")};
   std::vector<TestArticle> articles;
   for (int i = 0; i < count; ++i) {
-    const QString word = kWords[static_cast<std::size_t>(i) % kWords.size()];
+    const QString& word = kWords[static_cast<std::size_t>(i) % kWords.size()];
     articles.push_back({QString::number(8000000000000LL + i * 7919LL).left(i % 14),
                         (word + QStringLiteral(" %1 ABCDEFGHIJKLMNOPQRST").arg(i)).left(i % 31),
                         (i * 37) % 9999999, 1 + i % 80, i % 2 == 1, i % 4 >= 2});

@@ -5,7 +5,7 @@
 articles::EsitoImport ImportArticoli::importaFile(const QString& percorso) {
   bottega.user.chooses(percorso);
   const Comando comando(bottega.contesto, QStringLiteral("Importa"), QStringLiteral("Prova"));
-  const articles::EsitoImport esito = articles::ImportaArticoli(bottega.contesto);
+  articles::EsitoImport esito = articles::ImportaArticoli(bottega.contesto);
   livelloAllaFine = bottega.workspace.level();
   return esito;
 }

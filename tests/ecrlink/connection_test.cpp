@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QMouseEvent>
+#include <QTest>
 #include <QTimer>
 
 #include "ecrlink/link_scene.h"

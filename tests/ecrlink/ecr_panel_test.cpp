@@ -1,12 +1,13 @@
 #include "ecrlink/ecr_panel.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTest>
 
 #include "ecrlink/link_scene.h"
 #include "sostegno/troubles.h"

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 
 #include "ecrlink/link_scene.h"
 #include "ecrlink/painted_steps.h"

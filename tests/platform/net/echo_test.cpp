@@ -43,7 +43,7 @@ void rispondiDa(const char* mittente, const std::atomic<bool>& finito) {
   const int presa = ::socket(AF_INET, SOCK_RAW, IPPROTO_ICMP);
   const sockaddr_in da = presaDi(mittente);
   const sockaddr_in a = presaDi("127.0.0.1");
-  ::bind(presa, reinterpret_cast<const sockaddr*>(&da), sizeof da);
+  EXPECT_EQ(::bind(presa, reinterpret_cast<const sockaddr*>(&da), sizeof da), 0);
   while (!finito)
     ::sendto(presa, risposta.constData(), static_cast<std::size_t>(risposta.size()), 0,
              reinterpret_cast<const sockaddr*>(&a), sizeof a);

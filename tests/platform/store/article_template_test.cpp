@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "platform/store/test_archive.h"
 #include "sostegno/statements.h"
 

@@ -1,6 +1,6 @@
 #include "platform/store/dialect.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "platform/store/test_archive.h"
 

@@ -1,6 +1,8 @@
 // A column that is compared and not found by an index costs a second for the five thousand statements of a
 // run.
 
+#include <gmock/gmock.h>
+
 #include "platform/store/test_archive.h"
 
 namespace {

@@ -20,7 +20,7 @@
 
 namespace {
 
-void alRiquadro(std::function<void(QMessageBox&)> risposta) {
+void alRiquadro(const std::function<void(QMessageBox&)>& risposta) {
   QTimer::singleShot(1, [risposta] {
     auto* riquadro = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     // Events pass before it opens, too.

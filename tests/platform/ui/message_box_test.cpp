@@ -20,7 +20,7 @@ const QString kOfferta = QStringLiteral("Chiudi anche i prossimi avvisi uguali")
 const QString kAvviso = QStringLiteral("Attenzione");
 
 /// What stands on the display as the next box opens.
-void alRiquadro(std::function<void(QMessageBox&)> risposta) {
+void alRiquadro(const std::function<void(QMessageBox&)>& risposta) {
   QTimer::singleShot(1, [risposta] {
     auto* riquadro = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     // Events pass before it opens, too.
