@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <memory>
 
+#include "core/screen.h"
 #include "platform/error.h"
 #include "platform/ui/busy_guard.h"
 #include "sostegno/program_fixture.h"
@@ -44,6 +45,17 @@ class Diarista : public Base {
   }
 };
 
+/// A screen as the program's are made.
+struct Interna : Schermo<QWidget> {
+  explicit Interna(Contesto& contesto) : Schermo(contesto) {}
+};
+/// One that makes another as it is made.
+struct Madre : Schermo<QWidget> {
+  explicit Madre(Contesto& contesto)
+      : Schermo(contesto), figlia(&contesto.schermate.carica(QStringLiteral("I"), contesto)) {}
+  QWidget* figlia;
+};
+
 using Finestra = Diarista<QWidget>;
 using Dialogo = Diarista<QDialog>;
 
@@ -59,6 +71,8 @@ class SchermateTest : public testing::Test {
     for (const QString& nome : {kA, kB, kC})
       program_.screens.registra(nome, [nome](Contesto&) { return new Finestra(nome); });
     program_.screens.registra(kD, [](Contesto&) { return new Dialogo(kD); });
+    program_.screens.registra(QStringLiteral("I"), [](Contesto& contesto) { return new Interna(contesto); });
+    program_.screens.registra(QStringLiteral("M"), [](Contesto& contesto) { return new Madre(contesto); });
   }
   ~SchermateTest() override {
     program_.screens.scaricaTutte();
@@ -136,6 +150,28 @@ TEST_F(SchermateTest, UnNomeCheNessunoHaRegistratoEErrore9) {
   }
   EXPECT_FALSE(program_.screens.registrata(QStringLiteral("Z")));
   EXPECT_TRUE(program_.screens.registrata(kA));
+}
+
+TEST_F(SchermateTest, UnaCheStaInUnAltraNasceGiaLiEChiSegueNo) {
+  QWidget cornice;
+  QWidget& dentro = program_.screens.caricaDentro(cornice, QStringLiteral("I"), program_.contesto);
+  EXPECT_EQ(dentro.parentWidget(), &cornice);
+  EXPECT_FALSE(dentro.isWindow());
+  EXPECT_EQ(&program_.screens.caricaDentro(cornice, QStringLiteral("I"), program_.contesto), &dentro);
+  EXPECT_TRUE(program_.screens.carica(QStringLiteral("M"), program_.contesto).isWindow());
+}
+
+TEST_F(SchermateTest, ChiNasceMentreUnaNasceDentroUnAltraEUnaFinestra) {
+  QWidget cornice;
+  QWidget& madre = program_.screens.caricaDentro(cornice, QStringLiteral("M"), program_.contesto);
+  EXPECT_EQ(madre.parentWidget(), &cornice);
+  EXPECT_TRUE(dynamic_cast<Madre&>(madre).figlia->isWindow());
+}
+
+TEST_F(SchermateTest, UnNomeIgnotoNonLasciaIlPostoAChiSegue) {
+  QWidget cornice;
+  EXPECT_THROW(program_.screens.caricaDentro(cornice, QStringLiteral("Z"), program_.contesto), Errore);
+  EXPECT_TRUE(program_.screens.carica(QStringLiteral("I"), program_.contesto).isWindow());
 }
 
 TEST_F(SchermateTest, ChiusaDallaCorniceNonCEPiuDaSubito) {
