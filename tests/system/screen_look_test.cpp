@@ -106,6 +106,25 @@ TEST_P(AspettoDiOgniSchermata, ConLettereUnQuartoPiuGrandiRestaIntera) {
 INSTANTIATE_TEST_SUITE_P(Di, AspettoDiOgniSchermata, testing::ValuesIn(everyScreen()),
                          [](const auto& one) { return std::string(one.param.name); });
 
+TEST(CalendarioDellaGrafica, HaIlSuoFondoGiaAllApertura) {
+  // A style sheet gives a list its own colours back once it comes into another window.
+  const LookOfTheProgram program;
+  for (const Screen& screen : everyScreen()) {
+    if (QLatin1String(screen.name) != QLatin1String("OpzioniCalendario")) continue;
+    Shop shop;
+    bool opened = false;
+    screen.open(shop, [&](QWidget& window) {
+      for (const char* list : {"CmbGiorno_0", "CmbMese_0", "CmbGiornoFine_11", "CmbMeseFine_11"}) {
+        auto* one = window.findChild<QComboBox*>(QLatin1String(list));
+        ASSERT_NE(one, nullptr) << list;
+        EXPECT_EQ(one->grab().toImage().pixelColor(3, one->height() / 2), QColor(0xE0, 0xE0, 0xE0)) << list;
+        opened = true;
+      }
+    });
+    EXPECT_TRUE(opened);
+  }
+}
+
 TEST(TestaDegliArchivi, DiceQualeEAperto) {
   Shop shop;
   shop.openCustomers();
