@@ -12,6 +12,7 @@
 #include <QTemporaryFile>
 
 #include "platform/error.h"
+#include "platform/text/whole_file.h"
 
 namespace {
 
@@ -27,19 +28,13 @@ constexpr qsizetype kInizioPercorso = kCifreSomma + 2;
 /// The sum of each file by its path within the folder.
 using Contenuto = QMap<QString, QByteArray>;
 
-/// A copy whose every byte was taken: a full disk shows in the length written, or only when the rest goes
-/// out.
+/// The copy is whole before what stood there goes. A program among the files stays one.
 void copia(const QString& da, const QString& a) {
-  QFile sorgente(da);
-  QFile copiato(a);
-  if (!sorgente.open(QIODevice::ReadOnly)) throw errors::pathAccess(da);
-  if (!copiato.open(QIODevice::WriteOnly)) throw errors::pathAccess(a);
-  const QByteArray byte = sorgente.readAll();
-  if (sorgente.error() != QFileDevice::NoError) throw errors::pathAccess(da);
-  if (copiato.write(byte) != byte.size() || !copiato.flush()) throw errors::diskFull(a);
-  copiato.close();
-  if (copiato.error() != QFileDevice::NoError || copiato.size() != byte.size()) throw errors::pathAccess(a);
-  if (!copiato.setPermissions(sorgente.permissions() | QFileDevice::WriteOwner)) throw errors::pathAccess(a);
+  TemporaryFile::Sweep(a);
+  TemporaryFile copiato(a);
+  CopyInto(copiato, da);
+  copiato.settle(TemporaryFile::Durability::Passing);
+  if (!QFile::setPermissions(a, QFile::permissions(da) | QFileDevice::WriteOwner)) throw errors::pathAccess(a);
 }
 
 void copiaCartella(const QDir& da, const QDir& a) {
@@ -74,14 +69,9 @@ QByteArray sommaDi(const QString& percorso) {
   return somma.result().toHex();
 }
 
-/// The copy is whole before what stood there goes.
 void sostituisci(const QString& da, const QString& a) {
   if (!QFileInfo(a).dir().mkpath(QStringLiteral("."))) throw errors::pathAccess(a);
-  const QString provvisorio = a + kProvvisoria;
-  const auto via = qScopeGuard([&] { QFile::remove(provvisorio); });
-  copia(da, provvisorio);
-  if (QFile::exists(a) && !QFile::remove(a)) throw errors::pathAccess(a);
-  if (!QFile::rename(provvisorio, a)) throw errors::pathAccess(a);
+  copia(da, a);
 }
 
 /// The user's folder after an installation of another version: a file that is missing comes back, one that is

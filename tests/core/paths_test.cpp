@@ -189,11 +189,12 @@ TEST(CartellaApplicazione, UnAggiornamentoInterrottoRiprendeAllAvvioDopo) {
   installato.installa({{kModello, "modello 2"}, {kLogo, "logo 2"}});
   // As far as the first file: the list is the earlier one, a half copy of the second lies about.
   installato.cartella.write(Installato::mio(kLogo), "logo 2");
-  installato.cartella.write(Installato::mio(kModello + QStringLiteral(".nuova")), "mod");
+  const QString mezza = QStringLiteral(".QzDB.bck.gestionale-999999999-abcdef");
+  installato.cartella.write(Installato::mio(mezza), "mod");
   CartellaApplicazione(installato.cartelle);
   EXPECT_EQ(installato.dellUtente(kModello), "modello 2");
   EXPECT_EQ(installato.dellUtente(kLogo), "logo 2");
-  EXPECT_FALSE(QFileInfo::exists(installato.cartelle.dati + QStringLiteral("/QzDB.bck.nuova")));
+  EXPECT_FALSE(QFileInfo::exists(installato.cartelle.dati + u'/' + mezza));
   const QString contenuto = QStringLiteral("contenuto.sha256");
   EXPECT_EQ(installato.dellUtente(contenuto), installato.cartella.read(Installato::condiviso(contenuto)));
 }

@@ -1,36 +1,15 @@
-#include <fcntl.h>
-#include <sqlite3.h>
-#include <unistd.h>
-
 #include <QFileInfo>
-#include <array>
-#include <cerrno>
 
 #include "platform/store/connection.h"
 #include "platform/store/copy_open.h"
 #include "platform/store/journal.h"
 #include "platform/store/open_connections.h"
 #include "platform/store/store.h"
-#include "platform/text/temporary_file.h"
+#include "platform/text/whole_file.h"
 
 namespace store {
 
 namespace {
-
-constexpr std::size_t kBlock = 65536;
-
-void copyBytes(const QString& source, TemporaryFile& output) {
-  const FileDescriptor input(::open(source.toUtf8().constData(), O_RDONLY | O_CLOEXEC));
-  if (!input.valid()) throw errors::fromErrno(errno, source);
-  std::array<char, kBlock> block{};
-  for (;;) {
-    const ssize_t read = ::read(input.number(), block.data(), block.size());
-    if (read < 0 && errno == EINTR) continue;
-    if (read < 0) throw errors::fromErrno(errno, source);
-    if (read == 0) return;
-    output.write(block.data(), static_cast<std::size_t>(read));
-  }
-}
 
 void checkSource(const QString& source) {
   const QFileInfo file(source);
@@ -55,7 +34,7 @@ void CopyArchive(const QString& source, const QString& target) {
   if (sourceOpen)
     CopyOpenArchive(source, output.path());
   else
-    copyBytes(source, output);
+    CopyInto(output, source);
   CloseJournal(real);
   output.settle();
   // The file that these stood on is no archive any more: a write through them would be lost.

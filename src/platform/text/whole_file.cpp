@@ -1,12 +1,20 @@
 #include "platform/text/whole_file.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <array>
+#include <cerrno>
 
 #include "platform/error.h"
 
 namespace {
+
+/// Bytes copied in one go.
+constexpr std::size_t kBlock = 65536;
 
 Errore cannotOpen(const QString& path) {
   return QFileInfo(path).absoluteDir().exists() ? errors::pathAccess(path) : errors::pathMissing(path);
@@ -34,6 +42,19 @@ void WriteWholeFile(const QString& path, const QByteArray& bytes, TemporaryFile:
   TemporaryFile file(RealTarget(path));
   file.write(bytes);
   file.settle(durability);
+}
+
+void CopyInto(TemporaryFile& output, const QString& source) {
+  const FileDescriptor input(::open(source.toUtf8().constData(), O_RDONLY | O_CLOEXEC));
+  if (!input.valid()) throw errors::fromErrno(errno, source);
+  std::array<char, kBlock> block{};
+  for (;;) {
+    const ssize_t read = ::read(input.number(), block.data(), block.size());
+    if (read < 0 && errno == EINTR) continue;
+    if (read < 0) throw errors::fromErrno(errno, source);
+    if (read == 0) return;
+    output.write(block.data(), static_cast<std::size_t>(read));
+  }
 }
 
 void AppendToFile(const QString& path, const QByteArray& bytes) {

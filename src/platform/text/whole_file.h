@@ -17,5 +17,7 @@ QByteArray ReadFileStart(const QString& path, qsizetype most);
 /// link, so that a list kept elsewhere stays where it is.
 void WriteWholeFile(const QString& path, const QByteArray& bytes,
                     TemporaryFile::Durability durability = TemporaryFile::Durability::Kept);
+/// Adds the bytes of a file, however many, to a new one.
+void CopyInto(TemporaryFile& output, const QString& source);
 /// Adds to the end of a file, which is made if it is missing.
 void AppendToFile(const QString& path, const QByteArray& bytes);
