@@ -34,7 +34,8 @@ void copia(const QString& da, const QString& a) {
   TemporaryFile copiato(a);
   CopyInto(copiato, da);
   copiato.settle(TemporaryFile::Durability::Passing);
-  if (!QFile::setPermissions(a, QFile::permissions(da) | QFileDevice::WriteOwner)) throw errors::pathAccess(a);
+  if (!QFile::setPermissions(a, QFile::permissions(da) | QFileDevice::WriteOwner))
+    throw errors::pathAccess(a);
 }
 
 void copiaCartella(const QDir& da, const QDir& a) {
