@@ -12,22 +12,13 @@
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
-#include <functional>
 
 #include "platform/error.h"
+#include "platform/ui/at_box.h"
 #include "platform/ui/busy_guard.h"
 #include "sostegno/temporary_folder.h"
 
 namespace {
-
-void alRiquadro(const std::function<void(QMessageBox&)>& risposta) {
-  QTimer::singleShot(1, [risposta] {
-    auto* riquadro = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    // Events pass before it opens, too.
-    if (riquadro == nullptr) return alRiquadro(risposta);
-    risposta(*riquadro);
-  });
-}
 
 void premi(QMessageBox& riquadro, const QString& testo) {
   for (QAbstractButton* pulsante : riquadro.buttons())
@@ -58,7 +49,7 @@ int numeroErrore(Passo passo) {
 TEST(MsgBox, MostraIlTestoComeSta) {
   DesktopUser utente(nullptr);
   const QString testo = QStringLiteral("a < b & <b>c</b>\nd  e");
-  alRiquadro([&](QMessageBox& riquadro) {
+  atBox([&](QMessageBox& riquadro) {
     EXPECT_EQ(riquadro.objectName(), QStringLiteral("MsgBox"));
     EXPECT_EQ(riquadro.text(), testo);
     EXPECT_EQ(riquadro.textFormat(), Qt::PlainText);
@@ -70,12 +61,12 @@ TEST(MsgBox, MostraIlTestoComeSta) {
 
 TEST(MsgBox, SenzaTitoloPortaQuelloDellApplicazione) {
   DesktopUser utente(nullptr);
-  alRiquadro([](QMessageBox& riquadro) {
+  atBox([](QMessageBox& riquadro) {
     EXPECT_EQ(riquadro.windowTitle(), QStringLiteral("Gestionale Misuratori Fiscali"));
     premi(riquadro, QStringLiteral("OK"));
   });
   utente.MsgBox(QStringLiteral("x"));
-  alRiquadro([](QMessageBox& riquadro) {
+  atBox([](QMessageBox& riquadro) {
     EXPECT_EQ(riquadro.windowTitle(), QStringLiteral("ATTENZIONE"));
     premi(riquadro, QStringLiteral("OK"));
   });
@@ -90,7 +81,7 @@ TEST(MsgBox, OgniIconaHaLaSua) {
                                                      {Icon::Warning, QMessageBox::Warning},
                                                      {Icon::Information, QMessageBox::Information}};
   for (const auto& [icona, prevista] : casi) {
-    alRiquadro([prevista = prevista](QMessageBox& riquadro) {
+    atBox([prevista = prevista](QMessageBox& riquadro) {
       EXPECT_EQ(riquadro.icon(), prevista);
       premi(riquadro, QStringLiteral("OK"));
     });
@@ -119,7 +110,7 @@ TEST(MsgBox, OgniPulsanteDaLaSuaRisposta) {
                        {Buttons::YesNoCancel, {annulla, no, si}, no, Answer::No},
                        {Buttons::YesNoCancel, {annulla, no, si}, annulla, Answer::Cancel}};
   for (const Caso& caso : casi) {
-    alRiquadro([&](QMessageBox& riquadro) {
+    atBox([&](QMessageBox& riquadro) {
       EXPECT_EQ(testi(riquadro), caso.testi);
       premi(riquadro, caso.premuto);
     });
@@ -134,18 +125,18 @@ TEST(MsgBox, EscELaCornicePrendonoAnnullaONoOOK) {
                                              {Buttons::YesNo, Answer::No},
                                              {Buttons::YesNoCancel, Answer::Cancel}};
   for (const auto& [pulsanti, risposta] : casi) {
-    alRiquadro([](QMessageBox& riquadro) { QTest::keyClick(&riquadro, Qt::Key_Escape); });
+    atBox([](QMessageBox& riquadro) { QTest::keyClick(&riquadro, Qt::Key_Escape); });
     EXPECT_EQ(utente.MsgBox(QStringLiteral("x"), Icon::Question, {}, pulsanti), risposta);
-    alRiquadro([](QMessageBox& riquadro) { riquadro.close(); });
+    atBox([](QMessageBox& riquadro) { riquadro.close(); });
     EXPECT_EQ(utente.MsgBox(QStringLiteral("x"), Icon::Question, {}, pulsanti), risposta);
   }
 }
 
 TEST(MsgBox, InvioPrendeIlPrimoPulsanteELeLettereIlLoro) {
   DesktopUser utente(nullptr);
-  alRiquadro([](QMessageBox& riquadro) { QTest::keyClick(&riquadro, Qt::Key_Return); });
+  atBox([](QMessageBox& riquadro) { QTest::keyClick(&riquadro, Qt::Key_Return); });
   EXPECT_EQ(utente.MsgBox(QStringLiteral("x"), Icon::Question, {}, Buttons::YesNo), Answer::Yes);
-  alRiquadro([](QMessageBox& riquadro) { QTest::keyClick(&riquadro, Qt::Key_N); });
+  atBox([](QMessageBox& riquadro) { QTest::keyClick(&riquadro, Qt::Key_N); });
   EXPECT_EQ(utente.MsgBox(QStringLiteral("x"), Icon::Question, {}, Buttons::YesNo), Answer::No);
 }
 
@@ -155,7 +146,7 @@ TEST(MsgBox, StaDavantiAllaFinestraAttivaEPuoSparireConLei) {
   finestra->show();
   finestra->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(finestra));
-  alRiquadro([&](QMessageBox& riquadro) {
+  atBox([&](QMessageBox& riquadro) {
     EXPECT_EQ(riquadro.parentWidget(), finestra);
     delete finestra;
   });
@@ -165,7 +156,7 @@ TEST(MsgBox, StaDavantiAllaFinestraAttivaEPuoSparireConLei) {
 TEST(MsgBox, SospendeLaGuardia) {
   DesktopUser utente(nullptr);
   const BusyGuard guardia;
-  alRiquadro([](QMessageBox& riquadro) { premi(riquadro, QStringLiteral("OK")); });
+  atBox([](QMessageBox& riquadro) { premi(riquadro, QStringLiteral("OK")); });
   EXPECT_EQ(utente.MsgBox(QStringLiteral("x")), Answer::Ok);
   EXPECT_TRUE(BusyGuard::active());
 }

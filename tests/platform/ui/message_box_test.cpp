@@ -11,6 +11,7 @@
 #include <functional>
 #include <vector>
 
+#include "platform/ui/at_box.h"
 #include "platform/ui/busy_guard.h"
 #include "platform/ui/desktop_user.h"
 
@@ -18,16 +19,6 @@ namespace {
 
 const QString kOfferta = QStringLiteral("Chiudi anche i prossimi avvisi uguali");
 const QString kAvviso = QStringLiteral("Attenzione");
-
-/// What stands on the display as the next box opens.
-void alRiquadro(const std::function<void(QMessageBox&)>& risposta) {
-  QTimer::singleShot(1, [risposta] {
-    auto* riquadro = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    // Events pass before it opens, too.
-    if (riquadro == nullptr) return alRiquadro(risposta);
-    risposta(*riquadro);
-  });
-}
 
 void tieniPremuto(QMessageBox& riquadro, Qt::Key tasto) {
   QKeyEvent ripetuto(QEvent::KeyPress, tasto, Qt::NoModifier, {}, true);
@@ -41,7 +32,7 @@ struct Offerta {
 };
 Offerta mostra(DesktopUser& utente, const QString& testo, bool prende = false) {
   Offerta offerta;
-  alRiquadro([&](QMessageBox& riquadro) {
+  atBox([&](QMessageBox& riquadro) {
     offerta.fatta = riquadro.checkBox() != nullptr && riquadro.checkBox()->text() == kOfferta;
     if (offerta.fatta && prende) QTest::keyClick(riquadro.checkBox(), Qt::Key_Space);
     offerta.presa = offerta.fatta && riquadro.checkBox()->isChecked();
@@ -72,7 +63,7 @@ TEST(RiquadroPredefinito, DoveSiPerderebberoDatiInvioRispondeNoOAnnulla) {
   DesktopUser utente(nullptr);
   for (const auto& [pulsanti, risposta] :
        {std::pair{Buttons::YesNo, Answer::No}, std::pair{Buttons::OkCancel, Answer::Cancel}}) {
-    alRiquadro([](QMessageBox& riquadro) {
+    atBox([](QMessageBox& riquadro) {
       EXPECT_TRUE(riquadro.defaultButton()->property("primary").toBool());
       QTest::keyClick(riquadro.focusWidget(), Qt::Key_Return);
     });
@@ -84,7 +75,7 @@ TEST(RiquadroPredefinito, AltroveInvioRispondeIlPrimo) {
   DesktopUser utente(nullptr);
   for (const auto& [pulsanti, risposta] :
        {std::pair{Buttons::YesNoCancel, Answer::Yes}, std::pair{Buttons::OkCancel, Answer::Ok}}) {
-    alRiquadro([](QMessageBox& riquadro) { QTest::keyClick(riquadro.focusWidget(), Qt::Key_Return); });
+    atBox([](QMessageBox& riquadro) { QTest::keyClick(riquadro.focusWidget(), Qt::Key_Return); });
     EXPECT_EQ(utente.MsgBox(kAvviso, Icon::Question, {}, pulsanti), risposta);
   }
 }
@@ -93,7 +84,7 @@ TEST(RiquadroETastiTenuti, InvioEdEscTenutiPremutiNonRispondono) {
   DesktopUser utente(nullptr);
   for (const Qt::Key tasto : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Space}) {
     bool ancoraAperto = false;
-    alRiquadro([&](QMessageBox& riquadro) {
+    atBox([&](QMessageBox& riquadro) {
       for (int volte = 0; volte < 50; ++volte) tieniPremuto(riquadro, tasto);
       ancoraAperto = riquadro.isVisible();
       QTest::keyClick(riquadro.focusWidget(), tasto);
@@ -131,7 +122,7 @@ TEST(AvvisiUguali, LoStessoTestoSottoUnAltroTitoloEUnAltroAvviso) {
   mostra(utente, kAvviso);
   ASSERT_TRUE(mostra(utente, kAvviso, true).presa);
   bool offerta = true;
-  alRiquadro([&](QMessageBox& riquadro) {
+  atBox([&](QMessageBox& riquadro) {
     offerta = riquadro.checkBox() != nullptr;
     riquadro.close();
   });
@@ -149,7 +140,7 @@ TEST(AvvisiUguali, UnaDomandaSiFaSempre) {
   DesktopUser utente(nullptr);
   const BusyGuard comando;
   for (int volte = 0; volte < 3; ++volte) {
-    alRiquadro([](QMessageBox& riquadro) {
+    atBox([](QMessageBox& riquadro) {
       EXPECT_EQ(riquadro.checkBox(), nullptr);
       QTest::keyClick(riquadro.focusWidget(), Qt::Key_Return);
     });
@@ -161,7 +152,7 @@ TEST(FormaDelRiquadro, IBreviSonoLarghiUgualeEIlTestoStaAMetaDellaSuaIcona) {
   DesktopUser utente(nullptr);
   std::vector<int> larghezze;
   for (const QString& testo : {QStringLiteral("Sì?"), QStringLiteral("Un testo di una riga sola")}) {
-    alRiquadro([&](QMessageBox& riquadro) {
+    atBox([&](QMessageBox& riquadro) {
       larghezze.push_back(riquadro.width());
       const auto* scritto = riquadro.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
       const auto* icona = riquadro.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
@@ -180,7 +171,7 @@ TEST(FormaDelRiquadro, UnTitoloLungoSiLeggeIntero) {
   DesktopUser utente(nullptr);
   const QString titolo =
       QStringLiteral("Impostazione della risoluzione dello schermo, della data e dell'ora");
-  alRiquadro([&](QMessageBox& riquadro) {
+  atBox([&](QMessageBox& riquadro) {
     EXPECT_GT(riquadro.width(), riquadro.fontMetrics().horizontalAdvance(titolo));
     riquadro.close();
   });
@@ -203,7 +194,7 @@ TEST(TestoDelRiquadro, SiVedeInteroQuantoSiaLungo) {
   DesktopUser utente(nullptr);
   const QString parola = QStringLiteral("SOVRASCRIVERLO ");
   for (int volte = 1; volte <= 30; ++volte) {
-    alRiquadro([&](QMessageBox& riquadro) {
+    atBox([&](QMessageBox& riquadro) {
       guardaTesto(riquadro, [&](const QLabel& scritto) {
         if (scritto.wordWrap())
           EXPECT_GE(scritto.height(), scritto.heightForWidth(scritto.width())) << volte;
@@ -219,7 +210,7 @@ TEST(TestoDelRiquadro, LaCasellaCheLasciaPassareStaSottoIlTesto) {
   DesktopUser utente(nullptr);
   const BusyGuard comando;
   mostra(utente, kAvviso);
-  alRiquadro([](QMessageBox& riquadro) {
+  atBox([](QMessageBox& riquadro) {
     ASSERT_NE(riquadro.checkBox(), nullptr);
     const QRect casella = riquadro.checkBox()->geometry();
     guardaTesto(riquadro, [&](const QLabel& scritto) {
