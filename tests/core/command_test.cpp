@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QCoreApplication>
 #include <QPushButton>
 #include <stdexcept>
 
