@@ -55,7 +55,7 @@ TEST(MemoriaDellaCassa, FinitiINumeriNonSiVendeFinoAllaChiusura) {
     ecrsim::Counters contatori;
     contatori.numbers[quale] = 999998;
     scena.till.put(kContatori, QByteArray::fromStdString(ecrsim::textOf(contatori)));
-    const auto dopo = [&](const QByteArray& premuti) {
+    const auto dopo = [&scena, posto = posto](const QByteArray& premuti) {
       return riaccesa(scena, premuti + "cX89F").mid(posto, 6);
     };
     EXPECT_EQ(dopo(tasti), "999999");
