@@ -66,6 +66,8 @@ ends() {
 # is complained of, and the files to and from the till would go to that folder.
 shows_menu() {
   local log=$work/start.log
+  # What the program before has written counts for nothing.
+  : >"$log"
   (cd "$2" && exec env -i HOME="$1" XDG_RUNTIME_DIR="$1" PATH="$PATH" LANG=it_IT.UTF-8 \
     QT_QPA_PLATFORM="offscreen:configfile=$tree/demo/display.json" QT_LOGGING_RULES=qt.widgets.painting=true \
     "${as_user[@]}" "$3") >"$log" 2>&1 &
@@ -82,6 +84,7 @@ shows_menu() {
 # answers <home> <program>: the simulated till listens on the loopback.
 answers() {
   local log=$work/till.log
+  : >"$log"
   (cd "$1" && exec "${as_user[@]}" "$2" --address 127.0.0.77 --dir "$1") >"$log" 2>&1 &
   program=$!
   awaits '^ECRSIM pronto su 127.0.0.77:' "$log"
