@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>

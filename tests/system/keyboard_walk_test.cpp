@@ -1,6 +1,8 @@
 // Every screen by keys alone, and as a screen reader finds it.
 #include "system/keyboard_walk.h"
 
+#include <gmock/gmock.h>
+
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>

@@ -1,5 +1,6 @@
 // The program killed at any moment of the reception and of the sending: the archive and the till are each as
 // before or as after, and sales are cleared on the till only once they are in the archive.
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 

@@ -1,4 +1,6 @@
 // The main road with the real list, compared with figures that none of the program's code has computed.
+#include <gtest/gtest.h>
+
 #include <algorithm>
 
 #include "articles/back_room.h"
