@@ -30,7 +30,6 @@ using Contenuto = QMap<QString, QByteArray>;
 
 /// The copy is whole before what stood there goes. A program among the files stays one.
 void copia(const QString& da, const QString& a) {
-  TemporaryFile::Sweep(a);
   TemporaryFile copiato(a);
   CopyInto(copiato, da);
   copiato.settle(TemporaryFile::Durability::Passing);
@@ -72,6 +71,7 @@ QByteArray sommaDi(const QString& percorso) {
 
 void sostituisci(const QString& da, const QString& a) {
   if (!QFileInfo(a).dir().mkpath(QStringLiteral("."))) throw errors::pathAccess(a);
+  TemporaryFile::Sweep(a);
   copia(da, a);
 }
 

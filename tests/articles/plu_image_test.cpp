@@ -37,12 +37,10 @@ QByteArray recordDi(const TestArticle& articolo) {
 
 TEST(RiempiPLU, CinquemilaArticoliRiempionoTuttaLImmagineByteAByte) {
   BackRoom bottega;
-  bottega.openArchive();
-  const std::vector<TestArticle> articoli = testArticles(5000);
-  writeArticles(bottega, articoli);
+  bottega.openFullArchive();
   soilMemory(0xA5);
   EXPECT_EQ(articles::RiempiPLU(bottega.user), 0);
-  EXPECT_TRUE(imageInMemory() == expectedImage(articoli, QByteArray(240000, '\xA5')));
+  EXPECT_TRUE(imageInMemory() == expectedImage(fullArchive(), QByteArray(240000, '\xA5')));
 }
 
 TEST(RiempiPLU, NonToccaLeAltreFamiglieDellImmagine) {
@@ -148,7 +146,7 @@ TEST(RiempiPLU, LaRigaCinquemilaunoEFuoriDaiLimitiESiDiceUnaVoltaSola) {
   ASSERT_EQ(visti.size(), 1U);
   EXPECT_TRUE(visti[0].text.startsWith(kPrefisso + QStringLiteral("9 - "))) << visti[0].text.toStdString();
   EXPECT_EQ(visti[0].icon, Icon::Critical);
-  EXPECT_TRUE(imageInMemory() == expectedImage(testArticles(5000)));
+  EXPECT_TRUE(imageInMemory() == expectedImage(fullArchive()));
 }
 
 /// A row whose column number `colonna`, from 0, is null; the others make a sound article.
@@ -227,7 +225,7 @@ TEST(RiempiPLU, SenzaUnaColonnaSiDiceENullaSiRiempie) {
 TEST(SalvaPLU, LaTabellaTornaCheEraDopoIlGiroCompleto) {
   BackRoom bottega;
   bottega.openArchive();
-  std::vector<TestArticle> articoli = testArticles(5000);
+  std::vector<TestArticle> articoli = fullArchive();
   for (TestArticle& articolo : articoli)
     articolo.description.replace(QStringLiteral("漢"), QStringLiteral("?"));
   writeArticles(bottega, articoli);

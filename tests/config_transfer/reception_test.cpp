@@ -74,7 +74,7 @@ TEST_F(RicezioneProgrammazione, TuttoEInMemoriaENelFileConTestataENegozioDiPrima
 TEST_F(RicezioneProgrammazione, GliArticoliSonoNellArchivioAccanto) {
   schermo.click(kAvvia);
   expectBoxes(bottega, {kRicevuta});
-  const TestArticle articolo = testArticles(5000).at(41);
+  const TestArticle articolo = fullArchive().at(41);
   const QString riga = QStringLiteral(" from TAB_ARTICOLI where auto_id = 42");
   EXPECT_EQ(valoreNelCompagno(QStringLiteral("SELECT Codice_EAN") + riga), articolo.ean);
   EXPECT_EQ(valoreNelCompagno(QStringLiteral("SELECT Prezzo") + riga), QString::number(articolo.price));

@@ -58,7 +58,7 @@ TEST_F(InvioProgrammazione, OgniFileArrivaByteAByteConUnByteZeroInCoda) {
 }
 
 TEST_F(InvioProgrammazione, GliArticoliSonoQuelliDellArchivioAccantoAllaConfigurazione) {
-  const std::vector<TestArticle> articoli = testArticles(5000);
+  const std::vector<TestArticle>& articoli = fullArchive();
   articles::ApriDatabase(compagno, bottega.contesto);
   writeArticles(bottega, articoli);
   articles::ChiudiDatabase();

@@ -184,6 +184,6 @@ const QByteArray& senzaArticoli() {
 }
 
 const QByteArray& articoliDellaCassa() {
-  static const QByteArray kArticoli = expectedImage(testArticles(5000));
+  static const QByteArray kArticoli = expectedImage(fullArchive());
   return kArticoli;
 }

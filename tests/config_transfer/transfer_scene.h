@@ -55,7 +55,7 @@ class BancoTrasferimento : public testing::Test {
 
   /// The screen, connected, with an option chosen.
   GuidedScreen pronto(const QString& opzione);
-  /// Lays into the till the nine files of `disegno(2)`, its articles those of `testArticles(5000)`.
+  /// Lays into the till the nine files of `disegno(2)`, its articles those of `fullArchive()`.
   void programmaCassa();
   /// Opens the archive beside the configuration for a test's own statements, and closes it.
   void nelCompagno(const QStringList& istruzioni);
@@ -80,5 +80,5 @@ class BancoTrasferimento : public testing::Test {
 QStringList scambi(int modo, const QStringList& file);
 /// What the till's plu.bin holds when the archive beside the configuration has no article.
 const QByteArray& senzaArticoli();
-/// The till's own plu.bin, of `testArticles(5000)`.
+/// The till's own plu.bin, of `fullArchive()`.
 const QByteArray& articoliDellaCassa();

@@ -14,6 +14,7 @@
 #include <QScreen>
 #include <QSet>
 #include <QTest>
+#include <algorithm>
 #include <utility>
 
 #include "controls/style.h"
@@ -109,20 +110,21 @@ INSTANTIATE_TEST_SUITE_P(Di, AspettoDiOgniSchermata, testing::ValuesIn(everyScre
 TEST(CalendarioDellaGrafica, HaIlSuoFondoGiaAllApertura) {
   // A style sheet gives a list its own colours back once it comes into another window.
   const LookOfTheProgram program;
-  for (const Screen& screen : everyScreen()) {
-    if (QLatin1String(screen.name) != QLatin1String("OpzioniCalendario")) continue;
-    Shop shop;
-    bool opened = false;
-    screen.open(shop, [&](QWidget& window) {
-      for (const char* list : {"CmbGiorno_0", "CmbMese_0", "CmbGiornoFine_11", "CmbMeseFine_11"}) {
-        auto* one = window.findChild<QComboBox*>(QLatin1String(list));
-        ASSERT_NE(one, nullptr) << list;
-        EXPECT_EQ(one->grab().toImage().pixelColor(3, one->height() / 2), QColor(0xE0, 0xE0, 0xE0)) << list;
-        opened = true;
-      }
-    });
-    EXPECT_TRUE(opened);
-  }
+  const auto calendar = std::ranges::find_if(everyScreen(), [](const Screen& screen) {
+    return QLatin1String(screen.name) == QLatin1String("OpzioniCalendario");
+  });
+  ASSERT_NE(calendar, everyScreen().end());
+  Shop shop;
+  bool opened = false;
+  calendar->open(shop, [&](QWidget& window) {
+    opened = true;
+    for (const char* list : {"CmbGiorno_0", "CmbMese_0", "CmbGiornoFine_11", "CmbMeseFine_11"}) {
+      auto* one = window.findChild<QComboBox*>(QLatin1String(list));
+      ASSERT_NE(one, nullptr) << list;
+      EXPECT_EQ(one->grab().toImage().pixelColor(3, one->height() / 2), QColor(0xE0, 0xE0, 0xE0)) << list;
+    }
+  });
+  EXPECT_TRUE(opened);
 }
 
 TEST(TestaDegliArchivi, DiceQualeEAperto) {
