@@ -1,20 +1,42 @@
-# cmake -D PROGRAM=<path> -D SUITES=<file> -D LABEL=<label> -D SECONDS=<time-out> -P DiscoverSuites.cmake
-# What CTest is told of a GoogleTest program: one test a suite, run in one process. A process that starts for each test
-# of a screen takes several times what the test itself does.
+# cmake -D PROGRAM=<path> -D SUITES=<file> -D LABEL=<label> -D LOCALE=<locale> -D SECONDS=<time-out> -P
+# DiscoverSuites.cmake
+# What CTest is told of a GoogleTest program: tests that bear the names of their suites. Small suites go together into
+# one process, since one that starts takes more than most tests do; from a_process_takes tests on it is full.
+set(a_process_takes 30)
 execute_process(
   COMMAND "${PROGRAM}" --gtest_list_tests
   OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE "\n" ";" lines "${listed}")
 set(tests "")
+
+# What was gathered becomes a test.
+macro(end_process)
+  if(suites)
+    list(JOIN suites "+" name)
+    list(TRANSFORM suites APPEND ".*")
+    list(JOIN suites ":" filter)
+    string(APPEND tests "add_test([=[${name}]=] [=[${PROGRAM}]=] [=[--gtest_filter=${filter}]=] --gtest_brief=1)\n"
+                        "set_tests_properties([=[${name}]=] PROPERTIES LABELS ${LABEL} TIMEOUT ${SECONDS} "
+                        "ENVIRONMENT LC_ALL=${LOCALE})\n")
+  endif()
+  set(suites "")
+  set(gathered 0)
+endmacro()
+
+end_process()
 foreach(line IN LISTS lines)
   # "Suite." or "Instance/Suite.  # TypeParam = ..."; its tests are indented.
   if(line MATCHES "^([A-Za-z0-9_/]+)\\.( .*)?$")
     set(suite "${CMAKE_MATCH_1}")
-    string(APPEND tests "add_test([=[${suite}]=] [=[${PROGRAM}]=] [=[--gtest_filter=${suite}.*]=] --gtest_brief=1)\n")
-    string(APPEND tests "set_tests_properties([=[${suite}]=] PROPERTIES LABELS ${LABEL} TIMEOUT ${SECONDS} "
-                        "ENVIRONMENT LC_ALL=C)\n")
+    if(gathered GREATER_EQUAL a_process_takes)
+      end_process()
+    endif()
+    list(APPEND suites "${suite}")
+  elseif(line MATCHES "^ ")
+    math(EXPR gathered "${gathered} + 1")
   endif()
 endforeach()
+end_process()
 if(tests STREQUAL "")
   message(FATAL_ERROR "${PROGRAM} lists no tests")
 endif()

@@ -15,15 +15,15 @@ std::string momentOf(const std::string& stored) {
 
 expectations::Invoice invoiceOf(const DatabaseReader::Row& row) {
   const std::string number = row.text(1);
-  const expectations::Invoice invoice{std::stoi(number.substr(number.find('/') + 1)),
-                                      std::stoi(row.text(2)),
-                                      row.integer(0),
-                                      row.text(8),
-                                      momentOf(row.text(3)),
-                                      row.integer(4),
-                                      row.integer(5),
-                                      row.integer(6),
-                                      row.integer(7)};
+  expectations::Invoice invoice{std::stoi(number.substr(number.find('/') + 1)),
+                                std::stoi(row.text(2)),
+                                row.integer(0),
+                                row.text(8),
+                                momentOf(row.text(3)),
+                                row.integer(4),
+                                row.integer(5),
+                                row.integer(6),
+                                row.integer(7)};
   if (expectations::numberOf(invoice) != number) throw std::runtime_error("no number: " + number);
   if (row.text(2) != ' ' + std::to_string(invoice.type)) throw std::runtime_error("no type: " + row.text(2));
   return invoice;

@@ -61,7 +61,7 @@ void prepareApplication(QApplication& application, const QString& folder) {
   // No display name: the toolkit would append it to the title of every window and box.
   QApplication::setApplicationVersion(QStringLiteral(GESTIONALE_VERSIONE));
   style::iconFolder(folder + QStringLiteral("/icons"));
-  style::apply(application);
+  style::begin(application);
   QApplication::setWindowIcon(programSign(folder + QStringLiteral("/icons/receipt-euro.svg")));
   speakItalian(application);
   new DoubleClickStopper(&application);
@@ -113,5 +113,5 @@ Program::~Program() {
 }
 
 QWidget& Program::showMenu() {
-  return screens_.mostra(QStringLiteral("start"), contesto_);
+  return screens_.mostra(kMenu, contesto_);
 }

@@ -94,7 +94,9 @@ void Listener::work(Workers::iterator worker) {
     if (!connection.isOpen() && (errno == EMFILE || errno == ENFILE)) std::this_thread::sleep_for(kPause);
     if (take(*worker, std::move(connection))) {
       Conversation(worker->connection, till_, buffer).run();
-      if (buffer.capacity() > kKeptBytes) std::vector<std::uint8_t>().swap(buffer);
+      // A conversation that ended within a frame left the buffer there.
+      buffer.clear();
+      if (buffer.capacity() > kKeptBytes) buffer = std::vector<std::uint8_t>();
       worker->connection.dismiss(ecrcom::within(kFarewell));
     }
     stays = release(worker);

@@ -39,10 +39,30 @@ Appearance appearance(OutcomeBar::Kind kind) {
   return {"info", "plain", style::Badge::Neutral};
 }
 
+/// A text that can be copied. What selecting takes, a document that is laid out anew for each text, is made
+/// when the pointer comes: a transfer tells dozens of steps that nobody selects.
+class CopiedText : public QLabel {
+ public:
+  using QLabel::QLabel;
+  /// Another text in place of what was told, and of what was selected in it.
+  void tell(const QString& text) {
+    if (!underMouse()) setTextInteractionFlags(Qt::NoTextInteraction);
+    setText(text);
+  }
+
+ protected:
+  void enterEvent(QEnterEvent* event) override {
+    const Qt::FocusPolicy before = focusPolicy();
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setFocusPolicy(before);
+    QLabel::enterEvent(event);
+  }
+};
+
 }  // namespace
 
 OutcomeBar::OutcomeBar(QWidget* parent)
-    : QFrame(parent), sign_(new QLabel), text_(new QLabel), button_(new QToolButton), time_(new QLabel) {
+    : QFrame(parent), sign_(new QLabel), text_(new CopiedText), button_(new QToolButton), time_(new QLabel) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(kGap);
@@ -52,7 +72,6 @@ OutcomeBar::OutcomeBar(QWidget* parent)
   row->addWidget(time_, 0, Qt::AlignVCenter);
   text_->setWordWrap(true);
   text_->setTextFormat(Qt::PlainText);
-  text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   button_->setObjectName(QStringLiteral("AzioneEsito"));
   button_->setToolButtonStyle(Qt::ToolButtonTextOnly);
   button_->setFocusPolicy(Qt::TabFocus);
@@ -74,7 +93,7 @@ void OutcomeBar::tell(Kind kind, const QString& text, Action action) {
   const Appearance now = appearance(kind);
   sign_->setVisible(!text.isEmpty());
   sign_->setPixmap(style::signIcon(QLatin1String(now.icon), now.badge).pixmap(kSign));
-  text_->setText(text);
+  static_cast<CopiedText*>(text_)->tell(text);
   // Where nothing is told there is nothing to come to.
   text_->setFocusPolicy(text.isEmpty() ? Qt::NoFocus : Qt::ClickFocus);
   text_->setToolTip(text);
@@ -83,9 +102,11 @@ void OutcomeBar::tell(Kind kind, const QString& text, Action action) {
   button_->setVisible(static_cast<bool>(action_.run));
   const bool timed = clock_ != nullptr && !text.isEmpty();
   time_->setText(timed ? clock_->now().toString(QStringLiteral("HH:mm")) : QString());
-  text_->setProperty("outcome", QLatin1String(now.value));
-  text_->style()->unpolish(text_);
-  text_->style()->polish(text_);
+  if (text_->property("outcome") != QLatin1String(now.value)) {
+    text_->setProperty("outcome", QLatin1String(now.value));
+    text_->style()->unpolish(text_);
+    text_->style()->polish(text_);
+  }
   text_->setMinimumWidth(0);
   text_->setMinimumWidth(
       std::min(text_->minimumSizeHint().width(), kWord * text_->fontMetrics().averageCharWidth()));

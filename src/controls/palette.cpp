@@ -98,7 +98,6 @@ QLabel[outcome="done"] { color: @ready@; }
 QLabel[outcome="warning"] { color: @busy@; font-weight: 600; }
 QLabel[outcome="failed"] { color: @fault@; font-weight: 600; }
 QLabel[danger="true"] { color: @fault@; }
-QLabel[brand="true"] { background: @accent@; border-radius: 10px; padding: 7px; }
 QLabel[medallion="true"] { background: @veil@; border-radius: 36px; min-width: 72px; max-width: 72px;
                             min-height: 72px; max-height: 72px; qproperty-alignment: AlignCenter; }
 QFrame[card="true"] { background: @paper@; border: 1px solid @emphasis@; border-radius: 10px; }

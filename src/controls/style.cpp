@@ -1,9 +1,13 @@
 #include "controls/style.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFile>
+#include <QPainter>
+#include <QPointer>
 #include <QPushButton>
 #include <QStyle>
+#include <utility>
 
 #include "controls/palette.h"
 #include "controls/program_style.h"
@@ -14,10 +18,18 @@ namespace style {
 namespace {
 
 constexpr int kHalfLight = 128;
+/// As the style sheet has it.
+constexpr int kCardCorner = 10;
 
 /// Those of the theme that was applied last.
 const Tints*& applied() {
   static const Tints* colours = &tints(false);
+  return colours;
+}
+
+/// Those whose style sheet is still to be laid on; null where it lies.
+const Tints*& owed() {
+  static const Tints* colours = nullptr;
   return colours;
 }
 
@@ -48,6 +60,24 @@ QString nameOf(Badge state) {
   return QStringLiteral("neutral");
 }
 
+/// Lays the style sheet on with the first window that does not do without it.
+class Awaiting : public QObject {
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject* who, QEvent* event) override {
+    if (event->type() == QEvent::Polish && who->isWidgetType()) {
+      const auto& widget = *static_cast<const QWidget*>(who);
+      if (widget.isWindow() && !widget.property("bare").toBool()) whole();
+    }
+    return false;
+  }
+};
+
+QPointer<Awaiting>& awaiting() {
+  static QPointer<Awaiting> watch;
+  return watch;
+}
+
 void repaint(QWidget& box) {
   box.style()->unpolish(&box);
   box.style()->polish(&box);
@@ -57,12 +87,27 @@ void repaint(QWidget& box) {
 }  // namespace
 
 void apply(QApplication& application, Theme theme) {
+  begin(application, theme);
+  whole();
+}
+
+void begin(QApplication& application, Theme theme) {
   const bool dark = theme == Theme::AsDesktop ? darkDesktop() : theme == Theme::Dark;
   const Tints& colours = tints(dark);
   applied() = &colours;
   QApplication::setStyle(new ProgramStyle(colours));
   QApplication::setPalette(palette(colours));
-  application.setStyleSheet(styleSheetText(colours));
+  if (!awaiting()) application.installEventFilter(awaiting() = new Awaiting(&application));
+  owed() = &colours;
+}
+
+void whole() {
+  const Tints* const colours = std::exchange(owed(), nullptr);
+  if (!colours) return;
+  qApp->setStyleSheet(styleSheetText(*colours));
+  // It may be watching the very event that leads here.
+  if (awaiting()) awaiting()->deleteLater();
+  awaiting() = nullptr;
 }
 
 void iconFolder(const QString& folder) {
@@ -94,6 +139,15 @@ QIcon signIcon(const QString& name, Badge state) {
       break;
   }
   return icon(name);
+}
+
+void paintCard(QPainter& painter, const QRect& place) {
+  constexpr qreal kHalfPen = 0.5;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(applied()->emphasis);
+  painter.setBrush(applied()->paper);
+  painter.drawRoundedRect(QRectF(place).adjusted(kHalfPen, kHalfPen, -kHalfPen, -kHalfPen), kCardCorner,
+                          kCardCorner);
 }
 
 bool iconExists(const QString& name) {

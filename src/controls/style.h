@@ -4,7 +4,9 @@
 #include <QString>
 
 class QApplication;
+class QPainter;
 class QPushButton;
+class QRect;
 class QWidget;
 
 /// The look of every screen: one palette and style sheet, light or dark as the desktop asks.
@@ -12,7 +14,7 @@ class QWidget;
 /// Screens say what a widget is by dynamic properties, which may be set in Designer too:
 /// - `primary` (bool) on the one button that a screen is there for;
 /// - `heading` (bool) on a heading label, `note` (bool) on secondary text;
-/// - `brand` (bool) on the program's sign, `medallion` (bool) on an icon that illustrates a small screen;
+/// - `medallion` (bool) on an icon that illustrates a small screen;
 /// - `card` (bool) on a frame that groups controls as a card;
 /// - `danger` (bool) on a text that warns of a loss beside the command that causes it;
 /// - `badge` (text: "neutral", "ready", "busy", "fault") on a read-only box that shows a state.
@@ -23,6 +25,12 @@ enum class Theme { AsDesktop, Light, Dark };
 /// Fusion with the program's palette, style sheet and pictures. `AsDesktop` looks at the palette that the
 /// platform gave the application, so it has to run before anything else sets one.
 void apply(QApplication& application, Theme theme = Theme::AsDesktop);
+/// As above, and the style sheet later: with `whole`, and at the latest with the first window but those that
+/// bear the property `bare` (bool) and need none of it. Reading the sheet and drawing through it takes a
+/// tenth of a start.
+void begin(QApplication& application, Theme theme = Theme::AsDesktop);
+/// Lays the style sheet on if it is still to come.
+void whole();
 
 /// An icon of the program's family by file name without extension ("upload"), painted in the palette's text
 /// colours, sharp at every scale. The file is read when the icon is first painted; one that is not there
@@ -39,6 +47,9 @@ void iconFolder(const QString& folder);
 
 /// Makes `button` the primary one of its screen, with an icon where `name` is not empty.
 void primary(QPushButton& button, const QString& name = {});
+
+/// Paints what the style sheet paints of a `card`, for a window without the sheet.
+void paintCard(QPainter& painter, const QRect& place);
 
 /// What a state box tells at a glance.
 enum class Badge { Neutral, Ready, Busy, Fault };

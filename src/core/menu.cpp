@@ -7,12 +7,6 @@
 #include "core/start.h"
 #include "platform/ui/display.h"
 
-namespace {
-
-const QString kMenu = QStringLiteral("start");
-
-}  // namespace
-
 void MostraMenu(Contesto& contesto) {
   if (contesto.schermate.trova(kMenu) != nullptr) contesto.schermate.mostra(kMenu, contesto);
 }

@@ -9,7 +9,9 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "controls/style.h"
 #include "core/context.h"
+#include "core/menu.h"
 #include "platform/error.h"
 #include "platform/ui/busy_guard.h"
 
@@ -93,6 +95,8 @@ QWidget& Schermate::carica(const QString& nome, Contesto& contesto) {
   const auto fabbrica = fabbriche_.find(nome);
   if (fabbrica == fabbriche_.end())
     throw Errore{errors::kOutOfRange, QStringLiteral("Schermata non registrata: ") + nome};
+  // A screen measures its parts while it is made.
+  if (nome != kMenu) style::whole();
   QWidget* schermo = fabbrica->second(contesto);
   schermo->setAttribute(Qt::WA_DeleteOnClose);
   if (schermo->isWindow()) colloca(*schermo);

@@ -1,6 +1,7 @@
 #include "core/start.h"
 
 #include <QCloseEvent>
+#include <QPainter>
 #include <QTimer>
 #include <utility>
 
@@ -15,10 +16,30 @@
 #include "ui_start.h"
 
 namespace {
-constexpr int kMarchio = 28;
-/// The menu stands on the screen before its first picture is read.
+// The program's sign: its side, what its ground leaves around it, and how round the ground's corners are.
+constexpr int kMarchio = 42;
+constexpr int kIntorno = 7;
+constexpr int kAngolo = 10;
+/// The menu stands on the screen before its first picture is read, and the style sheet of the other screens.
 constexpr int kPrimaImmagineMs = 30;
 constexpr auto kModulo = "start";
+
+QPixmap marchio(const QWidget& schermo) {
+  const qreal scala = schermo.devicePixelRatioF();
+  const QRect tutto(0, 0, kMarchio, kMarchio);
+  QPixmap segno(tutto.size() * scala);
+  segno.setDevicePixelRatio(scala);
+  segno.fill(Qt::transparent);
+  QPainter pittore(&segno);
+  pittore.setRenderHint(QPainter::Antialiasing);
+  pittore.setPen(Qt::NoPen);
+  pittore.setBrush(schermo.palette().highlight());
+  pittore.drawRoundedRect(tutto, kAngolo, kAngolo);
+  style::primaryIcon(QStringLiteral("receipt-euro"))
+      .paint(&pittore, tutto.adjusted(kIntorno, kIntorno, -kIntorno, -kIntorno));
+  return segno;
+}
+
 }  // namespace
 
 /// An entry of the menu; empty texts where it has no picture, no screen or no name to leave behind.
@@ -45,13 +66,23 @@ start::start(Contesto& contesto, MisureSchermo misure)
     : contesto_(contesto), misure_(misure), ui_(std::make_unique<Ui::start>()) {
   misure_ = ControllaRisoluzione(misure, contesto_.utente, [this](float l, float a) { ChangeRes(l, a); });
   ui_->setupUi(this);
-  ui_->Picture1->setPixmap(style::primaryIcon(QStringLiteral("receipt-euro")).pixmap(kMarchio));
+  vesti();
   for (const Voce& voce : kVoci) collega(voce);
   aggiungiTimer();
   carica();
 }
 
 start::~start() = default;
+
+/// The menu does without the style sheet, so that it stands on the screen before the sheet is read.
+void start::vesti() {
+  ui_->Picture1->setPixmap(marchio(*this));
+  QFont insegna;
+  insegna.setWeight(QFont::DemiBold);
+  ui_->insegna->setFont(insegna);
+  for (QLabel* nota : {ui_->LabelVSW, ui_->LabelManuale, ui_->Label5})
+    nota->setForegroundRole(QPalette::PlaceholderText);
+}
 
 void start::ChangeRes(float larghezza, float altezza) {
   display::changeMode(larghezza, altezza);
@@ -65,6 +96,7 @@ void start::aggiungiTimer() {
   primaImmagine_->setSingleShot(true);
   // A picture that is missing is told when the mouse comes to its entry, not at start.
   connect(primaImmagine_, &QTimer::timeout, this, [this] {
+    style::whole();
     if (ui_->Image1->image().isNull()) ui_->Image1->load(percorsoImmagine(kVoci[0]));
   });
 }
@@ -77,6 +109,8 @@ void start::carica() {
 
 void start::paintEvent(QPaintEvent* evento) {
   QWidget::paintEvent(evento);
+  QPainter pittore(this);
+  style::paintCard(pittore, ui_->vkFrame1->geometry());
   if (std::exchange(dipinto_, true)) return;
   primaImmagine_->start(kPrimaImmagineMs);
 }

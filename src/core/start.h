@@ -34,6 +34,7 @@ class start : public QWidget {
   struct Voce;
   static const Voce kVoci[];
 
+  void vesti();
   void aggiungiTimer();
   void carica();
   void collega(const Voce& voce);

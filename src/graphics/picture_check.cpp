@@ -29,7 +29,7 @@ QString fuoriForma(const TestaBitmap& testa) {
 QString rifiutoDi(const TestaBitmap& testa, int larghezza) {
   if (classeDi(testa.larghezza).isEmpty())
     return QStringLiteral("Larga %1 punti: ne servono 384 o 640").arg(testa.larghezza);
-  if (const QString forma = fuoriForma(testa); !forma.isEmpty()) return forma;
+  if (QString forma = fuoriForma(testa); !forma.isEmpty()) return forma;
   if (!testa.intera) return QStringLiteral("Il file è incompleto");
   if (larghezza != 0 && testa.larghezza != larghezza)
     return QStringLiteral("Larga %1 punti, serve %2").arg(testa.larghezza).arg(larghezza);

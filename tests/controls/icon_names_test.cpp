@@ -136,7 +136,7 @@ const QList<Significato> kSignificati{
     {"log-out", "termina il programma", "Label4"},
     {"monitor", "il computer", "SP_ComputerIcon"},
     {"percent", "l'IVA", "8"},
-    {"receipt-euro", "il programma", "Picture1 program"},
+    {"receipt-euro", "il programma", "start program"},
     {"receipt-text", "le fatture", "Cmd_ArchivioFatture vkCommand1"},
     {"rows-3", "in righe", "SP_FileDialogListView"},
     {"save", "salva", "Cmd_Modifica Cmd_Salva vkCmd_Memorizza_Cliente"},

@@ -83,6 +83,49 @@ TEST(BarraEsito, UnNomeSenzaFineNonLaAllargaEStaInteroNelSuggerimento) {
   EXPECT_EQ(barra.minimumSizeHint().width(), corta);
 }
 
+namespace {
+
+/// Where the pointer goes from one place of the screen to another.
+void moveTo(QWidget& window, QWidget& target) {
+  QTest::mouseMove(window.windowHandle(), target.mapTo(&window, target.rect().center()));
+  QCoreApplication::processEvents();
+}
+
+}  // namespace
+
+TEST(BarraEsito, IlTestoSiScegliePassandoCiSopraENonCambiaPosto) {
+  QWidget finestra;
+  finestra.resize(600, 200);
+  auto* barra = new OutcomeBar(&finestra);
+  barra->setGeometry(0, 100, 600, 60);
+  finestra.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&finestra));
+  barra->tell(Kind::Done, QStringLiteral("Salvati 28 articoli"));
+  QLabel* testo = nullptr;
+  for (QLabel* scritta : barra->findChildren<QLabel*>())
+    if (scritta->text() == barra->text()) testo = scritta;
+  ASSERT_NE(testo, nullptr);
+  const QSize prima = barra->sizeHint();
+  const QSize minima = barra->minimumSizeHint();
+
+  moveTo(finestra, *testo);
+  EXPECT_EQ(barra->sizeHint(), prima);
+  EXPECT_EQ(barra->minimumSizeHint(), minima);
+  const QPoint sullaPrimaParola(10, testo->height() / 2);
+  QTest::mouseDClick(testo, Qt::LeftButton, Qt::NoModifier, sullaPrimaParola);
+  EXPECT_EQ(testo->selectedText(), QStringLiteral("Salvati"));
+  QTest::mouseMove(finestra.windowHandle(), QPoint(300, 20));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(testo->selectedText(), QStringLiteral("Salvati")) << "what is chosen stays when the pointer goes";
+
+  barra->tell(Kind::Done, QStringLiteral("Salvati 29 articoli"));
+  EXPECT_EQ(testo->selectedText(), QString());
+  moveTo(finestra, *testo);
+  QTest::mouseDClick(testo, Qt::LeftButton, Qt::NoModifier, sullaPrimaParola);
+  EXPECT_EQ(testo->selectedText(), QStringLiteral("Salvati"));
+  EXPECT_EQ(testo->focusPolicy(), Qt::ClickFocus);
+}
+
 TEST(BarraEsito, VuotaNonPrendeIlFuoco) {
   OutcomeBar barra;
   const auto prendonoIlFuoco = [&] {

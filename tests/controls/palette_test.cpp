@@ -3,9 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFrame>
+#include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <cmath>
+#include <cstdlib>
 
 #include "controls/style.h"
 
@@ -124,4 +128,70 @@ TEST(Stile, SegueIlDesktopChiaroEScuro) {
   }
   qApp->setStyleSheet({});
   QApplication::setPalette(prima);
+}
+
+/// Without the look of another test, and without leaving its own.
+class FoglioCheArriva : public testing::Test {
+ protected:
+  FoglioCheArriva() { style::begin(*qApp, style::Theme::Light); }
+  ~FoglioCheArriva() override {
+    style::whole();
+    qApp->setStyleSheet({});
+  }
+};
+
+TEST_F(FoglioCheArriva, UnaFinestraNudaNeFaSenzaELaPrimaAltraLoPorta) {
+  EXPECT_EQ(qApp->styleSheet(), QString());
+  QWidget nuda;
+  nuda.setProperty("bare", true);
+  QPushButton dentro(&nuda);
+  nuda.show();
+  EXPECT_EQ(qApp->styleSheet(), QString());
+  QWidget altra;
+  QPushButton pulsante(QStringLiteral("Avvia"), &altra);
+  altra.show();
+  EXPECT_EQ(qApp->styleSheet(), style::styleSheetText(style::tints(false)));
+  EXPECT_EQ(pulsante.grab().toImage().pixelColor(8, pulsante.height() / 2), style::tints(false).paper);
+}
+
+TEST_F(FoglioCheArriva, UnaVoltaStesoNonSiStendeDiNuovo) {
+  style::whole();
+  EXPECT_EQ(qApp->styleSheet(), style::styleSheetText(style::tints(false)));
+  qApp->setStyleSheet({});
+  style::whole();
+  QWidget altra;
+  altra.show();
+  EXPECT_EQ(qApp->styleSheet(), QString());
+}
+
+TEST_F(FoglioCheArriva, IlTemaEQuelloDellUltimaVolta) {
+  style::begin(*qApp, style::Theme::Dark);
+  style::whole();
+  EXPECT_EQ(qApp->styleSheet(), style::styleSheetText(style::tints(true)));
+  style::apply(*qApp, style::Theme::Light);
+  EXPECT_EQ(qApp->styleSheet(), style::styleSheetText(style::tints(false)));
+}
+
+TEST_F(FoglioCheArriva, IlRiquadroSiDipingeComeLoVuoleIlFoglio) {
+  const QRect tutto(0, 0, 200, 120);
+  QImage nudo(tutto.size(), QImage::Format_RGB32);
+  nudo.fill(style::tints(false).background);
+  QPainter pittore(&nudo);
+  style::paintCard(pittore, tutto);
+  pittore.end();
+
+  style::whole();
+  QWidget fondo;
+  QFrame riquadro(&fondo);
+  riquadro.setFrameShape(QFrame::StyledPanel);
+  riquadro.setProperty("card", true);
+  fondo.resize(tutto.size());
+  riquadro.setGeometry(tutto);
+  const QImage vestito = fondo.grab().toImage().convertToFormat(QImage::Format_RGB32);
+  ASSERT_EQ(vestito.size(), nudo.size());
+  int diversi = 0;
+  for (int y = 0; y < nudo.height(); ++y)
+    for (int x = 0; x < nudo.width(); ++x)
+      if (std::abs(qGreen(nudo.pixel(x, y)) - qGreen(vestito.pixel(x, y))) > 8) ++diversi;
+  EXPECT_LE(diversi, 8) << "but for a point or two of the round corners";
 }

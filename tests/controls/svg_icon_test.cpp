@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
+#include <QPixmapCache>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <algorithm>
 #include <cstdlib>
 #include <set>
@@ -95,6 +98,86 @@ TEST_P(IconaStile, IlPulsantePrimarioELoStatoSonoProprietaDelControllo) {
   QWidget riquadro;
   style::badge(riquadro, style::Badge::Busy);
   EXPECT_EQ(riquadro.property("badge").toString(), QStringLiteral("busy"));
+}
+
+/// The icons of the menu as the build drew them, beside their files.
+class IconaPronta : public testing::Test {
+ protected:
+  QString file(const char* nome) const { return cartella_.filePath(QLatin1String(nome)); }
+  /// `quanti` bytes of full cover.
+  void copri(const char* nome, int quanti) const {
+    QFile pronta(file(nome));
+    ASSERT_TRUE(pronta.open(QIODevice::WriteOnly));
+    ASSERT_EQ(pronta.write(QByteArray(quanti, '\xFF')), quanti);
+  }
+  QImage dipinta(int lato, const QColor& fondo = {}) const {
+    return QIcon(new SvgIcon(file("users.svg"), kTinta, fondo)).pixmap(QSize(lato, lato), 1.0).toImage();
+  }
+  void SetUp() override {
+    ASSERT_TRUE(QFile::copy(QStringLiteral(GESTIONALE_SOURCES "/data/icons/users.svg"), file("users.svg")));
+  }
+  static bool piena(const QImage& figura) {
+    for (int y = 0; y < figura.height(); ++y)
+      for (int x = 0; x < figura.width(); ++x)
+        if (figura.pixelColor(x, y) != kTinta) return false;
+    return true;
+  }
+
+  static inline const QColor kTinta{0x32747A};
+
+ private:
+  QTemporaryDir cartella_;
+};
+
+TEST_F(IconaPronta, SiPrendeAllaSuaMisuraESoloAQuella) {
+  copri("users-24.cover", 24 * 24);
+  EXPECT_TRUE(piena(dipinta(24)));
+  EXPECT_FALSE(piena(dipinta(25)));
+  EXPECT_FALSE(piena(dipinta(24, Qt::white))) << "a sign on a ground is drawn";
+}
+
+TEST_F(IconaPronta, DiUnaLunghezzaFalsaNonSiPrende) {
+  for (const int quanti : {0, 24 * 24 - 1, 24 * 24 + 1}) {
+    QPixmapCache::clear();
+    copri("users-24.cover", quanti);
+    EXPECT_FALSE(piena(dipinta(24))) << quanti;
+    EXPECT_FALSE(colori(QPixmap::fromImage(dipinta(24))).empty()) << quanti;
+  }
+}
+
+TEST(IconeDelMenu, SonoPronteATreScaleEUgualiAlDisegno) {
+  const QDir cartella(QStringLiteral(GESTIONALE_APP "/icons"));
+  QStringList previste;
+  for (const char* voce :
+       {"image", "info", "log-out", "scan-barcode", "sliders-horizontal", "square-terminal", "users"})
+    for (const int lato : {24, 36, 48})
+      previste << QStringLiteral("%1-%2.cover").arg(QLatin1String(voce)).arg(lato);
+  for (const int lato : {28, 42, 56}) previste << QStringLiteral("receipt-euro-%1.cover").arg(lato);
+  previste.sort();
+  EXPECT_EQ(cartella.entryList({QStringLiteral("*.cover")}, QDir::Files, QDir::Name), previste);
+  for (const QString& una : previste) {
+    const QString nome = una.section(u'-', 0, -2);
+    const int lato = una.section(u'-', -1).section(u'.', 0, 0).toInt();
+    const QSize misura(lato, lato);
+    for (const QColor& tinta : {QColor(0x102030), QColor(Qt::white)}) {
+      const auto dipinta = [&](const QString& da) {
+        return QIcon(new SvgIcon(da + u'/' + nome + QStringLiteral(".svg"), tinta))
+            .pixmap(misura, 1.0)
+            .toImage();
+      };
+      const QImage pronta = dipinta(cartella.path()).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+      const QImage disegno = dipinta(QStringLiteral(GESTIONALE_SOURCES "/data/icons"))
+                                 .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+      int piuLontano = 0;
+      for (int y = 0; y < lato; ++y)
+        for (int x = 0; x < lato; ++x)
+          for (const int canale : {0, 8, 16, 24})
+            piuLontano =
+                std::max(piuLontano, std::abs(static_cast<int>(pronta.pixel(x, y) >> canale & 0xFFU) -
+                                              static_cast<int>(disegno.pixel(x, y) >> canale & 0xFFU)));
+      EXPECT_LE(piuLontano, 2) << una.toStdString();
+    }
+  }
 }
 
 /// The sign in the window's frame and on the task bar.

@@ -2,16 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
-#include <QGuiApplication>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <memory>
 
+#include "controls/style.h"
 #include "core/screen.h"
 #include "platform/error.h"
 #include "platform/ui/busy_guard.h"
@@ -139,6 +141,19 @@ TEST_F(SchermateTest, UnoSchermoPiuGrandeDelDisplayCiSta) {
     QWidget& schermo = program_.screens.mostra(nome, program_.contesto);
     EXPECT_TRUE(libero.contains(schermo.frameGeometry())) << nome.toStdString();
   }
+}
+
+TEST_F(SchermateTest, UnaSiFaSottoIlFoglioDiStileIntero) {
+  style::begin(*qApp, style::Theme::Light);
+  const auto via = qScopeGuard([] { qApp->setStyleSheet({}); });
+  bool intero = false;
+  program_.screens.registra(kA, [&intero](Contesto&) {
+    intero = !qApp->styleSheet().isEmpty();
+    return new Finestra(kA);
+  });
+  EXPECT_EQ(qApp->styleSheet(), QString());
+  program_.screens.carica(kA, program_.contesto);
+  EXPECT_TRUE(intero);
 }
 
 TEST_F(SchermateTest, UnNomeCheNessunoHaRegistratoEErrore9) {

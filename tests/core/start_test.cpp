@@ -1,10 +1,13 @@
 #include "core/start.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QTimer>
 
 #include "controls/picture_frame.h"
+#include "controls/style.h"
 #include "menu_fixture.h"
 
 class Start : public MenuFixture {
@@ -357,4 +360,51 @@ TEST_F(Start, IlLogNellaSolaCartellaCorrenteResta) {
   const QString log = program_.folder.write(QStringLiteral("crc32Log.txt"), "x");
   menu();
   EXPECT_TRUE(QFile::exists(log));
+}
+
+TEST_F(Start, SiVedeUgualeSenzaIlFoglioDiStileEConEsso) {
+  style::iconFolder(QStringLiteral(GESTIONALE_SOURCES "/data/icons"));
+  style::begin(*qApp, style::Theme::Light);
+  const auto via = qScopeGuard([] { qApp->setStyleSheet({}); });
+  start& schermo = menu();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return mostra(Qt::red); })) << "the first picture stands";
+  style::whole();
+  const QImage dopo = schermo.grab().toImage();
+  const QSize misura = schermo.size();
+  qApp->setStyleSheet({});
+  EXPECT_EQ(schermo.grab().toImage(), dopo);
+  EXPECT_EQ(schermo.size(), misura);
+}
+
+TEST_F(Start, StaSulloSchermoPrimaDelFoglioDiStileCheArrivaConLaSuaImmagine) {
+  style::begin(*qApp, style::Theme::Light);
+  const auto via = qScopeGuard([] {
+    style::whole();
+    qApp->setStyleSheet({});
+  });
+  program_.screens.mostra(kMenu, program_.contesto);
+  EXPECT_EQ(qApp->styleSheet(), QString());
+  ASSERT_TRUE(QTest::qWaitFor([this] { return mostra(Qt::red); }));
+  EXPECT_NE(qApp->styleSheet(), QString());
+}
+
+TEST_F(Start, ISuoiSegniSonoQuelliDelTema) {
+  style::iconFolder(QStringLiteral(GESTIONALE_SOURCES "/data/icons"));
+  style::begin(*qApp, style::Theme::Light);
+  const auto via = qScopeGuard([] {
+    style::whole();
+    qApp->setStyleSheet({});
+  });
+  start& schermo = menu();
+  const QImage segno =
+      schermo.findChild<QLabel*>(QStringLiteral("Picture1"))->pixmap(Qt::ReturnByValue).toImage();
+  EXPECT_EQ(segno.size(), QSize(42, 42));
+  EXPECT_EQ(segno.pixelColor(0, 0).alpha(), 0) << "round corners";
+  EXPECT_EQ(segno.pixelColor(21, 2), QApplication::palette().color(QPalette::Highlight));
+  const QFont insegna = schermo.findChild<QLabel*>(QStringLiteral("insegna"))->font();
+  EXPECT_EQ(insegna.weight(), QFont::DemiBold);
+  EXPECT_DOUBLE_EQ(insegna.pointSizeF(), 1.5 * schermo.font().pointSizeF());
+  for (const char* nota : {"LabelVSW", "LabelManuale", "Label5"})
+    EXPECT_EQ(schermo.findChild<QLabel*>(QLatin1String(nota))->foregroundRole(), QPalette::PlaceholderText)
+        << nota;
 }

@@ -80,11 +80,10 @@ constexpr const char16_t* kTesti[] = {
     u"Esportazione annullata: nessun file scritto",
     u"Nessuna fattura trovata",
     u"Con un apostrofo la ricerca chiude il programma: al suo posto scrivere ?",
-    u"Data di inizio rifiutata: l'elenco è quello di prima. La data deve esistere e il suo anno non può "
-    u"essere "
-    u"futuro",
-    u"Data di fine rifiutata: l'elenco è quello di prima. La data deve esistere e il suo anno non può essere "
-    u"futuro",
+    (u"Data di inizio rifiutata: l'elenco è quello di prima. La data deve esistere e il suo anno non può "
+     u"essere futuro"),
+    (u"Data di fine rifiutata: l'elenco è quello di prima. La data deve esistere e il suo anno non può "
+     u"essere futuro"),
     u"... fattura: totale ..., imponibile ..., imposta ..., non pagato ...",
     u"... fatture: totale ..., imponibile ..., imposta ..., non pagato ...",
     u"Nessuna fattura; ... clienti senza fatture",

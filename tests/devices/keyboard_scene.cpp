@@ -35,7 +35,7 @@ class NetworkCarrier : public Carrier {
       if (size <= 0) break;
       arrived_ += block.left(size);
     }
-    const QByteArray taken = arrived_.left(count);
+    QByteArray taken = arrived_.left(count);
     arrived_.remove(0, count);
     return taken;
   }

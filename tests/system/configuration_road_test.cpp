@@ -130,7 +130,7 @@ struct StradaConfigurazione : testing::TestWithParam<const char*> {
   QString immagini(const QByteArray& modello) const {
     const QString origine = bottega.folder.write(QStringLiteral("modello.dat"), modello);
     const QString elenco = bottega.folder.write(QStringLiteral("modifiche.txt"), modificheAMano());
-    const QString cartella = bottega.folder.file(QStringLiteral("attese"));
+    QString cartella = bottega.folder.file(QStringLiteral("attese"));
     QDir().mkpath(cartella);
     EXPECT_EQ(QProcess::execute(QStringLiteral(TILL_IMAGES),
                                 {origine, elenco, cartella, QLatin1String(GetParam())}),

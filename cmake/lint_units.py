@@ -1,0 +1,149 @@
+#!/usr/bin/env python3
+"""lint_units.py <build folder> <generated headers> <source>...: clang-tidy over sources put together in units.
+
+clang-tidy spends most of its time on the system's headers, which nearly every source reads: some thirty sources that
+are compiled alike and read in one go take little longer than one alone. A source that does not stand beside the others
+(a name of its unnamed namespace that another has too) goes into the next unit. The sources stay where they are: a unit
+includes them, so that every line told is theirs.
+
+Prints what clang-tidy says; ends with 1 where it says anything or a source does not compile, else with 0.
+"""
+import collections
+import concurrent.futures
+import json
+import os
+import re
+import shlex
+import subprocess
+import sys
+
+LARGEST_UNIT = 30
+INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])(.*)[>"]', re.M)
+OWN_FILES = r'(/(src|devices)/.*\.h|\.cpp)$'
+ANY_DIAGNOSTIC = re.compile(r'^([^\s:]+\.(?:cpp|h)):\d+:\d+: (?:fatal )?error:', re.M)
+
+
+class Unit:
+    """Sources of one target, and how they are read: each in a namespace of its own or as they are."""
+
+    def __init__(self, name, flags, sources, apart):
+        self.name, self.flags, self.sources, self.apart = name, flags, sources, apart
+
+
+def flags_of(command):
+    """What the compiler is told of a source, without the source, what comes out of it and the sanitizers' code."""
+    words = shlex.split(command)[1:]
+    kept = []
+    skip = False
+    for word in words:
+        if skip or word == '-c' or word.startswith('-fsanitize') or word.endswith(('.cpp', '.o')):
+            skip = False
+        elif word == '-o':
+            skip = True
+        else:
+            kept.append(word)
+    return tuple(kept)
+
+
+def includes_of(source):
+    """The include lines of a source, as they can stand in a file of any other folder."""
+    with open(source, encoding='utf-8') as text:
+        for quote, name in INCLUDE.findall(text.read()):
+            beside = os.path.join(os.path.dirname(source), name)
+            if quote == '"' and os.path.exists(beside):
+                name = beside
+            yield f'#include <{name}>' if quote == '<' else f'#include "{name}"'
+
+
+def text_of(unit):
+    """A unit's text: what all of it includes first, so that no header is read inside a source's namespace."""
+    lines = []
+    if unit.apart:
+        lines += dict.fromkeys(line for source in unit.sources for line in includes_of(source))
+    for number, source in enumerate(unit.sources):
+        line = f'#include "{source}"  // NOLINT(bugprone-suspicious-include)'
+        lines += [f'namespace unit_{number} {{', line, '}'] if unit.apart else [line]
+    return '\n'.join(lines) + '\n'
+
+
+def refused(unit, path):
+    """Compiles a unit; returns the sources that do not stand in it, and what the compiler said."""
+    run = subprocess.run(['clang++', '-fsyntax-only', '-w', '-ferror-limit=0', *unit.flags, path],
+                         capture_output=True, text=True, check=False)
+    if run.returncode == 0:
+        return [], ''
+    named = set(ANY_DIAGNOSTIC.findall(run.stderr))
+    out = [source for source in unit.sources if source in named]
+    # Where no source is named the headers clash: the second half tries its luck alone.
+    return out or unit.sources[len(unit.sources) // 2:], run.stderr
+
+
+def read(unit, folder):
+    """Reads a unit whole; returns what is said of it and the unit of those that it could not take."""
+    path = os.path.join(folder, unit.name + '.cpp')
+    left = []
+    said = ''
+    while unit.sources:
+        with open(path, 'w', encoding='utf-8') as text:
+            text.write(text_of(unit))
+        out, said = refused(unit, path)
+        if not out:
+            break
+        # The first source came before all others: nothing of them can stand in its way.
+        if len(unit.sources) == 1:
+            if not unit.apart:
+                return said, None
+            left += unit.sources
+            unit.sources = []
+            break
+        out = [source for source in out if source != unit.sources[0]] or unit.sources[1:]
+        left += out
+        unit.sources = [source for source in unit.sources if source not in out]
+    rest = None
+    if left:
+        # What came out as a whole stands in no namespace of its own.
+        apart = unit.apart and bool(unit.sources)
+        rest = Unit(unit.name + '_', unit.flags, left, apart)
+    if not unit.sources:
+        return '', rest
+    own_list = ['--config-file=tests/.clang-tidy'] if '/tests/' in unit.sources[0] else []
+    run = subprocess.run(['clang-tidy', '--quiet', '--header-filter=' + OWN_FILES, *own_list, path, '--', *unit.flags],
+                         capture_output=True, text=True, check=False)
+    said = run.stdout + (run.stderr if run.returncode and not run.stdout else '')
+    print(f'{unit.name}: {len(unit.sources)} read', file=sys.stderr, flush=True)
+    return (said if run.returncode or said.strip() else ''), rest
+
+
+def main():
+    build, generated, *sources = sys.argv[1:]
+    with open(os.path.join(build, 'compile_commands.json'), encoding='utf-8') as commands:
+        flags = {entry['file']: flags_of(entry['command']) + ('-I' + generated,) for entry in json.load(commands)}
+    groups = collections.OrderedDict()
+    for source in (os.path.abspath(name) for name in sources):
+        if source not in flags:
+            sys.exit(f'{source}: no target compiles it')
+        groups.setdefault((flags[source], source.endswith('_test.cpp')), []).append(source)
+    folder = os.path.join(build, 'units')
+    os.makedirs(folder, exist_ok=True)
+    units = []
+    for (flag, apart), members in groups.items():
+        for first in range(0, len(members), LARGEST_UNIT):
+            part = members[first:first + LARGEST_UNIT]
+            units.append(Unit(f'UnifiedSource{len(units):03}', flag, part, apart and len(part) > 1))
+    clean = True
+    with concurrent.futures.ThreadPoolExecutor(max_workers=os.cpu_count()) as readers:
+        running = {readers.submit(read, unit, folder) for unit in units}
+        while running:
+            ended, running = concurrent.futures.wait(running, return_when=concurrent.futures.FIRST_COMPLETED)
+            for one in ended:
+                said, rest = one.result()
+                if said:
+                    clean = False
+                    print(said, flush=True)
+                if rest:
+                    running.add(readers.submit(read, rest, folder))
+    sys.exit(0 if clean else 1)
+
+
+if __name__ == '__main__':
+    main()
