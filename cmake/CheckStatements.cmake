@@ -98,6 +98,8 @@ file(GLOB_RECURSE files RELATIVE ${ROOT} ${ROOT}/src/*.h ${ROOT}/src/*.cpp ${ROO
 foreach(file IN LISTS files)
   math(EXPR seen "${seen} + 1")
   read_lines(${file})
+  # Whatever the checks below look for is on one of these: the engine, the two doors, or a text of several words.
+  list(FILTER lines INCLUDE REGEX "sqlite3|AsWritten|StatementValue|\"[ ]*[A-Za-z]+ ")
   foreach(line IN LISTS lines)
     if("${file}" MATCHES "^${store}")
       check_store("${file}" "${line}")

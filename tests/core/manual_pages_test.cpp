@@ -8,6 +8,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QImage>
 #include <QRegularExpression>
 #include <QSet>
@@ -31,11 +32,14 @@ QStringList pagine() {
   return QDir(kManuale).entryList({QStringLiteral("*.md")});
 }
 
-/// Anchors of the headings of a page.
-QSet<QString> ancore(const QString& pagina) {
+/// Anchors of the headings of a page, which is read once a run.
+const QSet<QString>& ancore(const QString& pagina) {
+  static QHash<QString, QSet<QString>> lette;
+  const auto gia = lette.constFind(pagina);
+  if (gia != lette.cend()) return *gia;
   QTextDocument documento;
   documento.setMarkdown(testoDi(kManuale + pagina));
-  QSet<QString> trovate;
+  QSet<QString>& trovate = lette[pagina];
   for (QTextBlock blocco = documento.begin(); blocco.isValid(); blocco = blocco.next())
     if (blocco.blockFormat().headingLevel() > 0) trovate.insert(MarkdownView::anchorOf(blocco.text()));
   return trovate;
