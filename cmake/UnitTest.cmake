@@ -34,6 +34,10 @@ function(unit_test name)
       ${PROJECT_SOURCE_DIR}/cmake/DiscoverSuites.cmake
     BYPRODUCTS ${suites}
     VERBATIM)
+  set_property(
+    TARGET ${name}
+    APPEND
+    PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/DiscoverSuites.cmake)
   # A program that was never built is a failing test, not a missing one.
   file(
     WRITE ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake

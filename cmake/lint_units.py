@@ -6,7 +6,7 @@ are compiled alike and read in one go take little longer than one alone. A sourc
 (a name of its unnamed namespace that another has too) goes into the next unit. The sources stay where they are: a unit
 includes them, so that every line told is theirs.
 
-Prints what clang-tidy says; ends with 1 where it says anything or a source does not compile, else with 0.
+Prints what clang-tidy says; ends with 1 where it says anything or a source was not read, else with 0.
 """
 import collections
 import concurrent.futures
@@ -18,6 +18,13 @@ import subprocess
 import sys
 
 LARGEST_UNIT = 30
+# The static analyzer follows paths through an included source where the including file's name holds this.
+UNIT_NAME = 'UnifiedSource'
+# Functions that another of the unit calls are analyzed by themselves all the same.
+ANALYZER = ['--extra-arg=-Xclang', '--extra-arg=-analyzer-inlining-mode=all']
+# Two checks see no more than a unit's own lines.
+ALIAS = re.compile(r'^\s*namespace (\w+) = ', re.M)
+USING = re.compile(r'^\s*using (?:\w+::)+(\w+);', re.M)
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])(.*)[>"]', re.M)
 OWN_FILES = r'(/(src|devices)/.*\.h|\.cpp)$'
 ANY_DIAGNOSTIC = re.compile(r'^([^\s:]+\.(?:cpp|h)):\d+:\d+: (?:fatal )?error:', re.M)
@@ -43,6 +50,10 @@ def flags_of(command):
         else:
             kept.append(word)
     return tuple(kept)
+
+
+def of_tests(source):
+    return os.path.relpath(source).startswith('tests' + os.sep)
 
 
 def includes_of(source):
@@ -78,8 +89,20 @@ def refused(unit, path):
     return out or unit.sources[len(unit.sources) // 2:], run.stderr
 
 
+def unused_names(source):
+    """What clang-tidy says of unused aliases and using-declarations of a file that is read alone."""
+    with open(source, encoding='utf-8') as text:
+        content = text.read()
+    said = ''
+    for names in (ALIAS, USING):
+        for found in names.finditer(content):
+            if len(re.findall(rf'\b{found[1]}\b', content)) < 2:
+                said += f"{source}:{content.count(chr(10), 0, found.start(1)) + 1}: '{found[1]}' is unused\n"
+    return said
+
+
 def read(unit, folder):
-    """Reads a unit whole; returns what is said of it and the unit of those that it could not take."""
+    """Reads a unit whole; returns what is said of it, how many sources it read, and the unit of those left."""
     path = os.path.join(folder, unit.name + '.cpp')
     left = []
     said = ''
@@ -92,7 +115,8 @@ def read(unit, folder):
         # The first source came before all others: nothing of them can stand in its way.
         if len(unit.sources) == 1:
             if not unit.apart:
-                return said, None
+                rest = Unit(unit.name + '_', unit.flags, left, False) if left else None
+                return said or f'clang++ took no {unit.sources[0]}', 0, rest
             left += unit.sources
             unit.sources = []
             break
@@ -105,13 +129,16 @@ def read(unit, folder):
         apart = unit.apart and bool(unit.sources)
         rest = Unit(unit.name + '_', unit.flags, left, apart)
     if not unit.sources:
-        return '', rest
-    own_list = ['--config-file=tests/.clang-tidy'] if '/tests/' in unit.sources[0] else []
-    run = subprocess.run(['clang-tidy', '--quiet', '--header-filter=' + OWN_FILES, *own_list, path, '--', *unit.flags],
-                         capture_output=True, text=True, check=False)
-    said = run.stdout + (run.stderr if run.returncode and not run.stdout else '')
+        return '', 0, rest
+    own_list = ['--config-file=tests/.clang-tidy'] if of_tests(unit.sources[0]) else []
+    run = subprocess.run(['clang-tidy', '--quiet', '--header-filter=' + OWN_FILES, *ANALYZER, *own_list, path, '--',
+                          *unit.flags], capture_output=True, text=True, check=False)
+    said = run.stdout
+    if run.returncode and not said.strip():
+        said = f'clang-tidy ended with {run.returncode}: {path}\n{run.stderr}'
+    said += ''.join(unused_names(source) for source in unit.sources)
     print(f'{unit.name}: {len(unit.sources)} read', file=sys.stderr, flush=True)
-    return (said if run.returncode or said.strip() else ''), rest
+    return said if said.strip() else '', len(unit.sources), rest
 
 
 def main():
@@ -119,30 +146,36 @@ def main():
     with open(os.path.join(build, 'compile_commands.json'), encoding='utf-8') as commands:
         flags = {entry['file']: flags_of(entry['command']) + ('-I' + generated,) for entry in json.load(commands)}
     groups = collections.OrderedDict()
-    for source in (os.path.abspath(name) for name in sources):
+    wanted = list(dict.fromkeys(os.path.abspath(name) for name in sources))
+    for source in wanted:
         if source not in flags:
             sys.exit(f'{source}: no target compiles it')
-        groups.setdefault((flags[source], source.endswith('_test.cpp')), []).append(source)
+        kind = (source.endswith('_test.cpp'), of_tests(source))
+        groups.setdefault((flags[source], kind), []).append(source)
     folder = os.path.join(build, 'units')
     os.makedirs(folder, exist_ok=True)
     units = []
-    for (flag, apart), members in groups.items():
+    for (flag, (apart, _)), members in groups.items():
         for first in range(0, len(members), LARGEST_UNIT):
             part = members[first:first + LARGEST_UNIT]
-            units.append(Unit(f'UnifiedSource{len(units):03}', flag, part, apart and len(part) > 1))
+            units.append(Unit(f'{UNIT_NAME}{len(units):03}', flag, part, apart and len(part) > 1))
     clean = True
+    done = 0
     with concurrent.futures.ThreadPoolExecutor(max_workers=os.cpu_count()) as readers:
         running = {readers.submit(read, unit, folder) for unit in units}
         while running:
             ended, running = concurrent.futures.wait(running, return_when=concurrent.futures.FIRST_COMPLETED)
             for one in ended:
-                said, rest = one.result()
+                said, count, rest = one.result()
+                done += count
                 if said:
                     clean = False
                     print(said, flush=True)
                 if rest:
                     running.add(readers.submit(read, rest, folder))
-    sys.exit(0 if clean else 1)
+    if done < len(wanted):
+        print(f'{done} of {len(wanted)} sources read')
+    sys.exit(0 if clean and done == len(wanted) else 1)
 
 
 if __name__ == '__main__':

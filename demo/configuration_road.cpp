@@ -168,8 +168,9 @@ void Road::save(const QString& command, const QString& what) {
     // The editor's own foot, and not its frame's.
     const QWidget* editor = control(kFrame, kTabs).parentWidget();
     const auto* foot = editor->findChild<OutcomeBar*>(QStringLiteral("BarraEsito"));
-    require(foot != nullptr && foot->text().startsWith(QStringLiteral("Salvato: ")), what);
-    row(QStringLiteral("Configurazione"), foot->text());
+    const QString said = foot != nullptr ? foot->text() : QString();
+    require(said.startsWith(QStringLiteral("Salvato: ")), what);
+    row(QStringLiteral("Configurazione"), said);
     photograph(kFrame, what);
   });
 }

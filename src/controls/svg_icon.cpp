@@ -58,7 +58,7 @@ QImage coverOf(const QString& file, const QSize& size) {
 
 QPixmap tinted(const QImage& cover, const QColor& colour) {
   QImage image(cover.size(), QImage::Format_ARGB32_Premultiplied);
-  image.fill(colour);
+  image.fill(colour.rgb());
   QPainter painter(&image);
   painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
   painter.drawImage(0, 0, cover);

@@ -1,5 +1,6 @@
 #include "core/start.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QPainter>
 #include <QTimer>
@@ -25,7 +26,7 @@ constexpr int kPrimaImmagineMs = 30;
 constexpr auto kModulo = "start";
 
 QPixmap marchio(const QWidget& schermo) {
-  const qreal scala = schermo.devicePixelRatioF();
+  const qreal scala = qApp->devicePixelRatio();
   const QRect tutto(0, 0, kMarchio, kMarchio);
   QPixmap segno(tutto.size() * scala);
   segno.setDevicePixelRatio(scala);

@@ -15,7 +15,6 @@
 
 namespace {
 
-using testing::ElementsAre;
 using Tipo = articles::EsitoImport::Tipo;
 
 struct ImportGuasti : ImportArticoli {};

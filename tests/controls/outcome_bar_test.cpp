@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QTest>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include "sostegno/fixed_clock.h"
 
@@ -85,10 +86,10 @@ TEST(BarraEsito, UnNomeSenzaFineNonLaAllargaEStaInteroNelSuggerimento) {
 
 namespace {
 
-/// Where the pointer goes from one place of the screen to another.
+/// The pointer comes to a place of the screen from another.
 void moveTo(QWidget& window, QWidget& target) {
-  QTest::mouseMove(window.windowHandle(), target.mapTo(&window, target.rect().center()));
-  QCoreApplication::processEvents();
+  QTest::mouseMove(&window, QPoint(1, 1));
+  QTest::mouseMove(&target);
 }
 
 }  // namespace
@@ -108,14 +109,15 @@ TEST(BarraEsito, IlTestoSiScegliePassandoCiSopraENonCambiaPosto) {
   const QSize prima = barra->sizeHint();
   const QSize minima = barra->minimumSizeHint();
 
+  EXPECT_FALSE(testo->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
   moveTo(finestra, *testo);
+  EXPECT_TRUE(testo->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
   EXPECT_EQ(barra->sizeHint(), prima);
   EXPECT_EQ(barra->minimumSizeHint(), minima);
   const QPoint sullaPrimaParola(10, testo->height() / 2);
   QTest::mouseDClick(testo, Qt::LeftButton, Qt::NoModifier, sullaPrimaParola);
   EXPECT_EQ(testo->selectedText(), QStringLiteral("Salvati"));
-  QTest::mouseMove(finestra.windowHandle(), QPoint(300, 20));
-  QCoreApplication::processEvents();
+  QTest::mouseMove(&finestra, QPoint(300, 20));
   EXPECT_EQ(testo->selectedText(), QStringLiteral("Salvati")) << "what is chosen stays when the pointer goes";
 
   barra->tell(Kind::Done, QStringLiteral("Salvati 29 articoli"));
@@ -124,6 +126,33 @@ TEST(BarraEsito, IlTestoSiScegliePassandoCiSopraENonCambiaPosto) {
   QTest::mouseDClick(testo, Qt::LeftButton, Qt::NoModifier, sullaPrimaParola);
   EXPECT_EQ(testo->selectedText(), QStringLiteral("Salvati"));
   EXPECT_EQ(testo->focusPolicy(), Qt::ClickFocus);
+}
+
+TEST(BarraEsito, UnTestoSuDueRigheNonSpostaNullaQuandoSiPuoScegliere) {
+  QWidget finestra;
+  auto* colonna = new QVBoxLayout(&finestra);
+  auto* barra = new OutcomeBar;
+  colonna->addWidget(new QLabel(QStringLiteral("Elenco")), 1);
+  colonna->addWidget(barra);
+  finestra.resize(400, 300);
+  finestra.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&finestra));
+  barra->tell(Kind::Done, QStringLiteral("Salvati gli articoli ").repeated(6));
+  QCoreApplication::processEvents();
+  QLabel* testo = nullptr;
+  for (QLabel* scritta : barra->findChildren<QLabel*>())
+    if (scritta->text() == barra->text()) testo = scritta;
+  ASSERT_NE(testo, nullptr);
+  const QRect posto = barra->geometry();
+  const QRect delTesto = testo->geometry();
+  ASSERT_GE(delTesto.height(), 2 * testo->fontMetrics().height()) << "more than one line";
+  const QPointF punto = testo->rect().center();
+  QEnterEvent entra(punto, testo->mapTo(&finestra, punto), testo->mapToGlobal(punto));
+  QCoreApplication::sendEvent(testo, &entra);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(testo->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+  EXPECT_EQ(barra->geometry(), posto);
+  EXPECT_EQ(testo->geometry(), delTesto);
 }
 
 TEST(BarraEsito, VuotaNonPrendeIlFuoco) {

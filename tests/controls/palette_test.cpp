@@ -133,7 +133,10 @@ TEST(Stile, SegueIlDesktopChiaroEScuro) {
 /// Without the look of another test, and without leaving its own.
 class FoglioCheArriva : public testing::Test {
  protected:
-  FoglioCheArriva() { style::begin(*qApp, style::Theme::Light); }
+  FoglioCheArriva() {
+    qApp->setStyleSheet({});
+    style::begin(*qApp, style::Theme::Light);
+  }
   ~FoglioCheArriva() override {
     style::whole();
     qApp->setStyleSheet({});

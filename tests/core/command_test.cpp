@@ -15,7 +15,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 const QString kProcedura = QStringLiteral("Prova_Click");
 const QString kModulo = QStringLiteral("Form_Prova");

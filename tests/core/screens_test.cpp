@@ -144,6 +144,7 @@ TEST_F(SchermateTest, UnoSchermoPiuGrandeDelDisplayCiSta) {
 }
 
 TEST_F(SchermateTest, UnaSiFaSottoIlFoglioDiStileIntero) {
+  qApp->setStyleSheet({});
   style::begin(*qApp, style::Theme::Light);
   const auto via = qScopeGuard([] { qApp->setStyleSheet({}); });
   bool intero = false;

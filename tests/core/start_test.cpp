@@ -364,6 +364,7 @@ TEST_F(Start, IlLogNellaSolaCartellaCorrenteResta) {
 
 TEST_F(Start, SiVedeUgualeSenzaIlFoglioDiStileEConEsso) {
   style::iconFolder(QStringLiteral(GESTIONALE_SOURCES "/data/icons"));
+  qApp->setStyleSheet({});
   style::begin(*qApp, style::Theme::Light);
   const auto via = qScopeGuard([] { qApp->setStyleSheet({}); });
   start& schermo = menu();
@@ -377,6 +378,7 @@ TEST_F(Start, SiVedeUgualeSenzaIlFoglioDiStileEConEsso) {
 }
 
 TEST_F(Start, StaSulloSchermoPrimaDelFoglioDiStileCheArrivaConLaSuaImmagine) {
+  qApp->setStyleSheet({});
   style::begin(*qApp, style::Theme::Light);
   const auto via = qScopeGuard([] {
     style::whole();
@@ -390,6 +392,7 @@ TEST_F(Start, StaSulloSchermoPrimaDelFoglioDiStileCheArrivaConLaSuaImmagine) {
 
 TEST_F(Start, ISuoiSegniSonoQuelliDelTema) {
   style::iconFolder(QStringLiteral(GESTIONALE_SOURCES "/data/icons"));
+  qApp->setStyleSheet({});
   style::begin(*qApp, style::Theme::Light);
   const auto via = qScopeGuard([] {
     style::whole();
@@ -398,9 +401,9 @@ TEST_F(Start, ISuoiSegniSonoQuelliDelTema) {
   start& schermo = menu();
   const QImage segno =
       schermo.findChild<QLabel*>(QStringLiteral("Picture1"))->pixmap(Qt::ReturnByValue).toImage();
-  EXPECT_EQ(segno.size(), QSize(42, 42));
+  EXPECT_EQ(segno.deviceIndependentSize(), QSizeF(42, 42));
   EXPECT_EQ(segno.pixelColor(0, 0).alpha(), 0) << "round corners";
-  EXPECT_EQ(segno.pixelColor(21, 2), QApplication::palette().color(QPalette::Highlight));
+  EXPECT_EQ(segno.pixelColor(segno.width() / 2, 2), QApplication::palette().color(QPalette::Highlight));
   const QFont insegna = schermo.findChild<QLabel*>(QStringLiteral("insegna"))->font();
   EXPECT_EQ(insegna.weight(), QFont::DemiBold);
   EXPECT_DOUBLE_EQ(insegna.pointSizeF(), 1.5 * schermo.font().pointSizeF());
