@@ -8,7 +8,6 @@ includes them, so that every line told is theirs.
 
 Prints what clang-tidy says; ends with 1 where it says anything or a source was not read, else with 0.
 """
-import collections
 import concurrent.futures
 import json
 import os
@@ -38,18 +37,27 @@ class Unit:
 
 
 def flags_of(command):
-    """What the compiler is told of a source, without the source, what comes out of it and the sanitizers' code."""
-    words = shlex.split(command)[1:]
-    kept = []
-    skip = False
+    """How a source is read: its includes, its definitions, and the warnings and the language. What it comes to, the
+    sanitizers' code and the like make no difference to a reader."""
+    includes, definitions, rest = [], [], []
+    words = iter(shlex.split(command)[1:])
     for word in words:
-        if skip or word == '-c' or word.startswith('-fsanitize') or word.endswith(('.cpp', '.o')):
-            skip = False
-        elif word == '-o':
-            skip = True
-        else:
-            kept.append(word)
-    return tuple(kept)
+        if word == '-o':
+            next(words)
+        elif word == '-isystem':
+            includes.append(('-isystem', next(words)))
+        elif word.startswith('-I'):
+            includes.append((word,))
+        elif word.startswith('-D'):
+            definitions.append(word)
+        elif word.startswith(('-W', '-std', '-fPIC')):
+            rest.append(word)
+    return includes, definitions, tuple(rest)
+
+
+def definitions_clash(definitions):
+    """Whether a name is defined in two ways."""
+    return len({word.partition('=')[0] for word in definitions}) < len(definitions)
 
 
 def of_tests(source):
@@ -141,24 +149,50 @@ def read(unit, folder):
     return said if said.strip() else '', len(unit.sources), rest
 
 
+class Group:
+    """Sources that can be read alike: the includes and the definitions of all of them."""
+
+    def __init__(self, rest, apart, tests):
+        self.rest, self.apart, self.tests = rest, apart, tests
+        self.includes, self.definitions, self.sources = {}, {}, []
+
+
+def place(source, flags, groups):
+    """Puts a source into the first group that can take it, else into a new one."""
+    includes, definitions, rest = flags
+    with open(source, encoding='utf-8') as text:
+        apart = source.endswith('_test.cpp') or 'int main(' in text.read()
+    kind = (rest, apart, of_tests(source))
+    for group in groups:
+        if (group.rest, group.apart, group.tests) == kind and not definitions_clash({*group.definitions, *definitions}):
+            break
+    else:
+        group = Group(*kind)
+        groups.append(group)
+    group.includes.update(dict.fromkeys(includes))
+    group.definitions.update(dict.fromkeys(definitions))
+    group.sources.append(source)
+
+
 def main():
     build, generated, *sources = sys.argv[1:]
     with open(os.path.join(build, 'compile_commands.json'), encoding='utf-8') as commands:
-        flags = {entry['file']: flags_of(entry['command']) + ('-I' + generated,) for entry in json.load(commands)}
-    groups = collections.OrderedDict()
+        flags = {entry['file']: flags_of(entry['command']) for entry in json.load(commands)}
     wanted = list(dict.fromkeys(os.path.abspath(name) for name in sources))
+    groups = []
     for source in wanted:
         if source not in flags:
             sys.exit(f'{source}: no target compiles it')
-        kind = (source.endswith('_test.cpp'), of_tests(source))
-        groups.setdefault((flags[source], kind), []).append(source)
+        place(source, flags[source], groups)
     folder = os.path.join(build, 'units')
     os.makedirs(folder, exist_ok=True)
     units = []
-    for (flag, (apart, _)), members in groups.items():
-        for first in range(0, len(members), LARGEST_UNIT):
-            part = members[first:first + LARGEST_UNIT]
-            units.append(Unit(f'{UNIT_NAME}{len(units):03}', flag, part, apart and len(part) > 1))
+    for group in groups:
+        flag = [*(word for include in group.includes for word in include), *group.definitions, *group.rest,
+                '-I' + generated]
+        for first in range(0, len(group.sources), LARGEST_UNIT):
+            part = group.sources[first:first + LARGEST_UNIT]
+            units.append(Unit(f'{UNIT_NAME}{len(units):03}', flag, part, group.apart and len(part) > 1))
     clean = True
     done = 0
     with concurrent.futures.ThreadPoolExecutor(max_workers=os.cpu_count()) as readers:
