@@ -79,6 +79,9 @@ struct Rifiutata {
   const char* riga;
   const char* detto;
 };
+void PrintTo(const Rifiutata& una, std::ostream* uscita) {
+  *uscita << una.riga;
+}
 
 }  // namespace
 

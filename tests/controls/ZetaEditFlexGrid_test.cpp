@@ -509,6 +509,9 @@ struct Scelta {
   const char* testo;
   const char* casella;
 };
+void PrintTo(const Scelta& una, std::ostream* uscita) {
+  *uscita << una.allineamento.toInt() << " over " << una.testo << ": " << una.casella;
+}
 constexpr auto kGenerale = FlexGrid::kGeneralAlignment;
 
 class AllineamentoInGriglia : public EditorInGriglia, public testing::WithParamInterface<Scelta> {};

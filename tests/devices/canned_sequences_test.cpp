@@ -11,6 +11,9 @@ struct Sequenza {
   const char* tasti;
   QByteArrayList carta;
 };
+void PrintTo(const Sequenza& una, std::ostream* uscita) {
+  *uscita << una.nome;
+}
 
 const QByteArray kNonFiscale = centrata("*** NON FISCALE ***");
 const QByteArrayList kVenduto{riga("ALIMENTARI", "1,50")};

@@ -41,6 +41,9 @@ class Carrier {
 };
 
 enum class Line { Network, Serial };
+inline void PrintTo(Line line, std::ostream* output) {
+  *output << (line == Line::Network ? "Network" : "Serial");
+}
 std::unique_ptr<Carrier> carrierTo(TestTill& till, Line line);
 
 /// A programmed till with a clock that stands at 22/11/2026 10:15:33, its paper, and a line to it.

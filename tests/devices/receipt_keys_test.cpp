@@ -13,6 +13,9 @@ struct Rifiuto {
   const char* prima;
   const char* tasti;
 };
+void PrintTo(const Rifiuto& uno, std::ostream* uscita) {
+  *uscita << uno.nome;
+}
 
 const Rifiuto kRifiuti[] = {
     {"TastoSconosciuto", "1R", "q"},

@@ -10,6 +10,13 @@
 #include "ecrlink/transfer_lock.h"
 #include "sostegno/troubles.h"
 
+namespace ecrlink {
+void PrintTo(Precedente precedente, std::ostream* uscita);
+void PrintTo(Precedente precedente, std::ostream* uscita) {
+  *uscita << (precedente == Precedente::Tenuto ? "Tenuto" : "Rimosso");
+}
+}  // namespace ecrlink
+
 using namespace ecrlink;
 
 namespace {

@@ -69,6 +69,9 @@ struct Fornite {
   const char* cartella;
   int larghezza;
 };
+void PrintTo(const Fornite& una, std::ostream* uscita) {
+  *uscita << una.classe;
+}
 
 class GraficaSuCarta : public GraphicsScene, public testing::WithParamInterface<Fornite> {
  protected:

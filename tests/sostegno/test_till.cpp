@@ -22,6 +22,9 @@ constexpr std::uint32_t kNumbers = 1U << 24U;
 /// More than the tests of one program take, since programs run side by side.
 constexpr std::uint32_t kPerProcess = 4093;
 constexpr qsizetype kPlaces = 5000;
+/// In the order of ecrsim::FaultKind.
+constexpr std::array kFaultNames{"Code",     "Silence", "CutBefore", "CutWithin", "CutAfter", "ShortFile",
+                                 "LongFile", "Garbage", "Noise",     "CutHead",   "CutMarker"};
 
 /// 127.0.0.x is for people; 0 and 255 at the end look like a network and its broadcast.
 bool usable(std::uint32_t number) {
@@ -111,7 +114,9 @@ QStringList callsOf(TestTill& till) {
 }
 
 std::string faultName(int mode, ecrsim::FaultKind kind) {
-  static constexpr std::array kNames{"Code",     "Silence",   "CutBefore", "CutWithin",
-                                     "CutAfter", "ShortFile", "LongFile",  "Garbage"};
-  return "Mode" + std::to_string(mode) + kNames.at(static_cast<std::size_t>(kind));
+  return "Mode" + std::to_string(mode) + kFaultNames.at(static_cast<std::size_t>(kind));
+}
+
+void ecrsim::PrintTo(FaultKind kind, std::ostream* output) {
+  *output << kFaultNames.at(static_cast<std::size_t>(kind));
 }

@@ -71,3 +71,6 @@ class ShortTimeouts {
 QStringList callsOf(TestTill& till);
 /// Name of a fault for a test's parameter: "Mode7Silence".
 std::string faultName(int mode, ecrsim::FaultKind kind);
+namespace ecrsim {
+void PrintTo(FaultKind kind, std::ostream* output);
+}  // namespace ecrsim
