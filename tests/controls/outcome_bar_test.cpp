@@ -86,6 +86,13 @@ TEST(BarraEsito, UnNomeSenzaFineNonLaAllargaEStaInteroNelSuggerimento) {
 
 namespace {
 
+/// The label that bears the bar's text.
+QLabel* scritto(const OutcomeBar& barra) {
+  for (QLabel* scritta : barra.findChildren<QLabel*>())
+    if (scritta->text() == barra.text()) return scritta;
+  return nullptr;
+}
+
 /// The pointer comes to a place of the screen from another.
 void moveTo(QWidget& window, QWidget& target) {
   QTest::mouseMove(&window, QPoint(1, 1));
@@ -102,9 +109,7 @@ TEST(BarraEsito, IlTestoSiScegliePassandoCiSopraENonCambiaPosto) {
   finestra.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&finestra));
   barra->tell(Kind::Done, QStringLiteral("Salvati 28 articoli"));
-  QLabel* testo = nullptr;
-  for (QLabel* scritta : barra->findChildren<QLabel*>())
-    if (scritta->text() == barra->text()) testo = scritta;
+  QLabel* const testo = scritto(*barra);
   ASSERT_NE(testo, nullptr);
   const QSize prima = barra->sizeHint();
   const QSize minima = barra->minimumSizeHint();
@@ -139,9 +144,7 @@ TEST(BarraEsito, UnTestoSuDueRigheNonSpostaNullaQuandoSiPuoScegliere) {
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&finestra));
   barra->tell(Kind::Done, QStringLiteral("Salvati gli articoli ").repeated(6));
   QCoreApplication::processEvents();
-  QLabel* testo = nullptr;
-  for (QLabel* scritta : barra->findChildren<QLabel*>())
-    if (scritta->text() == barra->text()) testo = scritta;
+  QLabel* const testo = scritto(*barra);
   ASSERT_NE(testo, nullptr);
   const QRect posto = barra->geometry();
   const QRect delTesto = testo->geometry();
