@@ -24,10 +24,6 @@ struct Promessa {
   /// What the display shows at last; empty where that is not promised.
   QByteArray display{};
 };
-void PrintTo(const Promessa& una, std::ostream* uscita) {
-  *uscita << una.nome;
-}
-
 void PrintTo(const Promessa& promessa, std::ostream* output) {
   *output << promessa.nome;
 }
