@@ -44,11 +44,6 @@ Appearance appearance(OutcomeBar::Kind kind) {
 class CopiedText : public QLabel {
  public:
   using QLabel::QLabel;
-  /// Another text in place of what was told, and of what was selected in it.
-  void tell(const QString& text) {
-    if (!underMouse()) setTextInteractionFlags(Qt::NoTextInteraction);
-    setText(text);
-  }
 
  protected:
   void enterEvent(QEnterEvent* event) override {
@@ -93,7 +88,8 @@ void OutcomeBar::tell(Kind kind, const QString& text, Action action) {
   const Appearance now = appearance(kind);
   sign_->setVisible(!text.isEmpty());
   sign_->setPixmap(style::signIcon(QLatin1String(now.icon), now.badge).pixmap(kSign));
-  static_cast<CopiedText*>(text_)->tell(text);
+  if (!text_->underMouse()) text_->setTextInteractionFlags(Qt::NoTextInteraction);
+  text_->setText(text);
   // Where nothing is told there is nothing to come to.
   text_->setFocusPolicy(text.isEmpty() ? Qt::NoFocus : Qt::ClickFocus);
   text_->setToolTip(text);

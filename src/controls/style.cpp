@@ -27,12 +27,6 @@ const Tints*& applied() {
   return colours;
 }
 
-/// Those whose style sheet is still to be laid on; null where it lies.
-const Tints*& owed() {
-  static const Tints* colours = nullptr;
-  return colours;
-}
-
 QString& icons() {
   static QString folder;
   return folder;
@@ -73,6 +67,7 @@ class Awaiting : public QObject {
   }
 };
 
+/// Null where the style sheet lies.
 QPointer<Awaiting>& awaiting() {
   static QPointer<Awaiting> watch;
   return watch;
@@ -98,16 +93,13 @@ void begin(QApplication& application, Theme theme) {
   QApplication::setStyle(new ProgramStyle(colours));
   QApplication::setPalette(palette(colours));
   if (!awaiting()) application.installEventFilter(awaiting() = new Awaiting(&application));
-  owed() = &colours;
 }
 
 void whole() {
-  const Tints* const colours = std::exchange(owed(), nullptr);
-  if (!colours) return;
-  qApp->setStyleSheet(styleSheetText(*colours));
-  // It may be watching the very event that leads here.
-  if (awaiting()) awaiting()->deleteLater();
-  awaiting() = nullptr;
+  if (!awaiting()) return;
+  // It may be watching the very event that leads here, and watches those of the sheet no more.
+  std::exchange(awaiting(), QPointer<Awaiting>())->deleteLater();
+  qApp->setStyleSheet(styleSheetText(*applied()));
 }
 
 void iconFolder(const QString& folder) {

@@ -11,7 +11,6 @@
 #include "sostegno/troubles.h"
 
 namespace ecrlink {
-void PrintTo(Precedente precedente, std::ostream* uscita);
 void PrintTo(Precedente precedente, std::ostream* uscita) {
   *uscita << (precedente == Precedente::Tenuto ? "Tenuto" : "Rimosso");
 }
@@ -94,9 +93,7 @@ TEST_P(FileRicevuto, UnaCartellaAlSuoPostoSiDiceELaCassaNonSiChiama) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Entrambi, FileRicevuto, testing::Values(Precedente::Rimosso, Precedente::Tenuto),
-                         [](const auto& caso) {
-                           return std::string(caso.param == Precedente::Tenuto ? "Tenuto" : "Rimosso");
-                         });
+                         testing::PrintToStringParamName());
 
 using FilePrecedente = FileRicevuto;
 
