@@ -1,0 +1,1 @@
+#include "customers/a.h"
