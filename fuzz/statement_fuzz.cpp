@@ -31,7 +31,8 @@ struct Template {
   const char* meaning;
 };
 
-// One of each wording that the program's screens and procedures have.
+// One of each wording that the articles' and the sales' screens and procedures have; those of the customers'
+// are of the same kinds, on tables that these archives do not hold.
 const std::array kTemplates{
     Template{{{u"UPDATE TAB_ARTICOLI SET Codice_Articolo = '", Kind::Text},
               {u"',Descrizione = '", Kind::Text},
@@ -53,6 +54,16 @@ const std::array kTemplates{
              u"",
              "UPDATE TAB_ARTICOLI SET Codice_EAN = ?1, Codice_Articolo = ?2, Descrizione = ?3, Prezzo = ?4,"
              " Reparto = ?5, Filler = 'ERR' WHERE auto_id = ?6"},
+    Template{{{u"UPDATE TAB_ARTICOLI SET Descrizione = '", Kind::Text},
+              {u"',Codice_EAN ='", Kind::Text},
+              {u"',Prezzo =", Kind::Whole},
+              {u",Reparto =", Kind::Whole},
+              {u",varprezzo = ", Kind::Truth},
+              {u",prezzozero = ", Kind::Truth},
+              {u" WHERE auto_id =", Kind::RowId}},
+             u"",
+             "UPDATE TAB_ARTICOLI SET Descrizione = ?1, Codice_EAN = ?2, Prezzo = ?3, Reparto = ?4,"
+             " VarPrezzo = ?5, PrezzoZero = ?6 WHERE auto_id = ?7"},
     Template{{{u"INSERT INTO TAB_ARTICOLI (Codice_EAN,Codice_Articolo,Descrizione,Prezzo,Reparto,Filler) "
                u"Values ('",
                Kind::Text},
@@ -69,6 +80,9 @@ const std::array kTemplates{
     Template{{{u"DELETE FROM TAB_VARIAZIONI where Codice_EAN = '", Kind::Text}},
              u"';",
              "DELETE FROM TAB_VARIAZIONI WHERE Codice_EAN = ?1"},
+    Template{{{u"SELECT TipoOperazione from TAB_VARIAZIONI where Codice_EAN = '", Kind::Text}},
+             u"' AND (TipoOperazione ='C') ;",
+             "SELECT TipoOperazione FROM TAB_VARIAZIONI WHERE Codice_EAN = ?1 AND TipoOperazione = 'C'"},
     Template{{{u"UPDATE TAB_VARIAZIONI SET TipoOperazione = 'I' WHERE Codice_EAN ='", Kind::Text}},
              u"'",
              "UPDATE TAB_VARIAZIONI SET TipoOperazione = 'I' WHERE Codice_EAN = ?1"},

@@ -19,9 +19,10 @@ namespace store {
 namespace {
 
 constexpr std::size_t kMaxPrepared = 64;
-/// Steps of the engine's between two looks at the clock: some ten microseconds. The engine counts them anew
-/// at each statement, and what opens a large schema is many small ones.
-constexpr int kStepsBetweenLooks = 1000;
+/// Steps of the engine's between two looks at the clock: some microseconds, where no step is a function over
+/// a long text. The engine counts them anew at each statement, and what opens a large schema is many small
+/// ones.
+constexpr int kStepsBetweenLooks = 100;
 
 std::string_view view(const QByteArray& byte) {
   return {byte.constData(), static_cast<std::size_t>(byte.size())};

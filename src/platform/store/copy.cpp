@@ -35,7 +35,7 @@ void CopyArchive(const QString& source, const QString& target) {
     CopyOpenArchive(source, output.path());
   else
     CopyInto(output, source);
-  CloseJournal(real);
+  SettleLogs(real);
   output.settle();
   // The file that these stood on is no archive any more: a write through them would be lost.
   for (Connection* connection : open_connections::onFile(real)) connection->abandon();

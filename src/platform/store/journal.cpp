@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 
+#include "platform/error.h"
 #include "platform/store/engine.h"
 
 namespace store {
@@ -26,14 +27,19 @@ void RemoveJournal(sqlite3* db) {
   sqlite3_exec(db, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
 }
 
-void CloseJournal(const QString& archive) {
+// The engine takes a log for the file's, whatever file it was written for.
+void SettleLogs(const QString& archive) {
   const QString journal = archive + QStringLiteral("-journal");
-  if (!QFileInfo::exists(journal)) return;
+  const QString log = archive + QStringLiteral("-wal");
+  if (!QFileInfo::exists(log) && !QFileInfo::exists(journal)) return;
   if (QFileInfo(archive).size() > 0) {
     const Engine db = OpenEngine(archive, SQLITE_OPEN_READWRITE);
     sqlite3_exec(db.get(), "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
+    const int outcome = sqlite3_exec(db.get(), "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
+    if (outcome == SQLITE_BUSY && QFileInfo::exists(log)) throw errors::accessDenied(archive);
   }
-  ::unlink(journal.toUtf8().constData());
+  for (const QString& left : {journal, log, archive + QStringLiteral("-shm")})
+    ::unlink(left.toUtf8().constData());
 }
 
 }  // namespace store

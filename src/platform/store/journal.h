@@ -11,8 +11,9 @@ namespace store {
 /// one at its path; it does no harm there and goes with the next close.
 void RemoveJournal(sqlite3* db);
 
-/// Plays back and deletes the journal that a killed program left beside an archive, so that it is not taken
-/// for the journal of the file that is about to stand in its place.
-void CloseJournal(const QString& archive);
+/// Plays back and deletes the journal or the log that a killed program left beside an archive, there or not,
+/// so that it is not taken for that of the file that is about to stand in the archive's place. Throws Errore
+/// 70 where somebody is at work on the log.
+void SettleLogs(const QString& archive);
 
 }  // namespace store

@@ -2,6 +2,7 @@
 
 #include <QChar>
 #include <bit>
+#include <limits>
 
 namespace store {
 
@@ -76,10 +77,18 @@ char32_t TakeCharacter(std::string_view& text) {
 }
 
 bool MatchesPattern(std::string_view pattern, std::string_view text) {
+  return *MatchesPattern(pattern, text, std::numeric_limits<std::size_t>::max());
+}
+
+std::optional<bool> MatchesPattern(std::string_view pattern, std::string_view text, std::size_t comparisons) {
   std::string_view patternAfterStar;
   std::string_view textAfterStar;
   bool star = false;
   while (!text.empty() || !pattern.empty()) {
+    // A set is read to its end.
+    const std::size_t needed = !pattern.empty() && pattern.front() == '[' ? pattern.size() : 1;
+    if (needed > comparisons) return std::nullopt;
+    comparisons -= needed;
     if (!pattern.empty() && pattern.front() == '*') {
       pattern.remove_prefix(1);
       if (pattern.empty()) return true;

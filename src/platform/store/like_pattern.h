@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace store {
@@ -13,6 +15,9 @@ char32_t TakeCharacter(std::string_view& text);
 /// The dialect's LIKE on UTF-8: `*` any text, `?` one character, `#` one digit, `[a-z]` and `[!a-z]` sets.
 /// Letter case does not matter, accented letters included.
 bool MatchesPattern(std::string_view pattern, std::string_view text);
+/// The same, within a number of comparisons, which is counted down: nothing where it does not suffice. A
+/// pattern of many characters behind a `*` takes the product of its length and the text's.
+std::optional<bool> MatchesPattern(std::string_view pattern, std::string_view text, std::size_t comparisons);
 
 /// False where a `[` is never closed: such a pattern is an error of the statement.
 bool ValidPattern(std::string_view pattern);

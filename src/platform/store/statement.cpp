@@ -70,47 +70,51 @@ std::optional<qsizetype> breakUnless(bool sound) {
 }  // namespace
 
 StatementValue text(const QString& value) {
-  return StatementValue(value, closingApostrophe(value));
+  return {StatementValue::Kind::Text, value, closingApostrophe(value)};
 }
 
 StatementValue number(std::int64_t value) {
-  return StatementValue(QString::number(value), std::nullopt, true);
+  return {StatementValue::Kind::Number, QString::number(value)};
 }
 
 StatementValue number(double value) {
   // Whole numbers, EANs foremost, have exact digits without the long way of a fraction.
   if (std::abs(value) < kFirstBeyondDigits && std::nearbyint(value) == value)
     return number(static_cast<std::int64_t>(value));
-  return StatementValue(QString::number(value, 'g', kDigits), breakUnless(std::isfinite(value)), true);
+  return {StatementValue::Kind::Number, QString::number(value, 'g', kDigits),
+          breakUnless(std::isfinite(value))};
 }
 
 StatementValue number(const QString& written) {
-  return StatementValue(written, breakUnless(plainNumber(written)), true);
+  return {StatementValue::Kind::Number, written, breakUnless(plainNumber(written))};
 }
 
 StatementValue rowId(const QString& written) {
   QStringView rest = written;
   const bool digits = take(rest, digit) && rest.isEmpty();
-  return StatementValue(written, breakUnless(digits), true);
+  return {StatementValue::Kind::Number, written, breakUnless(digits)};
 }
 
 StatementValue flag(bool value) {
-  return StatementValue(value ? QStringLiteral("true") : QStringLiteral("false"));
+  return {StatementValue::Kind::Flag, value ? QStringLiteral("true") : QStringLiteral("false")};
 }
 
 Statement Statement::AsWritten(const QString& sql) {
   Statement statement;
   statement.sql_ = sql;
+  statement.inText_ = sql.count(u'\'') % 2 != 0;
   return statement;
 }
 
 Statement& Statement::operator+=(Wording wording) {
   sql_ += wording.view();
+  inText_ = inText_ != wording.turns();
   return *this;
 }
 
 Statement& Statement::operator+=(const StatementValue& value) {
-  if (value.breaksAt() && !broken_) broken_ = Break{sql_.size() + *value.breaksAt(), value.isNumber()};
+  const auto breaksAt = value.isText() && !inText_ ? 0 : value.breaksAt();
+  if (breaksAt && !broken_) broken_ = Break{sql_.size() + *breaksAt, value.isNumber()};
   sql_ += value.text();
   return *this;
 }
@@ -118,6 +122,7 @@ Statement& Statement::operator+=(const StatementValue& value) {
 Statement& Statement::operator+=(const Statement& other) {
   if (other.broken_ && !broken_) broken_ = Break{sql_.size() + other.broken_->at, other.broken_->number};
   sql_ += other.sql_;
+  inText_ = inText_ != other.inText_;
   return *this;
 }
 
@@ -140,6 +145,10 @@ Statement operator+(Statement left, const StatementValue& right) {
 Statement operator+(Statement left, const Statement& right) {
   left += right;
   return left;
+}
+
+Statement beginsWith(Wording left, const QString& value) {
+  return left + text(value) + u"*'";
 }
 
 }  // namespace store

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringView>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -14,13 +15,17 @@ namespace store {
 class Wording {
  public:
   template <std::size_t N>
-  consteval Wording(const char16_t (&literal)[N]) : text_(literal), size_(N - 1) {}
+  consteval Wording(const char16_t (&literal)[N])
+      : text_(literal), size_(N - 1), turns_(std::count(literal, literal + size_, u'\'') % 2 != 0) {}
 
   QStringView view() const { return {text_, static_cast<qsizetype>(size_)}; }
+  /// Opens a literal between apostrophes that it does not close, or closes one that stood open.
+  bool turns() const { return turns_; }
 
  private:
   const char16_t* text_;
   std::size_t size_;
+  bool turns_;
 };
 
 /// A value on its way into a statement, as the wording is to hold it. Nothing but the helpers below makes
@@ -30,16 +35,19 @@ class StatementValue {
   const QString& text() const { return text_; }
   /// Where, in the text, the value stops being a value; nothing for one that stays within its place.
   std::optional<qsizetype> breaksAt() const { return breaksAt_; }
-  bool isNumber() const { return isNumber_; }
+  bool isNumber() const { return kind_ == Kind::Number; }
+  /// Belongs between apostrophes.
+  bool isText() const { return kind_ == Kind::Text; }
 
  private:
-  explicit StatementValue(QString text, std::optional<qsizetype> breaksAt = std::nullopt,
-                          bool isNumber = false)
-      : text_(std::move(text)), breaksAt_(breaksAt), isNumber_(isNumber) {}
+  enum class Kind : std::uint8_t { Text, Number, Flag };
+
+  StatementValue(Kind kind, QString text, std::optional<qsizetype> breaksAt = std::nullopt)
+      : text_(std::move(text)), breaksAt_(breaksAt), kind_(kind) {}
 
   QString text_;
   std::optional<qsizetype> breaksAt_;
-  bool isNumber_;
+  Kind kind_;
 
   friend StatementValue text(const QString& value);
   friend StatementValue number(std::int64_t value);
@@ -49,9 +57,9 @@ class StatementValue {
   friend StatementValue flag(bool value);
 };
 
-/// A text, between the apostrophes that the wording sets around it. Nothing is escaped, as the archives'
-/// statements have it: an even run of apostrophes stands for half as many, and one that would end the literal
-/// breaks the statement.
+/// A text, between the apostrophes that the wording sets around it; elsewhere it breaks the statement.
+/// Nothing is escaped, as the archives' statements have it: an even run of apostrophes stands for half as
+/// many, and one that would end the literal breaks the statement.
 StatementValue text(const QString& value);
 /// A number that the program has computed.
 StatementValue number(std::int64_t value);
@@ -94,11 +102,16 @@ class Statement {
  private:
   QString sql_;
   std::optional<Break> broken_;
+  /// What comes next stands between apostrophes.
+  bool inText_ = false;
 };
 
 Statement operator+(Wording left, const StatementValue& right);
 Statement operator+(Statement left, Wording right);
 Statement operator+(Statement left, const StatementValue& right);
 Statement operator+(Statement left, const Statement& right);
+
+/// The condition that a column begins with a text. `left` names it, up to the apostrophe: u" Citta like '".
+Statement beginsWith(Wording left, const QString& value);
 
 }  // namespace store

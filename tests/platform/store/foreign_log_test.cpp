@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <QDir>
+#include <QFile>
 
 #include "platform/store/engine.h"
 #include "platform/store/other_process.h"
@@ -50,6 +51,16 @@ class LogAltrui : public testing::Test {
     EXPECT_TRUE(byte(kAltrui) == file_);
     EXPECT_TRUE(byte(kLog) == log_);
     EXPECT_EQ(nomi(), nomi_);
+  }
+  /// The template in the database's place, as an archive.
+  int sostituito() {
+    return numberError([&] { store::CopyArchive(QStringLiteral(GESTIONALE_APP "/QzDB.bck"), percorso_); });
+  }
+  void attendiIlModello() {
+    EXPECT_EQ(nomi(), QStringList{kAltrui});
+    store::Database nuovo = workspace_.OpenDatabase(percorso_);
+    EXPECT_EQ(nuovo.OpenRecordset(u"SELECT Codice_EAN from TAB_ARTICOLI ").RecordCount(), 5000);
+    EXPECT_EQ(numberError([&] { nuovo.OpenRecordset(u"SELECT nome FROM rubrica"); }), 3078);
   }
   /// What the other program finds when it comes back.
   QString rubrica() const {
@@ -138,6 +149,35 @@ TEST_F(LogAltrui, SenzaUnLogDaTenereNonNeRestaNessuno) {
   aperto.Close();
   EXPECT_TRUE(byte(kAltrui) == file_);
   EXPECT_EQ(nomi(), QStringList{kAltrui});
+}
+
+// Read into the file that stands in its database's place, the log would make it the old one again.
+TEST_F(LogAltrui, DiUnProgrammaUccisoNonPassaAlModelloCheNePrendeIlPosto) {
+  lasciatoAMeta();
+  EXPECT_EQ(sostituito(), 0);
+  attendiIlModello();
+}
+
+TEST_F(LogAltrui, RimastoSenzaIlSuoDatabaseNonPassaAlModello) {
+  lasciatoAMeta();
+  ASSERT_TRUE(QFile::remove(percorso_));
+  EXPECT_EQ(sostituito(), 0);
+  attendiIlModello();
+}
+
+TEST_F(LogAltrui, AccantoACioCheNonEUnDatabaseNonPassaAlModello) {
+  lasciatoAMeta();
+  folder_.write(kAltrui, "lettera");
+  EXPECT_EQ(sostituito(), 0);
+  attendiIlModello();
+}
+
+TEST_F(LogAltrui, MentreLAltroProgrammaLavoraIlModelloNonNePrendeIlPosto) {
+  OtherProcess altro([&] { return lavora(percorso_, kScrive); });
+  ASSERT_TRUE(altro.ready());
+  ricorda();
+  EXPECT_EQ(sostituito(), 70);
+  attendiIntatto();
 }
 
 }  // namespace

@@ -10,9 +10,10 @@ namespace {
 /// An archive with a view of one row, whose text `a` is as long as the expression says.
 class TestoEnorme : public testing::Test {
  protected:
-  store::Database conVista(const char* espressione) {
+  store::Database conVista(const char* espressione) { return conVista(espressione, folder_); }
+  store::Database conVista(const char* espressione, const TemporaryFolder& cartella) {
     store::PrepareEngine();
-    const QString percorso = folder_.file(QStringLiteral("altrui.mdb"));
+    const QString percorso = cartella.file(QStringLiteral("altrui.mdb"));
     sqlite3* db = nullptr;
     EXPECT_EQ(sqlite3_open(percorso.toUtf8().constData(), &db), SQLITE_OK);
     const std::string sql = std::string("CREATE VIEW V AS SELECT ") + espressione + " AS a";
@@ -37,8 +38,35 @@ TEST_F(TestoEnorme, UnByteOltreISediciMebibyteDa3163) {
 }
 
 TEST_F(TestoEnorme, UnoDiMezzoGigabyteNonVieneNeancheComposto) {
-  store::Database archivio = conVista("replace(hex(zeroblob(250000000)), '00', 'ab')");
+  store::Database archivio = conVista("hex(zeroblob(250000000)) || 'xy'");
   EXPECT_EQ(numberError([&] { archivio.OpenRecordset(u"SELECT a from V"); }), 3163);
+}
+
+// Where their time goes no clock is looked at: the square of such a text would be hours.
+TEST_F(TestoEnorme, LeFunzioniDalTempoQuadraticoNonCiSono) {
+  for (const char* const chiamata :
+       {"instr(hex(zeroblob(8000000)), hex(zeroblob(4000000)) || 'b')",
+        "replace(hex(zeroblob(8000000)), hex(zeroblob(4000000)) || 'b', '')",
+        "trim(hex(zeroblob(8000000)), hex(zeroblob(4000000)))",
+        "ltrim(hex(zeroblob(8000000)), hex(zeroblob(4000000)))",
+        "rtrim(hex(zeroblob(8000000)), hex(zeroblob(4000000)))",
+        "hex(zeroblob(8000000)) GLOB '*' || hex(zeroblob(20000)) || 'b'",
+        "hex(zeroblob(8000000)) LIKE '%' || hex(zeroblob(20000)) || 'b' ESCAPE '/'",
+        "json_patch('{}', '{}')"}) {
+    const TemporaryFolder cartella;
+    store::Database archivio = conVista(chiamata, cartella);
+    EXPECT_EQ(numberError([&] { archivio.OpenRecordset(u"SELECT a from V"); }), 3075) << chiamata;
+  }
+}
+
+TEST_F(TestoEnorme, UnConfrontoLunghissimoDa3163EUnoLungoSiFa) {
+  store::Database lunghissimo = conVista("hex(zeroblob(8000000)) LIKE '*' || hex(zeroblob(4000000)) || 'b'");
+  EXPECT_EQ(numberError([&] { lunghissimo.OpenRecordset(u"SELECT a from V"); }), 3163);
+  lunghissimo.Close();
+  const TemporaryFolder cartella;
+  store::Database lungo =
+      conVista("hex(zeroblob(500000)) || 'cedro del Libano' LIKE '*cedro*Libano'", cartella);
+  EXPECT_EQ(lungo.OpenRecordset(u"SELECT a from V").int64(0), 1);
 }
 
 /// A text of one byte more, as a statement of this program's would write it.

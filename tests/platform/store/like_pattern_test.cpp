@@ -59,6 +59,25 @@ TEST(ModelloLike, MoltiAsterischiNonCostanoUnTempoEsponenziale) {
   EXPECT_FALSE(MatchesPattern(modello + "b", testo));
 }
 
+TEST(ModelloLike, OltreIConfrontiConcessiNonRisponde) {
+  EXPECT_EQ(MatchesPattern("abc", "abc", 3), true);
+  EXPECT_EQ(MatchesPattern("abc", "abc", 2), std::nullopt);
+  EXPECT_EQ(MatchesPattern("abc", "xbc", 2), false);
+  EXPECT_EQ(MatchesPattern("*", std::string(1000, 'a'), 1), true);
+  // Each start of the text is tried to the pattern's end.
+  const std::string testo(4000, 'a');
+  std::string modello(2002, 'a');
+  modello.front() = '*';
+  modello.back() = 'b';
+  EXPECT_EQ(MatchesPattern(modello, testo, 1000000), std::nullopt);
+  EXPECT_EQ(MatchesPattern(modello, testo, 10000000), false);
+  // And each set to its own.
+  modello.front() = '[';
+  modello.back() = ']';
+  EXPECT_EQ(MatchesPattern(modello, "a", 2001), std::nullopt);
+  EXPECT_EQ(MatchesPattern(modello, "a", 2002), true);
+}
+
 TEST(ModelloLike, ByteCheNonSonoUtf8NonFannoDanno) {
   EXPECT_TRUE(MatchesPattern("a?b",
                              "a\xFF"

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 #include "platform/store/test_archive.h"
 
@@ -184,6 +185,33 @@ TEST(Istruzione, DicituraEValoriSiSeguonoNelLoroOrdine) {
   EXPECT_FALSE(istruzione.broken());
   EXPECT_FALSE(istruzione.empty());
 }
+
+TEST(Istruzione, UnTestoFuoriDagliApostrofiLaRompe) {
+  const store::StatementValue innesto = store::text(QStringLiteral("1 OR 1"));
+  const Statement fuori = u"SELECT a from T WHERE a ='x' AND b =" + innesto;
+  ASSERT_TRUE(fuori.broken());
+  EXPECT_EQ(fuori.broken()->at, 36);
+  EXPECT_FALSE(fuori.broken()->number);
+  EXPECT_FALSE((u"SELECT a from T WHERE a ='x' AND b ='" + innesto + u"'").broken());
+  EXPECT_FALSE((u"a ='" + innesto + u"' AND b ='" + innesto + u"'").broken());
+  EXPECT_TRUE((u"a ='" + innesto + u"' AND b =" + innesto).broken());
+}
+
+TEST(Istruzione, GliApostrofiSiContanoAncheAttraversoLeSueParti) {
+  const store::StatementValue testo = store::text(QStringLiteral("x"));
+  const Statement parte = u"b ='" + testo + u"', c ='";
+  EXPECT_FALSE((u"a ='" + testo + u"', " + parte + testo).broken());
+  EXPECT_TRUE((Statement(u"a ='x', ") + parte + u"', d =" + testo).broken());
+  EXPECT_FALSE((Statement::AsWritten(QStringLiteral("a ='")) + testo).broken());
+  EXPECT_TRUE((Statement::AsWritten(QStringLiteral("a =")) + testo).broken());
+}
+
+// Wording is a literal of the source: the compiler refuses all else.
+static_assert(!std::is_constructible_v<Statement, QString>);
+static_assert(!std::is_constructible_v<Statement, const char16_t*>);
+static_assert(!std::is_constructible_v<Statement, StatementValue>);
+static_assert(!std::is_constructible_v<store::Wording, QString>);
+static_assert(!std::is_constructible_v<StatementValue, QString>);
 
 TEST(Istruzione, UnaSenzaNullaEVuota) {
   EXPECT_TRUE(Statement().empty());
