@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QSemaphore>
@@ -1117,6 +1118,34 @@ TEST_F(Console, DueClickSuAvviaDiReteSonoUnaLettura) {
   QCoreApplication::processEvents();
   EXPECT_EQ(cassa.sequences(), texts({"X89F"}));
   esci(schermo, false);
+}
+
+TEST_F(Console, UnClicSuAvviaGrigioDuranteConnettiSiButtaENullaSiLegge) {
+  KeysTill cassa([](const std::string&) { return KeysAnswer{0, {"righe", kFine}}; });
+  const GuidedScreen schermo = console();
+  picks(schermo, kTuttoDGFE);
+  schermo.typeAddress(cassa.address());
+  // The till has told about itself: "Avvia" is about to be on, and the channel is opened behind that.
+  bool grigio = false;
+  QObject::connect(&schermo.control<QLineEdit>("TextModello"), &QLineEdit::textChanged, [&] {
+    grigio = !schermo.enabled(kAvvia);
+    postClick(schermo.control(kAvvia));
+  });
+  schermo.click(kConnetti);
+  ASSERT_TRUE(grigio);
+  QCoreApplication::processEvents();
+  expectBoxes(program, {});
+  EXPECT_EQ(cassa.opened(), 1);
+  EXPECT_EQ(cassa.sequences(), QStringList());
+  EXPECT_TRUE(files(QStringLiteral("*.txt")).isEmpty());
+  EXPECT_TRUE(foot(schermo).startsWith(QStringLiteral("Collegato a ") + cassa.address()));
+  EXPECT_TRUE(schermo.enabled(kAvvia));
+  EXPECT_TRUE(schermo.enabled(kEsci));
+  EXPECT_FALSE(schermo.enabled(kConnetti));
+  postClick(schermo.control(kAvvia));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(cassa.sequences(), texts({"X\"000101991201\"10F"}));
+  esci(schermo, true);
 }
 
 TEST_F(Console, ChiusoIlProgrammaMentreUnDumpSerialeArrivaNonSiScrivePiu) {

@@ -366,3 +366,15 @@ TEST_F(RicezioneProgrammazione, ConUnAltroProgrammaNellaCartellaNullaSiPerde) {
   EXPECT_EQ(chiamate(), QStringList());
   EXPECT_TRUE(immagineInMemoria() == disegno(1));
 }
+
+TEST_F(RicezioneProgrammazione, LaCartellaRestaSuaFraUnFileELAltroEDopoLUltimoEDiTutti) {
+  AltroScambio altro;
+  bottega.user.onPass = [&] { altro.prova(); };
+  bottega.user.onBox = [&](const Box&) { altro.prova(); };
+  schermo.click(kAvvia);
+  bottega.user.onPass = nullptr;
+  bottega.user.onBox = nullptr;
+  expectBoxes(bottega, {kRicevuta});
+  EXPECT_EQ(altro.esiti(), QStringList(9, QStringLiteral("presa")) + QStringList{QStringLiteral("libera")});
+  EXPECT_EQ(chiamate(), scambi(7, ordineRicezione()));
+}

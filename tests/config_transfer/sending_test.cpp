@@ -161,6 +161,18 @@ TEST_F(InvioProgrammazione, ConUnAltroProgrammaNellaCartellaNullaParte) {
   EXPECT_EQ(piede(schermo), QStringLiteral("Nulla è stato inviato: la cassa tiene la sua programmazione."));
 }
 
+TEST_F(InvioProgrammazione, LaCartellaRestaSuaFraUnFileELAltroEDopoLUltimoEDiTutti) {
+  AltroScambio altro;
+  bottega.user.onPass = [&] { altro.prova(); };
+  bottega.user.onBox = [&](const Box&) { altro.prova(); };
+  schermo.click(kAvvia);
+  bottega.user.onPass = nullptr;
+  bottega.user.onBox = nullptr;
+  expectBoxes(bottega, {kTrasferita});
+  EXPECT_EQ(altro.esiti(), QStringList(9, QStringLiteral("presa")) + QStringList{QStringLiteral("libera")});
+  EXPECT_EQ(chiamate(), scambi(6, ordineInvio()));
+}
+
 // The lines of a small till.
 
 TEST_F(InvioACassaPiccola, DiOgniRigaViaggianoLAltezzaELaPrimaLettera) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <map>
 
 #include "articles/article_database.h"
@@ -9,6 +10,8 @@
 #include "config/configuration_file.h"
 #include "config/configuration_transfer.h"
 #include "controls/outcome_bar.h"
+#include "ecrlink/transfer_lock.h"
+#include "platform/error.h"
 
 namespace {
 
@@ -27,6 +30,10 @@ const std::map<QString, Posto> kPosti{
 };
 
 const QString kPlu = QStringLiteral("plu.bin");
+
+/// The folder's lock, and a second name of the first one seen: a lock taken anew is another file.
+constexpr const char* kSerratura = ".scambio-ecr.lock";
+constexpr const char* kPrimaSerratura = "prima-serratura";
 
 }  // namespace
 
@@ -168,6 +175,19 @@ QByteArray BancoTrasferimento::fileConfigurazione() {
 
 QString BancoTrasferimento::piede(const GuidedScreen& schermo) {
   return schermo.control<OutcomeBar>("BarraEsito").text();
+}
+
+void AltroScambio::prova() {
+  try {
+    const ecrlink::ScambioEsclusivo suo;
+    esiti_ << QStringLiteral("libera");
+  } catch (const Errore& errore) {
+    EXPECT_EQ(errore.numero, errors::kAccessDenied);
+    if (!std::filesystem::exists(kPrimaSerratura))
+      std::filesystem::create_hard_link(kSerratura, kPrimaSerratura);
+    const bool stessa = std::filesystem::equivalent(kSerratura, kPrimaSerratura);
+    esiti_ << (stessa ? QStringLiteral("presa") : QStringLiteral("ripresa"));
+  }
 }
 
 QStringList scambi(int modo, const QStringList& file) {

@@ -76,6 +76,19 @@ class BancoTrasferimento : public testing::Test {
   qsizetype gia_ = 0;
 };
 
+/// Another program that wants the folder for itself in the middle of a transfer.
+class AltroScambio {
+ public:
+  /// Tries once.
+  void prova();
+  /// What came of each try: "libera" where it had the folder, "presa" where the lock stood in its way that
+  /// stopped it first, "ripresa" where that one had been given back and another was there.
+  const QStringList& esiti() const { return esiti_; }
+
+ private:
+  QStringList esiti_;
+};
+
 /// The calls of so many files, each between its opening and its closing.
 QStringList scambi(int modo, const QStringList& file);
 /// What the till's plu.bin holds when the archive beside the configuration has no article.

@@ -1,6 +1,8 @@
 // The road of the twelve pictures from the screen to the till.
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QTest>
 
@@ -94,6 +96,35 @@ TEST_F(InvioGrafica, ChiCliccaAOgniPassoNonAvviaDueVolteENonEsce) {
   expectBoxes(program, {kSuccesso});
   EXPECT_EQ(orders.size(), 12U);
   EXPECT_TRUE(schermo.alive());
+}
+
+TEST_F(InvioGrafica, UnClicSuAvviaGrigioDuranteConnettiSiButtaENullaParte) {
+  TestTill cassa(diClasse("S"));
+  drawAll(384);
+  RiempiRecGrafica(false, app(QStringLiteral("SetupLOGO.dat")));
+  const GuidedScreen schermo = screen();
+  schermo.typeAddress(cassa.address());
+  // The till has told about itself: no call comes behind that, and "Avvia" is about to be on.
+  bool grigio = false;
+  QObject::connect(&schermo.control<QLineEdit>("TextModello"), &QLineEdit::textChanged, [&] {
+    grigio = !schermo.enabled(kAvvia);
+    postClick(schermo.control(kAvvia));
+  });
+  schermo.click(kConnetti);
+  ASSERT_TRUE(grigio);
+  QCoreApplication::processEvents();
+  expectBoxes(program, {});
+  EXPECT_EQ(callsOf(cassa), (QStringList{QStringLiteral("2:"), QStringLiteral("0:")}));
+  EXPECT_FALSE(cassa.exists(kBitmap));
+  EXPECT_TRUE(orders.empty());
+  EXPECT_EQ(foot(schermo).text(), QStringLiteral("Collegato a %1: IDLE").arg(cassa.address()));
+  EXPECT_TRUE(schermo.enabled(kAvvia));
+  EXPECT_TRUE(schermo.enabled(kEsci));
+  EXPECT_FALSE(schermo.enabled(kConnetti));
+  postClick(schermo.control(kAvvia));
+  QCoreApplication::processEvents();
+  expectBoxes(program, {kSuccesso});
+  EXPECT_TRUE(cassa.byte(kBitmap) == attesa(384));
 }
 
 TEST_F(InvioGrafica, SiInvianoIFileDellaCartellaMostrata) {
