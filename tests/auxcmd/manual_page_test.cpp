@@ -68,6 +68,8 @@ constexpr const char16_t* kTesti[] = {
     u"Mostrati i primi ... byte di ...: \"Salva\" copia il file intero",
     u"Salvati ... byte in ...",
     u"Solo cifre",
+    u"Al massimo ... caratteri",
+    u"Qui non si annulla: riscrivere il valore",
     u"Qui si legge che cosa passa sulla linea",
     u"linea interrotta",
     u"… e altri ... byte",

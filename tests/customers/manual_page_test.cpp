@@ -114,6 +114,7 @@ constexpr const char16_t* kTesti[] = {
     // Under a field, on a command that is off
     u"Solo cifre",
     u"Al massimo ... caratteri",
+    u"Qui non si annulla: riscrivere il valore",
     u"Partita IVA non corretta: verificare le cifre",
     u"Un apostrofo si scrive doppio: ''",
     u"Prima «Nuovo», poi si memorizza",

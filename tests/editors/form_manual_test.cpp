@@ -22,6 +22,7 @@ constexpr const char16_t* kDiTutte[] = {
     u"Attenzione sono stati modificati dei parametri di configurazione: salvare prima di proseguire ?",
     u"Solo cifre",
     u"Al massimo ... caratteri",
+    u"Qui non si annulla: riscrivere il valore",
     u"Non salvato nel file: togliere la causa e salvare di nuovo",
 };
 constexpr const char16_t* kNegozio[] = {
@@ -80,6 +81,7 @@ constexpr const char16_t* kOpzioni[] = {
     u"Per i decimali si scrive la virgola",
     u"I due decimali ci sono già: cancellare con Backspace, poi scrivere",
     u"Salvato: opzioni generali",
+    u"Salvato: 1 voce del calendario grafico",
     u"Salvato: 2 voci del calendario grafico",
     u"STAMPANTE EPSON-TM295",
     u"STAMPANTE Qz-RX40T",
