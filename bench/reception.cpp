@@ -49,7 +49,7 @@ void program(benchmark::State& state) {
     bench.reopen();
     state.SetIterationTime(seconds([&] {
       SteadyProgress progress(bar);
-      if (sales::RiceviVenduto(bench.contesto, progress).esito != sales::Esito::Fatto)
+      if (sales::RiceviVenduto(bench.contesto, progress).esito != sales::EsitoVenduto::Fatto)
         state.SkipWithError("not received");
     }));
   }

@@ -15,16 +15,15 @@ using store::TokenKind;
 
 bool anyNumber(const Token& wanted) {
   static const std::string number = std::to_string(kAnyNumber);
-  return wanted.symbol == TokenKind::Number && wanted.integer == number;
+  return wanted.kind == TokenKind::Number && wanted.whole == number;
 }
 
 bool sign(const Token& token) {
-  return token.integer == "-" || token.integer == "+";
+  return token.whole == "-" || token.whole == "+";
 }
 
 bool truth(const Token& token) {
-  const Keyword word =
-      token.symbol == TokenKind::Word ? store::RecogniseKeyword(token.integer) : Keyword::None;
+  const Keyword word = token.kind == TokenKind::Word ? store::RecogniseKeyword(token.whole) : Keyword::None;
   return word == Keyword::True || word == Keyword::False;
 }
 
@@ -32,22 +31,22 @@ bool truth(const Token& token) {
 bool sameText(const Token& found, const Token& wanted) {
   static const std::string any = kAnyText.toStdString();
   const std::size_t at = wanted.inside.find(any);
-  if (at == std::string_view::npos) return found.integer == wanted.integer;
+  if (at == std::string_view::npos) return found.whole == wanted.whole;
   const std::string_view before = wanted.inside.substr(0, at);
   const std::string_view behind = wanted.inside.substr(at + any.size());
   return found.inside.size() >= before.size() + behind.size() && found.inside.starts_with(before) &&
-         found.inside.ends_with(behind) && found.integer.front() == wanted.integer.front();
+         found.inside.ends_with(behind) && found.whole.front() == wanted.whole.front();
 }
 
 bool sameToken(Lexer& built, const Token& wanted) {
   Token found = built.next();
   if (anyNumber(wanted)) {
     if (sign(found)) found = built.next();
-    return found.symbol == TokenKind::Number;
+    return found.kind == TokenKind::Number;
   }
   if (truth(wanted)) return truth(found);
-  if (found.symbol != wanted.symbol) return false;
-  return wanted.symbol == TokenKind::Text ? sameText(found, wanted) : found.integer == wanted.integer;
+  if (found.kind != wanted.kind) return false;
+  return wanted.kind == TokenKind::Text ? sameText(found, wanted) : found.whole == wanted.whole;
 }
 
 }  // namespace
@@ -58,9 +57,9 @@ bool sameShape(const QString& statement, const QString& pattern) {
   Lexer left(built);
   Lexer right(model);
   try {
-    for (Token wanted = right.next(); wanted.symbol != TokenKind::End; wanted = right.next())
+    for (Token wanted = right.next(); wanted.kind != TokenKind::End; wanted = right.next())
       if (!sameToken(left, wanted)) return false;
-    return left.next().symbol == TokenKind::End;
+    return left.next().kind == TokenKind::End;
   } catch (const Errore&) {
     return false;
   }

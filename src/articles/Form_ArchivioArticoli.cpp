@@ -13,21 +13,22 @@
 #include "controls/disabled_reason.h"
 #include "controls/primary_command.h"
 #include "controls/style.h"
+#include "core/archive_file.h"
 #include "core/conversions.h"
 #include "core/figures.h"
 #include "core/key_filters.h"
+#include "core/list_screen.h"
 #include "core/paths.h"
 #include "core/screens.h"
 #include "core/state.h"
 #include "core/wait_box.h"
-#include "platform/text/file_name.h"
 #include "platform/text/windows1252.h"
 #include "platform/ui/user_port.h"
 #include "ui_Form_ArchivioArticoli.h"
 
 namespace {
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 
 /// How the foot calls an article.
 QString articolo(const articles::CampiArticolo& campi) {
@@ -40,10 +41,10 @@ Form_ArchivioArticoli::Form_ArchivioArticoli(Contesto& contesto)
     : Schermo(contesto), ui_(std::make_unique<Ui::Form_ArchivioArticoli>()) {
   ui_->setupUi(this);
   caselle_ = std::make_unique<elenco::Caselle>(*this, articles::ColonneArticoli());
+  elenco::PreparaSchermo(*this, {ui_->Cmd_Reset, ui_->Cmd_Refresh, ui_->Cmd_Export, ui_->Cmd_Esci});
   vesti();
   preparaTasti();
   Cancella_TextBox();
-  setWindowFlag(Qt::WindowMaximizeButtonHint);
   sorveglia(*ui_->vkTextBoxCodEan);
   sorveglia(*ui_->vkTextBoxCodArt);
   sorveglia(*ui_->vkTextBoxDesc);
@@ -59,30 +60,23 @@ Form_ArchivioArticoli::Form_ArchivioArticoli(Contesto& contesto)
 Form_ArchivioArticoli::~Form_ArchivioArticoli() = default;
 
 void Form_ArchivioArticoli::vesti() {
-  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Articoli));
+  ui_->LabelArchivio->setText(archivio::Etichetta(varGlobal().NomeDB_Articoli));
   primario_ = std::make_unique<PrimaryCommand>(std::vector<PrimaryCommand::Candidate>{
       {ui_->Vmd_Cerca, QStringLiteral("search")}, {ui_->Cmd_Modifica, QStringLiteral("save")}});
   ui_->Cmd_Modifica->setIcon(style::icon(QStringLiteral("save")));
-  ui_->Cmd_Reset->setIcon(style::icon(QStringLiteral("x")));
-  ui_->Cmd_Refresh->setIcon(style::icon(QStringLiteral("list")));
-  ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("file-output")));
   ui_->vkCommandHELP->setIcon(style::icon(QStringLiteral("circle-help")));
-  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
 }
 
 void Form_ArchivioArticoli::preparaTasti() {
   fieldKey(*ui_->vkTextBoxCodEan, QKeySequence::Find);
   commandKey(*ui_->Cmd_Modifica, QKeySequence::Save);
-  commandKey(*ui_->Cmd_Refresh, Qt::Key_F5);
-  commandKey(*ui_->Cmd_Export, Qt::CTRL | Qt::Key_E);
-  notByEnter(*ui_->Cmd_Esci);
 }
 
 void Form_ArchivioArticoli::sorveglia(QLineEdit& campo, KeyRule regola, FieldCheck controllo) {
   new GuardedField(campo, regola, std::move(controllo), [this](const QString& messaggio) {
     reazioni::protetta(contesto().utente, QStringLiteral("LostFocus"), objectName(), [&] {
       contesto().utente.MsgBox(messaggio, Icon::Critical);
-      ui_->BarraEsito->tell(Genere::Warning, messaggio);
+      ui_->BarraEsito->tell(Kind::Warning, messaggio);
     });
   });
   connect(&campo, &QLineEdit::textChanged, this, &Form_ArchivioArticoli::seguiCampi);
@@ -129,7 +123,7 @@ void Form_ArchivioArticoli::mostraQuanti() {
   const FlexGrid& griglia = *ui_->MSFlexGridArticoli;
   const QString quantiSono =
       quanti(griglia.Rows() - 1, QStringLiteral("articolo"), QStringLiteral("articoli"));
-  ui_->BarraEsito->tell(Genere::Plain, griglia.Notice().isEmpty() ? quantiSono : griglia.Notice());
+  ui_->BarraEsito->tell(Kind::Plain, griglia.Notice().isEmpty() ? quantiSono : griglia.Notice());
 }
 
 void Form_ArchivioArticoli::seguiCampi() {
@@ -140,7 +134,7 @@ void Form_ArchivioArticoli::seguiCampi() {
   if (daSalvare_ == prima) return;
   primario_->moveTo(daSalvare_ ? *ui_->Cmd_Modifica : *ui_->Vmd_Cerca);
   if (!daSalvare_) return mostraQuanti();
-  ui_->BarraEsito->tell(Genere::Plain, QStringLiteral("Modifiche non salvate: ") + articolo(scelta_));
+  ui_->BarraEsito->tell(Kind::Plain, QString::fromUtf16(kNonSalvate) + articolo(scelta_));
 }
 
 void Form_ArchivioArticoli::rifiuta() {
@@ -149,7 +143,7 @@ void Form_ArchivioArticoli::rifiuta() {
   for (const articles::CampoRifiutato& uno : rifiutati)
     nomi << caselle_->nome(static_cast<std::size_t>(uno.campo));
   caselle_->vai(static_cast<std::size_t>(rifiutati.front().campo));
-  ui_->BarraEsito->tell(Genere::Warning,
+  ui_->BarraEsito->tell(Kind::Warning,
                         QStringLiteral("Non salvato: correggere ") + nomi.join(QStringLiteral(", ")));
 }
 
@@ -157,7 +151,7 @@ void Form_ArchivioArticoli::salvata() {
   scelta_ = campi();
   seguiCampi();
   ui_->BarraEsito->tell(
-      Genere::Done,
+      Kind::Done,
       QStringLiteral("Salvato: %1, %2").arg(articolo(scelta_), euro(TestoInCent(scelta_.prezzo))));
 }
 
@@ -194,7 +188,7 @@ void Form_ArchivioArticoli::on_MSFlexGridArticoli_cellClicked(int riga) {
         ui_->MSFlexGridArticoli->markRow(riga);
         seguiCampi();
         if (!perse.isEmpty())
-          ui_->BarraEsito->tell(Genere::Warning,
+          ui_->BarraEsito->tell(Kind::Warning,
                                 QStringLiteral("Modifiche non salvate e sostituite: ") + perse);
       },
       Piede::Resta);
@@ -219,7 +213,7 @@ void Form_ArchivioArticoli::on_Cmd_Reset_clicked() {
     Cancella_TextBox();
     ui_->vkTextBoxCodEan->setFocus();
     if (perse.isEmpty()) return mostraQuanti();
-    ui_->BarraEsito->tell(Genere::Warning, QStringLiteral("Modifiche non salvate e cancellate: ") + perse);
+    ui_->BarraEsito->tell(Kind::Warning, QStringLiteral("Modifiche non salvate e cancellate: ") + perse);
   });
 }
 

@@ -1,14 +1,14 @@
 #include "articles/Form_TrasferimentoArticoli.h"
 
 #include "articles/transfer.h"
+#include "controls/steady_progress.h"
+#include "core/archive_file.h"
 #include "core/context.h"
 #include "core/state.h"
-#include "platform/text/file_name.h"
 #include "platform/ui/user_port.h"
 #include "ui_Form_TrasferimentoArticoli.h"
 
 namespace {
-constexpr int kInizio = 0;
 constexpr int kFine = 1;
 constexpr int kReteAssente = -1;
 }  // namespace
@@ -17,7 +17,7 @@ Form_TrasferimentoArticoli::Form_TrasferimentoArticoli(Contesto& contesto)
     : FinestraLink(contesto, QStringLiteral("Form_GestioneMMC")),
       ui_(std::make_unique<Ui::Form_TrasferimentoArticoli>()) {
   ui_->setupUi(this);
-  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Articoli));
+  ui_->LabelArchivio->setText(archivio::Etichetta(varGlobal().NomeDB_Articoli));
   if (caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "upload"}) != kReteAssente)
     articles::RicavaDettagliPC(contesto.utente);
 }
@@ -30,9 +30,7 @@ void Form_TrasferimentoArticoli::on_Cmd_Avvia_clicked() {
 
 bool Form_TrasferimentoArticoli::invia() {
   abilita(false, false);
-  ui_->vkBar1->setRange(kInizio, kFine);
-  ui_->vkBar1->setValue(kInizio);
-  ui_->vkBar1->setFormat(QStringLiteral("%p%"));
+  beginProgress(*ui_->vkBar1, kFine, QStringLiteral("%p%"));
   contesto().utente.DoEvents();
   const articles::EsitoInvio esito = articles::InviaArchivio(contesto());
   if (esito == articles::EsitoInvio::Fallito) {

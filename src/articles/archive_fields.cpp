@@ -24,8 +24,7 @@ bool siONo(const QString& testo) {
 
 std::optional<Rejection> controllaPrezzo(const QString& testo) {
   const QString zero = QStringLiteral("0");
-  if (testo.count(kVirgola) > 1)
-    return Rejection{QStringLiteral("Attenzione il valore immesso non è di tipo numerico !!!"), zero};
+  if (testo.count(kVirgola) > 1) return Rejection{QString::fromUtf16(kValoreNonNumerico), zero};
   QString copia = testo;
   if (TestoInValore(copia) > kPrezzoMassimo)
     return Rejection{QStringLiteral("Attenzione il valore immesso > 99999.99!"), zero};

@@ -8,17 +8,13 @@ namespace articles {
 
 namespace {
 
-constexpr double kCentesimi = 100;
-
-store::Statement simile(store::Wording inizio, const QString& testo) {
-  return inizio + store::text(testo) + u"*'";
-}
-
 std::vector<store::Statement> frammenti(const CampiArticolo& campi) {
   std::vector<store::Statement> condizioni;
-  if (!campi.ean.isEmpty()) condizioni.push_back(simile(u"  Codice_EAN LIKE '", campi.ean));
-  if (!campi.codice.isEmpty()) condizioni.push_back(simile(u" Codice_Articolo like '", campi.codice));
-  if (!campi.descrizione.isEmpty()) condizioni.push_back(simile(u" Descrizione like '", campi.descrizione));
+  if (!campi.ean.isEmpty()) condizioni.push_back(store::beginsWith(u"  Codice_EAN LIKE '", campi.ean));
+  if (!campi.codice.isEmpty())
+    condizioni.push_back(store::beginsWith(u" Codice_Articolo like '", campi.codice));
+  if (!campi.descrizione.isEmpty())
+    condizioni.push_back(store::beginsWith(u" Descrizione like '", campi.descrizione));
   if (!campi.prezzo.isEmpty())
     condizioni.push_back(u" Prezzo >=" + store::number(Val(campi.prezzo) * kCentesimi) + u" ");
   if (!campi.reparto.isEmpty()) condizioni.push_back(u" Reparto =" + store::number(Val(campi.reparto)));

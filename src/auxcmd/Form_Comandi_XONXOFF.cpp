@@ -37,7 +37,7 @@
 
 namespace {
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 using auxcmd::Memoria;
 
 constexpr int kVelocitaPredefinita = 3;
@@ -129,7 +129,7 @@ void Form_Comandi_XONXOFF::vestiNumeri() {
     widthFromSample(*numero, QStringLiteral("0000000"), FieldWidth::Exact);
     new GuardedField(*numero, Cifre, fuoriLimite, [this](const QString& messaggio) {
       this->contesto().utente.MsgBox(messaggio, Icon::Warning);
-      ui_->BarraEsito->tell(Genere::Warning, messaggio);
+      ui_->BarraEsito->tell(Kind::Warning, messaggio);
     });
   }
 }
@@ -281,7 +281,7 @@ void Form_Comandi_XONXOFF::collegaSequenze() {
   ui_->cboPort->setEnabled(false);
   ui_->Combo2->setEnabled(false);
   if (comune.hConnXonXoff > 0)
-    ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Collegato a ") + ecrlink::indirizzoDetto());
+    ui_->BarraEsito->tell(Kind::Done, QStringLiteral("Collegato a ") + ecrlink::indirizzoDetto());
 }
 
 void Form_Comandi_XONXOFF::portaScelta() {
@@ -385,16 +385,16 @@ void Form_Comandi_XONXOFF::leggiStato() {
 void Form_Comandi_XONXOFF::diciStato() {
   switch (varGlobal().FlagRisposta) {
     case auxcmd::kCompleta:
-      return ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Letto lo stato della cassa"));
+      return ui_->BarraEsito->tell(Kind::Done, QStringLiteral("Letto lo stato della cassa"));
     case auxcmd::kErrorePorta:
       return ui_->BarraEsito->tell(
-          Genere::Warning, QStringLiteral("La linea si è interrotta: lo stato mostrato è quello di prima"));
+          Kind::Warning, QStringLiteral("La linea si è interrotta: lo stato mostrato è quello di prima"));
     case auxcmd::kTempoScaduto:
       return ui_->BarraEsito->tell(
-          Genere::Warning, QStringLiteral("La cassa non ha risposto: lo stato mostrato è quello di prima"));
+          Kind::Warning, QStringLiteral("La cassa non ha risposto: lo stato mostrato è quello di prima"));
     default:  // a network answer of another length
       return ui_->BarraEsito->tell(
-          Genere::Warning, QStringLiteral("La cassa ha risposto altro: lo stato mostrato è quello di prima"));
+          Kind::Warning, QStringLiteral("La cassa ha risposto altro: lo stato mostrato è quello di prima"));
   }
 }
 
@@ -419,7 +419,7 @@ void Form_Comandi_XONXOFF::leggiMemoria() {
 
 void Form_Comandi_XONXOFF::diciLetto() {
   ui_->BarraEsito->tell(
-      Genere::Done,
+      Kind::Done,
       QStringLiteral("Letto nel file %1: uscire con Esci/Visualizza File per vederlo").arg(nomeUltimoDump()));
 }
 
@@ -429,10 +429,10 @@ void Form_Comandi_XONXOFF::diciDump(int esito) {
   if (risposta == auxcmd::kErrorePorta && ui_->Cmd_Avvia->isEnabled()) return;
   if (esito != 0 || risposta == auxcmd::kErrorePorta)
     return ui_->BarraEsito->tell(
-        Genere::Failed,
+        Kind::Failed,
         QStringLiteral("Lettura interrotta: quello che è arrivato è nel file %1").arg(nomeUltimoDump()));
   if (risposta == auxcmd::kCompleta) return diciLetto();
-  ui_->BarraEsito->tell(Genere::Warning,
+  ui_->BarraEsito->tell(Kind::Warning,
                         QStringLiteral("La cassa non ha ancora risposto: quello che arriva va nel file %1")
                             .arg(nomeUltimoDump()));
 }
@@ -453,7 +453,7 @@ Memoria Form_Comandi_XONXOFF::memoria() const {
 
 QString Form_Comandi_XONXOFF::rifiuta(const QString& messaggio, Icon icona) {
   contesto().utente.MsgBox(messaggio, icona);
-  ui_->BarraEsito->tell(icona == Icon::Critical ? Genere::Failed : Genere::Warning, messaggio.simplified());
+  ui_->BarraEsito->tell(icona == Icon::Critical ? Kind::Failed : Kind::Warning, messaggio.simplified());
   abilitaComandi();
   return {};
 }
@@ -500,8 +500,9 @@ void Form_Comandi_XONXOFF::guastoDellaPorta(const Errore& errore) {
   togliAttesa();
   spegniLed();
   annota(auxcmd::Verso::Guasto, errore.descrizione.toUtf8());
-  contesto().utente.MsgBox(QStringLiteral("Errore sulla porta COM: ") + errore.descrizione, Icon::Critical);
-  ui_->BarraEsito->tell(Genere::Failed, QStringLiteral("Errore sulla porta COM: ") + errore.descrizione);
+  const QString messaggio = QString::fromUtf16(kPortaGuasta) + errore.descrizione;
+  contesto().utente.MsgBox(messaggio, Icon::Critical);
+  ui_->BarraEsito->tell(Kind::Failed, messaggio);
   abilitaComandi();
 }
 
@@ -624,7 +625,7 @@ void Form_Comandi_XONXOFF::on_Cmd_CopiaRegistro_clicked() {
   esegui("Cmd_CopiaRegistro_Click", [this] {
     ui_->registro->completa();
     contesto().utente.CopyToClipboard(ui_->registro->toPlainText());
-    ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Registro copiato"));
+    ui_->BarraEsito->tell(Kind::Done, QStringLiteral("Registro copiato"));
   });
 }
 
@@ -637,7 +638,7 @@ void Form_Comandi_XONXOFF::on_Cmd_SalvaRegistro_clicked() {
     const auto scelto = contesto().utente.AskSavePath(dove);
     if (!scelto || scelto->isEmpty()) return;
     WriteWholeFile(*scelto, ui_->registro->toPlainText().toUtf8());
-    ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Registro salvato in ") + *scelto);
+    ui_->BarraEsito->tell(Kind::Done, QStringLiteral("Registro salvato in ") + *scelto);
   });
 }
 

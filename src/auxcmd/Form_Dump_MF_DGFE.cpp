@@ -17,7 +17,7 @@
 
 namespace {
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 
 /// Bytes of a dump that are shown: more than anybody reads, and no longer to lay out than a blink.
 constexpr qsizetype kMostrati = qsizetype{2} * 1024 * 1024;
@@ -77,21 +77,19 @@ Form_Dump_MF_DGFE::Form_Dump_MF_DGFE(Contesto& contesto)
   connect(ui_->Cmd_Esci, &QPushButton::clicked, this, &QWidget::close);
   ui_->RichTextBox1->setFont(fisso(ui_->RichTextBox1->font()));
   ignoreHeldKeys(*this);
-  reazioni::oppure(
-      [this] { carica(); },
-      [this](const Errore& errore) { ui_->BarraEsito->tell(Genere::Failed, errore.descrizione); });
+  reazioni::oppure([this] { carica(); },
+                   [this](const Errore& errore) { ui_->BarraEsito->tell(Kind::Failed, errore.descrizione); });
 }
 
 Form_Dump_MF_DGFE::~Form_Dump_MF_DGFE() = default;
 
 void Form_Dump_MF_DGFE::carica() {
   const QString file = auxcmd::fileTempDump(contesto());
-  if (!FileEsiste(file))
-    return ui_->BarraEsito->tell(Genere::Plain, QStringLiteral("Nessun dump da mostrare"));
+  if (!FileEsiste(file)) return ui_->BarraEsito->tell(Kind::Plain, QStringLiteral("Nessun dump da mostrare"));
   const std::optional<auxcmd::Memoria> memoria = auxcmd::TipoDumpMemoria(file, contesto());
   if (!memoria)
     return ui_->BarraEsito->tell(
-        Genere::Warning,
+        Kind::Warning,
         QStringLiteral("Il file %1 non contiene un dump del DGFE o della MF").arg(FileName(file)));
   setWindowTitle(windowTitle() + titolo(*memoria));
   mostra(file);
@@ -101,9 +99,8 @@ void Form_Dump_MF_DGFE::mostra(const QString& file) {
   const QByteArray byte = ReadFileStart(file, kMostrati);
   ui_->RichTextBox1->setPlainText(leggibile(windows1252::toText(byte)));
   const qint64 tutti = QFileInfo(file).size();
-  if (tutti <= byte.size())
-    return ui_->BarraEsito->tell(Genere::Plain, cifra(tutti) + QStringLiteral(" byte"));
-  ui_->BarraEsito->tell(Genere::Warning,
+  if (tutti <= byte.size()) return ui_->BarraEsito->tell(Kind::Plain, cifra(tutti) + QStringLiteral(" byte"));
+  ui_->BarraEsito->tell(Kind::Warning,
                         QStringLiteral("Mostrati i primi %1 byte di %2: \"Salva\" copia il file intero")
                             .arg(cifra(byte.size()), cifra(tutti)));
 }
@@ -125,7 +122,7 @@ void Form_Dump_MF_DGFE::salva() {
   if (!scelto || scelto->isEmpty()) return;
   auxcmd::CopiaDump(file, *scelto);
   ui_->BarraEsito->tell(
-      Genere::Done,
+      Kind::Done,
       QStringLiteral("Salvati %1 byte in %2").arg(cifra(QFileInfo(*scelto).size()), FileName(*scelto)));
 }
 

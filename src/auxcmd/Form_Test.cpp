@@ -16,7 +16,7 @@
 
 namespace {
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 
 /// A script is read by eye: one beyond that is none.
 constexpr qsizetype kByteMassimi = qsizetype{1} << 20;
@@ -84,7 +84,7 @@ void Form_Test::on_Cmd_Salva_clicked() {
     salva();
     ui_->Cmd_Invia->setEnabled(true);
     ui_->Cmd_Salva->setEnabled(false);
-    ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Salvato in test_invio.txt"));
+    ui_->BarraEsito->tell(Kind::Done, QStringLiteral("Salvato in test_invio.txt"));
   });
 }
 
@@ -107,7 +107,7 @@ void Form_Test::invia() {
       },
       *vista_, contesto());
   if (esito == 0 && !vista_->chiusa())
-    ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Inviato test_invio.txt"));
+    ui_->BarraEsito->tell(Kind::Done, QStringLiteral("Inviato test_invio.txt"));
 }
 
 void Form_Test::on_vkCommandReset_clicked() {

@@ -69,7 +69,7 @@ int inviaDalBanco(const std::function<int()>& invio, VistaCanale& vista, Contest
   return reazioni::oppure(invio, [&](const Errore& errore) {
     vista.linea().chiudi();
     vista.annota(Verso::Guasto, errore.descrizione.toUtf8());
-    contesto.utente.MsgBox(QStringLiteral("Errore sulla porta COM: ") + errore.descrizione, Icon::Critical);
+    contesto.utente.MsgBox(QString::fromUtf16(kPortaGuasta) + errore.descrizione, Icon::Critical);
     return 1;
   });
 }

@@ -8,6 +8,7 @@
 #include "auxcmd/state_record.h"
 #include "core/context.h"
 #include "core/state.h"
+#include "ecrlink/session.h"
 #include "platform/ecrcom/library.h"
 #include "platform/text/windows1252.h"
 #include "platform/ui/busy_guard.h"
@@ -190,7 +191,7 @@ void erroreDiComunicazione(int codice, VistaCanale& vista, Contesto& contesto) {
   const QByteArray testo =
       contesto.libreria.ecr_get_err(static_cast<std::int16_t>(codice), kMessaggioLibreria);
   vista.annota(Verso::Guasto, testo);
-  contesto.utente.MsgBox(QStringLiteral("Errore nella comunicazione con ECR: ") + windows1252::toText(testo),
+  contesto.utente.MsgBox(QString::fromUtf16(ecrlink::kErroreComunicazione) + windows1252::toText(testo),
                          Icon::Critical);
 }
 

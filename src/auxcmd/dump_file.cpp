@@ -1,6 +1,5 @@
 #include "auxcmd/dump_file.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
@@ -104,7 +103,7 @@ std::int32_t apriFileDump(const QString& percorso) {
   auto file = std::make_unique<QFile>(percorso);
   // At the end whoever else writes to it: what is appended beside a running dump stays.
   if (!file->open(QIODevice::NewOnly | QIODevice::Append | QIODevice::Unbuffered))
-    throw QFileInfo(percorso).dir().exists() ? errors::pathAccess(percorso) : errors::pathMissing(percorso);
+    throw errors::cannotOpen(percorso);
   const std::int32_t numero = numeroLibero();
   fileAperti()[numero] = std::move(file);
   return numero;

@@ -6,6 +6,9 @@
 
 #include "platform/serial/serial_port.h"
 
+/// In front of why a port failed.
+inline constexpr const char16_t* kPortaGuasta = u"Errore sulla porta COM: ";
+
 /// `MSComm1` of a screen, with `Timer1`, which ends a wait for it.
 class LineaCOM {
  public:

@@ -16,7 +16,7 @@
 
 namespace {
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 
 /// The longest line of a caption, pixels at scale 1: with what stands around it the screen is no wider than
 /// 1024.
@@ -138,9 +138,9 @@ void BancoProva::svuotaCoda() {
 
 void BancoProva::diciInviata(const QString& sequenza) {
   if (varGlobal().FlagRisposta == auxcmd::kErrorePorta)
-    return ui_->BarraEsito->tell(Genere::Failed,
+    return ui_->BarraEsito->tell(Kind::Failed,
                                  QStringLiteral("La linea si è interrotta dopo la sequenza ") + sequenza);
-  ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Inviata la sequenza ") + sequenza);
+  ui_->BarraEsito->tell(Kind::Done, QStringLiteral("Inviata la sequenza ") + sequenza);
 }
 
 void BancoProva::on_vkCommandEsci_clicked() {

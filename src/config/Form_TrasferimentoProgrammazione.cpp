@@ -1,6 +1,7 @@
 #include "config/Form_TrasferimentoProgrammazione.h"
 
 #include "config/configuration_transfer.h"
+#include "controls/steady_progress.h"
 #include "core/context.h"
 #include "core/state.h"
 #include "ecrlink/session.h"
@@ -109,8 +110,7 @@ void Form_TrasferimentoProgrammazione::ricevi() {
 }
 
 void Form_TrasferimentoProgrammazione::preparaBarra() {
-  ui_->vkBar1->setRange(0, config::kFileConfigurazione);
-  ui_->vkBar1->setValue(0);
   const bool conPassi = ui_->vkOptionAggiornaECR->isChecked() || ui_->vkOptionRicezioneECR->isChecked();
-  ui_->vkBar1->setFormat(conPassi ? QStringLiteral("%v file di %m") : QString());
+  beginProgress(*ui_->vkBar1, config::kFileConfigurazione,
+                conPassi ? QStringLiteral("%v file di %m") : QString());
 }

@@ -199,14 +199,14 @@ bool AzzeraCassa(Contesto& contesto) {
   return azzerata;
 }
 
-Invio InviaConfigurazione(Contesto& contesto, const Avanzamento& avanzamento) {
+Invio InviaConfigurazione(Contesto& contesto, const AlFileFatto& alFile) {
   Invio invio;
   Scambio scambio;
   for (const Famiglia* famiglia : kOrdineInvio) {
     const std::optional<std::int64_t> byte = invia(*famiglia, contesto, scambio);
     if (!byte) return invio;
     invio.byte += *byte;
-    avanzamento(++invio.file);
+    alFile(++invio.file);
     contesto.utente.DoEvents();
   }
   invio.articoli = articles::ArticoliInMemoria();
@@ -214,11 +214,11 @@ Invio InviaConfigurazione(Contesto& contesto, const Avanzamento& avanzamento) {
   return invio;
 }
 
-Invio InviaConArticoli(Contesto& contesto, const Avanzamento& avanzamento) {
+Invio InviaConArticoli(Contesto& contesto, const AlFileFatto& alFile) {
   const ArchivioCompagno compagno(varGestionePRG().PathConfigurazione, contesto);
   // Half an archive would sell at the prices of another one.
   if (articles::RiempiPLU(contesto.utente) != 0) return {};
-  return InviaConfigurazione(contesto, avanzamento);
+  return InviaConfigurazione(contesto, alFile);
 }
 
 QString RaccontoInvio(const Invio& invio) {
@@ -232,7 +232,7 @@ QString RaccontoInvio(const Invio& invio) {
       .arg(cifra(invio.file), cifra(kFileConfigurazione));
 }
 
-Ricezione RiceviConfigurazione(Contesto& contesto, const Avanzamento& avanzamento) {
+Ricezione RiceviConfigurazione(Contesto& contesto, const AlFileFatto& alFile) {
   Ricezione ricezione;
   Scambio scambio;
   for (const Richiesta& richiesta : kOrdineRicezione) {
@@ -244,7 +244,7 @@ Ricezione RiceviConfigurazione(Contesto& contesto, const Avanzamento& avanzament
     }
     ricezione.byte += std::min(arrivo->byte, arrivo->previsti);
     aggiungi(ricezione.avviso, avvisoDi(*richiesta.famiglia, *arrivo));
-    avanzamento(++ricezione.file);
+    alFile(++ricezione.file);
     contesto.utente.DoEvents();
   }
   ricezione.articoli = articles::ArticoliInMemoria();
@@ -252,9 +252,9 @@ Ricezione RiceviConfigurazione(Contesto& contesto, const Avanzamento& avanzament
   return ricezione;
 }
 
-Ricezione RiceviESalva(Contesto& contesto, const Avanzamento& avanzamento) {
+Ricezione RiceviESalva(Contesto& contesto, const AlFileFatto& alFile) {
   const QString percorso = varGestionePRG().PathConfigurazione;
-  Ricezione ricezione = RiceviConfigurazione(contesto, avanzamento);
+  Ricezione ricezione = RiceviConfigurazione(contesto, alFile);
   if (ricezione.esito == EsitoRicezione::Interrotta) return ricezione;
   const Salvataggio salvataggio = SalvaConfigurazioneRaccontando(percorso, contesto.utente);
   if (salvataggio.esito != 0) return ricezione;

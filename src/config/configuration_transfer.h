@@ -17,7 +17,7 @@ namespace config {
 inline constexpr int kFileConfigurazione = 9;
 
 /// Called behind each file with how many are through.
-using Avanzamento = std::function<void(int)>;
+using AlFileFatto = std::function<void(int)>;
 
 /// The lines as the small tills exchange them. All zero at start; bytes that the narrowing does not write
 /// stay as an earlier exchange left them.
@@ -44,10 +44,10 @@ struct Invio {
 };
 /// Sends the nine files in the order in which the till takes them, the lines narrow to a till of class "S".
 /// The first failure, which has been shown, ends the sending; the till keeps what it has by then.
-Invio InviaConfigurazione(Contesto& contesto, const Avanzamento& avanzamento);
+Invio InviaConfigurazione(Contesto& contesto, const AlFileFatto& alFile);
 /// The same with the articles of the archive beside the open configuration; where they cannot all be read,
 /// which has been shown, nothing is sent. Throws what ArchivioCompagno throws, with nothing sent.
-Invio InviaConArticoli(Contesto& contesto, const Avanzamento& avanzamento);
+Invio InviaConArticoli(Contesto& contesto, const AlFileFatto& alFile);
 QString RaccontoInvio(const Invio& invio);
 
 enum class EsitoRicezione {
@@ -70,10 +70,10 @@ struct Ricezione {
 /// Fetches the nine files into memory. A file shorter than its records leaves the rest as memory held it; of
 /// the lines of a till that is not of class "L" only the bytes that a narrow one carries are taken. The first
 /// failure has been shown and ends the reception.
-Ricezione RiceviConfigurazione(Contesto& contesto, const Avanzamento& avanzamento);
+Ricezione RiceviConfigurazione(Contesto& contesto, const AlFileFatto& alFile);
 /// The same, then the file of the open configuration and the articles of the archive beside it. Both are kept
 /// as they were under their PreviousName. Every failure has been shown.
-Ricezione RiceviESalva(Contesto& contesto, const Avanzamento& avanzamento);
+Ricezione RiceviESalva(Contesto& contesto, const AlFileFatto& alFile);
 QString RaccontoRicezione(const Ricezione& ricezione);
 
 }  // namespace config

@@ -22,7 +22,6 @@ static_assert(FlexGrid::kGeneralAlignment == CellModel::kGeneral);
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 /// Of a column that was given no width.
 constexpr int kColumnTwips = 1500;
 /// Pixels above and below the text of a row.
@@ -34,7 +33,7 @@ constexpr int kHeadingMargin = 18;
 constexpr int kCellMargin = 8;
 
 int pixel(int twip) {
-  return qRound(std::max(twip, 0) / double(kTwipsPerPixel));
+  return qRound(std::max(twip, 0) / double(FlexGrid::kTwipsPerPixel));
 }
 
 /// What a tooltip shows as it stands, whatever signs are in it.

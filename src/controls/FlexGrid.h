@@ -20,6 +20,10 @@ class FlexGrid : public QTableView {
   explicit FlexGrid(QWidget* parent = nullptr);
   ~FlexGrid() override;
 
+  /// Of the data, under the heading.
+  static constexpr int kFirstRow = 1;
+  static constexpr int kTwipsPerPixel = 15;  ///< at scale 1
+
   int Rows() const;
   int Cols() const;
   /// New cells are empty, left aligned, in the grid's own colours; cells that go are forgotten, and a current

@@ -118,7 +118,7 @@ void Writer::paragraph(const Paragraph& paragraph, bool inPlace) {
 }
 
 void Writer::list(const Paragraph& paragraph, QTextBlockFormat& format) {
-  const bool counted = std::any_of(paragraph.token.begin(), paragraph.token.end(),
+  const bool counted = std::any_of(paragraph.mark.begin(), paragraph.mark.end(),
                                    [](QChar c) { return c.isLetterOrNumber() && c != QLatin1Char('o'); });
   if (!counted) return entry(paragraph.level);
   list_ = nullptr;
@@ -126,7 +126,7 @@ void Writer::list(const Paragraph& paragraph, QTextBlockFormat& format) {
   format.setLeftMargin(kIndent * (paragraph.level + 1));
   format.setTextIndent(-kIndent);
   format.setTabPositions({{kIndent, QTextOption::LeftTab}});
-  cursor_.insertText(paragraph.token + QLatin1Char('\t'), QTextCharFormat());
+  cursor_.insertText(paragraph.mark + QLatin1Char('\t'), QTextCharFormat());
 }
 
 void Writer::entry(int level) {

@@ -40,7 +40,7 @@ Token Lexer::command() {
   if (place_ >= byte_.size()) return {};
   if (letter(byte_[place_])) return word();
   const char c = byte_[place_++];
-  return c == '\'' ? hexadecimal() : Token{.kind = Token::TokenKind, .byte = c};
+  return c == '\'' ? hexadecimal() : Token{.kind = Token::Symbol, .byte = c};
 }
 
 Token Lexer::word() {

@@ -8,11 +8,11 @@ namespace rtf {
 /// One step of a rich text file.
 struct Token {
   enum Kind {
-    Opens,      ///< a group begins
-    Closes,     ///< a group ends
-    Word,       ///< \name with or without a number
-    TokenKind,  ///< a backslash and `byte`
-    Byte,       ///< `byte` of the text
+    Opens,   ///< a group begins
+    Closes,  ///< a group ends
+    Word,    ///< \name with or without a number
+    Symbol,  ///< a backslash and `byte`
+    Byte,    ///< `byte` of the text
     End,
   };
 

@@ -54,7 +54,7 @@ void Reader::step(const Token& token) {
     return;
   }
   if (token.kind == Token::Word) return word(token);
-  if (token.kind == Token::TokenKind) return symbol(token.byte);
+  if (token.kind == Token::Symbol) return symbol(token.byte);
   groups_.back().start = false;
   const QChar read(windows1252::characterOf(static_cast<unsigned char>(token.byte)));
   if (read == QLatin1Char('\t') || read.isPrint()) text(read);
@@ -126,46 +126,46 @@ bool Reader::target(QByteArrayView name) {
 }
 
 bool Reader::character(const Token& token) {
-  CharFormat& hour = groups_.back().character;
+  CharFormat& now = groups_.back().character;
   if (token.name == "plain")
-    hour = {};
+    now = {};
   else if (token.name == "b")
-    hour.bold = on(token);
+    now.bold = on(token);
   else if (token.name == "i")
-    hour.italic = on(token);
+    now.italic = on(token);
   else if (token.name == "ul")
-    hour.underlined = on(token);
+    now.underlined = on(token);
   else if (token.name == "ulnone")
-    hour.underlined = false;
+    now.underlined = false;
   else if (token.name == "v")
-    hour.hidden = on(token);
+    now.hidden = on(token);
   else if (token.name == "fs")
-    hour.size = token.withNumber ? std::clamp(token.number, kMinSize, kMaxSize) : kSize;
+    now.size = token.withNumber ? std::clamp(token.number, kMinSize, kMaxSize) : kSize;
   else
     return false;
   return true;
 }
 
 bool Reader::shape(const Token& token) {
-  ParagraphForm& hour = groups_.back().shape;
+  ParagraphForm& now = groups_.back().shape;
   if (token.name == "pard")
-    hour = {};
+    now = {};
   else if (token.name == "s")
-    hour.style = token.number;
+    now.style = token.number;
   else if (token.name == "outlinelevel")
-    hour.outline = token.number;
+    now.outline = token.number;
   else if (token.name == "ls")
-    hour.list = token.number;
+    now.list = token.number;
   else if (token.name == "ilvl")
-    hour.level = std::clamp(token.number, 0, kMaxLevel);
+    now.level = std::clamp(token.number, 0, kMaxLevel);
   else if (token.name == "intbl")
-    hour.inTable = true;
+    now.inTable = true;
   else if (token.name == "ql" || token.name == "qj")
-    hour.alignment = Qt::AlignLeft;
+    now.alignment = Qt::AlignLeft;
   else if (token.name == "qc")
-    hour.alignment = Qt::AlignHCenter;
+    now.alignment = Qt::AlignHCenter;
   else if (token.name == "qr")
-    hour.alignment = Qt::AlignRight;
+    now.alignment = Qt::AlignRight;
   else
     return false;
   return true;
@@ -234,7 +234,7 @@ Paragraph Reader::closeParagraph() {
   const ParagraphForm& shape = groups_.back().shape;
   finished.title = title();
   finished.inList = std::exchange(withMark_, false) || shape.list > 0;
-  finished.token = std::exchange(mark_, {}).simplified();
+  finished.mark = std::exchange(mark_, {}).simplified();
   finished.level = shape.level;
   finished.alignment = shape.alignment;
   return finished;

@@ -30,7 +30,7 @@ struct Paragraph {
   int title = 0;
   bool inList = false;
   /// What stands before an entry of a list, "1." or a bullet.
-  QString token;
+  QString mark;
   /// Depth of the list, from 0.
   int level = 0;
   Qt::Alignment alignment = Qt::AlignLeft;

@@ -6,6 +6,12 @@ namespace {
 constexpr qint64 kInterval = 40;  // milliseconds
 }
 
+void beginProgress(QProgressBar& bar, int steps, const QString& format) {
+  bar.setRange(0, steps);
+  bar.setValue(0);
+  bar.setFormat(format);
+}
+
 SteadyProgress::SteadyProgress(QProgressBar& bar) : bar_(bar) {
   sinceLast_.start();
 }

@@ -1,8 +1,12 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QString>
 
 class QProgressBar;
+
+/// A bar at the beginning of so many steps; `format` as QProgressBar has it, empty for no text.
+void beginProgress(QProgressBar& bar, int steps, const QString& format);
 
 /// A progress bar whose value follows every step and whose picture follows at most every 40 ms: painting 5000
 /// steps one by one would cost more than the work they show. Painting is as before until the first step, at

@@ -21,9 +21,9 @@ const QColor kSign(0xFFFFFF);
 const QColor kSignGround(0x32747A);
 
 QByteArray drawing(const QString& file, const QColor& colour) {
-  QFile cellEntered(file);
-  if (!cellEntered.open(QIODevice::ReadOnly)) return {};
-  return cellEntered.readAll().replace("currentColor", colour.name().toLatin1());
+  QFile device(file);
+  if (!device.open(QIODevice::ReadOnly)) return {};
+  return device.readAll().replace("currentColor", colour.name().toLatin1());
 }
 
 /// A square, at the left of a place that is wider.

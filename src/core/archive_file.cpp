@@ -4,9 +4,14 @@
 #include "core/conversions.h"
 #include "platform/error.h"
 #include "platform/store/store.h"
+#include "platform/text/file_name.h"
 #include "platform/text/previous_file.h"
 
 namespace archivio {
+
+QString Etichetta(const QString& percorso) {
+  return QStringLiteral("Archivio: ") + FileName(percorso);
+}
 
 QString Conserva(const QString& percorso, Contesto& contesto) {
   QString copia = PreviousName(percorso);

@@ -10,6 +10,12 @@ namespace archivio {
 /// Of the dialogs of every archive.
 inline constexpr const char* kFiltro = "mdb (*.mdb)|*.mdb";
 
+/// Of a database that is no archive of the wanted kind.
+inline constexpr const char16_t* kIlleggibile = u"Il contenuto dell'archivio non è leggibile.";
+
+/// What the screens over an archive show of it: "Archivio: ", and the file's name.
+QString Etichetta(const QString& percorso);
+
 /// Keeps a copy of the archive at `percorso` beside it, under its PreviousName, which it returns; a file that
 /// is no archive is kept as it is. Throws Errore 61, 70, 75 or 3260.
 QString Conserva(const QString& percorso, Contesto& contesto);

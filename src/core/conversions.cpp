@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr int kCentesimi = 100;
 constexpr int kDecimaliImporto = 2;
 /// Room for ten digits, sign and decimal sign.
 constexpr std::size_t kPostiImporto = 12;

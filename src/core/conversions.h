@@ -17,6 +17,9 @@ void TestoInByte(const QString& testo, std::span<std::uint8_t> byte);
 /// The characters up to the first zero byte or the end.
 QString ByteInTesto(std::span<const std::uint8_t> byte);
 
+/// In a whole.
+inline constexpr int kCentesimi = 100;
+
 /// The decimal sign of the platform's locale.
 QChar SegnoDecimale();
 /// Hundredths as "####0.00", the decimal sign that of the platform's locale.

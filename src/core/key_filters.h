@@ -31,5 +31,9 @@ inline constexpr KeyRule ImportoDecimale{accettaImportoDecimale, motivoImportoDe
 inline constexpr KeyRule kRegolaSiNo{accettaSiNo, motivoSiNo};
 inline constexpr KeyRule kRegolaMS{accettaMS, motivoMS};
 
+/// Of a text that is no number all the same.
+inline constexpr const char16_t* kValoreNonNumerico =
+    u"Attenzione il valore immesso non è di tipo numerico !!!";
+
 /// True for S and s; anything else is no.
 bool siNo(const QString& testo);

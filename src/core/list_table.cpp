@@ -25,7 +25,6 @@ namespace elenco {
 namespace {
 
 constexpr int kTestata = 0;
-constexpr int kPrimaRiga = 1;
 constexpr int kAltezzaTestata = 600;  // twips
 constexpr int kAssente = -1;
 constexpr int kSenzaLimite = 32767;
@@ -88,21 +87,21 @@ class Corsa {
   void vuoto() {
     griglia_.Clear();
     // No row is picked any more.
-    griglia_.setRows(kPrimaRiga);
-    griglia_.setRows(kPrimaRiga + 1);
+    griglia_.setRows(FlexGrid::kFirstRow);
+    griglia_.setRows(FlexGrid::kFirstRow + 1);
     griglia_.setNotice(come_.senzaRighe);
   }
 
   /// What was there goes with its colours and its current cell; of a list that keeps its cells only the rows
   /// behind the query's.
   void dimensiona() {
-    if (!come_.conserva || come_.rottura) griglia_.setRows(kPrimaRiga);
+    if (!come_.conserva || come_.rottura) griglia_.setRows(FlexGrid::kFirstRow);
     const int prima = griglia_.Rows();
-    for (int riga = std::max(prima - come_.coda, kPrimaRiga); riga < prima; ++riga) pulisci(riga);
+    for (int riga = std::max(prima - come_.coda, FlexGrid::kFirstRow); riga < prima; ++riga) pulisci(riga);
     // A list with breaks has one behind each row at the most; what it does not use is cut at its end.
     const int alPiu = come_.rottura ? 2 * esito_.righe : esito_.righe;
-    griglia_.setRows(kPrimaRiga + alPiu + come_.coda);
-    for (int riga = kPrimaRiga + alPiu; riga < griglia_.Rows(); ++riga) pulisci(riga);
+    griglia_.setRows(FlexGrid::kFirstRow + alPiu + come_.coda);
+    for (int riga = FlexGrid::kFirstRow + alPiu; riga < griglia_.Rows(); ++riga) pulisci(riga);
   }
 
   void pulisci(int riga) {
@@ -119,7 +118,7 @@ class Corsa {
     for (const Colonna& colonna : come_.colonne) posti.push_back(postoDi(righe, colonna.campo));
     const int marca = come_.marca ? postoDi(righe, come_.marca->campo) : kAssente;
     const int rottura = come_.rottura ? postoDi(righe, come_.rottura->campo) : kAssente;
-    for (int numero = kPrimaRiga; !righe.atEnd(); righe.MoveNext(), ++numero, ++riga_) {
+    for (int numero = FlexGrid::kFirstRow; !righe.atEnd(); righe.MoveNext(), ++numero, ++riga_) {
       if (rottura != kAssente) spezza(righe.text(rottura));
       if (!una(righe, posti, numero)) return false;
       if (marca != kAssente) colora(righe, marca);
@@ -142,7 +141,7 @@ class Corsa {
 
   /// Before a row of the run `questa`: the row of the run that ends here.
   void spezza(QString questa) {
-    if (riga_ > kPrimaRiga && questa != serie_) scriviRottura();
+    if (riga_ > FlexGrid::kFirstRow && questa != serie_) scriviRottura();
     serie_ = std::move(questa);
   }
 
@@ -172,7 +171,7 @@ class Corsa {
   Contesto& contesto_;
   EsitoElenco esito_;
   /// The row of the grid that is being written.
-  int riga_ = kPrimaRiga;
+  int riga_ = FlexGrid::kFirstRow;
   /// What the rows of the present run have in common.
   QString serie_;
 };
@@ -183,7 +182,8 @@ bool diSomme(const FlexGrid& griglia, int riga, const FormaCSV& forma) {
 
 int righeEsportate(const FlexGrid& griglia, const FormaCSV& forma) {
   int quante = 0;
-  for (int riga = kPrimaRiga; riga < griglia.Rows(); ++riga) quante += diSomme(griglia, riga, forma) ? 0 : 1;
+  for (int riga = FlexGrid::kFirstRow; riga < griglia.Rows(); ++riga)
+    quante += diSomme(griglia, riga, forma) ? 0 : 1;
   return quante;
 }
 
@@ -236,7 +236,7 @@ EsitoElenco Riempi(FlexGrid& griglia, store::Database archivio, const store::Sta
 
 int RigaCon(const FlexGrid& griglia, int colonna, const QString& testo) {
   if (testo.isEmpty()) return 0;
-  for (int riga = kPrimaRiga; riga < griglia.Rows(); ++riga)
+  for (int riga = FlexGrid::kFirstRow; riga < griglia.Rows(); ++riga)
     if (griglia.TextMatrix(riga, colonna) == testo) return riga;
   return 0;
 }
@@ -286,7 +286,7 @@ void Caselle::svuota() const {
 QByteArray TestoCSV(const FlexGrid& griglia, Colonne colonne, const FormaCSV& forma) {
   const QString separatore = QStringLiteral(";");
   QString lista;
-  for (int riga = kPrimaRiga; riga < griglia.Rows(); ++riga) {
+  for (int riga = FlexGrid::kFirstRow; riga < griglia.Rows(); ++riga) {
     if (diSomme(griglia, riga, forma)) continue;
     QString linea = forma.numerata ? QString::number(riga) : QString();
     bool prima = !forma.numerata;

@@ -13,6 +13,9 @@ enum class Piede {
   Resta,  ///< for a command that only looks or moves: counts and totals stay to be read
 };
 
+/// In front of what a save would change.
+inline constexpr const char16_t* kNonSalvate = u"Modifiche non salvate: ";
+
 /// The foot of a screen, its `OutcomeBar`, during one command. A screen without one, and one that goes during
 /// its command, are left in peace.
 class PiedeComando {

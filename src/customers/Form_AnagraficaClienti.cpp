@@ -16,7 +16,9 @@
 #include "controls/primary_command.h"
 #include "controls/sample_width.h"
 #include "controls/style.h"
+#include "core/archive_file.h"
 #include "core/key_filters.h"
+#include "core/list_screen.h"
 #include "core/screens.h"
 #include "core/state.h"
 #include "core/table_text.h"
@@ -25,7 +27,6 @@
 #include "customers/customer_state.h"
 #include "customers/registry_list.h"
 #include "customers/vat_number.h"
-#include "platform/text/file_name.h"
 #include "platform/text/windows1252.h"
 #include "ui_Form_AnagraficaClienti.h"
 
@@ -33,7 +34,7 @@ using namespace customers;
 
 namespace {
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 
 constexpr int kTastoMemorizza = 0;
 constexpr int kTastoModifica = 1;
@@ -71,7 +72,7 @@ Form_AnagraficaClienti::Form_AnagraficaClienti(Contesto& contesto)
     : Schermo(contesto), ui_(std::make_unique<Ui::Form_AnagraficaClienti>()) {
   ui_->setupUi(this);
   caselle_ = std::make_unique<elenco::Caselle>(*this, ColonneClienti());
-  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  elenco::PreparaSchermo(*this, {ui_->Cmd_Reset, ui_->Cmd_Refresh, ui_->Cmd_Export, ui_->Cmd_Esci});
   vesti();
   preparaTasti();
   sorvegliaCampi();
@@ -89,7 +90,7 @@ Form_AnagraficaClienti::~Form_AnagraficaClienti() {
 }
 
 void Form_AnagraficaClienti::vesti() {
-  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Clienti));
+  ui_->LabelArchivio->setText(archivio::Etichetta(varGlobal().NomeDB_Clienti));
   primario_ = std::make_unique<PrimaryCommand>(
       std::vector<PrimaryCommand::Candidate>{{ui_->Vmd_Cerca, QStringLiteral("search")},
                                              {ui_->vkCmd_Memorizza_Cliente, QStringLiteral("save")},
@@ -97,12 +98,8 @@ void Form_AnagraficaClienti::vesti() {
   ui_->vkCmd_Memorizza_Cliente->setIcon(style::icon(QStringLiteral("save")));
   ui_->Cmd_Modifica->setIcon(style::icon(QStringLiteral("save")));
   ui_->Cmd_nuovo->setIcon(style::icon(QStringLiteral("file-plus")));
-  ui_->Cmd_Reset->setIcon(style::icon(QStringLiteral("x")));
-  ui_->Cmd_Refresh->setIcon(style::icon(QStringLiteral("list")));
-  ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("file-output")));
   ui_->Cmd_Elimina->setIcon(style::icon(QStringLiteral("trash-2")));
   ui_->vkCommand1->setIcon(style::icon(QStringLiteral("receipt-text")));
-  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
   widthFromSample(*ui_->vkTextBoxClientiPC, QStringLiteral("-00000"), FieldWidth::Exact);
   widthFromSample(*ui_->vkTextBoxPartitaIVA, QStringLiteral("00000000000"), FieldWidth::AtLeast);
   for (QLineEdit* campo : {ui_->vkTextboxIndirizzo, ui_->vkTextBoxCitta, ui_->vkTextboxNOTE})
@@ -111,9 +108,6 @@ void Form_AnagraficaClienti::vesti() {
 
 void Form_AnagraficaClienti::preparaTasti() {
   fieldKey(*ui_->vkTextBoxRagioneSociale, QKeySequence::Find);
-  commandKey(*ui_->Cmd_Refresh, Qt::Key_F5);
-  commandKey(*ui_->Cmd_Export, Qt::CTRL | Qt::Key_E);
-  notByEnter(*ui_->Cmd_Esci);
   auto* const salva = new QShortcut(QKeySequence::Save, this);
   salva->setAutoRepeat(false);
   connect(salva, &QShortcut::activated, this, [this] {
@@ -225,12 +219,12 @@ void Form_AnagraficaClienti::mostraQuanti() {
   const std::int32_t clienti = CalcolaNumClienti(contesto().utente);
   ui_->vkTextBoxClientiPC->setText(QuantiClientiAVideo(clienti));
   if (clienti < 0)
-    return ui_->BarraEsito->tell(Genere::Failed, QStringLiteral("L'archivio ha perso il cliente anonimo"));
+    return ui_->BarraEsito->tell(Kind::Failed, QStringLiteral("L'archivio ha perso il cliente anonimo"));
   raccontaElenco();
 }
 
 void Form_AnagraficaClienti::raccontaElenco() {
-  ui_->BarraEsito->tell(Genere::Plain, RaccontoClienti(*ui_->MSFlexGridClienti));
+  ui_->BarraEsito->tell(Kind::Plain, RaccontoClienti(*ui_->MSFlexGridClienti));
 }
 
 // What follows the typing.
@@ -245,7 +239,7 @@ void Form_AnagraficaClienti::seguiCampi() {
   seguiPrimario();
   if (daSalvare_ == prima) return;
   if (!daSalvare_) return raccontaElenco();
-  ui_->BarraEsito->tell(Genere::Plain, QStringLiteral("Modifiche non salvate: ") + scelto());
+  ui_->BarraEsito->tell(Kind::Plain, QString::fromUtf16(kNonSalvate) + scelto());
 }
 
 void Form_AnagraficaClienti::contaCampi() {
@@ -280,7 +274,7 @@ QString Form_AnagraficaClienti::scelto() const {
 void Form_AnagraficaClienti::avvisa(const char* procedura, const QString& messaggio, Icon icona) {
   reazioni::protetta(contesto().utente, QLatin1String(procedura), objectName(), [&] {
     contesto().utente.MsgBox(messaggio, icona);
-    ui_->BarraEsito->tell(icona == Icon::Critical ? Genere::Failed : Genere::Warning, messaggio);
+    ui_->BarraEsito->tell(icona == Icon::Critical ? Kind::Failed : Kind::Warning, messaggio);
   });
 }
 
@@ -327,7 +321,7 @@ bool Form_AnagraficaClienti::eventFilter(QObject* chi, QEvent* evento) {
 
 bool Form_AnagraficaClienti::diciPerse(const QString& perse, const char16_t* come) {
   if (perse.isEmpty()) return false;
-  ui_->BarraEsito->tell(Genere::Warning,
+  ui_->BarraEsito->tell(Kind::Warning,
                         QStringLiteral("Modifiche non salvate e %1: %2").arg(testo(come), perse));
   return true;
 }
@@ -351,9 +345,9 @@ void Form_AnagraficaClienti::nuovo() {
   ui_->vkTextBoxRagioneSociale->setFocus();
   if (scelta_.codice.isEmpty())
     return ui_->BarraEsito->tell(
-        Genere::Warning, QStringLiteral("Dopo il codice più alto non c'è posto: scrivere un codice libero"));
+        Kind::Warning, QStringLiteral("Dopo il codice più alto non c'è posto: scrivere un codice libero"));
   if (diciPerse(perse, u"sostituite")) return;
-  ui_->BarraEsito->tell(Genere::Plain,
+  ui_->BarraEsito->tell(Kind::Plain,
                         QStringLiteral("Nuovo cliente %1: riempire i campi e memorizzare").arg(codice));
 }
 
@@ -366,7 +360,7 @@ void Form_AnagraficaClienti::memorizza() {
   rifaiElenco();
   DisabilitaTasti(kTastoMemorizza);
   ui_->Cmd_nuovo->setFocus();
-  ui_->BarraEsito->tell(Genere::Done,
+  ui_->BarraEsito->tell(Kind::Done,
                         QStringLiteral("Memorizzato: ") + cliente(scritti.codice, scritti.ragioneSociale));
 }
 
@@ -379,8 +373,8 @@ void Form_AnagraficaClienti::modifica() {
   ui_->MSFlexGridClienti->setFocus();
   if (esito.righe == 0)
     return ui_->BarraEsito->tell(
-        Genere::Warning, QStringLiteral("Non salvato: nessun cliente ha il codice ") + scritti.codice);
-  ui_->BarraEsito->tell(Genere::Done,
+        Kind::Warning, QStringLiteral("Non salvato: nessun cliente ha il codice ") + scritti.codice);
+  ui_->BarraEsito->tell(Kind::Done,
                         QStringLiteral("Salvato: ") + cliente(scritti.codice, scritti.ragioneSociale));
 }
 
@@ -392,15 +386,15 @@ void Form_AnagraficaClienti::elimina() {
       cliente(codice, riga > 0 ? griglia.TextMatrix(riga, kClienteRagioneSociale) : QString());
   const EsitoCliente esito = EliminaCliente(codice, contesto());
   if (esito.esito == EsitoRegistro::Annullato)
-    return ui_->BarraEsito->tell(Genere::Plain, QStringLiteral("Eliminazione annullata: ") + chi);
+    return ui_->BarraEsito->tell(Kind::Plain, QStringLiteral("Eliminazione annullata: ") + chi);
   if (esito.esito != EsitoRegistro::Fatto) return;
   rifaiElenco();
   rinfrescaCampi(codice);
   ui_->MSFlexGridClienti->setFocus();
   if (esito.righe == 0)
-    return ui_->BarraEsito->tell(Genere::Warning,
+    return ui_->BarraEsito->tell(Kind::Warning,
                                  QStringLiteral("Non eliminato: nessun cliente ha il codice ") + codice);
-  ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Eliminato: ") + chi);
+  ui_->BarraEsito->tell(Kind::Done, QStringLiteral("Eliminato: ") + chi);
 }
 
 void Form_AnagraficaClienti::fatture() {
@@ -408,13 +402,13 @@ void Form_AnagraficaClienti::fatture() {
   const int riga = griglia.Row();
   const QString codice = griglia.TextMatrix(riga, kClienteCodice);
   if (riga < 1 || codice.isEmpty())
-    return ui_->BarraEsito->tell(Genere::Warning, QStringLiteral("Prima scegliere un cliente nell'elenco"));
+    return ui_->BarraEsito->tell(Kind::Warning, QStringLiteral("Prima scegliere un cliente nell'elenco"));
   FiltroFatture& filtro = statoClienti().filtro;
   filtro = {true, griglia.TextMatrix(riga, kClientePartitaIVA),
             griglia.TextMatrix(riga, kClienteRagioneSociale), codice};
   const auto spento = qScopeGuard([&] { filtro.acceso = false; });
   contesto().schermate.mostraModale(QStringLiteral("Form_ArchivioFattureClienti"), contesto());
-  ui_->BarraEsito->tell(Genere::Plain,
+  ui_->BarraEsito->tell(Kind::Plain,
                         QStringLiteral("Viste le fatture di ") + cliente(codice, filtro.ragioneSociale));
 }
 

@@ -10,17 +10,18 @@
 #include "controls/guarded_field.h"
 #include "controls/sample_width.h"
 #include "controls/style.h"
+#include "core/archive_file.h"
 #include "core/key_filters.h"
+#include "core/list_screen.h"
 #include "core/screens.h"
 #include "core/state.h"
 #include "customers/customer_state.h"
 #include "customers/invoice_list.h"
 #include "customers/registry.h"
-#include "platform/text/file_name.h"
 #include "platform/ui/user_port.h"
 #include "ui_Form_ArchivioFattureClienti.h"
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 
 namespace {
 constexpr int kPrimoAnno = 2000;
@@ -33,9 +34,9 @@ const QString kApostrofo =
 Form_ArchivioFattureClienti::Form_ArchivioFattureClienti(Contesto& contesto)
     : Schermo(contesto), ui_(std::make_unique<Ui::Form_ArchivioFattureClienti>()) {
   ui_->setupUi(this);
-  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Clienti));
-  setWindowFlag(Qt::WindowMaximizeButtonHint);
-  vesti();
+  ui_->LabelArchivio->setText(archivio::Etichetta(varGlobal().NomeDB_Clienti));
+  elenco::PreparaSchermo(*this, {ui_->Cmd_Reset, ui_->Cmd_Refresh, ui_->Cmd_Export, ui_->Cmd_Esci});
+  style::primary(*ui_->Cmd_Cerca, QStringLiteral("search"));
   preparaTasti();
   const PiedeComando racconto(*this, contesto, Piede::Nuovo);
   RefreshForm();
@@ -51,14 +52,6 @@ Form_ArchivioFattureClienti::Form_ArchivioFattureClienti(Contesto& contesto)
 
 Form_ArchivioFattureClienti::~Form_ArchivioFattureClienti() = default;
 
-void Form_ArchivioFattureClienti::vesti() {
-  style::primary(*ui_->Cmd_Cerca, QStringLiteral("search"));
-  ui_->Cmd_Reset->setIcon(style::icon(QStringLiteral("x")));
-  ui_->Cmd_Refresh->setIcon(style::icon(QStringLiteral("list")));
-  ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("file-output")));
-  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
-}
-
 void Form_ArchivioFattureClienti::preparaTasti() {
   new GuardedField(*ui_->vkTextBoxRagioneSociale);
   new GuardedField(*ui_->vkTextBoxPartitaIVA, Cifre);
@@ -67,9 +60,6 @@ void Form_ArchivioFattureClienti::preparaTasti() {
   for (QLineEdit* campo : {ui_->vkTextBoxRagioneSociale, ui_->vkTextBoxPartitaIVA, ui_->vkTextBoxNumFattura})
     addClearButton(*campo);
   fieldKey(*ui_->vkTextBoxRagioneSociale, QKeySequence::Find);
-  commandKey(*ui_->Cmd_Refresh, Qt::Key_F5);
-  commandKey(*ui_->Cmd_Export, Qt::CTRL | Qt::Key_E);
-  notByEnter(*ui_->Cmd_Esci);
 }
 
 void Form_ArchivioFattureClienti::InitDataOra() {
@@ -108,7 +98,7 @@ void Form_ArchivioFattureClienti::mostraEsito(const elenco::EsitoElenco& esito, 
   if (!esito.intero) return;
   ui_->LabelPeriodo->setText(periodo);
   ui_->BarraEsito->tell(
-      Genere::Plain, esito.righe == 0 ? ui_->MSFlexGridFatture->Notice() : customers::RaccontoFatture(esito));
+      Kind::Plain, esito.righe == 0 ? ui_->MSFlexGridFatture->Notice() : customers::RaccontoFatture(esito));
 }
 
 customers::Giorno Form_ArchivioFattureClienti::giorno(DataDiSchermo quale) const {
@@ -140,7 +130,7 @@ void Form_ArchivioFattureClienti::rifiutaGiorno(DataDiSchermo quale) {
   combiData(*this, quale).giorno->setFocus();
   const QString nome =
       quale == DataDiSchermo::Inizio ? QStringLiteral("Data di inizio") : QStringLiteral("Data di fine");
-  ui_->BarraEsito->tell(Genere::Warning,
+  ui_->BarraEsito->tell(Kind::Warning,
                         nome + QStringLiteral(" rifiutata: l'elenco è quello di prima. La data deve esistere "
                                               "e il suo anno non può essere futuro"));
 }
@@ -166,7 +156,7 @@ void Form_ArchivioFattureClienti::avvisaApostrofo() {
   const bool rompe = customers::ApostrofoSolo(ui_->vkTextBoxRagioneSociale->text()) ||
                      customers::ApostrofoSolo(ui_->vkTextBoxNumFattura->text());
   if (rompe)
-    ui_->BarraEsito->tell(Genere::Warning, kApostrofo);
+    ui_->BarraEsito->tell(Kind::Warning, kApostrofo);
   else if (ui_->BarraEsito->text() == kApostrofo)
     ui_->BarraEsito->clear();
 }
@@ -198,7 +188,7 @@ void Form_ArchivioFattureClienti::on_Cmd_Reset_clicked() {
     ui_->vkTextBoxPartitaIVA->clear();
     ui_->vkTextBoxNumFattura->clear();
     InitDataOra();
-    ui_->BarraEsito->tell(Genere::Plain,
+    ui_->BarraEsito->tell(Kind::Plain,
                           QStringLiteral("Filtri vuoti, periodo fino a oggi; l'elenco è quello di prima"));
   });
 }

@@ -37,7 +37,6 @@ class Form_ArchivioFattureClienti : public Schermo<QDialog> {
   void on_vkTextBoxNumFattura_textChanged();
 
  private:
-  void vesti();
   void preparaTasti();
   void InitDataOra();
   void RefreshForm();

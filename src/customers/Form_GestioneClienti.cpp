@@ -73,7 +73,7 @@ void Form_GestioneClienti::apri() {
 void Form_GestioneClienti::trasferisci() {
   if (customers::CalcolaNumClienti(contesto().utente) != 0)
     return mostraSchermata("Form_TrasferimentoClienti");
-  contesto().utente.MsgBox(QStringLiteral("Attenzione l'archivio degli clienti e' vuoto"), Icon::Warning);
+  contesto().utente.MsgBox(QString::fromUtf16(customers::kArchivioVuoto), Icon::Warning);
 }
 
 customers::EsitoIstruzioni Form_GestioneClienti::ImportaIstruzioni() {

@@ -1,10 +1,10 @@
 #include "customers/Form_RicezioneClienti.h"
 
 #include "controls/steady_progress.h"
+#include "core/archive_file.h"
 #include "core/state.h"
 #include "customers/customer_image.h"
 #include "customers/customer_state.h"
-#include "platform/text/file_name.h"
 #include "ui_Form_RicezioneClienti.h"
 
 using customers::EsitoRicezione;
@@ -13,7 +13,7 @@ Form_RicezioneClienti::Form_RicezioneClienti(Contesto& contesto)
     : FinestraLink(contesto, QStringLiteral("Form_GestioneClienti")),
       ui_(std::make_unique<Ui::Form_RicezioneClienti>()) {
   ui_->setupUi(this);
-  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Clienti));
+  ui_->LabelArchivio->setText(archivio::Etichetta(varGlobal().NomeDB_Clienti));
   ui_->vkOptionButtonClienti->setChecked(customers::statoClienti().ricezioneClienti);
   caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "download"});
 }
@@ -46,11 +46,10 @@ bool Form_RicezioneClienti::lavora() {
 void Form_RicezioneClienti::preparaBarra() {
   const bool fatture = ui_->vkOptionButtonFatture->isChecked();
   const bool clienti = ui_->vkOptionButtonClienti->isChecked();
-  ui_->vkBar1->setRange(0,
-                        clienti ? customers::kUltimoCliente : static_cast<int>(customers::fattura::kRecord));
-  ui_->vkBar1->setValue(0);
   // A clearing has no steps to show.
-  ui_->vkBar1->setFormat(fatture || clienti ? QStringLiteral("%p%") : QString());
+  beginProgress(*ui_->vkBar1,
+                clienti ? customers::kUltimoCliente : static_cast<int>(customers::fattura::kRecord),
+                fatture || clienti ? QStringLiteral("%p%") : QString());
 }
 
 EsitoRicezione Form_RicezioneClienti::eseguiScelta() {

@@ -1,9 +1,9 @@
 #include "customers/Form_TrasferimentoClienti.h"
 
 #include "controls/steady_progress.h"
+#include "core/archive_file.h"
 #include "core/context.h"
 #include "core/state.h"
-#include "platform/text/file_name.h"
 #include "platform/ui/user_port.h"
 #include "ui_Form_TrasferimentoClienti.h"
 
@@ -12,7 +12,7 @@ Form_TrasferimentoClienti::Form_TrasferimentoClienti(Contesto& contesto)
       ui_(std::make_unique<Ui::Form_TrasferimentoClienti>()),
       codiceMassimo_(customers::RicavaDettagliPC(contesto.utente)) {
   ui_->setupUi(this);
-  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Clienti));
+  ui_->LabelArchivio->setText(archivio::Etichetta(varGlobal().NomeDB_Clienti));
   caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "upload"});
   if (const QString avviso = Form_TrasferimentoClienti::avvertenza(); !avviso.isEmpty())
     racconta(OutcomeBar::Kind::Warning, avviso);
@@ -30,9 +30,7 @@ QString Form_TrasferimentoClienti::avvertenza() const {
 
 bool Form_TrasferimentoClienti::lavora() {
   abilita(false, false);
-  ui_->vkBar1->setRange(0, customers::kUltimoCliente);
-  ui_->vkBar1->setValue(0);
-  ui_->vkBar1->setFormat(QStringLiteral("%p%"));
+  beginProgress(*ui_->vkBar1, customers::kUltimoCliente, QStringLiteral("%p%"));
   contesto().utente.DoEvents();
   const customers::Invio invio = invia();
   if (invio.esito == customers::EsitoInvio::Fallito) {

@@ -1,5 +1,6 @@
 #include "customers/archive_summary.h"
 
+#include "core/archive_file.h"
 #include "core/figures.h"
 #include "core/state.h"
 #include "platform/store/store.h"
@@ -27,7 +28,7 @@ RiepilogoArchivio Riepiloga() {
 }
 
 QString TestoRiepilogo(const RiepilogoArchivio& riepilogo) {
-  if (!riepilogo.leggibile) return QStringLiteral("Il contenuto dell'archivio non è leggibile.");
+  if (!riepilogo.leggibile) return QString::fromUtf16(archivio::kIlleggibile);
   return quanti(riepilogo.clienti, QStringLiteral("cliente"), QStringLiteral("clienti")) +
          QStringLiteral(" e ") +
          quanti(riepilogo.fatture, QStringLiteral("fattura"), QStringLiteral("fatture"));

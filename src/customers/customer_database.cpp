@@ -97,9 +97,7 @@ std::int16_t CheckEsistenzaPartitaIVA(const QString& partitaIVA, Utente& utente)
     return kPartitaIVANonLetta;
   }
   if (!statoClienti().ricezioneClienti)
-    utente.MsgBox(QStringLiteral("Attenzione la Partita IVA [%1] e' gia' associata ad un altro cliente!!!")
-                      .arg(partitaIVA),
-                  Icon::Warning);
+    utente.MsgBox(QString::fromUtf16(kPartitaIVAAssociata).arg(partitaIVA), Icon::Warning);
   return kPartitaIVAPresente;
 }
 

@@ -57,6 +57,11 @@ std::int32_t ProssimoCodice();
 /// Code of the highest customer; 0 for none, -1 for a failure of the store, which is not shown.
 std::int32_t CodiceMassimo();
 
+/// Of an archive with nobody to send.
+inline constexpr const char16_t* kArchivioVuoto = u"Attenzione l'archivio degli clienti e' vuoto";
+/// Of a VAT number, %1, that another customer bears.
+inline constexpr const char16_t* kPartitaIVAAssociata =
+    u"Attenzione la Partita IVA [%1] e' gia' associata ad un altro cliente!!!";
 /// Results of CheckEsistenzaPartitaIVA.
 inline constexpr std::int16_t kPartitaIVAPresente = 0;
 inline constexpr std::int16_t kPartitaIVANonLetta = 1;

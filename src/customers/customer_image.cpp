@@ -1,7 +1,5 @@
 #include "customers/customer_image.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <array>
 #include <optional>
 
@@ -15,6 +13,7 @@
 #include "ecrlink/session.h"
 #include "ecrlink/transfer_lock.h"
 #include "platform/text/temporary_file.h"
+#include "platform/text/whole_file.h"
 #include "platform/ui/user_port.h"
 
 namespace customers {
@@ -51,13 +50,6 @@ RecordCliente recordDi(const store::Recordset& righe, const Colonne& colonne) {
   return byte;
 }
 
-/// No older table stays behind a file that could not be made.
-void togliPrecedente(const QString& file) {
-  TemporaryFile::Sweep(file);
-  const QFileInfo vecchio(file);
-  if ((vecchio.exists() || vecchio.isSymLink()) && !QFile::remove(file)) throw errors::pathAccess(file);
-}
-
 /// One run of RiempiCLI. Each step is a statement of its own under the reaction to failures; the file is one,
 /// so that what could not be written whole is not sent.
 class Riempimento {
@@ -90,7 +82,9 @@ class Riempimento {
   int scrivi(store::Recordset& righe) {
     const QString file = QLatin1String(kFileClienti);
     const Colonne colonne(righe);
-    togliPrecedente(file);
+    // No older table stays behind a file that could not be made.
+    TemporaryFile::Sweep(file);
+    RemoveFile(file);
     TemporaryFile nuovo(file);
     int usati = 0;
     for (int posto = 0; posto < kUltimoCliente; ++posto) {
@@ -135,8 +129,7 @@ EsitoInvio spedisci(Contesto& contesto, SteadyProgress& avanzamento,
 
 std::int32_t RicavaDettagliPC(Utente& utente) {
   const std::int32_t massimo = CodiceMassimo();
-  if (massimo == 0)
-    utente.MsgBox(QStringLiteral("Attenzione l'archivio degli clienti e' vuoto"), Icon::Warning);
+  if (massimo == 0) utente.MsgBox(QString::fromUtf16(kArchivioVuoto), Icon::Warning);
   if (massimo == -1)
     utente.MsgBox(QStringLiteral("Errore nella determinazione del numero degli clienti"), Icon::Warning);
   return massimo;
@@ -149,10 +142,7 @@ std::int16_t RiempiCLI(Contesto& contesto, SteadyProgress& avanzamento, int& cli
 Invio InviaClienti(Contesto& contesto, SteadyProgress& avanzamento) {
   Invio invio;
   std::optional<ecrlink::ScambioEsclusivo> scambio;
-  try {
-    ecrlink::prendiDovePossibile(scambio);
-  } catch (const Errore& errore) {
-    contesto.utente.MsgBox(errore.descrizione, Icon::Warning);
+  if (!ecrlink::prendiODillo(scambio, contesto.utente)) {
     invio.esito = fallito(contesto);
     return invio;
   }

@@ -20,7 +20,6 @@ using elenco::Colonna;
 using elenco::kDestra;
 using elenco::kSinistra;
 
-constexpr int kPrimaRiga = 1;
 const QColor kRosso(255, 0, 0);
 
 bool nulla(const Cella& cella) {
@@ -76,7 +75,7 @@ bool diSomma(int colonna) {
 void allargaImporti(FlexGrid& griglia) {
   for (int colonna = kFatturaImporto; colonna <= kFatturaNonPagato; ++colonna) {
     QString piuLungo = QString::fromUtf16(kColonne[static_cast<std::size_t>(colonna)].campione);
-    for (int riga = kPrimaRiga; riga < griglia.Rows(); ++riga) {
+    for (int riga = FlexGrid::kFirstRow; riga < griglia.Rows(); ++riga) {
       const QString importo = griglia.TextMatrix(riga, colonna);
       if (importo.size() > piuLungo.size()) piuLungo = importo;
     }
@@ -93,7 +92,7 @@ elenco::EsitoElenco riempi(FlexGrid& griglia, const store::Statement& istruzione
   elenco::EsitoElenco esito = elenco::Riempi(griglia, varGlobal().DB_Clienti, istruzione, come, contesto);
   if (!esito.intero) return esito;
   allargaImporti(griglia);
-  if (esito.righe > 0) griglia.setCell(kPrimaRiga, kFatturaCliente);
+  if (esito.righe > 0) griglia.setCell(FlexGrid::kFirstRow, kFatturaCliente);
   return esito;
 }
 
@@ -106,7 +105,7 @@ elenco::Colonne ColonneFatture() {
 void GestGridCentral(FlexGrid& griglia) {
   elenco::Disponi(griglia, kColonne);
   griglia.Clear();
-  griglia.setRows(kPrimaRiga + 1);
+  griglia.setRows(FlexGrid::kFirstRow + 1);
 }
 
 elenco::EsitoElenco RiempiGridCentral(FlexGrid& griglia, Contesto& contesto) {

@@ -90,11 +90,10 @@ store::Statement StatementCercaFatture(const RicercaFatture& ricerca) {
   if (ricerca.cliente) istruzione += u" AND TAB_FATTURE.ID_Cliente = " + store::number(*ricerca.cliente);
   if (!ricerca.ragioneSociale.isEmpty())
     istruzione +=
-        u" AND Ragione_Sociale like '" + store::text(windows1252::toUpper(ricerca.ragioneSociale)) + u"*'";
+        store::beginsWith(u" AND Ragione_Sociale like '", windows1252::toUpper(ricerca.ragioneSociale));
   if (!ricerca.partitaIVA.isEmpty())
-    istruzione += u" AND Partita_iva like '" + store::text(ricerca.partitaIVA) + u"*'";
-  if (!ricerca.numero.isEmpty())
-    istruzione += u" AND NumFattura like '" + store::text(ricerca.numero) + u"*'";
+    istruzione += store::beginsWith(u" AND Partita_iva like '", ricerca.partitaIVA);
+  if (!ricerca.numero.isEmpty()) istruzione += store::beginsWith(u" AND NumFattura like '", ricerca.numero);
   istruzione += u" ORDER BY TAB_ANAG_CLIENTI.Ragione_Sociale,TAB_FATTURE.NumFattura ASC";
   return istruzione;
 }

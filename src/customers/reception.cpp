@@ -261,11 +261,7 @@ RicezioneClienti RiceviClienti(Contesto& contesto, SteadyProgress& avanzamento) 
 
 EsitoRicezione AzzeraFatture(Contesto& contesto) {
   std::optional<ecrlink::ScambioEsclusivo> scambio;
-  try {
-    ecrlink::prendiDovePossibile(scambio);
-  } catch (const Errore& errore) {
-    return comunicazione(contesto, errore.descrizione);
-  }
+  if (!ecrlink::prendiODillo(scambio, contesto.utente)) return EsitoRicezione::Comunicazione;
   if (ecrlink::avviaECR({}, ecrlink::Modo::AzzeraFatture, contesto) != 0)
     return EsitoRicezione::Comunicazione;
   // Another program may exchange again before the box is answered.

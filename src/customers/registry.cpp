@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/context.h"
+#include "core/key_filters.h"
 #include "core/state.h"
 #include "customers/customer_database.h"
 #include "customers/customer_records.h"
@@ -89,19 +90,19 @@ bool haFatture(const QString& codice) {
               .empty();
 }
 
-store::Statement simile(store::Wording inizio, const QString& testo) {
-  return inizio + store::text(testo) + u"*'";
-}
-
 std::vector<store::Statement> condizioni(const CampiCliente& campi) {
   std::vector<store::Statement> tutte;
   if (!campi.ragioneSociale.isEmpty())
-    tutte.push_back(simile(u" Ragione_Sociale like '", windows1252::toUpper(campi.ragioneSociale)));
+    tutte.push_back(
+        store::beginsWith(u" Ragione_Sociale like '", windows1252::toUpper(campi.ragioneSociale)));
   if (!campi.indirizzo.isEmpty())
-    tutte.push_back(simile(u" Indirizzo like '", windows1252::toUpper(campi.indirizzo)));
-  if (!campi.citta.isEmpty()) tutte.push_back(simile(u" Citta like '", windows1252::toUpper(campi.citta)));
-  if (!campi.partitaIVA.isEmpty()) tutte.push_back(simile(u" Partita_IVA like '", campi.partitaIVA));
-  if (!campi.nota.isEmpty()) tutte.push_back(simile(u" Nota like '", windows1252::toUpper(campi.nota)));
+    tutte.push_back(store::beginsWith(u" Indirizzo like '", windows1252::toUpper(campi.indirizzo)));
+  if (!campi.citta.isEmpty())
+    tutte.push_back(store::beginsWith(u" Citta like '", windows1252::toUpper(campi.citta)));
+  if (!campi.partitaIVA.isEmpty())
+    tutte.push_back(store::beginsWith(u" Partita_IVA like '", campi.partitaIVA));
+  if (!campi.nota.isEmpty())
+    tutte.push_back(store::beginsWith(u" Nota like '", windows1252::toUpper(campi.nota)));
   return tutte;
 }
 
@@ -147,7 +148,7 @@ std::optional<QString> ControllaCodiceCliente(const QString& codice) {
 
 std::optional<QString> ControllaVirgole(const QString& partitaIVA) {
   if (partitaIVA.count(kVirgola) <= 1) return std::nullopt;
-  return QStringLiteral("Attenzione il valore immesso non è di tipo numerico !!!");
+  return QString::fromUtf16(kValoreNonNumerico);
 }
 
 std::optional<RifiutoCliente> ControllaPartitaIVA(const QString& partitaIVA) {
@@ -198,9 +199,7 @@ EsitoCliente ModificaCliente(const CampiCliente& campi, Contesto& contesto) {
   try {
     if (partitaIVAAltrui(campi))
       return rifiuta(
-          {QStringLiteral("Attenzione la Partita IVA [%1] e' gia' associata ad un altro cliente!!!")
-               .arg(campi.partitaIVA),
-           Icon::Warning, kClientePartitaIVA},
+          {QString::fromUtf16(kPartitaIVAAssociata).arg(campi.partitaIVA), Icon::Warning, kClientePartitaIVA},
           contesto);
     store::Transaction transazione(contesto.area);
     // The four mandatory fields are filled, so the mark of who was made up from an invoice goes.

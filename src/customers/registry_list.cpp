@@ -56,8 +56,6 @@ constexpr std::array kCampioniElenco{
 
 /// Pixels beside the text of a cell, with a few to spare.
 constexpr int kMargine = 12;
-/// At scale 1.
-constexpr int kTwipPerPixel = 15;
 
 int larghezza(const FlexGrid& griglia, const QString& testo) {
   return griglia.fontMetrics().horizontalAdvance(testo) + kMargine;
@@ -88,7 +86,7 @@ struct Stretta {
 };
 
 Stretta stretta(const FlexGrid& griglia, int colonna) {
-  const int minima = std::max(kColonne[static_cast<std::size_t>(colonna)].twip / kTwipPerPixel,
+  const int minima = std::max(kColonne[static_cast<std::size_t>(colonna)].twip / FlexGrid::kTwipsPerPixel,
                               larghezza(griglia, campione(colonna)));
   return {colonna, minima, std::max(0, larghezza(griglia, piuLungo(griglia, colonna)) - minima)};
 }
@@ -138,7 +136,7 @@ void AllargaTesti(FlexGrid& griglia) {
   for (const Stretta& una : strette) {
     const int quota = mancante == 0 ? 0 : una.mancante * concessa / mancante;
     griglia.setColWidth(una.colonna, quota == 0 ? kColonne[static_cast<std::size_t>(una.colonna)].twip
-                                                : (una.minima + quota) * kTwipPerPixel);
+                                                : (una.minima + quota) * FlexGrid::kTwipsPerPixel);
   }
 }
 

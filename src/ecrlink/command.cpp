@@ -28,7 +28,7 @@ bool vuoleTrasferimento(Modo modo) {
 
 void segnalaCodice(std::int16_t codice, Contesto& contesto) {
   const QByteArray testo = contesto.libreria.ecr_get_err(codice, kByteErrore);
-  contesto.utente.MsgBox(QStringLiteral("Errore nella comunicazione con ECR: ") + windows1252::toText(testo),
+  contesto.utente.MsgBox(QString::fromUtf16(kErroreComunicazione) + windows1252::toText(testo),
                          Icon::Critical);
 }
 

@@ -10,6 +10,7 @@
 #include "platform/error.h"
 #include "platform/text/previous_file.h"
 #include "platform/text/temporary_file.h"
+#include "platform/text/whole_file.h"
 
 namespace ecrlink {
 
@@ -63,14 +64,13 @@ int spedisci(std::span<const std::uint8_t> immagine, const QString& file, Contes
 void sgombra(const QString& file, Precedente precedente) {
   // Those of the library too, which names what it receives in the same way.
   TemporaryFile::Sweep(file);
-  const QString tenuto = PreviousName(file);
   const QFileInfo vecchio(file);
-  if (!vecchio.exists() && !vecchio.isSymLink()) return;
   if (precedente == Precedente::Tenuto && vecchio.isFile() && !vecchio.isSymLink()) {
+    const QString tenuto = PreviousName(file);
     QFile::remove(tenuto);
     if (QFile::rename(file, tenuto)) return;
   }
-  if (!QFile::remove(file)) throw errors::pathAccess(file);
+  RemoveFile(file);
 }
 
 }  // namespace

@@ -25,6 +25,8 @@ enum class Modo : int {
 };
 
 inline constexpr const char* kIndirizzoPredefinito = "192.168.0.20";
+/// In front of what the library says of a code that is not 0.
+inline constexpr const char16_t* kErroreComunicazione = u"Errore nella comunicazione con ECR: ";
 
 /// At the load of a link screen: default address, local addresses, start command off. Returns 0, or -1 when
 /// the computer has no name on the network (told to the person).

@@ -6,6 +6,7 @@
 
 #include "platform/clock.h"
 #include "platform/error.h"
+#include "platform/ui/user_port.h"
 
 namespace ecrlink {
 
@@ -46,6 +47,16 @@ void prendiDovePossibile(std::optional<ScambioEsclusivo>& scambio) {
     scambio.emplace();
   } catch (const Errore& errore) {
     if (errore.numero == errors::kAccessDenied) throw;
+  }
+}
+
+bool prendiODillo(std::optional<ScambioEsclusivo>& scambio, Utente& utente) {
+  try {
+    prendiDovePossibile(scambio);
+    return true;
+  } catch (const Errore& errore) {
+    utente.MsgBox(errore.descrizione, Icon::Warning);
+    return false;
   }
 }
 

@@ -3,6 +3,8 @@
 #include <QLockFile>
 #include <optional>
 
+class Utente;
+
 namespace ecrlink {
 
 /// The transfer files of the current folder in the hands of one program, for its own life. Two that exchanged
@@ -20,5 +22,7 @@ class ScambioEsclusivo {
 /// Before a step that needs no file, or fails by itself without one: a folder that takes no lock, and so no
 /// transfer file either, leaves `scambio` empty. Throws Errore 70 while another program exchanges.
 void prendiDovePossibile(std::optional<ScambioEsclusivo>& scambio);
+/// The same, but false where another program exchanges, and the person told.
+bool prendiODillo(std::optional<ScambioEsclusivo>& scambio, Utente& utente);
 
 }  // namespace ecrlink

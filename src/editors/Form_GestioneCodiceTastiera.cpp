@@ -15,7 +15,7 @@
 
 namespace {
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 
 /// "Spica ------> 30 tasti" as it is said: "Spica, 30 tasti".
 QString detta(const QString& didascalia) {
@@ -64,7 +64,7 @@ Form_GestioneCodiceTastiera::Form_GestioneCodiceTastiera(Contesto& contesto)
   ui_->opzioni->setAutoFillBackground(false);
   creaOpzioni();
   style::primary(*ui_->Cmd_Conferma);
-  ui_->BarraEsito->tell(Genere::Plain, racconto());
+  ui_->BarraEsito->tell(Kind::Plain, racconto());
 }
 
 Form_GestioneCodiceTastiera::~Form_GestioneCodiceTastiera() = default;
@@ -124,16 +124,16 @@ void Form_GestioneCodiceTastiera::conferma() {
   // There is no choice yet that one could be sure of.
   if (!scelta) {
     opzioni_.front()->setFocus();
-    return ui_->BarraEsito->tell(Genere::Warning,
+    return ui_->BarraEsito->tell(Kind::Warning,
                                  QStringLiteral("Scegliere prima una macchina dall'elenco, poi Conferma"));
   }
   if (contesto().utente.MsgBox(QStringLiteral("Si è sicuri della scelta effettuata ?"), Icon::Question,
                                QStringLiteral("Caricamento configurazione"), Buttons::YesNo) != Answer::Yes) {
     const QString prima = modello();
     return ui_->BarraEsito->tell(
-        Genere::Plain, prima.isEmpty() ? QStringLiteral("Non confermata: nessuna macchina scelta")
-                                       : QStringLiteral("Non confermata: la macchina resta ") + prima);
+        Kind::Plain, prima.isEmpty() ? QStringLiteral("Non confermata: nessuna macchina scelta")
+                                     : QStringLiteral("Non confermata: la macchina resta ") + prima);
   }
   editors::scegliModello(*scelta);
-  ui_->BarraEsito->tell(Genere::Done, racconto());
+  ui_->BarraEsito->tell(Kind::Done, racconto());
 }

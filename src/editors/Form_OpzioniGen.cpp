@@ -49,8 +49,7 @@ QString ordinabile(const CampoData& campo) {
 
 QString VerificaTempoAzz(const QString& testo) {
   // The first message speaks of a password: shops and their support know it by these words.
-  if (testo.size() != kCifreTempo)
-    return QStringLiteral("Attenzione la password deve essere di 6 caratteri !!!");
+  if (testo.size() != kCifreTempo) return QString::fromUtf16(opzioni::kSeiCaratteri);
   if (testo.mid(0, 2).toInt() > kOreMassime)
     return QStringLiteral("L'ora immessa e' > 23. L'intervallo del tempo di azzeramento (000000-235959)");
   if (testo.mid(2, 2).toInt() > kSessantesimiMassimi)

@@ -40,8 +40,7 @@ Esame lettera(const QString& testo, const QString& lettere, const QString& ripie
 }  // namespace
 
 Esame CheckNumero(const QString& testo, const Limite& limite) {
-  if (testo.count(kVirgola) > 1)
-    return {kRipiego, QStringLiteral("Attenzione il valore immesso non è di tipo numerico !!!")};
+  if (testo.count(kVirgola) > 1) return {kRipiego, QString::fromUtf16(kValoreNonNumerico)};
   if (valoreDi(testo) > limite.valore)
     return {kRipiego, QStringLiteral("Attenzione il valore immesso > ") + QString::fromUtf16(limite.testo) +
                           QStringLiteral("!!!")};

@@ -21,7 +21,7 @@
 
 namespace {
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 
 /// How many changed fields the foot names.
 constexpr std::size_t kNominati = 3;
@@ -297,7 +297,7 @@ bool EditorModulo::controllaSegnati() {
 void EditorModulo::salva() {
   if (!campiGiusti()) return;
   if (modificato() == kFalso)
-    return ui_->BarraEsito->tell(Genere::Plain, QStringLiteral("Nessuna modifica da salvare"));
+    return ui_->BarraEsito->tell(Kind::Plain, QStringLiteral("Nessuna modifica da salvare"));
   if (!premuto() && !editors::chiediDiSalvare(contesto())) return mostraStato();
   if (!salvabile()) return;
   editors::SalvaEditorRaccontando(
@@ -314,7 +314,7 @@ void EditorModulo::annulla() {
   const QString perse = modificati();
   modificato() = kFalso;
   ricarica();
-  if (!perse.isEmpty()) ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Modifiche annullate: ") + perse);
+  if (!perse.isEmpty()) ui_->BarraEsito->tell(Kind::Done, QStringLiteral("Modifiche annullate: ") + perse);
 }
 
 void EditorModulo::segna(editors::CampoModulo& campo) {
@@ -348,7 +348,7 @@ void EditorModulo::avvisa(const QString& messaggio) {
 }
 
 void EditorModulo::racconta(const QString& avviso) {
-  ui_->BarraEsito->tell(Genere::Warning, avviso);
+  ui_->BarraEsito->tell(Kind::Warning, avviso);
 }
 
 void EditorModulo::porta(editors::CampoModulo& campo) {
@@ -386,5 +386,5 @@ void EditorModulo::mostraStato() {
   }
   const QString quali = modificati();
   if (quali.isEmpty()) return ui_->BarraEsito->clear();
-  ui_->BarraEsito->tell(Genere::Plain, QStringLiteral("Modifiche non salvate: ") + quali);
+  ui_->BarraEsito->tell(Kind::Plain, QString::fromUtf16(kNonSalvate) + quali);
 }

@@ -19,7 +19,7 @@
 
 namespace {
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 
 constexpr int kColonneLegenda = 3;
 /// How many changed rows the foot names.
@@ -233,7 +233,7 @@ void EditorGriglia::cambiata() {
   if (esame.messaggio.isEmpty()) return;
   casella().selectAll();
   contesto().utente.MsgBox(esame.messaggio, Icon::Warning);
-  ui_->BarraEsito->tell(Genere::Warning, esame.messaggio);
+  ui_->BarraEsito->tell(Kind::Warning, esame.messaggio);
 }
 
 /// The cell as it was when the box was placed. What was in the record stands up to no check.
@@ -283,7 +283,7 @@ void EditorGriglia::ricarica() {
 
 void EditorGriglia::salva() {
   if (modificato() == kFalso)
-    return ui_->BarraEsito->tell(Genere::Plain, QStringLiteral("Nessuna modifica da salvare"));
+    return ui_->BarraEsito->tell(Kind::Plain, QStringLiteral("Nessuna modifica da salvare"));
   if (!tuttoSalvabile()) return;
   const bool premuto = window()->focusWidget() == ui_->Cmd_Modifica;
   if (!premuto && !editors::chiediDiSalvare(contesto())) return mostraStato();
@@ -299,9 +299,9 @@ bool EditorGriglia::tuttoSalvabile() {
       if (editors::salvabile(griglia().TextMatrix(riga, colonna), una.regola)) continue;
       griglia().setCell(riga, colonna);
       colloca(riga, colonna);
-      ui_->BarraEsito->tell(Genere::Warning, QStringLiteral("Non salvato: correggere %1, %2 %3")
-                                                 .arg(testo(una.forma.testata), testo(tabella_.uno))
-                                                 .arg(riga));
+      ui_->BarraEsito->tell(Kind::Warning, QStringLiteral("Non salvato: correggere %1, %2 %3")
+                                               .arg(testo(una.forma.testata), testo(tabella_.uno))
+                                               .arg(riga));
       return false;
     }
   return true;
@@ -332,8 +332,8 @@ QString EditorGriglia::oltreIlLimite() const {
 
 void EditorGriglia::mostraStato() {
   const bool daSalvare = !modificate_.empty();
-  ui_->BarraEsito->tell(Genere::Plain,
-                        daSalvare ? QStringLiteral("Modifiche non salvate: ") + modificate() + oltreIlLimite()
+  ui_->BarraEsito->tell(Kind::Plain,
+                        daSalvare ? QString::fromUtf16(kNonSalvate) + modificate() + oltreIlLimite()
                                   : quanti(griglia().Rows() - 1, testo(tabella_.uno), testo(tabella_.molti)));
 }
 
@@ -345,7 +345,6 @@ void EditorGriglia::on_Cmd_Reset_clicked() {
   esegui("Cmd_Reset_Click", [this] {
     const QString perse = modificate_.empty() ? QString() : modificate();
     annulla();
-    if (!perse.isEmpty())
-      ui_->BarraEsito->tell(Genere::Done, QStringLiteral("Modifiche annullate: ") + perse);
+    if (!perse.isEmpty()) ui_->BarraEsito->tell(Kind::Done, QStringLiteral("Modifiche annullate: ") + perse);
   });
 }

@@ -33,7 +33,7 @@ constexpr qsizetype kCaratteriPassword = 6;
 
 /// A number with at most one comma, up to `massimo`.
 QString verificaDecimale(const QString& testo, double massimo, const QString& oltre) {
-  if (testo.count(u',') > 1) return QStringLiteral("Attenzione il valore immesso non è di tipo numerico !!!");
+  if (testo.count(u',') > 1) return QString::fromUtf16(kValoreNonNumerico);
   QString copia = testo;
   return TestoInValore(copia) > massimo ? oltre : QString();
 }
@@ -71,9 +71,7 @@ QString verificaCorpo(const QString& testo) {
 }
 
 QString verificaPassword(const QString& testo) {
-  return testo.size() != kCaratteriPassword
-             ? QStringLiteral("Attenzione la password deve essere di 6 caratteri !!!")
-             : QString();
+  return testo.size() != kCaratteriPassword ? QString::fromUtf16(opzioni::kSeiCaratteri) : QString();
 }
 
 // Lists

@@ -7,8 +7,11 @@ namespace editors {
 /// The general options of the till and its calendar of graphics.
 const Modulo& ModuloOpzioni();
 
-/// Controls that have rules of their own.
 namespace opzioni {
+/// Of a password, and of the time of the clearing too.
+inline constexpr const char16_t* kSeiCaratteri = u"Attenzione la password deve essere di 6 caratteri !!!";
+
+// Controls that have rules of their own.
 inline constexpr const char* kCOM1 = "ComboCOM1";
 inline constexpr const char* kCOM2 = "ComboCOM2";
 inline constexpr const char* kTavoli = "ComboPrinterAuxTavoli";

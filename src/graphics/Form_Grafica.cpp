@@ -31,17 +31,16 @@
 
 namespace {
 
-using Genere = OutcomeBar::Kind;
+using Kind = OutcomeBar::Kind;
 
 constexpr int kTesserePerRiga = 6;
 /// Of a folder in its list, pixels at scale 1.
 constexpr int kIcona = 16;
-constexpr int kPrimaRiga = 1;
 constexpr int kUltimaRiga = static_cast<int>(graphics::kImmagini);
 const QString kInSu = QStringLiteral("..");
 
 graphics::VoceGrafica& voce(int riga) {
-  return graphics::modGra1().RecGrafica.at(static_cast<std::size_t>(riga - kPrimaRiga));
+  return graphics::modGra1().RecGrafica.at(static_cast<std::size_t>(riga - FlexGrid::kFirstRow));
 }
 
 /// The system's own where there is one, elsewhere what the desktop has for bitmaps.
@@ -83,10 +82,10 @@ void Form_Grafica::misura() {
 
 void Form_Grafica::faiTessere() {
   auto* const una = new QButtonGroup(this);
-  for (int riga = kPrimaRiga; riga <= kUltimaRiga; ++riga) {
+  for (int riga = FlexGrid::kFirstRow; riga <= kUltimaRiga; ++riga) {
     auto* const tessera = new TesseraGrafica(riga, ui_->schedaTessere);
-    tessere_.at(static_cast<std::size_t>(riga - kPrimaRiga)) = tessera;
-    const int posto = riga - kPrimaRiga;
+    tessere_.at(static_cast<std::size_t>(riga - FlexGrid::kFirstRow)) = tessera;
+    const int posto = riga - FlexGrid::kFirstRow;
     ui_->tessere->addWidget(tessera, posto / kTesserePerRiga, posto % kTesserePerRiga);
     una->addButton(tessera);
     connect(tessera, &QAbstractButton::clicked, this, [this, riga] {
@@ -111,7 +110,7 @@ void Form_Grafica::carica() {
   caricaCatalogo();
   graphics::GestGridGrafica(*ui_->MSFlexGridGrafica);
   graphics::RiempiGridGrafica(*ui_->MSFlexGridGrafica, contesto().utente);
-  ui_->MSFlexGridGrafica->markRow(kPrimaRiga);
+  ui_->MSFlexGridGrafica->markRow(FlexGrid::kFirstRow);
   ui_->Cmd_Modifica->setEnabled(false);
   comandi_->abilita(false, false);
   ecrlink::InitRete(*ui_->pannello, contesto());
@@ -185,7 +184,7 @@ void Form_Grafica::on_Dir1_itemActivated(QListWidgetItem* scelta) {
     const QString dove = cartella_ + u'/' + nome;
     if (!vaiIn(dove)) {
       riempiElenchi();
-      return racconta(Genere::Failed, QStringLiteral("La cartella %1 non si può aprire").arg(nome));
+      return racconta(Kind::Failed, QStringLiteral("La cartella %1 non si può aprire").arg(nome));
     }
     aggiornaTessere();
     raccontaCartella();
@@ -217,8 +216,8 @@ void Form_Grafica::scegliFile(const QString& nome) {
   graphics::modGra1().BitmapCorrente = percorso;
   if (!mostraImmagine(percorso)) return;
   const int riga = ui_->MSFlexGridGrafica->Row();
-  if (riga < kPrimaRiga)
-    return racconta(Genere::Warning, QStringLiteral("Scegliere prima una riga del catalogo"));
+  if (riga < FlexGrid::kFirstRow)
+    return racconta(Kind::Warning, QStringLiteral("Scegliere prima una riga del catalogo"));
   ui_->MSFlexGridGrafica->setTextMatrix(riga, graphics::kNomeFile, nome);
   voce(riga).file = nome;
   daNonSalvare_ = false;
@@ -231,10 +230,10 @@ void Form_Grafica::raccontaScelta(int riga) {
   const QString detto = QStringLiteral("%1: %2").arg(scelta.tipo, scelta.file);
   const QString& rifiuto = tessera(riga).esame().rifiuto;
   if (!graphics::nomeConservato(scelta.file))
-    return racconta(Genere::Warning,
+    return racconta(Kind::Warning,
                     detto + QStringLiteral(". Il nome ha lettere che il catalogo non conserva: cambiarlo"));
-  if (!rifiuto.isEmpty()) return racconta(Genere::Warning, detto + QStringLiteral(". ") + rifiuto);
-  racconta(Genere::Done, detto);
+  if (!rifiuto.isEmpty()) return racconta(Kind::Warning, detto + QStringLiteral(". ") + rifiuto);
+  racconta(Kind::Done, detto);
 }
 
 void Form_Grafica::lasciata(int riga, const QString& percorso) {
@@ -245,7 +244,7 @@ void Form_Grafica::lasciata(int riga, const QString& percorso) {
       riempiElenchi();
       scegliFile(nome);
     } catch (const Errore& errore) {
-      racconta(Genere::Failed, errore.descrizione);
+      racconta(Kind::Failed, errore.descrizione);
     }
   });
 }
@@ -256,7 +255,7 @@ void Form_Grafica::on_MSFlexGridGrafica_cellClicked(int riga, int /*colonna*/) {
 
 /// The arrow keys: who only passes by is not stopped by a box.
 void Form_Grafica::on_MSFlexGridGrafica_entered(int riga, int /*colonna*/) {
-  if (riga < kPrimaRiga || riga > kUltimaRiga || cartella_.isEmpty()) return;
+  if (riga < FlexGrid::kFirstRow || riga > kUltimaRiga || cartella_.isEmpty()) return;
   reazioni::protetta(contesto().utente, QStringLiteral("MSFlexGridGrafica_RowColChange"), objectName(), [&] {
     tessera(riga).setChecked(true);
     if (isVisible()) scegliRiga(riga, SeManca::Taci);
@@ -264,7 +263,7 @@ void Form_Grafica::on_MSFlexGridGrafica_entered(int riga, int /*colonna*/) {
 }
 
 void Form_Grafica::scegliRiga(int riga, SeManca seManca) {
-  if (riga < kPrimaRiga || riga > kUltimaRiga) return;
+  if (riga < FlexGrid::kFirstRow || riga > kUltimaRiga) return;
   voce(riga).tipo = ui_->MSFlexGridGrafica->TextMatrix(riga, graphics::kTipologia);
   const QString nome = ui_->MSFlexGridGrafica->TextMatrix(riga, graphics::kNomeFile);
   const QString percorso = graphics::percorsoBitmap(cartella_, nome);
@@ -293,7 +292,7 @@ bool Form_Grafica::mostraImmagine(const QString& percorso) {
 }
 
 TesseraGrafica& Form_Grafica::tessera(int riga) const {
-  return *tessere_.at(static_cast<std::size_t>(riga - kPrimaRiga));
+  return *tessere_.at(static_cast<std::size_t>(riga - FlexGrid::kFirstRow));
 }
 
 void Form_Grafica::aggiornaTessera(int riga) {
@@ -302,15 +301,15 @@ void Form_Grafica::aggiornaTessera(int riga) {
 }
 
 void Form_Grafica::aggiornaTessere() {
-  for (int riga = kPrimaRiga; riga <= kUltimaRiga; ++riga) aggiornaTessera(riga);
+  for (int riga = FlexGrid::kFirstRow; riga <= kUltimaRiga; ++riga) aggiornaTessera(riga);
 }
 
 void Form_Grafica::raccontaCartella() {
-  racconta(Genere::Plain, quanti(ui_->File1->count(), QStringLiteral("bitmap"), QStringLiteral("bitmap")) +
-                              QStringLiteral(" in ") + ui_->LabelPercorso->text());
+  racconta(Kind::Plain, quanti(ui_->File1->count(), QStringLiteral("bitmap"), QStringLiteral("bitmap")) +
+                            QStringLiteral(" in ") + ui_->LabelPercorso->text());
 }
 
-void Form_Grafica::racconta(Genere genere, const QString& testo) {
+void Form_Grafica::racconta(Kind genere, const QString& testo) {
   ui_->BarraEsito->tell(genere, testo);
 }
 
@@ -331,8 +330,8 @@ void Form_Grafica::on_Cmd_Modifica_clicked() {
       return;
     }
     mostraImmagine(bitmap);
-    racconta(Genere::Done, QStringLiteral("Aperta %1: salvata nel programma di disegno, si vede qui")
-                               .arg(QFileInfo(bitmap).fileName()));
+    racconta(Kind::Done, QStringLiteral("Aperta %1: salvata nel programma di disegno, si vede qui")
+                             .arg(QFileInfo(bitmap).fileName()));
   });
 }
 
@@ -401,19 +400,17 @@ bool Form_Grafica::invia() {
   // Nobody has to wait for a box to be closed.
   scambio.reset();
   if (esito != 0) return true;
-  racconta(Genere::Done,
+  racconta(Kind::Done,
            QStringLiteral("Inviate alla cassa %1 immagini, %2 byte").arg(kUltimaRiga).arg(cifra(byte)));
   contesto().utente.MsgBox(QStringLiteral("Operazione terminata con successo"));
   return true;
 }
 
 int Form_Grafica::prepara(std::optional<ecrlink::ScambioEsclusivo>& scambio) {
-  ui_->vkBar1->setRange(0, kUltimaRiga);
-  ui_->vkBar1->setValue(0);
-  ui_->vkBar1->setFormat(QStringLiteral("%v / %m"));
+  beginProgress(*ui_->vkBar1, kUltimaRiga, QStringLiteral("%v / %m"));
   SteadyProgress barra(*ui_->vkBar1);
   const auto annuncia = [this](int numero, const QString& file) {
-    racconta(Genere::Plain,
+    racconta(Kind::Plain,
              QStringLiteral("Preparazione di %1, %2 di %3 …").arg(file).arg(numero).arg(kUltimaRiga));
     contesto().utente.DoEvents();
   };
@@ -430,9 +427,9 @@ void Form_Grafica::on_Cmd_Esci_clicked() {
 
 void Form_Grafica::salva() {
   const FlexGrid& griglia = *ui_->MSFlexGridGrafica;
-  if (griglia.Row() == kPrimaRiga)
-    voce(kPrimaRiga) = {griglia.TextMatrix(kPrimaRiga, graphics::kTipologia),
-                        griglia.TextMatrix(kPrimaRiga, graphics::kNomeFile)};
+  if (griglia.Row() == FlexGrid::kFirstRow)
+    voce(FlexGrid::kFirstRow) = {griglia.TextMatrix(FlexGrid::kFirstRow, graphics::kTipologia),
+                                 griglia.TextMatrix(FlexGrid::kFirstRow, graphics::kNomeFile)};
   if (daNonSalvare_) return;
   reazioni::conCodice(contesto().utente, "SaveRecGrafica", "ModGra1",
                       [this] { graphics::SaveRecGrafica(percorsoCatalogo()); });

@@ -1,7 +1,6 @@
 #include "graphics/preparation.h"
 
 #include <QEventLoop>
-#include <QFile>
 #include <QFileInfo>
 #include <QTimer>
 #include <array>
@@ -63,11 +62,6 @@ void attendi(std::chrono::milliseconds quanto) {
   giro.exec();
 }
 
-void togli(const QString& percorso) {
-  const QFileInfo file(percorso);
-  if ((file.exists() || file.isSymLink()) && !QFile::remove(percorso)) throw errors::pathAccess(percorso);
-}
-
 int abortita(const QString& testo, Contesto& contesto) {
   contesto.utente.MsgBox(testo + kAbortita);
   return kFallito;
@@ -76,7 +70,7 @@ int abortita(const QString& testo, Contesto& contesto) {
 /// What a converter that came late wrote for an earlier order would pass for its answer to this one.
 void togliVecchia(const QString& bitmap) {
   const QFileInfo file(bitmap);
-  togli(file.path() + u'/' + file.completeBaseName() + kConvertita);
+  RemoveFile(file.path() + u'/' + file.completeBaseName() + kConvertita);
 }
 
 /// What the converter wrote; empty where it wrote nothing.
@@ -85,7 +79,7 @@ QByteArray convertita(const QString& bitmap) {
   // A path without ".bmp" is that of the bitmap itself, which nobody converted and nobody may delete.
   if (percorso == bitmap || !QFileInfo::exists(percorso)) return {};
   QByteArray byte = ReadWholeFile(percorso, kByteMassimi);
-  if (!byte.isEmpty()) togli(percorso);
+  if (!byte.isEmpty()) RemoveFile(percorso);
   return byte;
 }
 
@@ -108,7 +102,7 @@ int aggiungi(const VoceGrafica& voce, const QString& cartella, const Convertitor
 int prepara(const QString& cartella, const Avanzamento& avanzamento, const Convertitore& convertitore,
             Contesto& contesto) {
   const QString nome = QLatin1String(kFileBitmap);
-  togli(nome);
+  RemoveFile(nome);
   TemporaryFile::Sweep(nome);
   TemporaryFile insieme(nome);
   int esito = 0;

@@ -1,6 +1,7 @@
 #include "platform/error.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <cerrno>
 
 namespace errors {
@@ -67,6 +68,10 @@ Errore pathMissing(const QString& path) {
 
 Errore notADatabase(const QString& path) {
   return {kNotADatabase, about(QStringLiteral("Formato di database non riconosciuto"), path)};
+}
+
+Errore cannotOpen(const QString& path) {
+  return QFileInfo(path).absoluteDir().exists() ? pathAccess(path) : pathMissing(path);
 }
 
 Errore fromErrno(int number, const QString& path) {

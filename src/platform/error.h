@@ -86,6 +86,8 @@ Errore accessDenied(const QString& path = {});
 Errore pathAccess(const QString& path = {});
 Errore pathMissing(const QString& path = {});
 Errore notADatabase(const QString& path = {});
+/// Of a file that could not be opened to write: 76 where its folder is missing, else 75.
+Errore cannotOpen(const QString& path);
 /// Errore of a failed system call by its `errno`: 61, 70 or 76, and 75 for all that has no number of its own.
 Errore fromErrno(int number, const QString& path);
 

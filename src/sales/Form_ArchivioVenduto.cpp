@@ -5,10 +5,11 @@
 #include "controls/command_key.h"
 #include "controls/guarded_field.h"
 #include "controls/style.h"
+#include "core/archive_file.h"
 #include "core/date_combos.h"
+#include "core/list_screen.h"
 #include "core/screens.h"
 #include "core/state.h"
-#include "platform/text/file_name.h"
 #include "sales/sales_search.h"
 #include "ui_Form_ArchivioVenduto.h"
 
@@ -20,9 +21,9 @@ constexpr int kUltimoAnno = 2100;
 Form_ArchivioVenduto::Form_ArchivioVenduto(Contesto& contesto)
     : Schermo(contesto), ui_(std::make_unique<Ui::Form_ArchivioVenduto>()) {
   ui_->setupUi(this);
-  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Articoli));
-  setWindowFlag(Qt::WindowMaximizeButtonHint);
-  vesti();
+  ui_->LabelArchivio->setText(archivio::Etichetta(varGlobal().NomeDB_Articoli));
+  elenco::PreparaSchermo(*this, {ui_->Cmd_Reset, ui_->Cmd_Refresh, ui_->Cmd_Export, ui_->Cmd_Esci});
+  style::primary(*ui_->Cmd_Cerca, QStringLiteral("search"));
   preparaTasti();
   preparaSelettori();
   const PiedeComando racconto(*this, contesto, Piede::Nuovo);
@@ -33,23 +34,12 @@ Form_ArchivioVenduto::Form_ArchivioVenduto(Contesto& contesto)
 
 Form_ArchivioVenduto::~Form_ArchivioVenduto() = default;
 
-void Form_ArchivioVenduto::vesti() {
-  style::primary(*ui_->Cmd_Cerca, QStringLiteral("search"));
-  ui_->Cmd_Reset->setIcon(style::icon(QStringLiteral("x")));
-  ui_->Cmd_Refresh->setIcon(style::icon(QStringLiteral("list")));
-  ui_->Cmd_Export->setIcon(style::icon(QStringLiteral("file-output")));
-  ui_->Cmd_Esci->setIcon(style::icon(QStringLiteral("arrow-left")));
-}
-
 void Form_ArchivioVenduto::preparaTasti() {
   for (QLineEdit* campo : {ui_->vkTextBoxCodEan, ui_->vkTextBoxDescrizione}) {
     new GuardedField(*campo);
     addClearButton(*campo);
   }
   fieldKey(*ui_->vkTextBoxCodEan, QKeySequence::Find);
-  commandKey(*ui_->Cmd_Refresh, Qt::Key_F5);
-  commandKey(*ui_->Cmd_Export, Qt::CTRL | Qt::Key_E);
-  notByEnter(*ui_->Cmd_Esci);
 }
 
 void Form_ArchivioVenduto::preparaSelettori() {

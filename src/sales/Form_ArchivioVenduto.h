@@ -29,7 +29,6 @@ class Form_ArchivioVenduto : public Schermo<QDialog> {
   void on_MSFlexGridVenduto_cellClicked(int riga);
 
  private:
-  void vesti();
   void preparaSelettori();
   void RiempiGridCentral();
   void RefreshForm();

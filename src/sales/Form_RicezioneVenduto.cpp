@@ -1,15 +1,15 @@
 #include "sales/Form_RicezioneVenduto.h"
 
 #include "controls/steady_progress.h"
+#include "core/archive_file.h"
 #include "core/state.h"
-#include "platform/text/file_name.h"
 #include "ui_Form_RicezioneVenduto.h"
 
 Form_RicezioneVenduto::Form_RicezioneVenduto(Contesto& contesto)
     : FinestraLink(contesto, QStringLiteral("Form_GestioneMMC")),
       ui_(std::make_unique<Ui::Form_RicezioneVenduto>()) {
   ui_->setupUi(this);
-  ui_->LabelArchivio->setText(QStringLiteral("Archivio: ") + FileName(varGlobal().NomeDB_Articoli));
+  ui_->LabelArchivio->setText(archivio::Etichetta(varGlobal().NomeDB_Articoli));
   caricaSchermo({*ui_->pannello, *ui_->Cmd_Avvia, *ui_->Cmd_Esci, "download"});
   if (const QString avviso = Form_RicezioneVenduto::avvertenza(); !avviso.isEmpty())
     racconta(OutcomeBar::Kind::Warning, avviso);
@@ -27,14 +27,12 @@ QString Form_RicezioneVenduto::avvertenza() const {
 
 bool Form_RicezioneVenduto::lavora() {
   abilita(false, false);
-  ui_->vkBar1->setRange(0, sales::kSlot);
-  ui_->vkBar1->setValue(0);
   const bool tutto = ui_->vkOptionButtonGlobale->isChecked();
   // A clearing alone has no steps to show.
-  ui_->vkBar1->setFormat(tutto ? QStringLiteral("%p%") : QString());
-  const sales::Esito esito = tutto ? ricevi().esito : azzera();
-  abilita(esito == sales::Esito::Fatto, true);
-  if (esito != sales::Esito::Comunicazione) return false;
+  beginProgress(*ui_->vkBar1, sales::kSlot, tutto ? QStringLiteral("%p%") : QString());
+  const sales::EsitoVenduto esito = tutto ? ricevi().esito : azzera();
+  abilita(esito == sales::EsitoVenduto::Fatto, true);
+  if (esito != sales::EsitoVenduto::Comunicazione) return false;
   avvisa(QStringLiteral("Errore durante la trasmissione/ricezione. "));
   return true;
 }
@@ -46,9 +44,9 @@ sales::Ricezione Form_RicezioneVenduto::ricevi() {
   return ricezione;
 }
 
-sales::Esito Form_RicezioneVenduto::azzera() {
-  const sales::Esito esito = sales::AzzeraVenduto(contesto());
-  if (esito == sales::Esito::Fatto) racconta(OutcomeBar::Kind::Done, sales::RaccontoAzzeramento());
+sales::EsitoVenduto Form_RicezioneVenduto::azzera() {
+  const sales::EsitoVenduto esito = sales::AzzeraVenduto(contesto());
+  if (esito == sales::EsitoVenduto::Fatto) racconta(OutcomeBar::Kind::Done, sales::RaccontoAzzeramento());
   return esito;
 }
 
@@ -57,6 +55,6 @@ void Form_RicezioneVenduto::raccontaRicezione(const sales::Ricezione& ricezione)
   if (testo.isEmpty()) return;
   const bool intera = ricezione.byte == std::int64_t{sales::kByteVenduto};
   const bool doppia = ricezione.righe > 0 && !ricezione.giaRicevute.isEmpty();
-  const bool sicura = ricezione.esito == sales::Esito::Fatto && intera && !doppia;
+  const bool sicura = ricezione.esito == sales::EsitoVenduto::Fatto && intera && !doppia;
   racconta(sicura ? OutcomeBar::Kind::Done : OutcomeBar::Kind::Warning, testo);
 }

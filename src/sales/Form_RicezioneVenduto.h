@@ -27,7 +27,7 @@ class Form_RicezioneVenduto : public FinestraLink {
   /// True if the screen is to be unloaded.
   bool lavora();
   sales::Ricezione ricevi();
-  sales::Esito azzera();
+  sales::EsitoVenduto azzera();
   void raccontaRicezione(const sales::Ricezione& ricezione);
 
   std::unique_ptr<Ui::Form_RicezioneVenduto> ui_;

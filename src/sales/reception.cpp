@@ -29,9 +29,9 @@ static_assert(kInizioSconti + kByteSerie == kByteVenduto);
 
 using Venduto = std::vector<std::uint8_t>;
 
-Esito fallita(Contesto& contesto, const QString& messaggio) {
+EsitoVenduto fallita(Contesto& contesto, const QString& messaggio) {
   contesto.utente.MsgBox(messaggio, Icon::Warning);
-  return Esito::Comunicazione;
+  return EsitoVenduto::Comunicazione;
 }
 
 void caricaSlot(store::Database& archivio, const Venduto& venduto, int slot, Ricezione& ricezione) {
@@ -60,14 +60,15 @@ void segnalaCaricamento(Contesto& contesto, const Errore& errore) {
 }
 
 /// Another program may exchange again before the box is answered.
-Esito azzera(Contesto& contesto, const QString& riuscita, std::optional<ecrlink::ScambioEsclusivo>& scambio) {
+EsitoVenduto azzera(Contesto& contesto, const QString& riuscita,
+                    std::optional<ecrlink::ScambioEsclusivo>& scambio) {
   const int codice = ecrlink::avviaECR({}, ecrlink::Modo::AzzeraVenduto, contesto);
   if (codice == 0) nota::togli(commonForKora().IP_ECR);
   scambio.reset();
   if (codice != 0)
     return fallita(contesto, QStringLiteral("Errore nell'invio richiesta reset dati del venduto"));
   contesto.utente.MsgBox(riuscita, Icon::Warning);
-  return Esito::Fatto;
+  return EsitoVenduto::Fatto;
 }
 
 QByteArray byteDi(const Venduto& venduto) {
@@ -128,7 +129,7 @@ Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento) {
     scambio.reset();
     avanzamento.rest();
     segnalaCaricamento(contesto, errore);
-    ricezione.esito = Esito::NonCaricato;
+    ricezione.esito = EsitoVenduto::NonCaricato;
     ricezione.righe = 0;
     return ricezione;
   }
@@ -153,9 +154,9 @@ QString RaccontoRicezione(const Ricezione& ricezione) {
   else
     frasi += ricevuti + QStringLiteral(", %1.").arg(quanti(ricezione.righe, QStringLiteral("riga di venduto"),
                                                            QStringLiteral("righe di venduto")));
-  if (ricezione.esito == Esito::Comunicazione)
+  if (ricezione.esito == EsitoVenduto::Comunicazione)
     frasi += QStringLiteral("La cassa non ha confermato l'azzeramento.");
-  if (ricezione.esito == Esito::NonCaricato)
+  if (ricezione.esito == EsitoVenduto::NonCaricato)
     frasi += QStringLiteral("Nulla è stato scritto nell'archivio: la cassa conserva il suo venduto.");
   else if (ricezione.righe > 0 && !ricezione.giaRicevute.isEmpty())
     frasi +=
@@ -179,13 +180,9 @@ QString AvvisoAzzeramentoInSospeso() {
       .arg(FileName(archivio));
 }
 
-Esito AzzeraVenduto(Contesto& contesto) {
+EsitoVenduto AzzeraVenduto(Contesto& contesto) {
   std::optional<ecrlink::ScambioEsclusivo> scambio;
-  try {
-    ecrlink::prendiDovePossibile(scambio);
-  } catch (const Errore& errore) {
-    return fallita(contesto, errore.descrizione);
-  }
+  if (!ecrlink::prendiODillo(scambio, contesto.utente)) return EsitoVenduto::Comunicazione;
   return azzera(contesto, QStringLiteral("ARCHIVIO DEL VENDUTO AZZERATO CORRETTAMENTE SULLA CASSA"), scambio);
 }
 

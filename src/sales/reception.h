@@ -34,14 +34,14 @@ VendutoSlot vendutoDi(std::span<const std::uint8_t> venduto, int slot);
 /// The statement that adds the sales row of `slot`, from 0.
 store::Statement inserimento(int slot, const VendutoSlot& venduto);
 
-enum class Esito {
+enum class EsitoVenduto {
   Fatto,          ///< the closing text has been shown
   NonCaricato,    ///< the store refused: told, undone, the till keeps its sales
   Comunicazione,  ///< the till or its file failed: told; the screen is to be unloaded
 };
 
 struct Ricezione {
-  Esito esito = Esito::Comunicazione;
+  EsitoVenduto esito = EsitoVenduto::Comunicazione;
   /// Bytes that the till handed over; nothing where it did not. Behind the size they are passed over, before
   /// it those that are missing count as nothing sold.
   std::optional<std::int64_t> byte = std::nullopt;
@@ -67,6 +67,6 @@ QString RaccontoAzzeramento();
 /// empty for none.
 QString AvvisoAzzeramentoInSospeso();
 /// Clears the sales on the till without taking them.
-Esito AzzeraVenduto(Contesto& contesto);
+EsitoVenduto AzzeraVenduto(Contesto& contesto);
 
 }  // namespace sales

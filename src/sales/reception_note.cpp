@@ -53,12 +53,15 @@ std::size_t toglieDi(const QString& cassa, std::vector<Riga>& tutte) {
 }
 
 void riscrivi(const std::vector<Riga>& tutte) {
-  TemporaryFile::Sweep(kFile);
   QByteArray testo;
   for (const Riga& riga : tutte)
     testo += riga.impronta + '\t' + QUrl::toPercentEncoding(riga.cassa) + '\t' +
              QUrl::toPercentEncoding(riga.archivio, "/") + '\n';
-  WriteWholeFile(kFile, testo);
+  TemporaryFile::Sweep(kFile);
+  // A link in its place is no note of this program's: what it leads to stays.
+  TemporaryFile file(kFile);
+  file.write(testo);
+  file.settle();
 }
 
 }  // namespace

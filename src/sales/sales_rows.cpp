@@ -18,7 +18,6 @@ using elenco::Colonna;
 using elenco::kDestra;
 using elenco::kSinistra;
 
-constexpr double kCentesimi = 100;
 constexpr int kMillesimi = 1000;
 constexpr int kCentesimoInMillesimi = 10;
 constexpr int kDecimali = 3;
@@ -31,7 +30,6 @@ constexpr int kAnno = 4;
 constexpr int kMeseOGiorno = 2;
 /// The blank row and the totals behind the rows.
 constexpr int kCoda = 2;
-constexpr int kPrimaRiga = 1;
 
 const QString kCampoSconto = QStringLiteral("Sconto_giornaliero");
 const QColor kGiallo(Qt::yellow);
@@ -139,7 +137,7 @@ elenco::Colonne ColonneVenduto(Elenco quale) {
 void GestGridCentral(FlexGrid& griglia) {
   elenco::Disponi(griglia, ColonneVenduto(Elenco::Tutti));
   griglia.Clear();
-  griglia.setRows(kPrimaRiga + 1);
+  griglia.setRows(FlexGrid::kFirstRow + 1);
 }
 
 elenco::EsitoElenco RiempiVenduto(FlexGrid& griglia, const store::Statement& istruzione, Elenco quale,
@@ -157,8 +155,8 @@ elenco::EsitoElenco RiempiVenduto(FlexGrid& griglia, const store::Statement& ist
                                           : QStringLiteral("Nessuna vendita trovata")},
                      contesto);
   if (!esito.intero || esito.righe == 0) return esito;
-  SetTailGriglia(griglia, kPrimaRiga + esito.righe, esito.totali);
-  griglia.setCell(kPrimaRiga, kNr);
+  SetTailGriglia(griglia, FlexGrid::kFirstRow + esito.righe, esito.totali);
+  griglia.setCell(FlexGrid::kFirstRow, kNr);
   return esito;
 }
 
@@ -198,7 +196,7 @@ QString MascheraIntero(std::int64_t valore) {
 
 QString MascheraCentesimi(std::int64_t centesimi) {
   const std::uint64_t quanti = grandezza(centesimi);
-  const auto cento = static_cast<std::uint64_t>(kCentesimi);
+  constexpr std::uint64_t cento = kCentesimi;
   return conDecimali(centesimi < 0, quanti / cento, quanti % cento * kCentesimoInMillesimi);
 }
 

@@ -15,9 +15,9 @@ store::Statement StatementCerca(const FiltroVenduto& filtro) {
       u"from TAB_VENDUTO "
       u"WHERE (Data >= '" +
       store::text(filtro.inizio) + u"' AND Data <= '" + store::text(filtro.fine) + u"') ";
-  if (!filtro.ean.isEmpty()) istruzione += u" AND Codice_EAN like '" + store::text(filtro.ean) + u"*'";
+  if (!filtro.ean.isEmpty()) istruzione += store::beginsWith(u" AND Codice_EAN like '", filtro.ean);
   if (!filtro.descrizione.isEmpty())
-    istruzione += u" AND Descrizione like '" + store::text(filtro.descrizione) + u"*'";
+    istruzione += store::beginsWith(u" AND Descrizione like '", filtro.descrizione);
   istruzione += u" ORDER BY Data, Codice_EAN ASC";
   return istruzione;
 }

@@ -1,5 +1,6 @@
 #include "workspace/archive_summary.h"
 
+#include "core/archive_file.h"
 #include "core/figures.h"
 #include "core/state.h"
 #include "platform/store/store.h"
@@ -29,7 +30,7 @@ QString TestoArticoli(const RiepilogoArchivio& riepilogo) {
 }
 
 QString TestoRiepilogo(const RiepilogoArchivio& riepilogo) {
-  if (!riepilogo.leggibile) return QStringLiteral("Il contenuto dell'archivio non è leggibile.");
+  if (!riepilogo.leggibile) return QString::fromUtf16(archivio::kIlleggibile);
   return QStringLiteral("%1 in %2 posizioni").arg(TestoArticoli(riepilogo), cifra(riepilogo.posizioni));
 }
 

@@ -23,6 +23,14 @@ class BarraContata : public QProgressBar {
   }
 };
 
+TEST(AvanzamentoRegolare, UnaBarraCominciaDaCapoConISuoiPassiEIlSuoTesto) {
+  QProgressBar barra;
+  barra.setRange(0, 10);
+  barra.setValue(10);
+  beginProgress(barra, 12, QStringLiteral("%v / %m"));
+  EXPECT_EQ(barra.text(), QStringLiteral("0 / 12"));
+}
+
 TEST(AvanzamentoRegolare, IlValoreSegueOgniPassoELaPitturaAlPiuOgniQuarantaMillisecondi) {
   BarraContata barra;
   barra.setRange(0, 5000);

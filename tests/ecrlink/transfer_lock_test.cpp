@@ -59,6 +59,18 @@ TEST_F(Blocco, UnFileVuotoAppenaFattoEDiChiLoStaScrivendo) {
   EXPECT_EQ(errorePreso(), kOccupata);
 }
 
+TEST_F(Blocco, ChiTrovaUnAltroProgrammaLoDiceENonHaLaCartella) {
+  std::optional<ScambioEsclusivo> scambio;
+  {
+    const ScambioEsclusivo altro;
+    EXPECT_FALSE(prendiODillo(scambio, scena.contesto.utente));
+    EXPECT_FALSE(scambio);
+  }
+  EXPECT_EQ(scena.takeBoxes(), std::vector{box(testoOccupata(), Icon::Warning)});
+  EXPECT_TRUE(prendiODillo(scambio, scena.contesto.utente));
+  EXPECT_TRUE(scambio);
+}
+
 TEST_F(Blocco, ConnettiNonChiudeIlTrasferimentoDiUnAltroProgramma) {
   TestTill cassa;
   LinkScreen schermo(scena.contesto);

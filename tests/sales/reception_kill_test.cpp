@@ -81,7 +81,7 @@ TEST(RicezioneInterrotta, SeLaCassaSiSpegnePrimaDellAzzeramentoLeVenditeStannoDa
     if (++slot == sales::kSlot) cassa.switchOff();
   };
   HiddenProgress barra;
-  EXPECT_EQ(sales::RiceviVenduto(bottega.contesto, barra.progress).esito, sales::Esito::Comunicazione);
+  EXPECT_EQ(sales::RiceviVenduto(bottega.contesto, barra.progress).esito, sales::EsitoVenduto::Comunicazione);
   EXPECT_EQ(bottega.user.takeBoxes().size(), 2U);
   EXPECT_EQ(bottega.rows(QStringLiteral("SELECT * from TAB_VENDUTO")), 1);
   EXPECT_FALSE(cassa.byte(QStringLiteral("venduto.bin")) == kZeri);

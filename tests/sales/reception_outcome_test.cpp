@@ -360,6 +360,15 @@ TEST_F(DopoLaRicezione, UnaNotaCheNonSiPuoScrivereNonFermaLAzzeramento) {
   EXPECT_TRUE(cassa.byte(kFile) == kZeri);
 }
 
+TEST_F(DopoLaRicezione, UnCollegamentoAlPostoDellaNotaNonPortaAScrivereAltrove) {
+  const QString lettera = bottega.folder.write(QStringLiteral("lettera.odt"), "cara Ada");
+  ASSERT_TRUE(QFile::link(lettera, bottega.folder.file(kNota)));
+  riceviSenzaAzzerare(giornata(100));
+  EXPECT_EQ(bottega.folder.read(QStringLiteral("lettera.odt")), QByteArray("cara Ada"));
+  EXPECT_FALSE(QFileInfo(bottega.folder.file(kNota)).isSymLink());
+  EXPECT_EQ(bottega.folder.read(kNota).count('\n'), 1);
+}
+
 TEST_F(DopoLaRicezione, UnaNotaIlleggibileEComeNessuna) {
   for (const QByteArray& nota :
        {QByteArray(), QByteArray("x"), QByteArray("\0\n\0\n", 4), QByteArray(100000, '\n')}) {

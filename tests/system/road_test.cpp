@@ -59,7 +59,7 @@ TEST_F(Strada, UnaGiornataTornaAlCentesimoConCodiceEdEanIncrociati) {
   const std::int64_t incasso = cassa->salesDay(300, 2026);
   const auto inCassa = expectations::readSales(cassa.file(QStringLiteral("venduto.bin")).toStdString());
   HiddenProgress barra;
-  ASSERT_EQ(sales::RiceviVenduto(bottega.contesto, barra.progress).esito, sales::Esito::Fatto);
+  ASSERT_EQ(sales::RiceviVenduto(bottega.contesto, barra.progress).esito, sales::EsitoVenduto::Fatto);
   attendiBox(QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
              Icon::Warning);
 

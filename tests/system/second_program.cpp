@@ -17,7 +17,7 @@
 namespace {
 
 /// "Connetti" ends what an earlier reception left open on the till; then "Avvia".
-sales::Esito receive(Contesto& contesto) {
+sales::EsitoVenduto receive(Contesto& contesto) {
   QString file;
   QString reply;
   ecrlink::ComandoECR(file, ecrlink::Modo::ChiudiTrasferimento, reply, contesto);
@@ -26,8 +26,8 @@ sales::Esito receive(Contesto& contesto) {
 }
 
 /// One line: whether all went well, then the boxes.
-void tell(sales::Esito outcome, const std::vector<Box>& boxes) {
-  QJsonArray line{outcome == sales::Esito::Fatto};
+void tell(sales::EsitoVenduto outcome, const std::vector<Box>& boxes) {
+  QJsonArray line{outcome == sales::EsitoVenduto::Fatto};
   for (const Box& one : boxes) line.append(one.text);
   std::cout << QJsonDocument(line).toJson(QJsonDocument::Compact).constData() << std::endl;
 }
@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
   commonForKora().IP_ECR = arguments.at(3);
   std::cout << "pronto" << std::endl;
   for (std::string line; std::getline(std::cin, line);) {
-    const sales::Esito outcome = receive(program.contesto);
+    const sales::EsitoVenduto outcome = receive(program.contesto);
     tell(outcome, program.takeBoxes());
   }
   articles::ChiudiDatabase();

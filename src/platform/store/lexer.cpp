@@ -39,9 +39,9 @@ char Lexer::peek() {
   return position_ < text_.size() ? text_[position_] : '\0';
 }
 
-Token Lexer::cut(TokenKind symbol, std::size_t start) const {
-  const std::string_view integer = text_.substr(start, position_ - start);
-  return {symbol, integer, integer, false};
+Token Lexer::cut(TokenKind kind, std::size_t start) const {
+  const std::string_view whole = text_.substr(start, position_ - start);
+  return {kind, whole, whole, false};
 }
 
 Token Lexer::next() {
@@ -56,13 +56,13 @@ Token Lexer::next() {
     case CharClass::OperatorSign: {
       const bool decimal =
           c == '.' && position_ + 1 < text_.size() && charClass(text_[position_ + 1]) == CharClass::Digit;
-      return decimal ? number() : operatore();
+      return decimal ? number() : operatorSign();
     }
     default:
       break;
   }
   if (c == '\'' || c == '"') return text(c);
-  if (c == '#') return delimited(TokenKind::Data, '#');
+  if (c == '#') return delimited(TokenKind::Date, '#');
   if (c == '[') return delimited(TokenKind::BracketedName, ']');
   throw SyntaxError(QStringLiteral("carattere non valido"), text_, position_);
 }
@@ -119,18 +119,18 @@ Token Lexer::text(char quote) {
   return token;
 }
 
-Token Lexer::delimited(TokenKind symbol, char closing) {
+Token Lexer::delimited(TokenKind kind, char closing) {
   const std::size_t start = position_;
   const std::size_t end = text_.find(closing, start + 1);
   if (end == std::string_view::npos)
     throw SyntaxError(QStringLiteral("manca la chiusura '%1'").arg(QLatin1Char(closing)), text_, start);
   position_ = end + 1;
-  Token token = cut(symbol, start);
+  Token token = cut(kind, start);
   token.inside = text_.substr(start + 1, end - start - 1);
   return token;
 }
 
-Token Lexer::operatore() {
+Token Lexer::operatorSign() {
   const std::size_t start = position_++;
   const char first = text_[start];
   const char second = position_ < text_.size() ? text_[position_] : '\0';

@@ -7,13 +7,13 @@
 
 namespace store {
 
-enum class TokenKind : std::uint8_t { End, Word, BracketedName, Text, Number, Data, OperatorSign };
+enum class TokenKind : std::uint8_t { End, Word, BracketedName, Text, Number, Date, OperatorSign };
 
 /// One token of a statement, as a window on its text.
 struct Token {
-  TokenKind symbol = TokenKind::End;
+  TokenKind kind = TokenKind::End;
   /// The whole token, quotes and brackets included.
-  std::string_view integer;
+  std::string_view whole;
   /// What stands between the quotes or brackets; the whole token where there are none.
   std::string_view inside;
   /// Of a text: its quote stands doubled somewhere within.
@@ -33,12 +33,12 @@ class Lexer {
 
  private:
   void skipBlanks();
-  Token cut(TokenKind symbol, std::size_t start) const;
-  Token delimited(TokenKind symbol, char closing);
+  Token cut(TokenKind kind, std::size_t start) const;
+  Token delimited(TokenKind kind, char closing);
   Token text(char quote);
   Token number();
   Token word();
-  Token operatore();
+  Token operatorSign();
 
   std::string_view text_;
   std::size_t position_ = 0;

@@ -25,13 +25,13 @@ std::string_view text(sqlite3_value* value) {
   return {static_cast<const char*>(byte), static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
-void readText(RowSet& rows, RowSet::Cell& cell, std::string_view text, bool data) {
-  const auto moment = data ? ReadDateTime(text) : std::nullopt;
+void readText(RowSet& rows, RowSet::Cell& cell, std::string_view text, bool date) {
+  const auto moment = date ? ReadDateTime(text) : std::nullopt;
   rows.writeText(cell, moment ? ItalianForm(*moment) : text);
 }
 
 // Every call on a statement's column looks the column up anew: the value is fetched once.
-void readCell(sqlite3_value* value, bool data, RowSet& rows, RowSet::Cell& cell) {
+void readCell(sqlite3_value* value, bool date, RowSet& rows, RowSet::Cell& cell) {
   switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
       cell.kind = RowSet::Kind::Integer;
@@ -44,7 +44,7 @@ void readCell(sqlite3_value* value, bool data, RowSet& rows, RowSet::Cell& cell)
     case SQLITE_NULL:
       break;
     default:
-      readText(rows, cell, text(value), data);
+      readText(rows, cell, text(value), date);
       break;
   }
 }

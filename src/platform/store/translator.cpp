@@ -22,8 +22,8 @@ Translator::Translator(std::string_view source, const Dictionary& dictionary, Tr
 }
 
 std::size_t Translator::position(const Token& token) const {
-  return token.symbol == TokenKind::End ? source_.size()
-                                        : static_cast<std::size_t>(token.integer.data() - source_.data());
+  return token.kind == TokenKind::End ? source_.size()
+                                      : static_cast<std::size_t>(token.whole.data() - source_.data());
 }
 
 // Every token is followed by a blank, so that two of them never grow together into a comment of the engine's.
@@ -61,16 +61,16 @@ std::string_view Translator::content(const Token& text) {
   std::string plain;
   for (std::size_t i = 0; i < text.inside.size(); ++i) {
     plain.push_back(text.inside[i]);
-    if (text.inside[i] == text.integer.front()) ++i;
+    if (text.inside[i] == text.whole.front()) ++i;
   }
   return keep(std::move(plain));
 }
 
 void Translator::run() {
   start();
-  for (Token p = lexer_.next(); p.symbol != TokenKind::End; p = lexer_.next()) {
+  for (Token p = lexer_.next(); p.kind != TokenKind::End; p = lexer_.next()) {
     mark(p);
-    if (outcome_.definition && p.integer != ";")
+    if (outcome_.definition && p.whole != ";")
       definitionToken(p);
     else
       token(p);
@@ -81,7 +81,7 @@ void Translator::run() {
 void Translator::start() {
   const Token first = lexer_.next();
   mark(first);
-  const Keyword verb = first.symbol == TokenKind::Word ? RecogniseKeyword(first.integer) : Keyword::None;
+  const Keyword verb = first.kind == TokenKind::Word ? RecogniseKeyword(first.whole) : Keyword::None;
   switch (verb) {
     case Keyword::Alter:
     case Keyword::Create:
@@ -103,16 +103,16 @@ void Translator::start() {
 }
 
 void Translator::token(const Token& token) {
-  if (token.symbol == TokenKind::Word) return word(token);
-  if (token.symbol == TokenKind::BracketedName) return name(token.inside);
+  if (token.kind == TokenKind::Word) return word(token);
+  if (token.kind == TokenKind::BracketedName) return name(token.inside);
   previous_ = Keyword::None;
   wait_ = Wait::Any;
   afterPoint_ = false;
-  if (token.symbol == TokenKind::OperatorSign) return operatore(token);
+  if (token.kind == TokenKind::OperatorSign) return operatorSign(token);
   lastName_ = {};
-  if (token.symbol == TokenKind::Number) return number(token.integer);
-  if (token.symbol == TokenKind::Data) return data(token);
-  remember(token.integer);
+  if (token.kind == TokenKind::Number) return number(token.whole);
+  if (token.kind == TokenKind::Date) return date(token);
+  remember(token.whole);
   textParameter(content(token));
   if (isWholeMomentValue()) {
     // In its form at once: the guard of the column would write the row a second time.
@@ -125,10 +125,10 @@ void Translator::token(const Token& token) {
 void Translator::word(const Token& token) {
   values_.word();
   const bool nameOnly = afterPoint_ || wait_ == Wait::Name;
-  const Keyword key = afterPoint_ ? Keyword::None : RecogniseKeyword(token.integer);
+  const Keyword key = afterPoint_ ? Keyword::None : RecogniseKeyword(token.whole);
   if (key != Keyword::None) return keyword(key, token);
   if (!nameOnly && lexer_.peek() == '(') return function(token);
-  name(token.integer);
+  name(token.whole);
 }
 
 void Translator::keyword(Keyword word, const Token& token) {
@@ -183,20 +183,19 @@ void Translator::name(std::string_view name) {
 }
 
 void Translator::function(const Token& token) {
-  const std::string_view translated = TranslatedFunction(token.integer);
+  const std::string_view translated = TranslatedFunction(token.whole);
   if (translated.empty())
-    throw Errore{
-        errors::kUnknownFunction,
-        QStringLiteral("Funzione '%1' non definita nell'espressione.")
-            .arg(QString::fromUtf8(token.integer.data(), static_cast<qsizetype>(token.integer.size())))};
+    throw Errore{errors::kUnknownFunction,
+                 QStringLiteral("Funzione '%1' non definita nell'espressione.")
+                     .arg(QString::fromUtf8(token.whole.data(), static_cast<qsizetype>(token.whole.size())))};
   if (translated == kFormatFunction && momentComparison()) return;
   lastName_ = {};
   previous_ = Keyword::None;
   write(translated);
 }
 
-void Translator::operatore(const Token& token) {
-  const char symbol = token.integer.front();
+void Translator::operatorSign(const Token& token) {
+  const char symbol = token.whole.front();
   values_.sign(symbol);
   if (symbol == ';') return end(token);
   if (symbol == '.' && !lastName_.empty()) {
@@ -205,7 +204,7 @@ void Translator::operatore(const Token& token) {
   }
   lastName_ = {};
   if (symbol == '*' && outcome_.sql == "DELETE ") return;
-  write(symbol == '&' ? "||" : token.integer);
+  write(symbol == '&' ? "||" : token.whole);
 }
 
 void Translator::end(const Token& token) {
@@ -234,7 +233,7 @@ void Translator::number(std::string_view text) {
   write("?");
 }
 
-void Translator::data(const Token& token) {
+void Translator::date(const Token& token) {
   unrepeatable_ = true;
   const auto moment = ReadDateTime(token.inside);
   if (!moment) throw SyntaxError(QStringLiteral("data non valida"), source_, position(token));
@@ -243,7 +242,7 @@ void Translator::data(const Token& token) {
 }
 
 void Translator::definitionToken(const Token& token) {
-  if (token.symbol != TokenKind::Text) return write(token.integer);
+  if (token.kind != TokenKind::Text) return write(token.whole);
   std::string literal(1, '\'');
   for (const char c : content(token)) literal.append(c == '\'' ? 2 : 1, c);
   literal.push_back('\'');

@@ -22,9 +22,9 @@ class Translator {
   void keyword(Keyword word, const Token& token);
   void name(std::string_view name);
   void function(const Token& token);
-  void operatore(const Token& token);
+  void operatorSign(const Token& token);
   void number(std::string_view text);
-  void data(const Token& token);
+  void date(const Token& token);
   void like(const Token& token);
   bool momentComparison();
   bool isWholeMomentValue();

@@ -22,17 +22,17 @@ bool Translator::momentComparison() {
   std::array<Token, 7> tokens;
   for (Token& token : tokens) token = ahead.next();
   const auto& [opening, column, comma, mask, closing, equal, text] = tokens;
-  const bool named = column.symbol == TokenKind::Word || column.symbol == TokenKind::BracketedName;
-  const bool compared = opening.integer == "(" && named && comma.integer == "," &&
-                        mask.symbol == TokenKind::Text && mask.inside == kWholeMoment &&
-                        closing.integer == ")" && equal.integer == "=" && text.symbol == TokenKind::Text;
+  const bool named = column.kind == TokenKind::Word || column.kind == TokenKind::BracketedName;
+  const bool compared = opening.whole == "(" && named && comma.whole == "," && mask.kind == TokenKind::Text &&
+                        mask.inside == kWholeMoment && closing.whole == ")" && equal.whole == "=" &&
+                        text.kind == TokenKind::Text;
   if (!compared || text.doubledQuote || !dictionary_.moment(column.inside)) return false;
   lexer_ = ahead;
   const std::string field = "[" + std::string(column.inside) + "] ";
-  remember(mask.integer);
+  remember(mask.whole);
   textParameter(mask.inside);
   const std::string form = "?" + std::to_string(outcome_.parameters.size()) + " ";
-  remember(text.integer);
+  remember(text.whole);
   textParameter(text.inside);
   const std::string value = "?" + std::to_string(outcome_.parameters.size()) + " ";
   write("( substr( " + field + ", " + std::string(kBehindCentury) + " ) = " + kShortMomentFunction + "( " +

@@ -16,10 +16,6 @@ namespace {
 /// Bytes copied in one go.
 constexpr std::size_t kBlock = 65536;
 
-Errore cannotOpen(const QString& path) {
-  return QFileInfo(path).absoluteDir().exists() ? errors::pathAccess(path) : errors::pathMissing(path);
-}
-
 }  // namespace
 
 QByteArray ReadFileStart(const QString& path, qsizetype most) {
@@ -59,6 +55,12 @@ void CopyInto(TemporaryFile& output, const QString& source) {
 
 void AppendToFile(const QString& path, const QByteArray& bytes) {
   QFile file(path);
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) throw cannotOpen(path);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+    throw errors::cannotOpen(path);
   if (file.write(bytes) != bytes.size()) throw errors::diskFull(path);
+}
+
+void RemoveFile(const QString& path) {
+  const QFileInfo entry(path);
+  if ((entry.exists() || entry.isSymLink()) && !QFile::remove(path)) throw errors::pathAccess(path);
 }

@@ -5,8 +5,9 @@
 
 #include "platform/text/temporary_file.h"
 
-/// Files read and written in one go. Each failure throws an Errore that names the file: 53 (no such file), 61
-/// (disk full), 62 (longer than allowed), 75 (not allowed, or no regular file) or 76 (no such folder).
+/// Files read, written and removed in one go. Each failure throws an Errore that names the file: 53 (no such
+/// file), 61 (disk full), 62 (longer than allowed), 75 (not allowed, or no regular file) or 76 (no such
+/// folder).
 
 /// All bytes of a regular file of at most `most` bytes. A pipe or a device would hold the program up, or
 /// never end: 75.
@@ -21,3 +22,5 @@ void WriteWholeFile(const QString& path, const QByteArray& bytes,
 void CopyInto(TemporaryFile& output, const QString& source);
 /// Adds to the end of a file, which is made if it is missing.
 void AppendToFile(const QString& path, const QByteArray& bytes);
+/// Removes a file, or a link and not what it leads to. Nothing where there is none.
+void RemoveFile(const QString& path);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFile>
 
 #include "platform/error.h"
 #include "sostegno/temporary_folder.h"
@@ -124,4 +125,27 @@ TEST(FileIntero, AggiungereDiceDiscoPienoECartellaAssente) {
     } catch (const Errore& errore) {
       EXPECT_EQ(errore.numero, previsto);
     }
+}
+
+TEST(FileIntero, ToglieUnFileOUnCollegamentoENonQuelloACuiPorta) {
+  const TemporaryFolder cartella;
+  cartella.write(QStringLiteral("f"), "uno");
+  ASSERT_TRUE(QFile::link(cartella.file(QStringLiteral("f")), cartella.file(QStringLiteral("porta"))));
+  ASSERT_TRUE(QFile::link(cartella.file(QStringLiteral("manca")), cartella.file(QStringLiteral("vuoto"))));
+  for (const QString& nome : {QStringLiteral("porta"), QStringLiteral("vuoto"), QStringLiteral("manca")})
+    RemoveFile(cartella.file(nome));
+  EXPECT_EQ(QDir(cartella.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
+            QStringList{QStringLiteral("f")});
+  RemoveFile(cartella.file(QStringLiteral("f")));
+  EXPECT_TRUE(QDir(cartella.path()).isEmpty());
+}
+
+TEST(FileIntero, CioCheNonSiToglieDa75) {
+  const TemporaryFolder cartella;
+  try {
+    RemoveFile(cartella.path());
+    ADD_FAILURE() << "removed";
+  } catch (const Errore& errore) {
+    EXPECT_EQ(errore.numero, errors::kPathAccess);
+  }
 }
