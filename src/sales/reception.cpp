@@ -71,14 +71,15 @@ EsitoVenduto azzera(Contesto& contesto, const QString& riuscita,
   return EsitoVenduto::Fatto;
 }
 
-QByteArray byteDi(const Venduto& venduto) {
-  return {reinterpret_cast<const char*>(venduto.data()), static_cast<qsizetype>(venduto.size())};
+QByteArray improntaDi(const Venduto& venduto) {
+  return nota::impronta(QByteArray::fromRawData(reinterpret_cast<const char*>(venduto.data()),
+                                                static_cast<qsizetype>(venduto.size())));
 }
 
 /// Sales that cannot be noted are cleared all the same: the till must not keep what is stored.
-void annota(const QByteArray& venduto) {
+void annota(const QByteArray& impronta) {
   try {
-    nota::scrivi(venduto, varGlobal().NomeDB_Articoli, commonForKora().IP_ECR);
+    nota::scrivi(impronta, varGlobal().NomeDB_Articoli, commonForKora().IP_ECR);
   } catch (const Errore&) {
     nota::togli(commonForKora().IP_ECR);
   }
@@ -120,8 +121,8 @@ Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento) {
     fallita(contesto, QStringLiteral("Errore nell'invio richiesta dati del venduto"));
     return ricezione;
   }
-  const QByteArray byte = byteDi(venduto);
-  ricezione.giaRicevute = nota::archivioDi(byte);
+  const QByteArray impronta = improntaDi(venduto);
+  ricezione.giaRicevute = nota::archivioDi(impronta);
   try {
     carica(venduto, contesto, avanzamento, ricezione);
   } catch (const Errore& errore) {
@@ -133,7 +134,7 @@ Ricezione RiceviVenduto(Contesto& contesto, SteadyProgress& avanzamento) {
     ricezione.righe = 0;
     return ricezione;
   }
-  annota(byte);
+  annota(impronta);
   ricezione.esito =
       azzera(contesto, QStringLiteral("ARCHIVIO DEL VENDUTO RICEVUTO E AZZERATO CORRETTAMENTE SULLA CASSA"),
              scambio);

@@ -18,10 +18,6 @@ const QString kFile = QStringLiteral("venduto.bin.ricevuto");
 /// Hundreds of tills.
 constexpr qsizetype kMassimo = qsizetype{256} * 1024;
 
-QByteArray impronta(const QByteArray& venduto) {
-  return QCryptographicHash::hash(venduto, QCryptographicHash::Sha256).toHex();
-}
-
 /// A line of the note: three fields parted by tabs, address and path with their signs escaped.
 struct Riga {
   QByteArray impronta;
@@ -66,10 +62,13 @@ void riscrivi(const std::vector<Riga>& tutte) {
 
 }  // namespace
 
-QString archivioDi(const QByteArray& venduto) {
-  const QByteArray cercata = impronta(venduto);
+QByteArray impronta(const QByteArray& venduto) {
+  return QCryptographicHash::hash(venduto, QCryptographicHash::Sha256).toHex();
+}
+
+QString archivioDi(const QByteArray& impronta) {
   for (const Riga& riga : righe())
-    if (riga.impronta == cercata) return riga.archivio;
+    if (riga.impronta == impronta) return riga.archivio;
   return {};
 }
 
@@ -80,10 +79,10 @@ QString archivio(const QString& cassa) {
   return tutte.empty() ? QString() : tutte.back().archivio;
 }
 
-void scrivi(const QByteArray& venduto, const QString& archivio, const QString& cassa) {
+void scrivi(const QByteArray& impronta, const QString& archivio, const QString& cassa) {
   std::vector<Riga> tutte = righe();
   toglieDi(cassa, tutte);
-  tutte.push_back({impronta(venduto), cassa, archivio});
+  tutte.push_back({impronta, cassa, archivio});
   riscrivi(tutte);
 }
 

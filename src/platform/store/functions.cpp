@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/clock.h"
 #include "platform/store/date_time.h"
@@ -70,9 +71,13 @@ void format(sqlite3_context* context, int, sqlite3_value** values) {
   reply(context, last.result);
 }
 
+/// The last day stays too.
 void today(sqlite3_context* context, int, sqlite3_value**) {
+  thread_local std::pair<QDate, std::string> last;
   const QDate day = static_cast<const Clock*>(sqlite3_user_data(context))->today();
-  reply(context, SortableForm({day.year(), day.month(), day.day(), 0, 0, 0}));
+  if (last.second.empty() || last.first != day)
+    last = {day, SortableForm({day.year(), day.month(), day.day(), 0, 0, 0})};
+  reply(context, last.second);
 }
 
 void sortableDate(sqlite3_context* context, int, sqlite3_value** values) {

@@ -9,6 +9,8 @@ namespace {
 /// Digits of a number in a statement: enough for every price, and 19.99 times 100 is 1999 with them.
 constexpr int kDigits = 15;
 constexpr double kFirstBeyondDigits = 1e15;
+/// Of most statements, in characters: a reception puts thousands together, piece by piece.
+constexpr qsizetype kUsualLength = 400;
 
 bool digit(QChar c) {
   return c >= u'0' && c <= u'9';
@@ -97,6 +99,11 @@ StatementValue rowId(const QString& written) {
 
 StatementValue flag(bool value) {
   return {StatementValue::Kind::Flag, value ? QStringLiteral("true") : QStringLiteral("false")};
+}
+
+Statement::Statement(Wording wording) {
+  sql_.reserve(kUsualLength);
+  *this += wording;
 }
 
 Statement Statement::AsWritten(const QString& sql) {

@@ -80,7 +80,7 @@ StatementValue flag(bool value);
 class Statement {
  public:
   Statement() = default;
-  Statement(Wording wording) { *this += wording; }
+  Statement(Wording wording);
 
   /// A whole text taken as it is. For tests and for tools that write templates; a check keeps it out of the
   /// program.
