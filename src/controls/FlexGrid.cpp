@@ -281,7 +281,8 @@ void FlexGrid::showColumns() {
   // The row headings keep the place that the fixed columns lie on.
   verticalHeader()->setFixedWidth(fixedView_->shownWidth());
   verticalHeader()->setVisible(fixedView_->shownWidth() > 0);
-  updateGeometries();
+  // The constructor comes here too.
+  FlexGrid::updateGeometries();
 }
 
 /// What a column takes at the least for its sample and the longest word of its heading.
