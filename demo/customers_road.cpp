@@ -114,8 +114,7 @@ void Road::addCustomer() {
     row(QStringLiteral("Clienti in elenco"), QString::number(kSampleCustomers));
     click(kRegistry, kNew);
   });
-  director_.step(QStringLiteral("new customer"), enabled(kRegistry, kStore),
-                 [this] { typeCustomer(kTyped); });
+  director_.step(QStringLiteral("new customer"), enabled(kRegistry, kStore), [] { typeCustomer(kTyped); });
   director_.step(QStringLiteral("new customer typed"), enabled(kRegistry, kStore), [this] {
     photograph(kRegistry, QStringLiteral("anagrafe-nuovo"));
     stopwatch_.start();

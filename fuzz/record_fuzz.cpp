@@ -19,7 +19,8 @@ using Byte = std::vector<std::uint8_t>;
 /// to keep its bytes.
 void andataERitorno(Byte& record, const Campo& campo) {
   switch (campo.tipo) {
-    case Tipo::CampoTesto: {
+    case Tipo::CampoTesto:
+    case Tipo::TestoPieno: {
       const QString testo = leggiTesto(record, campo);
       scriviTesto(record, campo, testo);
       check(leggiTesto(record, campo) == testo.left(static_cast<qsizetype>(campo.limite)));
@@ -28,6 +29,11 @@ void andataERitorno(Byte& record, const Campo& campo) {
     case Tipo::Intero32: {
       const Byte prima = record;
       scriviIntero(record, campo, leggiIntero(record, campo));
+      return check(record == prima);
+    }
+    case Tipo::SenzaSegno16: {
+      const Byte prima = record;
+      scriviSenzaSegno16(record, campo, leggiSenzaSegno16(record, campo));
       return check(record == prima);
     }
     case Tipo::SenzaSegno32: {
