@@ -368,13 +368,8 @@ TEST_F(RicezioneProgrammazione, ConUnAltroProgrammaNellaCartellaNullaSiPerde) {
 }
 
 TEST_F(RicezioneProgrammazione, LaCartellaRestaSuaFraUnFileELAltroEDopoLUltimoEDiTutti) {
-  AltroScambio altro;
-  bottega.user.onPass = [&] { altro.prova(); };
-  bottega.user.onBox = [&](const Box&) { altro.prova(); };
-  schermo.click(kAvvia);
-  bottega.user.onPass = nullptr;
-  bottega.user.onBox = nullptr;
+  const QStringList esiti = contesaDurante(bottega, schermo);
   expectBoxes(bottega, {kRicevuta});
-  EXPECT_EQ(altro.esiti(), QStringList(9, QStringLiteral("presa")) + QStringList{QStringLiteral("libera")});
+  EXPECT_EQ(esiti, QStringList(9, QStringLiteral("presa")) + QStringList{QStringLiteral("libera")});
   EXPECT_EQ(chiamate(), scambi(7, ordineRicezione()));
 }

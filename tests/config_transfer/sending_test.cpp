@@ -162,14 +162,9 @@ TEST_F(InvioProgrammazione, ConUnAltroProgrammaNellaCartellaNullaParte) {
 }
 
 TEST_F(InvioProgrammazione, LaCartellaRestaSuaFraUnFileELAltroEDopoLUltimoEDiTutti) {
-  AltroScambio altro;
-  bottega.user.onPass = [&] { altro.prova(); };
-  bottega.user.onBox = [&](const Box&) { altro.prova(); };
-  schermo.click(kAvvia);
-  bottega.user.onPass = nullptr;
-  bottega.user.onBox = nullptr;
+  const QStringList esiti = contesaDurante(bottega, schermo);
   expectBoxes(bottega, {kTrasferita});
-  EXPECT_EQ(altro.esiti(), QStringList(9, QStringLiteral("presa")) + QStringList{QStringLiteral("libera")});
+  EXPECT_EQ(esiti, QStringList(9, QStringLiteral("presa")) + QStringList{QStringLiteral("libera")});
   EXPECT_EQ(chiamate(), scambi(6, ordineInvio()));
 }
 

@@ -35,6 +35,19 @@ const QString kPlu = QStringLiteral("plu.bin");
 constexpr const char* kSerratura = ".scambio-ecr.lock";
 constexpr const char* kPrimaSerratura = "prima-serratura";
 
+QString provaScambio() {
+  try {
+    const ecrlink::ScambioEsclusivo suo;
+    return QStringLiteral("libera");
+  } catch (const Errore& errore) {
+    EXPECT_EQ(errore.numero, errors::kAccessDenied);
+    if (!std::filesystem::exists(kPrimaSerratura))
+      std::filesystem::create_hard_link(kSerratura, kPrimaSerratura);
+    const bool stessa = std::filesystem::equivalent(kSerratura, kPrimaSerratura);
+    return stessa ? QStringLiteral("presa") : QStringLiteral("ripresa");
+  }
+}
+
 }  // namespace
 
 Box critico(const char* testo) {
@@ -177,17 +190,15 @@ QString BancoTrasferimento::piede(const GuidedScreen& schermo) {
   return schermo.control<OutcomeBar>("BarraEsito").text();
 }
 
-void AltroScambio::prova() {
-  try {
-    const ecrlink::ScambioEsclusivo suo;
-    esiti_ << QStringLiteral("libera");
-  } catch (const Errore& errore) {
-    EXPECT_EQ(errore.numero, errors::kAccessDenied);
-    if (!std::filesystem::exists(kPrimaSerratura))
-      std::filesystem::create_hard_link(kSerratura, kPrimaSerratura);
-    const bool stessa = std::filesystem::equivalent(kSerratura, kPrimaSerratura);
-    esiti_ << (stessa ? QStringLiteral("presa") : QStringLiteral("ripresa"));
-  }
+QStringList contesaDurante(BackRoom& bottega, const GuidedScreen& schermo) {
+  QStringList esiti;
+  const auto prova = [&esiti] { esiti << provaScambio(); };
+  bottega.user.onPass = prova;
+  bottega.user.onBox = [&](const Box&) { prova(); };
+  schermo.click(kAvvia);
+  bottega.user.onPass = nullptr;
+  bottega.user.onBox = nullptr;
+  return esiti;
 }
 
 QStringList scambi(int modo, const QStringList& file) {

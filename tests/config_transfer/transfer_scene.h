@@ -76,19 +76,10 @@ class BancoTrasferimento : public testing::Test {
   qsizetype gia_ = 0;
 };
 
-/// Another program that wants the folder for itself in the middle of a transfer.
-class AltroScambio {
- public:
-  /// Tries once.
-  void prova();
-  /// What came of each try: "libera" where it had the folder, "presa" where the lock stood in its way that
-  /// stopped it first, "ripresa" where that one had been given back and another was there.
-  const QStringList& esiti() const { return esiti_; }
-
- private:
-  QStringList esiti_;
-};
-
+/// Clicks "Avvia" while another program wants the folder for itself at each event pass and at each box. What
+/// came of each try: "libera" where it had the folder, "presa" where the lock stood in its way that stopped
+/// it first, "ripresa" where that one had been given back and another was there.
+QStringList contesaDurante(BackRoom& bottega, const GuidedScreen& schermo);
 /// The calls of so many files, each between its opening and its closing.
 QStringList scambi(int modo, const QStringList& file);
 /// What the till's plu.bin holds when the archive beside the configuration has no article.
