@@ -28,6 +28,19 @@ std::string_view view(const QByteArray& byte) {
   return {byte.constData(), static_cast<std::size_t>(byte.size())};
 }
 
+/// Into memory that stays from statement to statement. Nearly all are plain letters and digits.
+void toUtf8(QStringView text, QByteArray& utf8) {
+  constexpr char16_t kFirstBeyondAscii = 0x80;
+  utf8.resize(text.size());
+  char* to = utf8.data();
+  char16_t all = 0;
+  for (const QChar character : text) {
+    all |= character.unicode();
+    *to++ = static_cast<char>(character.unicode());
+  }
+  if (all >= kFirstBeyondAscii) utf8 = text.toUtf8();
+}
+
 int overdue(void* deadline) {
   return std::chrono::steady_clock::now() > *static_cast<std::chrono::steady_clock::time_point*>(deadline);
 }
@@ -104,7 +117,7 @@ void Connection::set(int level) noexcept {
 
 PreparedStatement& Connection::prepare(const Statement& statement) {
   beginTime();
-  source_ = statement.sql().toUtf8();
+  toUtf8(statement.sql(), source_);
   if (statement.broken()) refuse(statement);
   translation_ = &shapes_.translate(view(source_), dictionary_);
   PreparedStatement* const prepared = statements_.take(db_, translation_->sql);

@@ -30,11 +30,12 @@ constexpr std::array kWithdrawn{Withdrawn{"instr", 2}, Withdrawn{"replace", 3}, 
                                 Withdrawn{"ltrim", 2}, Withdrawn{"rtrim", 2},     Withdrawn{"glob", 2},
                                 Withdrawn{"like", 3},  Withdrawn{"json_patch", 2}};
 
+/// A text that is one already is read where it stands: to end it with a zero the engine would copy it.
 std::string_view text(sqlite3_value* value) {
-  const auto* byte = sqlite3_value_text(value);
+  const bool ready = sqlite3_value_type(value) == SQLITE_TEXT && sqlite3_value_encoding(value) == SQLITE_UTF8;
+  const void* byte = ready ? sqlite3_value_blob(value) : sqlite3_value_text(value);
   if (byte == nullptr) return {};
-  return {static_cast<const char*>(static_cast<const void*>(byte)),
-          static_cast<std::size_t>(sqlite3_value_bytes(value))};
+  return {static_cast<const char*>(byte), static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 bool isNull(sqlite3_value* value) {

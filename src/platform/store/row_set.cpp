@@ -9,9 +9,11 @@ RowSet::RowSet(std::vector<QString> names, Footprint expected) : names_(std::mov
   texts_.reserve(expected.byte);
 }
 
+// Asked for row by row: nearly always the very same name, which is told at once.
 int RowSet::column(const QString& name) const {
   for (std::size_t i = 0; i < names_.size(); ++i)
-    if (names_[i].size() == name.size() && names_[i].compare(name, Qt::CaseInsensitive) == 0)
+    if (names_[i].size() == name.size() &&
+        (names_[i] == name || names_[i].compare(name, Qt::CaseInsensitive) == 0))
       return static_cast<int>(i);
   return -1;
 }

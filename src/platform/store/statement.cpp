@@ -1,6 +1,9 @@
 #include "platform/store/statement.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace store {
 
@@ -9,6 +12,8 @@ namespace {
 /// Digits of a number in a statement: enough for every price, and 19.99 times 100 is 1999 with them.
 constexpr int kDigits = 15;
 constexpr double kFirstBeyondDigits = 1e15;
+/// Of a 64-bit integer with its sign.
+constexpr std::size_t kLongestInteger = std::numeric_limits<std::int64_t>::digits10 + 2;
 /// Of most statements, in characters: a reception puts thousands together, piece by piece.
 constexpr qsizetype kUsualLength = 400;
 
@@ -76,7 +81,7 @@ StatementValue text(const QString& value) {
 }
 
 StatementValue number(std::int64_t value) {
-  return {StatementValue::Kind::Number, QString::number(value)};
+  return StatementValue(value);
 }
 
 StatementValue number(double value) {
@@ -101,6 +106,20 @@ StatementValue flag(bool value) {
   return {StatementValue::Kind::Flag, value ? QStringLiteral("true") : QStringLiteral("false")};
 }
 
+QString StatementValue::text() const {
+  return kind_ == Kind::Integer ? QString::number(integer_) : text_;
+}
+
+void StatementValue::appendTo(QString& sql) const {
+  if (kind_ != Kind::Integer) {
+    sql += text_;
+    return;
+  }
+  std::array<char, kLongestInteger> digits;
+  const char* const end = std::to_chars(digits.begin(), digits.end(), integer_).ptr;
+  sql += QLatin1String(digits.data(), end - digits.data());
+}
+
 Statement::Statement(Wording wording) {
   sql_.reserve(kUsualLength);
   *this += wording;
@@ -122,7 +141,7 @@ Statement& Statement::operator+=(Wording wording) {
 Statement& Statement::operator+=(const StatementValue& value) {
   const auto breaksAt = value.isText() && !inText_ ? 0 : value.breaksAt();
   if (breaksAt && !broken_) broken_ = Break{sql_.size() + *breaksAt, value.isNumber()};
-  sql_ += value.text();
+  value.appendTo(sql_);
   return *this;
 }
 

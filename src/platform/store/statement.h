@@ -32,23 +32,29 @@ class Wording {
 /// one.
 class StatementValue {
  public:
-  const QString& text() const { return text_; }
+  QString text() const;
   /// Where, in the text, the value stops being a value; nothing for one that stays within its place.
   std::optional<qsizetype> breaksAt() const { return breaksAt_; }
-  bool isNumber() const { return kind_ == Kind::Number; }
+  bool isNumber() const { return kind_ == Kind::Number || kind_ == Kind::Integer; }
   /// Belongs between apostrophes.
   bool isText() const { return kind_ == Kind::Text; }
 
  private:
-  enum class Kind : std::uint8_t { Text, Number, Flag };
+  enum class Kind : std::uint8_t { Text, Number, Integer, Flag };
 
   StatementValue(Kind kind, QString text, std::optional<qsizetype> breaksAt = std::nullopt)
       : text_(std::move(text)), breaksAt_(breaksAt), kind_(kind) {}
+  explicit StatementValue(std::int64_t integer) : integer_(integer), kind_(Kind::Integer) {}
+
+  void appendTo(QString& sql) const;
 
   QString text_;
+  /// In place of the text, which is put together in its place alone: a reception has thousands.
+  std::int64_t integer_ = 0;
   std::optional<qsizetype> breaksAt_;
   Kind kind_;
 
+  friend class Statement;
   friend StatementValue text(const QString& value);
   friend StatementValue number(std::int64_t value);
   friend StatementValue number(double value);

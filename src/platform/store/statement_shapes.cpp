@@ -16,7 +16,25 @@ bool digit(char c) {
 
 /// What may follow a whole number without belonging to it. Anything else goes the long way.
 bool endsNumber(char c) {
-  return std::string_view(" ,);=<>+-*/\r\n\t").find(c) != std::string_view::npos;
+  switch (c) {
+    case ' ':
+    case ',':
+    case ')':
+    case ';':
+    case '=':
+    case '<':
+    case '>':
+    case '+':
+    case '-':
+    case '*':
+    case '/':
+    case '\r':
+    case '\n':
+    case '\t':
+      return true;
+    default:
+      return false;
+  }
 }
 
 bool integer(std::string_view source, std::size_t& here, Parameter& parameter) {

@@ -89,6 +89,26 @@ TEST_F(Apertura, UnDatabaseConTabelleDiUnModuloIgnotoSiApre) {
   EXPECT_EQ(numberError([&] { aperto.OpenRecordset(u"SELECT Codice_EAN from TAB_ARTICOLI "); }), 3078);
 }
 
+TEST_F(Apertura, UnDatabaseConITestiADueByteSiLeggeConLeStesseFunzioni) {
+  const QString altro = folder_.file(QStringLiteral("altro.mdb"));
+  sqlite3* db = nullptr;
+  ASSERT_EQ(sqlite3_open(altro.toUtf8().constData(), &db), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(db,
+                         "PRAGMA encoding = 'UTF-16le';"
+                         "CREATE TABLE altra (nome TEXT, quando DATE);"
+                         "INSERT INTO altra VALUES ('Caffè di Malta', '2026-03-14 20:40:00');"
+                         "INSERT INTO altra VALUES ('Pane', '2026-03-15 08:00:00')",
+                         nullptr, nullptr, nullptr),
+            SQLITE_OK);
+  sqlite3_close(db);
+  store::Database aperto = workspace_.OpenDatabase(altro);
+  const store::Recordset trovati =
+      aperto.OpenRecordset(u"SELECT nome, FORMAT(quando,'dd/mm/yyyy') FROM altra WHERE nome like '*FÈ DI*'");
+  ASSERT_EQ(trovati.RecordCount(), 1);
+  EXPECT_EQ(trovati.text(0), QStringLiteral("Caffè di Malta"));
+  EXPECT_EQ(trovati.text(1), QStringLiteral("14/03/2026"));
+}
+
 TEST_F(Apertura, IlNomePuoAvereAccentiEBianchi) {
   const QString strano = folder_.file(QStringLiteral("caffè & più 100%?#.mdb"));
   store::CopyArchive(pattern(), strano);

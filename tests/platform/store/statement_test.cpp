@@ -136,6 +136,9 @@ TEST(NumeroInIstruzione, GliInteriCalcolatiSonoLeLoroCifre) {
   EXPECT_EQ(store::number(std::int64_t{-3}).text(), QStringLiteral("-3"));
   EXPECT_EQ(store::number(std::numeric_limits<std::int64_t>::min()).text(),
             QStringLiteral("-9223372036854775808"));
+  EXPECT_EQ((u"a=" + store::number(std::numeric_limits<std::int64_t>::min()) + u"!").sql(),
+            QStringLiteral("a=-9223372036854775808!"));
+  EXPECT_EQ((u"a=" + store::number(std::int64_t{0}) + u"!").sql(), QStringLiteral("a=0!"));
   EXPECT_EQ(store::number(std::numeric_limits<std::int64_t>::max()).breaksAt(), std::nullopt);
   EXPECT_TRUE(store::number(std::int64_t{0}).isNumber());
 }

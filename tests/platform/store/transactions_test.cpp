@@ -151,6 +151,23 @@ TEST_F(Transazioni, UnErroreDiIstruzioneNonDisfaLeAltre) {
   EXPECT_EQ(prezzoSuDisco(), 10);
 }
 
+// All pages are the transaction's already: what takes the statement back has no room for them in memory.
+TEST_F(Transazioni, UnIstruzioneCheFallisceAllUltimaDiMigliaiaDiRigheLeLasciaTutteComErano) {
+  const std::string lunga(250, 'x');
+  workspace_.BeginTrans();
+  run(("UPDATE TAB_ARTICOLI SET Descrizione='" + lunga + "', Filler='" + lunga + "'").c_str());
+  prezzo(10);
+  // 5000 times 429497 is the first beyond 32 bits.
+  EXPECT_EQ(numberOf("UPDATE TAB_ARTICOLI SET Descrizione='PANE', Filler='', Prezzo = auto_id * 429497"),
+            3421);
+  workspace_.CommitTrans();
+  EXPECT_EQ(
+      value(("SELECT count(*) from TAB_ARTICOLI where Descrizione='" + lunga + "' AND Filler='" + lunga + "'")
+                .c_str()),
+      QStringLiteral("5000"));
+  EXPECT_EQ(prezzoSuDisco(), 10);
+}
+
 TEST_F(Transazioni, UnLettoreDiUnAltroProgrammaFermaLaConfermaSenzaLasciareUnaParte) {
   {
     OtherProcess altro([&] { return legge(path_); });
