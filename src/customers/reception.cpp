@@ -1,6 +1,7 @@
 #include "customers/reception.h"
 
 #include <QSet>
+#include <QStringBuilder>
 #include <QStringList>
 #include <algorithm>
 #include <vector>
@@ -161,10 +162,12 @@ QString nullaScritto() {
 
 MomentoFattura::MomentoFattura(const QString& testo) {
   // The first characters, from 1, are those of day 1, year 7, hours 10, minutes 13 and seconds 16.
-  const QString giorno = testo.mid(0, 8);
-  data = giorno + u' ' + testo.mid(9, 8);
-  confronto = giorno + u' ' + testo.mid(9, 2) + u'.' + testo.mid(12, 2) + u'.' + testo.mid(15, 2);
-  anno = kSecolo + testo.mid(6, 2).toInt();
+  const auto parte = [&testo](int inizio, int lunghezza) {
+    return QStringView(testo).mid(inizio, lunghezza);
+  };
+  data = parte(0, 8) % u' ' % parte(9, 8);
+  confronto = parte(0, 8) % u' ' % parte(9, 2) % u'.' % parte(12, 2) % u'.' % parte(15, 2);
+  anno = kSecolo + parte(6, 2).toInt();
 }
 
 store::Statement StatementClienteNoto(int codice) {
