@@ -47,9 +47,9 @@ void riempi(QComboBox* lista, int primo, int ultimo) {
   for (int numero = primo; numero <= ultimo; ++numero)
     voci.append(QString::number(numero).rightJustified(2, QLatin1Char('0')));
   wheelNeedsFocus(*lista);
-  // Without it every entry is measured twice, a hundred of them for the years: for the width that the list
-  // would like, and again for the least one.
-  lista->setMinimumContentsLength(static_cast<int>(voci.last().size()));
+  // Without a least length every entry is measured twice, a hundred of them for the years: for the width that
+  // the list would like, and again for the least one. Letters are at least as wide as digits.
+  if (!voci.empty()) lista->setMinimumContentsLength(static_cast<int>(voci.last().size()));
   lista->clear();
   lista->addItems(voci);
   lista->setCurrentIndex(0);

@@ -28,7 +28,7 @@ std::string_view view(const QByteArray& byte) {
   return {byte.constData(), static_cast<std::size_t>(byte.size())};
 }
 
-/// Into memory that stays from statement to statement. Nearly all are plain letters and digits.
+/// Writes over the statement before, in its memory: most statements are ASCII. Others are converted anew.
 void toUtf8(QStringView text, QByteArray& utf8) {
   constexpr char16_t kFirstBeyondAscii = 0x80;
   utf8.resize(text.size());

@@ -30,7 +30,8 @@ constexpr std::array kWithdrawn{Withdrawn{"instr", 2}, Withdrawn{"replace", 3}, 
                                 Withdrawn{"ltrim", 2}, Withdrawn{"rtrim", 2},     Withdrawn{"glob", 2},
                                 Withdrawn{"like", 3},  Withdrawn{"json_patch", 2}};
 
-/// A text that is one already is read where it stands: to end it with a zero the engine would copy it.
+/// A text in UTF-8 is read where it stands, without a zero behind it: to add one the engine copies a bound
+/// value.
 std::string_view text(sqlite3_value* value) {
   const bool ready = sqlite3_value_type(value) == SQLITE_TEXT && sqlite3_value_encoding(value) == SQLITE_UTF8;
   const void* byte = ready ? sqlite3_value_blob(value) : sqlite3_value_text(value);

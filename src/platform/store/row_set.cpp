@@ -9,7 +9,7 @@ RowSet::RowSet(std::vector<QString> names, Footprint expected) : names_(std::mov
   texts_.reserve(expected.byte);
 }
 
-// Asked for row by row: nearly always the very same name, which is told at once.
+// Asked for row by row: nearly always the very same name, which the plain comparison settles.
 int RowSet::column(const QString& name) const {
   for (std::size_t i = 0; i < names_.size(); ++i)
     if (names_[i].size() == name.size() &&

@@ -139,7 +139,8 @@ Errore EngineError(sqlite3* db, Moment moment) {
     case SQLITE_LOCKED:
       return {errors::kLocked, QStringLiteral("Il database è bloccato da un altro programma.")};
     case SQLITE_READONLY:
-    // The journal cannot be made beside the file: the folder is read-only.
+    // The journal cannot be made beside the file: the folder is read-only. A temporary file that can be made
+    // in none of the system's folders nor in the current one looks the same.
     case SQLITE_CANTOPEN:
       return moment == Moment::Opening ? errors::pathAccess() : readOnlyError();
     case SQLITE_PERM:

@@ -49,7 +49,7 @@ class StatementValue {
   void appendTo(QString& sql) const;
 
   QString text_;
-  /// In place of the text, which is put together in its place alone: a reception has thousands.
+  /// Instead of a text: the digits are written straight into the statement. A reception has thousands.
   std::int64_t integer_ = 0;
   std::optional<qsizetype> breaksAt_;
   Kind kind_;

@@ -42,6 +42,17 @@ TEST_F(Resistenza, ICaratteriOltreIPrimiSessantaquattromilaTornanoIntatti) {
   EXPECT_EQ(read("SELECT auto_id FROM TAB_ARTICOLI WHERE Descrizione LIKE 'caffè ? ? €'").RecordCount(), 1);
 }
 
+TEST_F(Resistenza, IstruzioniLungheCorteEConAccentiSiSeguonoSenzaMescolarsi) {
+  const QString lunga(200, QLatin1Char('x'));
+  const QString ultimoAscii(QChar(0x7F));
+  const QString primoOltre(QChar(0x80));
+  for (const QString& testo :
+       {lunga, QStringLiteral("È"), ultimoAscii, lunga, primoOltre, QStringLiteral("PANE"), QString()}) {
+    EXPECT_EQ(descrizione(testo), 0);
+    EXPECT_EQ(descrizione(), testo);
+  }
+}
+
 TEST_F(Resistenza, UnaMetaDiCarattereDiventaUnSegnoENonRompeNulla) {
   EXPECT_EQ(descrizione(QStringLiteral("A") + QChar(0xD83D) + QStringLiteral("B")), 0);
   const QString letto = descrizione();

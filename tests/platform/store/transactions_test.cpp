@@ -151,13 +151,14 @@ TEST_F(Transazioni, UnErroreDiIstruzioneNonDisfaLeAltre) {
   EXPECT_EQ(prezzoSuDisco(), 10);
 }
 
-// All pages are the transaction's already: what takes the statement back has no room for them in memory.
+// The transaction has changed every page before: to take the statement back the engine needs them all a
+// second time, more than it keeps in memory.
 TEST_F(Transazioni, UnIstruzioneCheFallisceAllUltimaDiMigliaiaDiRigheLeLasciaTutteComErano) {
   const std::string lunga(250, 'x');
   workspace_.BeginTrans();
   run(("UPDATE TAB_ARTICOLI SET Descrizione='" + lunga + "', Filler='" + lunga + "'").c_str());
   prezzo(10);
-  // 5000 times 429497 is the first beyond 32 bits.
+  // Of the 5000 products only the last is beyond 32 bits with their sign.
   EXPECT_EQ(numberOf("UPDATE TAB_ARTICOLI SET Descrizione='PANE', Filler='', Prezzo = auto_id * 429497"),
             3421);
   workspace_.CommitTrans();
