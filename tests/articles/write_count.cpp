@@ -1,10 +1,8 @@
 #include "articles/write_count.h"
 
-#include <gtest/gtest.h>
-#include <sqlite3.h>
-
 #include "articles/article_database.h"
 #include "articles/back_room.h"
+#include "sostegno/sqlite_file.h"
 
 namespace {
 
@@ -12,10 +10,7 @@ namespace {
 void onFile(BackRoom& room, const QString& sql) {
   const QString file = varGlobal().NomeDB_Articoli;
   articles::ChiudiDatabase();
-  sqlite3* database = nullptr;
-  EXPECT_EQ(sqlite3_open(file.toUtf8().constData(), &database), SQLITE_OK);
-  EXPECT_EQ(sqlite3_exec(database, sql.toUtf8().constData(), nullptr, nullptr, nullptr), SQLITE_OK);
-  sqlite3_close(database);
+  runInSqlite(file, {sql});
   articles::ApriDatabase(file, room.contesto);
 }
 

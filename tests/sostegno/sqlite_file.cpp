@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include "platform/store/engine.h"
+
 void runInSqlite(const QString& path, const QStringList& statements) {
+  store::PrepareEngine();
   sqlite3* base = nullptr;
   ASSERT_EQ(sqlite3_open(path.toUtf8().constData(), &base), SQLITE_OK) << path.toStdString();
   for (const QString& sql : statements)

@@ -107,7 +107,9 @@ StatementValue flag(bool value) {
 }
 
 QString StatementValue::text() const {
-  return kind_ == Kind::Integer ? QString::number(integer_) : text_;
+  QString alone;
+  appendTo(alone);
+  return alone;
 }
 
 void StatementValue::appendTo(QString& sql) const {

@@ -16,25 +16,7 @@ bool digit(char c) {
 
 /// What may follow a whole number without belonging to it. Anything else goes the long way.
 bool endsNumber(char c) {
-  switch (c) {
-    case ' ':
-    case ',':
-    case ')':
-    case ';':
-    case '=':
-    case '<':
-    case '>':
-    case '+':
-    case '-':
-    case '*':
-    case '/':
-    case '\r':
-    case '\n':
-    case '\t':
-      return true;
-    default:
-      return false;
-  }
+  return std::string_view(" ,);=<>+-*/\r\n\t").find(c) != std::string_view::npos;
 }
 
 bool integer(std::string_view source, std::size_t& here, Parameter& parameter) {

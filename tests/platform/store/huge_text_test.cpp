@@ -1,9 +1,7 @@
 // Archives of other programs may compute their texts: one that is beyond every column must cost nothing.
 
-#include <sqlite3.h>
-
-#include "platform/store/engine.h"
 #include "platform/store/test_archive.h"
+#include "sostegno/sqlite_file.h"
 
 namespace {
 
@@ -12,13 +10,9 @@ class TestoEnorme : public testing::Test {
  protected:
   store::Database conVista(const char* espressione) { return conVista(espressione, folder_); }
   store::Database conVista(const char* espressione, const TemporaryFolder& cartella) {
-    store::PrepareEngine();
     const QString percorso = cartella.file(QStringLiteral("altrui.mdb"));
-    sqlite3* db = nullptr;
-    EXPECT_EQ(sqlite3_open(percorso.toUtf8().constData(), &db), SQLITE_OK);
-    const std::string sql = std::string("CREATE VIEW V AS SELECT ") + espressione + " AS a";
-    EXPECT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
-    sqlite3_close(db);
+    runInSqlite(percorso,
+                {QStringLiteral("CREATE VIEW V AS SELECT %1 AS a").arg(QLatin1String(espressione))});
     return workspace_.OpenDatabase(percorso);
   }
 

@@ -1,12 +1,10 @@
 // Files that another program made, or somebody forged, and what they may cost this one.
 
-#include <sqlite3.h>
-
 #include <QDir>
 #include <QElapsedTimer>
 
-#include "platform/store/engine.h"
 #include "platform/store/test_archive.h"
+#include "sostegno/sqlite_file.h"
 
 namespace {
 
@@ -16,14 +14,6 @@ constexpr auto kBreve = 50ms;
 /// Far beyond the short limit and far below what the work would take.
 constexpr qint64 kPazienza = 1000;
 const QString kTroppo = QStringLiteral("Operazione interrotta: durava oltre ogni limite.");
-
-void crea(const QString& percorso, const QString& istruzioni) {
-  store::PrepareEngine();
-  sqlite3* db = nullptr;
-  ASSERT_EQ(sqlite3_open(percorso.toUtf8().constData(), &db), SQLITE_OK);
-  EXPECT_EQ(sqlite3_exec(db, istruzioni.toUtf8().constData(), nullptr, nullptr, nullptr), SQLITE_OK);
-  sqlite3_close(db);
-}
 
 /// Runs `passo`, which has to end with 3059 long before it would by itself.
 template <typename Passo>
@@ -52,10 +42,10 @@ class Limiti : public testing::Test {
 class SenzaFine : public Limiti {
  protected:
   void SetUp() override {
-    crea(percorso_, QStringLiteral("CREATE VIEW TAB_ARTICOLI AS WITH RECURSIVE n(x) AS "
-                                   "(SELECT 1 UNION ALL SELECT x + 1 FROM n) "
-                                   "SELECT x AS auto_id, '' AS Codice_EAN FROM n;"
-                                   "CREATE TABLE VERA (n INTEGER); INSERT INTO VERA VALUES (1);"));
+    runInSqlite(percorso_, {QStringLiteral("CREATE VIEW TAB_ARTICOLI AS WITH RECURSIVE n(x) AS "
+                                           "(SELECT 1 UNION ALL SELECT x + 1 FROM n) "
+                                           "SELECT x AS auto_id, '' AS Codice_EAN FROM n;"
+                                           "CREATE TABLE VERA (n INTEGER); INSERT INTO VERA VALUES (1);")});
     archivio_ = workspace_.OpenDatabase(percorso_);
   }
   QString vera() { return archivio_.OpenRecordset(u"SELECT n from VERA").field(0).text(); }
@@ -108,7 +98,7 @@ TEST_F(SenzaFine, IlControlloDellePagineNonNeRisente) {
 TEST_F(Limiti, UnoSchemaDiTremilaTabelleNonTrattieneLAperturaERestaComEra) {
   QString schema = QStringLiteral("BEGIN;");
   for (int i = 0; i < 3000; ++i) schema += QStringLiteral("CREATE TABLE t%1 (d DATE);").arg(i);
-  crea(percorso_, schema + QStringLiteral("COMMIT;"));
+  runInSqlite(percorso_, {schema + QStringLiteral("COMMIT;")});
   const QByteArray prima = folder_.read(QStringLiteral("altrui.mdb"));
   attendiInterrotto([&] { workspace_.OpenDatabase(percorso_); });
   EXPECT_TRUE(folder_.read(QStringLiteral("altrui.mdb")) == prima);

@@ -8,6 +8,7 @@
 
 #include "platform/store/other_process.h"
 #include "platform/store/test_archive.h"
+#include "sostegno/sqlite_file.h"
 
 namespace {
 
@@ -62,10 +63,7 @@ TEST_F(Apertura, UnaCartellaNonSiApre) {
 
 TEST_F(Apertura, UnDatabaseDiAltroGenereSiApreEMancaLaTabella) {
   const QString altro = folder_.file(QStringLiteral("altro.mdb"));
-  sqlite3* db = nullptr;
-  ASSERT_EQ(sqlite3_open(altro.toUtf8().constData(), &db), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(db, "CREATE TABLE altra (a)", nullptr, nullptr, nullptr), SQLITE_OK);
-  sqlite3_close(db);
+  runInSqlite(altro, {QStringLiteral("CREATE TABLE altra (a)")});
   store::Database aperto = workspace_.OpenDatabase(altro);
   EXPECT_EQ(numberError([&] { aperto.OpenRecordset(u"SELECT Codice_EAN from TAB_ARTICOLI "); }), 3078);
 }
@@ -73,17 +71,11 @@ TEST_F(Apertura, UnDatabaseDiAltroGenereSiApreEMancaLaTabella) {
 // What other programs keep in their databases must not keep this one from opening them.
 TEST_F(Apertura, UnDatabaseConTabelleDiUnModuloIgnotoSiApre) {
   const QString altro = folder_.file(QStringLiteral("altro.mdb"));
-  sqlite3* db = nullptr;
-  ASSERT_EQ(sqlite3_open(altro.toUtf8().constData(), &db), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(db,
-                         "CREATE TABLE altra (a DATE PRIMARY KEY) WITHOUT ROWID;"
-                         "CREATE VIEW vista AS SELECT a FROM altra;"
-                         "PRAGMA writable_schema = ON;"
-                         "INSERT INTO sqlite_master VALUES ('table','v','v',0,"
-                         "'CREATE VIRTUAL TABLE v USING modulo_ignoto(a DATE)')",
-                         nullptr, nullptr, nullptr),
-            SQLITE_OK);
-  sqlite3_close(db);
+  runInSqlite(altro, {QStringLiteral("CREATE TABLE altra (a DATE PRIMARY KEY) WITHOUT ROWID"),
+                      QStringLiteral("CREATE VIEW vista AS SELECT a FROM altra"),
+                      QStringLiteral("PRAGMA writable_schema = ON"),
+                      QStringLiteral("INSERT INTO sqlite_master VALUES ('table','v','v',0,"
+                                     "'CREATE VIRTUAL TABLE v USING modulo_ignoto(a DATE)')")});
   store::Database aperto = workspace_.OpenDatabase(altro);
   EXPECT_TRUE(aperto.OpenRecordset(u"SELECT a FROM altra").empty());
   EXPECT_EQ(numberError([&] { aperto.OpenRecordset(u"SELECT Codice_EAN from TAB_ARTICOLI "); }), 3078);
@@ -91,16 +83,10 @@ TEST_F(Apertura, UnDatabaseConTabelleDiUnModuloIgnotoSiApre) {
 
 TEST_F(Apertura, UnDatabaseConITestiADueByteSiLeggeConLeStesseFunzioni) {
   const QString altro = folder_.file(QStringLiteral("altro.mdb"));
-  sqlite3* db = nullptr;
-  ASSERT_EQ(sqlite3_open(altro.toUtf8().constData(), &db), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(db,
-                         "PRAGMA encoding = 'UTF-16le';"
-                         "CREATE TABLE altra (nome TEXT, quando DATE);"
-                         "INSERT INTO altra VALUES ('Caffè di Malta', '2026-03-14 20:40:00');"
-                         "INSERT INTO altra VALUES ('Pane', '2026-03-15 08:00:00')",
-                         nullptr, nullptr, nullptr),
-            SQLITE_OK);
-  sqlite3_close(db);
+  runInSqlite(altro, {QStringLiteral("PRAGMA encoding = 'UTF-16le'"),
+                      QStringLiteral("CREATE TABLE altra (nome TEXT, quando DATE)"),
+                      QStringLiteral("INSERT INTO altra VALUES ('Caffè di Malta', '2026-03-14 20:40:00')"),
+                      QStringLiteral("INSERT INTO altra VALUES ('Pane', '2026-03-15 08:00:00')")});
   store::Database aperto = workspace_.OpenDatabase(altro);
   const store::Recordset trovati =
       aperto.OpenRecordset(u"SELECT nome, FORMAT(quando,'dd/mm/yyyy') FROM altra WHERE nome like '*FÈ DI*'");
